@@ -1,0 +1,22 @@
+# How every target of this project is compiled.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+
+add_library(kyr_compile INTERFACE)
+target_compile_options(kyr_compile INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+  $<$<CXX_COMPILER_ID:Clang>:-Wthread-safety>)
+target_compile_definitions(kyr_compile INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x050000)
+if(KYR_SANITIZE)
+  target_compile_options(kyr_compile INTERFACE
+    -fsanitize=${KYR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kyr_compile INTERFACE -fsanitize=${KYR_SANITIZE})
+endif()

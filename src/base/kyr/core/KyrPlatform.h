@@ -1,0 +1,69 @@
+/// \file
+/// The one place that knows compilers and platforms by their macros.
+#pragma once
+
+#if defined(_WIN32)
+#if defined(KYR_BUILDING_LIBRARY)
+#define KYR_EXPORT __declspec(dllexport)
+#else
+#define KYR_EXPORT __declspec(dllimport)
+#endif
+#else
+#define KYR_EXPORT __attribute__((visibility("default")))
+#endif
+
+/// Clang's static lock checks (-Wthread-safety); other compilers see nothing.
+#if defined(__clang__)
+#define KYR_THREAD_ATTRIBUTE(x) __attribute__((x))
+#else
+#define KYR_THREAD_ATTRIBUTE(x)
+#endif
+#define KYR_CAPABILITY(name) KYR_THREAD_ATTRIBUTE(capability(name))
+#define KYR_SCOPED_CAPABILITY KYR_THREAD_ATTRIBUTE(scoped_lockable)
+#define KYR_GUARDED_BY(mutex) KYR_THREAD_ATTRIBUTE(guarded_by(mutex))
+#define KYR_REQUIRES(...) KYR_THREAD_ATTRIBUTE(requires_capability(__VA_ARGS__))
+#define KYR_ACQUIRE(...) KYR_THREAD_ATTRIBUTE(acquire_capability(__VA_ARGS__))
+#define KYR_RELEASE(...) KYR_THREAD_ATTRIBUTE(release_capability(__VA_ARGS__))
+#define KYR_TRY_ACQUIRE(...) KYR_THREAD_ATTRIBUTE(try_acquire_capability(__VA_ARGS__))
+#define KYR_ACQUIRE_SHARED(...) KYR_THREAD_ATTRIBUTE(acquire_shared_capability(__VA_ARGS__))
+#define KYR_RELEASE_SHARED(...) KYR_THREAD_ATTRIBUTE(release_shared_capability(__VA_ARGS__))
+#define KYR_NO_THREAD_SAFETY_ANALYSIS KYR_THREAD_ATTRIBUTE(no_thread_safety_analysis)
+
+/// For the deliberate null write of an internal program error.
+#if defined(__clang__)
+#define KYR_NO_NULL_CHECK __attribute__((no_sanitize("null")))
+#elif defined(__GNUC__)
+#define KYR_NO_NULL_CHECK __attribute__((no_sanitize("null", "address")))
+#else
+#define KYR_NO_NULL_CHECK
+#endif
+
+#if defined(__SANITIZE_THREAD__)
+#define KYR_THREAD_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define KYR_THREAD_SANITIZER 1
+#endif
+#endif
+
+#if defined(KYR_THREAD_SANITIZER)
+extern "C" void __tsan_acquire(void* address);
+extern "C" void __tsan_release(void* address);
+#endif
+
+namespace Kyr::Platform {
+
+/// Qt's library is not built for ThreadSanitizer, which therefore misses what
+/// Qt's locks order. These two say it; in other builds they are empty.
+inline void orderedAfter([[maybe_unused]] void* lock) {
+#if defined(KYR_THREAD_SANITIZER)
+  __tsan_acquire(lock);
+#endif
+}
+inline void orderedBefore([[maybe_unused]] void* lock) {
+#if defined(KYR_THREAD_SANITIZER)
+  __tsan_release(lock);
+#endif
+}
+
+}  // namespace Kyr::Platform

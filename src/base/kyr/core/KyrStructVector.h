@@ -1,0 +1,154 @@
+/// \file
+/// The library's growable array of plain elements.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace Kyr {
+
+/// Resizes a block of the C heap; asks the installed new-handler before it gives up.
+/// \param block from an earlier call, or null for a new block
+/// \param bytes the new size; 0 frees the block and gives null
+/// \throws std::bad_alloc, the old block then stands unchanged
+/// \threadsafety any thread, each with its own block
+KYR_EXPORT void* reallocateStorage(void* block, std::size_t bytes);
+
+/// A growable array of trivially copyable elements in one block of memory.
+///
+/// Growing leaves new elements uninitialised and moves the block with `realloc`, so that large
+/// buffers grow without being copied. Appending costs amortised constant time.
+/// \threadsafety one thread at a time, as a standard container
+template <class T>
+class StructVector {
+  static_assert(std::is_trivially_copyable_v<T>, "elements are moved as bytes");
+  static_assert(alignof(T) <= alignof(std::max_align_t), "the C heap aligns no further");
+
+ public:
+  using value_type = T;
+
+  StructVector() = default;
+  /// \param size number of elements, each a copy of \a value
+  explicit StructVector(std::size_t size, const T& value = T()) {
+    setCapacity(size);
+    std::fill_n(_data, size, value);
+    _size = size;
+  }
+  StructVector(const StructVector& other) { append(other._data, other._size); }
+  StructVector(StructVector&& other) noexcept { swap(other); }
+  StructVector& operator=(const StructVector& other) {
+    StructVector(other).swap(*this);
+    return *this;
+  }
+  StructVector& operator=(StructVector&& other) noexcept {
+    StructVector(std::move(other)).swap(*this);
+    return *this;
+  }
+  ~StructVector() { reallocateStorage(_data, 0); }
+
+  /// Elements in use.
+  std::size_t size() const noexcept { return _size; }
+  /// Elements for which there is memory.
+  std::size_t capacity() const noexcept { return _capacity; }
+  bool empty() const noexcept { return _size == 0; }
+  T* data() noexcept { return _data; }
+  const T* data() const noexcept { return _data; }
+  T* begin() noexcept { return _data; }
+  T* end() noexcept { return _data + _size; }
+  const T* begin() const noexcept { return _data; }
+  const T* end() const noexcept { return _data + _size; }
+  /// \param index below size(); not checked
+  T& operator[](std::size_t index) noexcept { return _data[index]; }
+  const T& operator[](std::size_t index) const noexcept { return _data[index]; }
+
+  /// Changes the capacity by a signed number of elements, keeping the contents.
+  /// \param difference may be negative; the capacity never falls below the size
+  /// \throws std::bad_alloc; the vector is unchanged then
+  void changeCapacity(std::ptrdiff_t difference) {
+    if (difference < 0) {
+      const auto less = std::size_t(0) - static_cast<std::size_t>(difference);
+      setCapacity(std::max(_size, _capacity - std::min(_capacity, less)));
+    } else {
+      setCapacity(sum(_capacity, static_cast<std::size_t>(difference)));
+    }
+  }
+  /// Gives back the memory behind the last element.
+  void trim() { setCapacity(_size); }
+  /// Makes room for at least \a capacity elements, at least doubling when it grows.
+  /// \throws std::bad_alloc; the vector is unchanged then
+  void reserve(std::size_t capacity) {
+    if (capacity > _capacity) {
+      setCapacity(std::max(capacity, std::min(_capacity, maximum() / 2) * 2));
+    }
+  }
+  /// Sets the number of elements in use; new ones are uninitialised.
+  /// \throws std::bad_alloc; the vector is unchanged then
+  void setSize(std::size_t size) {
+    reserve(size);
+    _size = size;
+  }
+  void clear() noexcept { _size = 0; }
+
+  /// Appends one element, which may be one of this vector.
+  void append(const T& element) {
+    const T copy = element;
+    reserve(sum(_size, 1));
+    _data[_size++] = copy;
+  }
+  /// Appends \a count elements from outside this vector.
+  void append(const T* elements, std::size_t count) {
+    reserve(sum(_size, count));
+    if (count > 0) {
+      std::memcpy(static_cast<void*>(_data + _size), elements, count * sizeof(T));
+    }
+    _size += count;
+  }
+
+  void swap(StructVector& other) noexcept {
+    std::swap(_data, other._data);
+    std::swap(_size, other._size);
+    std::swap(_capacity, other._capacity);
+  }
+
+ private:
+  static constexpr std::size_t maximum() {
+    return static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) / sizeof(T);
+  }
+  static std::size_t sum(std::size_t a, std::size_t b) {
+    if (b > maximum() || a > maximum() - b) {
+      throw std::bad_alloc();
+    }
+    return a + b;
+  }
+  void setCapacity(std::size_t capacity) {
+    if (capacity > maximum()) {
+      throw std::bad_alloc();
+    }
+    if (capacity != _capacity) {
+      _data = static_cast<T*>(reallocateStorage(_data, capacity * sizeof(T)));
+      _capacity = capacity;
+    }
+  }
+
+  T* _data = nullptr;
+  std::size_t _size = 0;
+  std::size_t _capacity = 0;
+};
+
+template <class T>
+bool operator==(const StructVector<T>& a, const StructVector<T>& b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
+}
+template <class T>
+bool operator!=(const StructVector<T>& a, const StructVector<T>& b) {
+  return !(a == b);
+}
+
+}  // namespace Kyr

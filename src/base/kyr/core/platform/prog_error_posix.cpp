@@ -1,0 +1,43 @@
+#include <kyr/core/prog_error_p.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+/// A reader of standard error that has gone away must not replace the coming fault by SIGPIPE.
+void holdBackBrokenPipe() noexcept {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGPIPE);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+}  // namespace
+
+void Fatal::writeToStandardError(const char* bytes, std::size_t length) noexcept {
+  holdBackBrokenPipe();
+  const int descriptor = fileno(stderr);
+  while (length > 0) {
+    const ssize_t written = ::write(descriptor, bytes, length);
+    if (written < 0 && errno == EINTR) {
+      continue;
+    }
+    if (written <= 0) {
+      return;
+    }
+    bytes += written;
+    length -= static_cast<std::size_t>(written);
+  }
+}
+
+void Fatal::endProcess(int code) noexcept {
+  ::_exit(code);
+}
+
+}  // namespace Kyr

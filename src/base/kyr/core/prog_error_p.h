@@ -1,0 +1,28 @@
+/// \file
+/// What a dying process needs of other rooms and of the platform.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <cstddef>
+
+namespace Kyr::Fatal {
+
+/// Sets what releases the shared-memory segments of this process. Called when the first
+/// segment is born, so that this room need not know the class that owns them.
+/// \param release must not allocate or lock
+KYR_EXPORT void setSharedMemoryRelease(void (*release)()) noexcept;
+
+/// Calls the application's fatal-error hook, unless the hook itself is what failed.
+KYR_EXPORT void callHook();
+
+// Platform files define these.
+
+/// Writes bytes to the descriptor of the C runtime's standard error stream, past its buffer;
+/// failures are ignored.
+void writeToStandardError(const char* bytes, std::size_t length) noexcept;
+
+/// Ends the process at once with a code: no destructors, no exit handlers.
+[[noreturn]] void endProcess(int code) noexcept;
+
+}  // namespace Kyr::Fatal

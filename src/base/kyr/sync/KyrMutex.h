@@ -1,0 +1,160 @@
+/// \file
+/// Mutexes that know where they were created, the scoped lock and the wait condition.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QMutex>
+#include <QWaitCondition>
+
+namespace Kyr {
+
+/// A mutex with its creation site. Non-recursive unless built with a recursion mode.
+///
+/// The site's texts are not copied: they are literals that outlive the mutex. Destroying a
+/// mutex that somebody holds raises ProgError "mutex is still locked" with the creation site.
+/// \threadsafety any thread
+class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
+ public:
+  /// Site "global", "unknown file", 0.
+  constexpr Mutex() noexcept : Mutex("global", "unknown file", 0) {}
+  explicit Mutex(QMutex::RecursionMode mode)
+      : QMutex(mode), _function("global"), _file("unknown file"), _line(0) {}
+  constexpr Mutex(const char* function, const char* file, unsigned line) noexcept
+      : _function(function), _file(file), _line(line) {}
+  ~Mutex();
+
+  /// Waits for the mutex and takes it.
+  void lock() KYR_ACQUIRE() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    QMutex::lock();
+    Platform::orderedAfter(this);
+  }
+  /// Takes the mutex if it is free within \a milliseconds; a negative time waits for ever.
+  /// \return true when the caller now holds it
+  bool tryLock(int milliseconds = 0) KYR_TRY_ACQUIRE(true) KYR_NO_THREAD_SAFETY_ANALYSIS {
+    const bool taken = QMutex::tryLock(milliseconds);
+    if (taken) {
+      Platform::orderedAfter(this);
+    }
+    return taken;
+  }
+  /// Gives the mutex back; the arguments name the calling site for readers of the code.
+  void unlock(const char* /*function*/, const char* /*file*/, unsigned /*line*/) KYR_RELEASE()
+      KYR_NO_THREAD_SAFETY_ANALYSIS {
+    Platform::orderedBefore(this);
+    QMutex::unlock();
+  }
+
+ private:
+  friend struct RefusalProbe;  // the tests' way to the refused copies
+  Mutex(const Mutex&);
+  Mutex& operator=(const Mutex&);
+
+  const char* _function = "";
+  const char* _file = "";
+  unsigned _line = 0;
+};
+
+/// Holds a mutex from its construction to its end, or to unlock().
+/// \threadsafety one thread; the one that locked is the one that unlocks
+class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutex {
+ public:
+  /// Locks \a mutex, which must not be null.
+  explicit AutoMutex(Mutex* mutex) KYR_ACQUIRE(mutex) : _mutex(mutex) { mutex->lock(); }
+  AutoMutex(const AutoMutex&) = delete;
+  /// Copies the pointer and nothing else: afterwards both unlock the same mutex when they end,
+  /// so never assign while one of them holds a lock.
+  AutoMutex& operator=(const AutoMutex& other) KYR_NO_THREAD_SAFETY_ANALYSIS = default;
+  ~AutoMutex() KYR_RELEASE() { release(); }
+
+  /// Unlocks before the end of the scope; a second call does nothing.
+  void unlock() KYR_RELEASE() { release(); }
+
+ private:
+  void release() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    if (_mutex) {
+      _mutex->unlock("Kyr::AutoMutex::unlock", "KyrMutex", 152);
+      _mutex = nullptr;
+    }
+  }
+
+  Mutex* _mutex;
+};
+
+/// A wait condition for use with one mutex, which must outlive it.
+/// \threadsafety any thread
+class KYR_EXPORT Condition {
+ public:
+  /// \param function, file, line the creation site; literals
+  /// \param mutex the one with which wait() is called; not owned
+  Condition(const char* function, const char* file, unsigned line, Mutex* mutex)
+      : _mutex(mutex), _function(function), _file(file), _line(line) {}
+  ~Condition();
+
+  /// Wakes one waiting thread, if there is one.
+  void signal() { _condition.wakeOne(); }
+  /// Wakes all waiting threads.
+  void broadcast() { _condition.wakeAll(); }
+  /// Releases the mutex, which the caller holds, sleeps until woken and takes it again.
+  /// It may wake without reason: test what you wait for in a loop.
+  void wait() {
+    Platform::orderedBefore(_mutex);
+    _condition.wait(_mutex);
+    Platform::orderedAfter(_mutex);
+  }
+
+ private:
+  friend struct RefusalProbe;
+  Condition(const Condition&);
+  Condition& operator=(const Condition&);
+
+  Mutex* _mutex = nullptr;
+  QWaitCondition _condition;
+  const char* _function = "";
+  const char* _file = "";
+  unsigned _line = 0;
+};
+
+/// Many readers or one writer.
+///
+/// A waiting writer does not hold back new readers, so a steady stream of readers can keep it
+/// waiting. Neither lock is recursive, and there is no way from the one to the other: a thread
+/// that holds a read lock and asks for the write lock waits for ever.
+/// \threadsafety any thread
+class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
+ public:
+  /// \param function, file, line the creation site; literals
+  MutexReadWrite(const char* function, const char* file, unsigned line);
+  ~MutexReadWrite();
+
+  /// Waits until no writer holds the lock.
+  void lockRead() KYR_ACQUIRE_SHARED();
+  /// Waits until nobody holds the lock.
+  void lockWrite() KYR_ACQUIRE();
+  /// \throws ProgError with the caller's site when no reader holds the lock; the object is
+  ///         unusable then
+  void unlockRead(const char* function, const char* file, unsigned line) KYR_RELEASE_SHARED();
+  /// \throws ProgError with the caller's site when no writer holds the lock; the object is
+  ///         unusable then
+  void unlockWrite(const char* function, const char* file, unsigned line) KYR_RELEASE();
+
+ private:
+  friend struct RefusalProbe;
+  MutexReadWrite(const MutexReadWrite&);
+  MutexReadWrite& operator=(const MutexReadWrite&);
+
+  void enter();
+  void leave();
+  void sleep();
+
+  unsigned _readers = 0;  // this and the next two: guarded by _internal
+  unsigned _writers = 0;
+  unsigned _sleepers = 0;
+  Mutex _internal;
+  Condition _changed;
+  const char* _function = "";
+  const char* _file = "";
+  unsigned _line = 0;
+};
+
+}  // namespace Kyr

@@ -1,0 +1,50 @@
+/// \file
+/// The abstract thread from which all threads of the suite derive.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QThread>
+
+namespace Kyr {
+
+/// A thread with its creation site and three flags for the user interface. Concrete threads
+/// supply run(); starting, waiting and priorities are those of QThread.
+/// \threadsafety the flags are plain fields without a lock
+class KYR_EXPORT Thread : public QThread {
+ public:
+  /// Whether the user interface is locked while the thread runs; only zero or not matters.
+  enum LockGUI_t { NoLockGUI = 0, LockGUI = 1 };
+
+  /// \param lock kept as "is not zero", read with lockGUI()
+  /// \param function, file, line the creation site; literals
+  Thread(LockGUI_t lock, const char* function, const char* file, unsigned line);
+  /// \param parent the QObject that deletes the thread; may be null
+  Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file, unsigned line);
+  ~Thread() override;
+
+  bool lockGUI() const { return _lockGui; }
+  /// Whether what the thread does can be undone; starts false.
+  bool isUndoable() const { return _undoable; }
+  void setUndoable(bool undoable) { _undoable = undoable; }
+  /// Whether the thread's changes must be undone when it ends early; starts false.
+  bool requiresUndo() const { return _requiresUndo; }
+  void setRequiresUndo(bool requiresUndo) { _requiresUndo = requiresUndo; }
+
+ protected:
+  void run() override = 0;
+
+ private:
+  friend struct RefusalProbe;
+  Thread(const Thread&);
+  Thread& operator=(const Thread&);
+
+  const char* _function;
+  const char* _file;
+  unsigned _line;
+  bool _lockGui;
+  bool _undoable = false;
+  bool _requiresUndo = false;
+};
+
+}  // namespace Kyr

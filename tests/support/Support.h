@@ -1,0 +1,101 @@
+/// \file
+/// What tests of several rooms share.
+#pragma once
+
+#include <kyr/sync/KyrMutex.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <string>
+
+namespace KyrTest {
+
+/// A directory of the test's own, removed with its contents at the end.
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const QString& path() const { return _path; }
+  /// The path of an entry of the directory.
+  QString file(const QString& name) const { return _path + "/" + name; }
+  /// Creates a file with these bytes and gives its path.
+  QString write(const QString& name, const QByteArray& bytes) const;
+
+ private:
+  QString _path;
+};
+
+/// The whole content of a file; fails the running test when it cannot be read.
+QByteArray readFile(const QString& path);
+
+/// A moment for which one thread waits and which another opens. Never a sleep.
+class Gate {
+ public:
+  void open();
+  /// Waits for the gate; after 30 seconds it fails the test with the name of the moment.
+  /// \return false on time-out
+  bool await(const char* moment);
+
+ private:
+  std::mutex _mutex;
+  std::condition_variable _opened;
+  bool _open = false;
+};
+
+/// How a child process ended.
+struct Ended {
+  bool exited = false;  ///< ended by itself; code holds its exit code
+  int code = -1;
+  bool faulted = false;  ///< ended by an access violation
+  QByteArray output;  ///< all of its standard output
+  QByteArray errors;  ///< all of its standard error
+};
+
+/// Runs \a action in a process of its own, with both output streams captured, and waits for it.
+/// The child ends with code 0 when the action returns; no test failure inside it is noticed.
+/// Stay free of other threads when you call it.
+Ended inChild(const std::function<void()>& action);
+
+/// Whether the child ended by the deliberate fault of an internal program error, with exactly
+/// this report; explains itself otherwise. For EXPECT_EQ(reportProblem(...), "").
+std::string reportProblem(const Ended& ended, const std::string& report);
+
+/// The report of an error that was raised with a site.
+std::string report(const std::string& message, const std::string& function,
+                   const std::string& file, unsigned line);
+
+/// Sets the process's locale and puts the old one back; ok() is false where it is missing.
+class ScopedLocale {
+ public:
+  explicit ScopedLocale(const char* name);
+  ~ScopedLocale();
+  ScopedLocale(const ScopedLocale&) = delete;
+  ScopedLocale& operator=(const ScopedLocale&) = delete;
+  bool ok() const { return _ok; }
+
+ private:
+  std::string _before;
+  bool _ok;
+};
+
+/// Sets an environment variable and puts the old value back.
+class ScopedEnvironment {
+ public:
+  ScopedEnvironment(const char* name, const QByteArray& value);
+  ~ScopedEnvironment();
+  ScopedEnvironment(const ScopedEnvironment&) = delete;
+  ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
+
+ private:
+  const char* _name;
+  bool _wasSet;
+  QByteArray _before;
+};
+
+}  // namespace KyrTest

@@ -1,0 +1,85 @@
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <clocale>
+
+namespace KyrTest {
+
+TempDir::TempDir() {
+  QTemporaryDir directory(QDir::tempPath() + "/kyr-test-XXXXXX");
+  directory.setAutoRemove(false);
+  EXPECT_TRUE(directory.isValid()) << directory.errorString().toStdString();
+  _path = directory.path();
+}
+
+TempDir::~TempDir() {
+  QDir(_path).removeRecursively();
+}
+
+QString TempDir::write(const QString& name, const QByteArray& bytes) const {
+  QFile created(file(name));
+  EXPECT_TRUE(created.open(QIODevice::WriteOnly)) << created.errorString().toStdString();
+  EXPECT_EQ(created.write(bytes), bytes.size());
+  return created.fileName();
+}
+
+QByteArray readFile(const QString& path) {
+  QFile opened(path);
+  EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << path.toStdString();
+  return opened.readAll();
+}
+
+void Gate::open() {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _open = true;
+  _opened.notify_all();
+}
+
+bool Gate::await(const char* moment) {
+  std::unique_lock<std::mutex> lock(_mutex);
+  const bool opened = _opened.wait_for(lock, std::chrono::seconds(30), [this] { return _open; });
+  EXPECT_TRUE(opened) << "never came: " << moment;
+  return opened;
+}
+
+std::string reportProblem(const Ended& ended, const std::string& report) {
+  if (!ended.faulted) {
+    return "the process did not fault; exit code " + std::to_string(ended.code) +
+           ", standard error: " + ended.errors.toStdString();
+  }
+  return ended.errors.toStdString() == report ? "" : "reported: " + ended.errors.toStdString();
+}
+
+std::string report(const std::string& message, const std::string& function,
+                   const std::string& file, unsigned line) {
+  return "\nInternal program error: " + message + "\nin function " + function + "\nin file " +
+         file + " line " + std::to_string(line) + "\n\n";
+}
+
+ScopedLocale::ScopedLocale(const char* name)
+    : _before(std::setlocale(LC_ALL, nullptr)), _ok(std::setlocale(LC_ALL, name) != nullptr) {}
+
+ScopedLocale::~ScopedLocale() {
+  std::setlocale(LC_ALL, _before.c_str());
+}
+
+ScopedEnvironment::ScopedEnvironment(const char* name, const QByteArray& value)
+    : _name(name), _wasSet(qEnvironmentVariableIsSet(name)), _before(qgetenv(name)) {
+  qputenv(name, value);
+}
+
+ScopedEnvironment::~ScopedEnvironment() {
+  if (_wasSet) {
+    qputenv(_name, _before);
+  } else {
+    qunsetenv(_name);
+  }
+}
+
+}  // namespace KyrTest
