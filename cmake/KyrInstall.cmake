@@ -1,0 +1,39 @@
+# What "cmake --install" leaves behind: the library with its public headers, the tool kyr, the
+# documents, and two descriptions of the library: a CMake package and one for pkg-config. All of
+# it can be moved to another folder as a whole.
+include(CMakePackageConfigHelpers)
+
+set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/Kyr")
+set(KYR_INSTALL_PKGCONFIGDIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+install(TARGETS Kyr EXPORT KyrTargets
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+  FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(EXPORT KyrTargets NAMESPACE Kyr:: DESTINATION "${KYR_INSTALL_CMAKEDIR}")
+
+configure_package_config_file(
+  "${CMAKE_CURRENT_LIST_DIR}/KyrConfig.cmake.in" "${PROJECT_BINARY_DIR}/KyrConfig.cmake"
+  INSTALL_DESTINATION "${KYR_INSTALL_CMAKEDIR}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake"
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  "${PROJECT_BINARY_DIR}/KyrConfig.cmake" "${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake"
+  DESTINATION "${KYR_INSTALL_CMAKEDIR}")
+
+# The way from the .pc file back to the root of the installation.
+file(RELATIVE_PATH KYR_PC_TO_PREFIX "/${KYR_INSTALL_PKGCONFIGDIR}" "/")
+configure_file("${CMAKE_CURRENT_LIST_DIR}/kyr.pc.in" "${PROJECT_BINARY_DIR}/kyr.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kyr.pc" DESTINATION "${KYR_INSTALL_PKGCONFIGDIR}")
+
+if(TARGET kyr_tool)
+  file(RELATIVE_PATH KYR_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+  set_target_properties(kyr_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${KYR_BIN_TO_LIB}")
+  install(TARGETS kyr_tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+endif()
+
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+  FILES_MATCHING PATTERN "*.md")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}")

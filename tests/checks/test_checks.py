@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""Each check of the house is shown a small tree with one fault, and must name it."""
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+TOOLS = Path(__file__).resolve().parents[2] / "tools"
+COMPILER = sys.argv.pop() if len(sys.argv) > 1 else "c++"
+
+# Two good rooms, which every case changes in one or two files; None removes a file.
+GOOD = {
+    "src/base/kyr/low/CMakeLists.txt": "kyr_room(NAME low\n  SOURCES low.cpp  # one\n)",
+    "src/base/kyr/low/low.cpp": "#include <kyr/low/Low.h>\n",
+    "src/base/kyr/low/Low.h": "#include <QString>\n#if defined(KYR_FEATURE)\n#endif\n",
+    "src/base/kyr/low/low_p.h": "",
+    "src/base/kyr/high/CMakeLists.txt":
+        "kyr_room(NAME high SOURCES high.cpp POSIX platform/h_posix.cpp NEEDS low)",
+    "src/base/kyr/high/high.cpp": "#include <kyr/high/High.h>\n#include <kyr/low/low_p.h>\n",
+    "src/base/kyr/high/High.h": "#include <kyr/low/Low.h>\n#include <zlib.h>\n",
+    "src/base/kyr/high/platform/h_posix.cpp": "#include <sys/stat.h>\n",
+    "src/base/kyr/core/KyrPlatform.h": "#if defined(_WIN32)\n#endif\n",
+}
+LOW, HIGH = "src/base/kyr/low/", "src/base/kyr/high/"
+
+ROOMS = [
+    ({LOW + "low.cpp": "\n#include <kyr/high/High.h>\n"},
+     "low/low.cpp:2: includes room high, which low does not need"),
+    ({LOW + "low.cpp": " #  include <kyr/low/Gone.h>\n"}, "kyr/low/Gone.h, which does not exist"),
+    ({LOW + "low.cpp": '#include "low_p.h"\n'}, 'includes "low_p.h"; write'),
+    ({LOW + "Low.h": "#include <kyr/low/low_p.h>\n"}, "a public header includes the private"),
+    ({LOW + "low_p.h": "#include <kyr/low/Low.h>\n", LOW + "Low.h": "#include <kyr/low/low_p.h>\n"},
+     "in a circle: kyr/low/Low.h -> kyr/low/low_p.h -> kyr/low/Low.h"),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME low SOURCES low.cpp NEEDS high)"},
+     "in a circle: high -> low -> high"),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME low SOURCES low.cpp NEEDS lwo)"},
+     "low needs lwo, which is no room"),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME deep SOURCES low.cpp)"}, "is called deep"),
+    ({LOW + "new.cpp": ""}, "new.cpp is in the folder, but not in the list"),
+    ({HIGH + "high.cpp": None}, "high.cpp is in the list of sources, but not in the folder"),
+    ({HIGH + "platform/x_win.cpp": ""}, "platform/x_win.cpp is in the folder, but not"),
+    ({HIGH + "CMakeLists.txt": "kyr_room(NAME high SOURCES platform/h_posix.cpp POSIX high.cpp)"},
+     "POSIX file high.cpp is not called"),
+    ({"examples/tour.cpp": "#include <kyr/low/low_p.h>\n"}, "tour.cpp:1: includes the library's"),
+]
+
+PLATFORM = [
+    ({LOW + "low.cpp": "\n#  ifdef _WIN32\n"}, "low/low.cpp:2: asks for _WIN32"),
+    ({LOW + "low.cpp": "#elif defined(X) && defined(Q_OS_WIN)\n"}, "asks for Q_OS_WIN"),
+    ({HIGH + "platform/h_posix.cpp": "#if __linux__\n"}, "asks for __linux__"),
+    ({"tests/t.cpp": "#include <unistd.h>\n"}, "t.cpp:1: <unistd.h> belongs to an operating"),
+    ({LOW + "Low.h": "#include <sys/stat.h>\n"}, "only files platform/*_posix.cpp may"),
+    ({LOW + "l_posix.cpp": "#include <sys/stat.h>\n"}, "l_posix.cpp:1: <sys/stat.h> belongs"),
+    ({LOW + "low.cpp": "#include <Windows.h>\n"}, "only files platform/*_win.cpp may"),
+    ({HIGH + "platform/h_posix.cpp": "#include <windows.h>\n"}, "h_posix.cpp:1: <windows.h>"),
+    ({HIGH + "platform/h_win.cpp": "#include <dlfcn.h>\n"}, "h_win.cpp:1: <dlfcn.h>"),
+]
+
+EXPORTS = [
+    ("void stray() {}", "exports stray()"),
+    ("namespace Other { int value = 1; }", "exports Other::value"),
+    ("struct Table { virtual ~Table(); }; Table::~Table() {}", "exports Table::~Table()"),
+    ("namespace KyrTest { void stray() {} }", "exports KyrTest::stray()"),
+]
+OURS = """#include <vector>
+namespace Kyr { struct A { virtual ~A(); virtual void f(); }; A::~A() {} void A::f() {}
+struct B { virtual ~B(); }; B::~B() {} struct C : A, B { ~C(); void f(); }; C::~C() {} void C::f() {}
+int data; bool operator==(A, B) { return true; } void g(std::vector<A>& a) { a.push_back({}); } }
+"""
+
+
+class Refusals(unittest.TestCase):
+    def setUp(self):
+        self.root = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.root)
+
+    def plant(self, files):
+        for name, text in files.items():
+            path = self.root / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.unlink() if text is None else path.write_text(text)
+
+    def expect(self, tool, argument, complaint):
+        ran = subprocess.run([sys.executable, "-B", TOOLS / tool, *argument],
+                             capture_output=True, text=True, check=False)
+        self.assertEqual(ran.stderr, "")
+        self.assertEqual(ran.returncode, 1 if complaint else 0, ran.stdout)
+        self.assertIn(complaint, ran.stdout)
+
+    def expect_tree(self, tool, change, complaint):
+        with self.subTest(complaint):
+            shutil.rmtree(self.root)
+            self.plant(GOOD)
+            self.plant(change)
+            self.expect(tool, ["--root", self.root], complaint)
+
+    def test_rooms(self):
+        for change, complaint in [({}, ""), *ROOMS]:
+            self.expect_tree("check_rooms.py", {"src/base/kyr/core/KyrPlatform.h": None, **change},
+                             complaint)
+
+    def test_platform(self):
+        for change, complaint in [({}, ""), *PLATFORM]:
+            self.expect_tree("check_platform.py", change, complaint)
+
+    def test_exports(self):
+        for code, complaint in [("", ""), *EXPORTS]:
+            with self.subTest(complaint):
+                (self.root / "a.cpp").write_text(OURS + code)
+                library = self.root / "liba.so"
+                subprocess.run([COMPILER, "-shared", "-fPIC", "-o", library, self.root / "a.cpp"],
+                               check=True)
+                self.expect("check_exports.py", [library], complaint)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,15 @@
+// The smallest program on top of an installed library: uses its data, a function and a class
+// with a virtual table.
+#include <kyr/core/KyrException.h>
+#include <kyr/core/KyrVersion.h>
+
+#include <cstdio>
+
+int main() {
+  try {
+    throw Kyr::FileParse::EndOfFile("caught");
+  } catch (const Kyr::Exception& error) {
+    std::printf("%s %s\n", Kyr::libraryVersion(), error.what());
+  }
+  return 0;
+}
