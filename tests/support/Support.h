@@ -53,13 +53,17 @@ struct Ended {
   bool exited = false;  ///< ended by itself; code holds its exit code
   int code = -1;
   bool faulted = false;  ///< ended by an access violation
-  QByteArray output;  ///< all of its standard output
-  QByteArray errors;  ///< all of its standard error
+  QByteArray output;     ///< all of its standard output
+  QByteArray errors;     ///< all of its standard error
 };
 
 /// Runs \a action in a process of its own, with both output streams captured, and waits for it.
 /// The child ends with code 0 when the action returns; no test failure inside it is noticed.
-/// Stay free of other threads when you call it.
+///
+/// The child may be a copy of this process or a new run of the same test up to this call. So
+/// call it from the test's own thread with no other thread alive, the same number of times in
+/// every run; what the action captures must be the same in every run; and nothing that it
+/// changes, captured or global, comes back.
 Ended inChild(const std::function<void()>& action);
 
 /// Whether the child ended by the deliberate fault of an internal program error, with exactly
@@ -67,8 +71,8 @@ Ended inChild(const std::function<void()>& action);
 std::string reportProblem(const Ended& ended, const std::string& report);
 
 /// The report of an error that was raised with a site.
-std::string report(const std::string& message, const std::string& function,
-                   const std::string& file, unsigned line);
+std::string report(const std::string& message, const std::string& function, const std::string& file,
+                   unsigned line);
 
 /// Sets the process's locale and puts the old one back; ok() is false where it is missing.
 class ScopedLocale {

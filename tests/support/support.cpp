@@ -56,8 +56,8 @@ std::string reportProblem(const Ended& ended, const std::string& report) {
   return ended.errors.toStdString() == report ? "" : "reported: " + ended.errors.toStdString();
 }
 
-std::string report(const std::string& message, const std::string& function,
-                   const std::string& file, unsigned line) {
+std::string report(const std::string& message, const std::string& function, const std::string& file,
+                   unsigned line) {
   return "\nInternal program error: " + message + "\nin function " + function + "\nin file " +
          file + " line " + std::to_string(line) + "\n\n";
 }

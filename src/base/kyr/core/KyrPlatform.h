@@ -47,11 +47,18 @@
 #endif
 
 #if defined(KYR_THREAD_SANITIZER)
-extern "C" void __tsan_acquire(void* address);
-extern "C" void __tsan_release(void* address);
+extern "C" void __tsan_acquire(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
+extern "C" void __tsan_release(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
 #endif
 
 namespace Kyr::Platform {
+
+/// Whether this build runs under ThreadSanitizer.
+#if defined(KYR_THREAD_SANITIZER)
+constexpr bool threadsAreWatched = true;
+#else
+constexpr bool threadsAreWatched = false;
+#endif
 
 /// Qt's library is not built for ThreadSanitizer, which therefore misses what
 /// Qt's locks order. These two say it; in other builds they are empty.

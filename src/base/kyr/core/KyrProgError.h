@@ -24,7 +24,7 @@ class KYR_EXPORT ProgError {
   /// \param message written in the local 8-bit encoding
   [[noreturn]] ProgError(const QString& message);
 
-  /// \param message written as it is
+  /// \param message written as it is; null as if it were empty, as every text of a report
   /// \param callDebugger false ends the process with exit code 1, without clean-up and
   ///        without a fault
   [[noreturn]] ProgError(const char* message, bool callDebugger);
@@ -50,13 +50,13 @@ namespace ProgErrorNS {
 KYR_EXPORT extern const char* const FPU_EXCEPTION_STRING;
 }  // namespace ProgErrorNS
 
-/// Called once by a dying process, before its last report; takes and gives nothing.
+/// Called by a dying process before its report, and by the crash handler before the end.
 using FatalErrorHook = void (*)();
 
 /// Sets the function with which an application saves its own state when the process dies of
 /// an internal program error or a crash.
-/// \param hook may be null for none; runs on the failing thread with the heap in any state, and
-///        is not called again for an error that it raises itself
+/// \param hook may be null for none; runs on the failing thread with the heap in any state. It
+///        is not called again for an error that it raises itself; what it throws is dropped.
 /// \return the hook that was set before; null by default
 /// \threadsafety any thread
 KYR_EXPORT FatalErrorHook setFatalErrorHook(FatalErrorHook hook) noexcept;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <new>
 #include <type_traits>
@@ -80,6 +81,7 @@ class StructVector {
     }
   }
   /// Gives back the memory behind the last element.
+  /// \throws std::bad_alloc; the vector is unchanged then
   void trim() { setCapacity(_size); }
   /// Makes room for at least \a capacity elements, at least doubling when it grows.
   /// \throws std::bad_alloc; the vector is unchanged then
@@ -97,17 +99,25 @@ class StructVector {
   void clear() noexcept { _size = 0; }
 
   /// Appends one element, which may be one of this vector.
+  /// \throws std::bad_alloc; the vector is unchanged then
   void append(const T& element) {
     const T copy = element;
-    reserve(sum(_size, 1));
+    if (_size == _capacity) {
+      reserve(sum(_size, 1));
+    }
     _data[_size++] = copy;
   }
-  /// Appends \a count elements from outside this vector.
+  /// Appends \a count elements, which may be some of this vector.
+  /// \throws std::bad_alloc; the vector is unchanged then
   void append(const T* elements, std::size_t count) {
-    reserve(sum(_size, count));
-    if (count > 0) {
-      std::memcpy(static_cast<void*>(_data + _size), elements, count * sizeof(T));
+    if (count == 0) {
+      return;
     }
+    const bool own = !std::less<>()(elements, _data) && std::less<>()(elements, _data + _size);
+    const std::ptrdiff_t offset = own ? elements - _data : 0;
+    reserve(sum(_size, count));
+    const T* const source = own ? _data + offset : elements;
+    std::memcpy(static_cast<void*>(_data + _size), source, count * sizeof(T));
     _size += count;
   }
 

@@ -9,18 +9,12 @@ namespace Kyr {
 namespace {
 
 constexpr ApplicationProperties table[] = {
-    {"Sheet Forming", true, true},
-    {"Motion", true, true},
-    {"Inspection", true, true},
-    {"Viewer", false, true},
-    {"Deformation", true, true},
-    {"Material Test", true, true},
-    {"Test Rig", true, true},
-    {"Launcher", false, true},
-    {"Computing Server", false, false},
-    {"Sensor", true, true},
-    {"Large Structure", true, true},
-    {"Production Cell", true, false},
+    {"Sheet Forming", true, true},      {"Motion", true, true},
+    {"Inspection", true, true},         {"Viewer", false, true},
+    {"Deformation", true, true},        {"Material Test", true, true},
+    {"Test Rig", true, true},           {"Launcher", false, true},
+    {"Computing Server", false, false}, {"Sensor", true, true},
+    {"Large Structure", true, true},    {"Production Cell", true, false},
 };
 static_assert(std::size(table) == applicationCount, "one row for each application");
 

@@ -16,6 +16,8 @@ namespace {
 
 std::atomic<FatalErrorHook> fatalHook{nullptr};
 std::atomic<void (*)()> sharedMemoryRelease{nullptr};
+/// Of each thread: a second thread that fails meanwhile runs the hook itself, so that the
+/// process never dies before the hook has once come to its end.
 thread_local bool insideHook = false;
 
 void writePiece(const char* text) {
@@ -24,15 +26,15 @@ void writePiece(const char* text) {
   }
 }
 
-void beginReport(const char* message) {
+void beginReport() {
   if (const auto release = sharedMemoryRelease.load()) {
     release();
   }
   Fatal::callHook();
   writePiece("\nInternal program error: ");
-  writePiece(message);
 }
 
+// The line is a signed number in reports: one above INT_MAX shows a minus.
 void writeSite(const char* function, const char* file, unsigned line) {
   char number[100];
   std::snprintf(number, sizeof number, "%d", static_cast<int>(line));
@@ -54,13 +56,18 @@ void Fatal::setSharedMemoryRelease(void (*release)()) noexcept {
   sharedMemoryRelease = release;
 }
 
-void Fatal::callHook() {
+void Fatal::callHook() noexcept {
   const FatalErrorHook hook = fatalHook.load();
-  if (hook && !insideHook) {
-    insideHook = true;
-    hook();
-    insideHook = false;
+  if (!hook || insideHook) {
+    return;
   }
+  insideHook = true;
+  try {
+    hook();
+  } catch (...) {
+    // Whatever went wrong in the hook, the report must still come out.
+  }
+  insideHook = false;
 }
 
 FatalErrorHook setFatalErrorHook(FatalErrorHook hook) noexcept {
@@ -68,28 +75,34 @@ FatalErrorHook setFatalErrorHook(FatalErrorHook hook) noexcept {
 }
 
 ProgError::ProgError() {
-  beginReport("Unknown error");
+  beginReport();
+  writePiece("Unknown error");
   endReport();
   CallDebugger();
 }
 
 ProgError::ProgError(const QString& message) {
-  beginReport(message.toLocal8Bit().constData());
+  beginReport();
+  // Converted only now: it allocates, and the steps before must not depend on the heap.
+  const QByteArray bytes = message.toLocal8Bit();
+  Fatal::writeToStandardError(bytes.constData(), static_cast<std::size_t>(bytes.size()));
   endReport();
   CallDebugger();
 }
 
 ProgError::ProgError(const char* message, bool callDebugger) {
-  beginReport(message);
+  beginReport();
+  writePiece(message);
   endReport();
-  if (callDebugger) {
-    CallDebugger();
+  if (!callDebugger) {
+    Fatal::endProcess(1);
   }
-  Fatal::endProcess(1);
+  CallDebugger();
 }
 
 ProgError::ProgError(const char* function, const char* file, unsigned line, const char* message) {
-  beginReport(message);
+  beginReport();
+  writePiece(message);
   writeSite(function, file, line);
   endReport();
   CallDebugger();
@@ -99,6 +112,7 @@ ProgError::ProgError(const char* function, const char* file, unsigned line, cons
 // one that the crash handler describes; hence the pointer is read at run time.
 KYR_NO_NULL_CHECK void ProgError::CallDebugger() {
   static std::int32_t* volatile nowhere = nullptr;
+  // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): that is its purpose
   *static_cast<volatile std::int32_t*>(nowhere) = 0;
   Fatal::endProcess(1);
 }

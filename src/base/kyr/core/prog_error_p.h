@@ -10,11 +10,11 @@ namespace Kyr::Fatal {
 
 /// Sets what releases the shared-memory segments of this process. Called when the first
 /// segment is born, so that this room need not know the class that owns them.
-/// \param release must not allocate or lock
+/// \param release must not allocate or lock; null takes it back
 KYR_EXPORT void setSharedMemoryRelease(void (*release)()) noexcept;
 
 /// Calls the application's fatal-error hook, unless the hook itself is what failed.
-KYR_EXPORT void callHook();
+void callHook() noexcept;
 
 // Platform files define these.
 

@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrPlatform.h>
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 namespace Kyr {
@@ -14,7 +15,7 @@ namespace Kyr {
 class KYR_EXPORT Thread : public QThread {
  public:
   /// Whether the user interface is locked while the thread runs; only zero or not matters.
-  enum LockGUI_t { NoLockGUI = 0, LockGUI = 1 };
+  enum LockGUI_t : int { NoLockGUI = 0, LockGUI = 1 };
 
   /// \param lock kept as "is not zero", read with lockGUI()
   /// \param function, file, line the creation site; literals
@@ -22,6 +23,20 @@ class KYR_EXPORT Thread : public QThread {
   /// \param parent the QObject that deletes the thread; may be null
   Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file, unsigned line);
   ~Thread() override;
+
+  /// As those of QThread, with the end of the thread made known to ThreadSanitizer.
+  /// \return false when the time was over before the thread
+  bool wait(QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever)) {
+    const bool finished = QThread::wait(deadline);
+    Platform::orderedAfter(this);
+    return finished;
+  }
+  /// \param milliseconds ULONG_MAX waits for ever
+  bool wait(unsigned long milliseconds) {
+    const bool finished = QThread::wait(milliseconds);
+    Platform::orderedAfter(this);
+    return finished;
+  }
 
   bool lockGUI() const { return _lockGui; }
   /// Whether what the thread does can be undone; starts false.
@@ -35,7 +50,7 @@ class KYR_EXPORT Thread : public QThread {
   void run() override = 0;
 
  private:
-  friend struct RefusalProbe;
+  friend struct TestProbe;
   Thread(const Thread&);
   Thread& operator=(const Thread&);
 

@@ -56,31 +56,16 @@ MutexReadWrite& MutexReadWrite::operator=(const MutexReadWrite&) {
   throw ProgError(_function, _file, _line, "assignment for mutexReadWrite is not allowed");
 }
 
-// The internal mutex is never recursive, so its inline base serves: a read lock then costs
-// two uncontended compare-and-swaps and no call into Qt.
-void MutexReadWrite::enter() {
-  static_cast<QBasicMutex&>(_internal).lock();
-  Platform::orderedAfter(&_internal);
-}
-
-void MutexReadWrite::leave() {
-  Platform::orderedBefore(&_internal);
-  static_cast<QBasicMutex&>(_internal).unlock();
-}
-
 void MutexReadWrite::sleep() {
   ++_sleepers;
   _changed.wait();
   --_sleepers;
 }
 
-void MutexReadWrite::lockRead() KYR_NO_THREAD_SAFETY_ANALYSIS {
-  enter();
+void MutexReadWrite::awaitNoWriter() {
   while (_writers != 0) {
     sleep();
   }
-  ++_readers;
-  leave();
 }
 
 void MutexReadWrite::lockWrite() KYR_NO_THREAD_SAFETY_ANALYSIS {
@@ -92,21 +77,13 @@ void MutexReadWrite::lockWrite() KYR_NO_THREAD_SAFETY_ANALYSIS {
   leave();
 }
 
-void MutexReadWrite::unlockRead(const char* function, const char* file, unsigned line)
-    KYR_NO_THREAD_SAFETY_ANALYSIS {
-  enter();
-  if (_readers == 0) {
-    throw ProgError(function, file, line,
-                    "unlock reader is not possible, because there are no more readers!");
-  }
-  if (--_readers == 0 && _sleepers != 0) {
-    _changed.signal();
-  }
-  leave();
+void MutexReadWrite::refuseReader(const char* function, const char* file, unsigned line) {
+  throw ProgError(function, file, line,
+                  "unlock reader is not possible, because there are no more readers!");
 }
 
-void MutexReadWrite::unlockWrite(const char* function, const char* file, unsigned line)
-    KYR_NO_THREAD_SAFETY_ANALYSIS {
+void MutexReadWrite::unlockWrite(const char* function, const char* file,
+                                 unsigned line) KYR_NO_THREAD_SAFETY_ANALYSIS {
   enter();
   if (_writers == 0) {
     throw ProgError(function, file, line,

@@ -14,7 +14,14 @@ Thread::Thread(LockGUI_t lock, const char* function, const char* file, unsigned 
 
 Thread::Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file,
                unsigned line)
-    : QThread(parent), _function(function), _file(file), _line(line), _lockGui(lock != 0) {}
+    : QThread(parent), _function(function), _file(file), _line(line), _lockGui(lock != 0) {
+  if constexpr (Platform::threadsAreWatched) {
+    // finished() is emitted by the thread itself, after run().
+    connect(
+        this, &QThread::finished, this, [this] { Platform::orderedBefore(this); },
+        Qt::DirectConnection);
+  }
+}
 
 Thread::~Thread() = default;
 
