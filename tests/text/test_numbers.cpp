@@ -1,0 +1,320 @@
+#include <kyr/text/KyrParse.h>
+#include <kyr/text/KyrString.h>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <random>
+#include <sstream>
+#include <string>
+
+using Kyr::KString;
+
+namespace {
+
+std::mt19937_64 source(20260);
+
+int below(int limit) {
+  return static_cast<int>(source() % static_cast<unsigned>(limit));
+}
+
+template <class To, class From>
+To bitCast(From from) {
+  To to;
+  std::memcpy(&to, &from, sizeof(to));
+  return to;
+}
+
+std::uint64_t bitsOf(double value) {
+  return bitCast<std::uint64_t>(value);
+}
+
+/// Doubles of all kinds: any bits, coordinates, ties in decimal, neighbours of powers of ten.
+double anyDouble() {
+  const double kinds[] = {
+      bitCast<double>(source()),
+      bitCast<double>(source() >> (12 + below(50))),
+      std::ldexp(double(below(1 << 20)) - 1000, -below(24)),
+      below(2000000) / 1000.0 - 1000,
+      std::nextafter(std::pow(10.0, below(640) - 325), below(2) * 1e308),
+      (double(below(100000)) + 0.5) * std::pow(10.0, below(30) - 20),
+  };
+  return kinds[below(6)];
+}
+
+std::string formatByC(double value, char format, int precision) {
+  std::array<char, 512> text;
+  const std::string pattern = {'%', '.', '*', format};
+  std::snprintf(text.data(), text.size(), pattern.c_str(), precision, value);
+  return text.data();
+}
+
+TEST(Numbers, FormatAsTheCLibrary) {
+  for (int i = 0; i < 200000; ++i) {
+    const double value = anyDouble();
+    const char format = "fFeEgG"[below(6)];
+    const int precision = below(i % 2 == 0 ? 18 : 101) - 1;
+    ASSERT_EQ(KString::number(value, format, precision),
+              formatByC(value, format, std::min(precision, 99)))
+        << formatByC(value, 'a', -1) << " %." << precision << format;
+  }
+  for (const double value : {0.0, -0.0, HUGE_VAL, -HUGE_VAL, std::nan(""), -std::nan(""), 1e300,
+                             -1.7976931348623157e308, 5e-324, 0.5, 9.5, 99999.95, 1e22}) {
+    for (int i = 0; i < 600; ++i) {
+      ASSERT_EQ(KString::number(value, "fFeEgG"[i % 6], i / 6),
+                formatByC(value, "fFeEgG"[i % 6], i / 6));
+    }
+  }
+}
+
+TEST(Numbers, FormatDetails) {
+  struct {
+    KString text;
+    std::string expected;
+    const char* fault;
+  } const rows[] = {
+      {KString::number(1.5e12, 'e', 1), "1.5e+12", "exponents of three digits"},
+      {KString::number(1.25, 'x', 1), "1.2", "another letter is 'f'"},
+      {KString::number(0.1, 'f', 1000).right(3), "000", "precision stops at 99"},
+      {KString::number(HUGE_VAL, 'G'), "INF", "upper case of words"},
+      {KString::number(255, 1), "255", "bases from 2 on"},
+      {KString::number(35, 36) + KString::number(35, 37), "z35", "bases up to 36"},
+      {KString::number(INT64_MIN), "-9223372036854775808", "negation overflows"},
+      {KString::number(INT64_MIN, 2), "-1" + std::string(63, '0'), "the buffer is short"},
+      {KString::number(UINT64_MAX), "18446744073709551615", "read as signed"},
+      {KString().setNum(short(-7)).setNum(0.1F), "0.1", "content is kept"},
+      {KString().setNum(static_cast<unsigned short>(65535), 16), "ffff", "sign extension"},
+  };
+  for (const auto& [text, expected, fault] : rows) {
+    EXPECT_EQ(text, expected) << fault;
+  }
+}
+
+/// The text of a point exactly between two doubles, for ties of the reading direction.
+std::string halfway() {
+  const double below = std::fabs(anyDouble());
+  const double above = std::nextafter(below, HUGE_VAL);
+  std::array<char, 1300> text;
+  std::snprintf(text.data(), text.size(), "%.*Lg", 1100,
+                (static_cast<long double>(below) + static_cast<long double>(above)) / 2);
+  return text.data();
+}
+
+std::string digits(int count) {
+  return std::to_string(source()).substr(0, static_cast<std::size_t>(count));
+}
+
+std::string anyNumber() {
+  const std::string kinds[] = {
+      formatByC(anyDouble(), "fega"[below(4)], below(30)),
+      halfway() + (below(2) == 0 ? "" : "1"),
+      digits(below(21)) + digits(below(21)) + "." + digits(below(21)) + "e" +
+          std::to_string(below(700) - 350),
+      digits(1 + below(18)) + "." + digits(below(5)),
+  };
+  return kinds[below(4)];
+}
+
+const QStringList pieces = QString(" |\t|\n|-|+|.|e|0x|p|inf|NaN|(|)|_|E+|x").split('|');
+
+/// Mostly a number, sometimes spoilt.
+std::string anyText() {
+  std::string text = anyNumber();
+  for (int spoilt = below(4) - 1; spoilt > 0; --spoilt) {
+    const auto at = static_cast<std::size_t>(below(static_cast<int>(text.size()) + 1));
+    const std::string part = pieces.at(below(pieces.size())).toStdString();
+    below(2) == 0 ? text.insert(at, part) : text.replace(at, 1, part);
+  }
+  return text;
+}
+
+void expectAsStrtod(const std::string& text) {
+  char* stop = nullptr;
+  const double value = std::strtod(text.c_str(), &stop);
+  const auto length = static_cast<unsigned>(stop - text.c_str());
+  const bool whole = text.find_first_not_of(" \t", length) == std::string::npos;
+  const auto wide = QString::fromStdString(text);
+  bool ok = false;
+  unsigned end = 0;
+  int wideEnd = 0;
+  ASSERT_EQ(bitsOf(KString(text).toDouble(&ok, &end)), bitsOf(value)) << text;
+  ASSERT_TRUE(ok == (length > 0) && end == length) << text << " ends at " << end;
+  ASSERT_EQ(bitsOf(Kyr::qstringToDouble(wide, &ok, &wideEnd)), bitsOf(value)) << text;
+  ASSERT_TRUE(ok == (length > 0) && wideEnd == int(length)) << text << " ends at " << wideEnd;
+  ASSERT_EQ(bitsOf(KString(text).toDouble(&ok)), bitsOf(whole ? value : 0)) << text;
+  ASSERT_EQ(ok, whole) << text;
+  ASSERT_EQ(bitsOf(Kyr::qstringToDouble(wide, &ok)), bitsOf(whole ? value : 0)) << text;
+  ASSERT_EQ(ok, whole) << text;
+}
+
+TEST(Numbers, ParseAsStrtod) {
+  std::istringstream forms(
+      "+ - . -. e5 .e1 0x 0x. 0x.p1 0x1p 0x1p+ -0X1.8P3z 0x1fffffffffffff8p0 +1 +-1 1e 1e+ 1e5e5 "
+      "1.5.5 .5 5. -0 0e99999999999999999999 1e99999999999999999999 -1e-99999999999999999999 "
+      "1e308 1.8e308 2.2250738585072011e-308 4.9e-324 2.4e-324 infinit -INFINITYx nan( nan(12) "
+      "-nan(a_b)x nan(a-b) na 9007199254740993 9007199254740992e22 1,5 1e-22 1e23 "
+      "123456789012345678901234567890 0000000000000000000000001");
+  for (std::string form; forms >> form;) {
+    expectAsStrtod(form);
+  }
+  for (const char* text : {"", " ", "\n", "\v\f\r\n\t 1", "1 2"}) {
+    expectAsStrtod(text);
+  }
+  expectAsStrtod("0." + std::string(1000000, '0') + "1e1000001");
+  expectAsStrtod(std::string(1000000, '7'));
+  for (int i = 0; i < 60000 && !HasFatalFailure(); ++i) {
+    expectAsStrtod(anyText());
+  }
+}
+
+TEST(Numbers, ParseFloatingDetails) {
+  bool ok = false;
+  int end = -1;
+  EXPECT_TRUE(Kyr::qstringToDouble("", &ok) == 0 && ok) << "an empty text is 0 on purpose";
+  EXPECT_EQ(Kyr::qstringToDouble(QString::fromUtf8("2\u00a0"), &ok), 0) << "no blank or tab";
+  EXPECT_FALSE(ok);
+  EXPECT_EQ(Kyr::qstringToDouble(QString::fromUtf8(" 2\u0663"), &ok, &end), 2);
+  EXPECT_EQ(end, 2) << "digits of other scripts belong to integers only";
+  EXPECT_EQ(Kyr::qstringToFloat("1e300", &ok), HUGE_VALF) << "too large a float";
+  EXPECT_TRUE(ok);
+  EXPECT_EQ(KString("1\0002", 3).toDouble() + KString("1\0002", 3).toInt(), 0) << "zero byte";
+}
+
+constexpr std::nullopt_t Fails = std::nullopt;
+
+TEST(Numbers, Integers) {
+  struct {
+    QString text;
+    int base;
+    std::optional<long long> expected;
+    int end;  ///< -1 where none is stored; none is asked for unless asksEnd
+    bool asksEnd;
+    const char* strings;  ///< K the 8-bit string, Q Qt's
+    const char* fault;
+  } const rows[] = {
+      {" -12\t ", 10, -12, -1, false, "KQ", "blanks around are allowed"},
+      {"12a", 10, Fails, -1, false, "KQ", "trailing text is refused without an end index"},
+      {" 12a", 10, 12, 3, true, "KQ", "the end index counts blanks, and allows trailing text"},
+      {"fg", 16, 15, 1, true, "KQ", "letters of a smaller base only"},
+      {"z", 36, 35, -1, false, "KQ", "the last base"},
+      {"12", 1, 12, -1, false, "KQ", "base 1 is 10"},
+      {"12", 37, 12, -1, false, "KQ", "base 37 is 10"},
+      {"", 10, Fails, -1, true, "KQ", "nothing"},
+      {" ", 10, Fails, -1, false, "KQ", "nothing behind blanks"},
+      {"-", 10, Fails, -1, false, "KQ", "nothing behind a sign"},
+      {"9223372036854775807", 10, INT64_MAX, -1, false, "KQ", "largest"},
+      {"9223372036854775808", 10, Fails, -1, true, "KQ", "too large by one"},
+      {"-9223372036854775808", 10, INT64_MIN, 20, true, "KQ", "smallest"},
+      {"-9223372036854775809", 10, Fails, -1, false, "KQ", "too small by one"},
+      {"99999999999999999999", 10, Fails, -1, false, "KQ", "wraps around 64 bits"},
+      {"8000000000000000", 16, Fails, -1, false, "KQ", "too large in base 16"},
+      {"-8000000000000000", 16, INT64_MIN, -1, false, "K", "smallest in base 16"},
+      {"7\n", 10, 7, -1, false, "Q", "any white space may follow"},
+      {"7\n", 10, Fails, -1, false, "K", "only blanks and tabs may follow"},
+      {QString::fromUtf8("\u20037\u2003"), 10, 7, -1, false, "Q", "Unicode white space"},
+      {QString::fromUtf8("\u0661\u0662x"), 10, 12, 2, true, "Q", "Arabic-Indic digits"},
+      {QString::fromUtf8("\u0669"), 8, Fails, -1, false, "Q", "such a digit beyond the base"},
+      {"fF", 16, 255, -1, false, "Q", "capital letters"},
+      {"fF", 16, 15, 1, true, "K", "no capital letters"},
+      {"1:", 10, 1, 1, true, "Q", "a colon is no digit here"},
+      {"1:", 10, 20, -1, false, "K", "the byte behind the last digit counts as a digit"},
+      {"12", 2, 4, -1, false, "K", "and does so in other bases"},
+      {"13", 2, 1, 1, true, "K", "but not the next one"},
+  };
+  for (const auto& row : rows) {
+    const auto expect = [&row](char string, auto end, auto parse) {
+      bool ok = !row.expected;
+      const auto value = parse(row.text, &ok, row.base, row.asksEnd ? &end : nullptr);
+      if (std::strchr(row.strings, string) != nullptr) {
+        EXPECT_TRUE(value == row.expected.value_or(0) && ok == row.expected.has_value() &&
+                    static_cast<int>(end) == row.end)
+            << string << qPrintable(row.text) << ": " << row.fault;
+      }
+    };
+    expect('Q', -1, Kyr::qstringToInt64);
+    expect('K', ~0U, [](const QString& text, bool* ok, int base, unsigned* end) {
+      return KString(text.toStdString()).toInt64(ok, base, end);
+    });
+  }
+}
+
+TEST(Numbers, RangesOfTheTypes) {
+  struct {
+    const char* text;
+    unsigned long long value;
+    const char* types;  ///< that hold it: s short, S unsigned short, i int, I unsigned, L 64 bits
+    const char* fault;
+  } const rows[] = {
+      {"32767", 32767, "sSiIL", "a short's largest"},
+      {"32768", 32768, "SiIL", "beyond a short"},
+      {"-32768", 0ULL - 32768, "si", "a short's smallest"},
+      {"65535", 65535, "SiIL", "an unsigned short's largest"},
+      {"2147483648", 2147483648, "IL", "beyond an int"},
+      {"-2147483648", 0ULL - 2147483648, "i", "an int's smallest"},
+      {"4294967295", 4294967295, "IL", "an unsigned's largest"},
+      {"4294967296", 4294967296, "L", "beyond an unsigned"},
+      {"+18446744073709551615", 18446744073709551615U, "L", "64 bits, and the plus sign"},
+      {"18446744073709551616", 0, "", "beyond 64 bits"},
+  };
+  for (const auto& row : rows) {
+    const auto expect = [&row](char type, auto parse) {
+      bool ok = false;
+      const auto value = parse(&ok);
+      EXPECT_EQ(ok, std::strchr(row.types, type) != nullptr) << row.text << ": " << row.fault;
+      EXPECT_EQ(value, static_cast<decltype(value)>(ok ? row.value : 0)) << row.fault;
+    };
+    const KString text = row.text;
+    const QString wide = row.text;
+    expect('s', [&](bool* ok) { return text.toShort(ok); });
+    expect('s', [&](bool* ok) { return Kyr::qstringToShort(wide, ok); });
+    expect('S', [&](bool* ok) { return text.toUShort(ok); });
+    expect('S', [&](bool* ok) { return Kyr::qstringToUShort(wide, ok); });
+    expect('i', [&](bool* ok) { return text.toInt(ok); });
+    expect('i', [&](bool* ok) { return Kyr::qstringToInt(wide, ok); });
+    expect('I', [&](bool* ok) { return text.toUInt(ok); });
+    expect('I', [&](bool* ok) { return Kyr::qstringToUInt(wide, ok); });
+    expect('L', [&](bool* ok) { return text.toUInt64(ok); });
+    expect('L', [&](bool* ok) { return Kyr::qstringToUInt64(wide, ok); });
+  }
+  bool ok = true;
+  int end = 0;
+  EXPECT_TRUE(Kyr::qstringToInt("4294967297 x", &ok, 10, &end) == 0 && !ok && end == 10)
+      << "the end index is stored even for what is out of range";
+  Kyr::qstringToUInt64("-0", &ok);
+  EXPECT_FALSE(ok) << "the unsigned parser takes no minus";
+  EXPECT_TRUE(KString("-0").toUInt64(&ok) == 0 && ok) << "this one takes any sign";
+}
+
+TEST(Numbers, SameUnderEveryLocale) {
+  int count = 1;
+  std::string name = "test";
+  char* arguments[] = {name.data(), nullptr};
+  const QCoreApplication application(count, arguments);
+  const KyrTest::ScopedLocale german("de_DE.UTF-8");
+  if (!german.ok() && std::getenv("KYR_REQUIRE_LOCALE") == nullptr) {
+    GTEST_SKIP() << "the locale de_DE.UTF-8 is missing";
+  }
+  ASSERT_TRUE(german.ok()) << "the locale de_DE.UTF-8 is missing";
+  ASSERT_EQ(formatByC(1.5, 'g', 6), "1,5") << "the C library still speaks English";
+  EXPECT_EQ(KString::number(1.5) + KString("%1").arg(1e300, 0, 'f', 0).left(2), "1.510");
+  bool ok = false;
+  for (const char* text : {"1.5", "0x1.8", "15e-1", "1.50000000000000000000000000000000001"}) {
+    EXPECT_TRUE(KString(text).toDouble(&ok) == 1.5 && ok) << text;
+    EXPECT_TRUE(Kyr::qstringToDouble(text, &ok) == 1.5 && ok) << text;
+  }
+  EXPECT_TRUE(KString("1,5").toDouble(&ok) == 0 && !ok) << "the comma ends a number";
+  EXPECT_EQ(Kyr::tokenize("\xe4", false), "\\xe4") << "isprint of the locale";
+}
+
+}  // namespace
