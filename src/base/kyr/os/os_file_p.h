@@ -1,0 +1,24 @@
+/// \file
+/// How the platforms open files. Names come here checked: not empty, no zero character.
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+#include <fstream>
+
+namespace Kyr::Platform {
+
+/// Whether the name leads to a directory, which some systems open like a file.
+bool isDirectory(const QString& name);
+
+/// Opens the file behind a stream.
+/// \return false on failure
+bool openBuffer(std::filebuf& buffer, const QString& name, std::ios_base::openmode mode,
+                bool shared);
+
+/// \param mode as for fopen()
+/// \return null on failure
+FILE* openFile(const QString& name, const char* mode);
+
+}  // namespace Kyr::Platform

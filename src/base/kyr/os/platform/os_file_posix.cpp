@@ -1,0 +1,36 @@
+#include <kyr/os/os_file_p.h>
+
+#include <QFile>
+
+#include <filesystem>
+
+namespace Kyr {
+
+namespace {
+
+/// The bytes that QFile uses too, so that both mean the same file. Before there is a Qt
+/// application the locale is "C" and loses letters; the name then is UTF-8, as everywhere today.
+std::filesystem::path nativePath(const QString& name) {
+  const QByteArray encoded = QFile::encodeName(name);
+  const bool lossless = QFile::decodeName(encoded) == name;
+  return (lossless ? encoded : name.toUtf8()).toStdString();
+}
+
+}  // namespace
+
+bool Platform::isDirectory(const QString& name) {
+  std::error_code ignored;
+  return std::filesystem::is_directory(nativePath(name), ignored);
+}
+
+// Nothing here keeps other writers out: locks between processes are a matter of agreement.
+bool Platform::openBuffer(std::filebuf& buffer, const QString& name, std::ios_base::openmode mode,
+                          bool /*shared*/) {
+  return buffer.open(nativePath(name), mode) != nullptr;
+}
+
+FILE* Platform::openFile(const QString& name, const char* mode) {
+  return std::fopen(nativePath(name).c_str(), mode);
+}
+
+}  // namespace Kyr
