@@ -1,0 +1,103 @@
+/// \file
+/// Moments and spans of time.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/sync/KyrMutex.h>
+
+#include <QString>
+
+namespace Kyr {
+
+class KString;
+
+/// A moment since 1970-01-01 00:00 UTC, or a span: whole seconds and microseconds.
+///
+/// A plain value. Both fields are unsigned 32-bit numbers, so moments end in the year 2106 and
+/// spans have no sign. The current time has a resolution of one millisecond.
+/// \threadsafety one thread per object, except where a function says more
+class KYR_EXPORT Time {
+ public:
+  /// Serialises conversions by the C runtime that share its buffers.
+  static Mutex lock;
+
+  /// 0 seconds, 0 microseconds.
+  Time() = default;
+  /// \param microseconds 0 to 999999 in normal use; kept as it is
+  Time(unsigned seconds, unsigned microseconds) : _seconds(seconds), _microseconds(microseconds) {}
+  /// As setSeconds().
+  Time(double seconds) { setSeconds(seconds); }
+
+  /// The present moment.
+  static Time currentTime();
+  /// The present moment; as currentTime().
+  static Time actualTime() { return currentTime(); }
+
+  /// Sets this object to the present moment.
+  void setActualTime() { *this = currentTime(); }
+  /// Sets this object to the present moment, for elapsed() and restart().
+  void start() { *this = currentTime(); }
+
+  /// Splits \a x into its floor and microseconds, the latter cut off.
+  /// \param x in seconds. Seconds are formed in 64 bits and their lower 32 are kept, so
+  ///        -0.5 becomes 4294967295 s and 500000 us. A floor beyond 64 bits gives 0 s; what is
+  ///        not a finite number gives 0 s and 0 us.
+  void setSeconds(double x);
+
+  /// Reads the stamp of a camera, as 2010:02:05 07:57:37, in the time zone of the user.
+  ///
+  /// Blanks and tabs may stand before every number and colon, a missing number counts as 0, and
+  /// text after the seconds is ignored. A day beyond its month's end runs on into the next
+  /// month; so do negative hours, minutes and seconds into what is before. A moment before
+  /// 1970 or after 3000 is read with the year 1970, and as 0 s if it is before 1970 even so.
+  /// \throws Exception "Wrong timeformat" for other separators, a month outside 1 to 12, a day
+  ///         outside 1 to 31, hours above 23, minutes or seconds above 59; the object is unchanged
+  /// \threadsafety takes #lock
+  void convertDCSTime(const KString& text);
+
+  /// The whole seconds alone.
+  unsigned wholeSeconds() const { return _seconds; }
+  /// The part below a second.
+  unsigned microseconds() const { return _microseconds; }
+  /// Both fields together, in seconds.
+  double getSeconds() const { return double(_seconds) + double(_microseconds) / 1e6; }
+
+  /// This moment minus \a other in seconds; negative when \a other is later.
+  double difference(const Time& other) const;
+  /// The span between two moments, whichever is earlier.
+  Time absoluteDifference(const Time& other) const;
+  /// The seconds from this moment to the present one.
+  double elapsed() const;
+  /// As elapsed(), and sets this object to the present moment.
+  double restart();
+
+  /// The moment in the user's time zone, always English: "Fri Feb 05 07:57:37 2010".
+  /// \param withMicroseconds adds them undecorated: "Fri Feb 05 07:57:37 2010, 123000 us"
+  /// \threadsafety takes #lock
+  QString getTimeString(bool withMicroseconds) const;
+  /// The date in the user's time zone as the C library's locale writes it; "unknown" when that
+  /// locale has no text for it.
+  /// \threadsafety any thread, as long as nobody sets the locale
+  QString getDateString() const;
+
+ private:
+  unsigned _seconds = 0;
+  unsigned _microseconds = 0;
+};
+
+/// Earlier; the microseconds count when the seconds are equal.
+inline bool operator<(const Time& left, const Time& right) {
+  return left.wholeSeconds() != right.wholeSeconds() ? left.wholeSeconds() < right.wholeSeconds()
+                                                     : left.microseconds() < right.microseconds();
+}
+inline bool operator>(const Time& left, const Time& right) {
+  return right < left;
+}
+inline bool operator==(const Time& left, const Time& right) {
+  return left.wholeSeconds() == right.wholeSeconds() && left.microseconds() == right.microseconds();
+}
+inline bool operator!=(const Time& left, const Time& right) {
+  return !(left == right);
+}
+
+}  // namespace Kyr

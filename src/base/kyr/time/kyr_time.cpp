@@ -1,0 +1,206 @@
+#include <kyr/time/KyrTime.h>
+#include <kyr/time/time_clock_p.h>
+#include <kyr/time/time_local_p.h>
+
+#include <kyr/core/KyrException.h>
+#include <kyr/text/KyrString.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+
+namespace Kyr {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr unsigned Lock = 31;
+}
+
+Mutex Time::lock("Kyr::Time::lock", "kyr_time", site::Lock);
+
+namespace {
+
+std::atomic<Clock::Source> clockSource{nullptr};
+
+std::int64_t systemMilliseconds() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::floor<std::chrono::milliseconds>(now).count();
+}
+
+/// \return 0 for what has no place in 64 bits
+std::int64_t toInt64(double whole) {
+  constexpr double limit = 9223372036854775808.0;
+  return whole >= -limit && whole < limit ? static_cast<std::int64_t>(whole) : 0;
+}
+
+/// Not the C runtime's ctime(), which pads the day with a blank on some platforms.
+QString momentText(const std::tm& fields) {
+  constexpr std::array<const char*, 7> days = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+  constexpr std::array<const char*, 12> months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  const auto twoDigits = [](int value) { return QString("%1").arg(value, 2, 10, QChar('0')); };
+  return QString("%1 %2 %3 %4:%5:%6 %7")
+      .arg(days[static_cast<std::size_t>(fields.tm_wday)],
+           months[static_cast<std::size_t>(fields.tm_mon)], twoDigits(fields.tm_mday),
+           twoDigits(fields.tm_hour), twoDigits(fields.tm_min), twoDigits(fields.tm_sec),
+           QString::number(fields.tm_year + 1900));
+}
+
+/// A stamp as its numbers stand in the text; strtol has limited them to the range of long.
+struct Stamp {
+  long year, month, day, hour, minute, second;
+};
+
+/// Takes the items of a stamp one by one from the front of a text.
+class StampReader {
+ public:
+  explicit StampReader(const char* text) : _rest(text) {}
+
+  long number() {
+    skipBlanks();
+    char* end = nullptr;
+    const long value = std::strtol(_rest, &end, 10);
+    _rest = end;
+    return value;
+  }
+  void colon() {
+    skipBlanks();
+    _onlyColons = _onlyColons && *_rest == ':';
+    if (*_rest != '\0') {
+      ++_rest;
+    }
+  }
+  bool onlyColons() const { return _onlyColons; }
+
+ private:
+  void skipBlanks() {
+    while (*_rest == ' ' || *_rest == '\t') {
+      ++_rest;
+    }
+  }
+  const char* _rest;
+  bool _onlyColons = true;
+};
+
+/// Files with negative hours, minutes and seconds exist and have always been read.
+bool inRange(const Stamp& stamp) {
+  return stamp.month >= 1 && stamp.month <= 12 && stamp.day >= 1 && stamp.day <= 31 &&
+         stamp.hour <= 23 && stamp.minute <= 59 && stamp.second <= 59;
+}
+
+Stamp readStamp(const char* text) {
+  StampReader reader(text);
+  Stamp stamp{};
+  stamp.year = reader.number();
+  reader.colon();
+  stamp.month = reader.number();
+  reader.colon();
+  stamp.day = reader.number();
+  stamp.hour = reader.number();
+  reader.colon();
+  stamp.minute = reader.number();
+  reader.colon();
+  stamp.second = reader.number();
+  if (!reader.onlyColons() || !inRange(stamp)) {
+    throw Exception("Wrong timeformat");
+  }
+  return stamp;
+}
+
+int toInt(long value) {
+  return static_cast<int>(std::max<long>(value, INT_MIN));
+}
+
+/// Runtimes differ in how far they go, so the library sets the limits: 1970 to 3000.
+/// \return -1 beyond them
+std::int64_t momentOf(const Stamp& stamp, long year) {
+  constexpr std::int64_t endOfYear3000 = 32535215999;
+  std::tm fields{};
+  fields.tm_sec = toInt(stamp.second);
+  fields.tm_min = toInt(stamp.minute);
+  fields.tm_hour = toInt(stamp.hour);
+  fields.tm_mday = static_cast<int>(stamp.day);
+  fields.tm_mon = static_cast<int>(stamp.month) - 1;
+  fields.tm_year = static_cast<int>(std::clamp(year, 0L, 9999L)) - 1900;
+  fields.tm_isdst = -1;
+  const std::int64_t moment = Platform::momentOf(fields);
+  return moment < 0 || moment > endOfYear3000 ? -1 : moment;
+}
+
+}  // namespace
+
+Clock::Source Clock::setSource(Source source) noexcept {
+  return clockSource.exchange(source);
+}
+
+std::int64_t Clock::milliseconds() {
+  const Source source = clockSource.load();
+  return source ? source() : systemMilliseconds();
+}
+
+Time Time::currentTime() {
+  const std::int64_t now = Clock::milliseconds();
+  return {static_cast<unsigned>(now / 1000), static_cast<unsigned>(now % 1000) * 1000};
+}
+
+void Time::setSeconds(double x) {
+  const double whole = std::floor(x);
+  _seconds = static_cast<unsigned>(toInt64(whole));
+  _microseconds = static_cast<unsigned>(toInt64((x - whole) * 1e6));
+}
+
+void Time::convertDCSTime(const KString& text) {
+  const Stamp stamp = readStamp(text.c_str());
+  const AutoMutex locked(&lock);
+  std::int64_t moment = momentOf(stamp, stamp.year);
+  if (moment < 0) {
+    moment = momentOf(stamp, 1970);
+  }
+  *this = Time(static_cast<unsigned>(std::max<std::int64_t>(moment, 0)), 0);
+}
+
+double Time::difference(const Time& other) const {
+  return (double(_microseconds) - double(other._microseconds)) / 1e6 +
+         (double(_seconds) - double(other._seconds));
+}
+
+Time Time::absoluteDifference(const Time& other) const {
+  const Time& earlier = other < *this ? other : *this;
+  const Time& later = other < *this ? *this : other;
+  Time span(later._seconds - earlier._seconds, later._microseconds - earlier._microseconds);
+  if (later._microseconds < earlier._microseconds) {
+    span._seconds -= 1;
+    span._microseconds += 1000000;
+  }
+  return span;
+}
+
+double Time::elapsed() const {
+  return currentTime().difference(*this);
+}
+
+double Time::restart() {
+  const Time before = *this;
+  start();
+  return difference(before);
+}
+
+QString Time::getTimeString(bool withMicroseconds) const {
+  const AutoMutex locked(&lock);
+  const QString text = momentText(Platform::localFields(_seconds));
+  return withMicroseconds ? text + ", " + QString::number(_microseconds) + " us" : text;
+}
+
+QString Time::getDateString() const {
+  const std::tm fields = Platform::localFields(_seconds);
+  std::array<char, 255> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%x", &fields);
+  return length == 0 ? QString("unknown")
+                     : QString::fromLocal8Bit(text.data(), static_cast<int>(length));
+}
+
+}  // namespace Kyr

@@ -1,0 +1,124 @@
+#include <kyr/core/KyrException.h>
+#include <kyr/text/KyrString.h>
+#include <kyr/time/KyrTime.h>
+#include <kyr/time/time_clock_p.h>
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <ctime>
+
+using Kyr::Time;
+
+namespace {
+
+TEST(Time, SetSeconds) {
+  struct {
+    double x;
+    Time expected;
+    const char* fault;
+  } const rows[] = {
+      {4e9 + 0.25, {4000000000, 250000}, "seconds are unsigned"},
+      {1.9999999, {1, 999999}, "microseconds are cut off, not rounded up to a second"},
+      {-0.25, {4294967295, 750000}, "floor, not truncation, below zero"},
+      {4294967298.0, {2, 0}, "the lower 32 bits are kept"},
+      {1e300, {0, 0}, "the conversion of a huge number is undefined in C++"},
+      {-HUGE_VAL, {0, 0}, "infinity has no microseconds"},
+      {std::nan(""), {0, 0}, "nor has what is no number"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Time(row.x), row.expected) << row.fault;
+  }
+  EXPECT_EQ(Time(4294967295, 500000).getSeconds(), 4294967295.5) << "read as signed numbers";
+}
+
+TEST(Time, DifferencesAndOrder) {
+  struct {
+    Time earlier, later, span;
+    const char* fault;
+  } const rows[] = {
+      {{10, 900000}, {12, 100000}, {1, 200000}, "a second is borrowed"},
+      {{10, 1}, {10, 3}, {0, 2}, "microseconds decide between equal seconds"},
+      {{1, 0}, {4294967295, 0}, {4294967294, 0}, "a difference in 32 bits"},
+  };
+  for (const auto& [earlier, later, span, fault] : rows) {
+    EXPECT_EQ(earlier.absoluteDifference(later), span) << fault;
+    EXPECT_EQ(later.absoluteDifference(earlier), span) << fault;
+    EXPECT_DOUBLE_EQ(later.difference(earlier), span.getSeconds()) << fault;
+    EXPECT_TRUE(earlier < later && later > earlier && earlier != later) << fault;
+    EXPECT_FALSE(later < earlier || earlier > later || earlier == later) << fault;
+  }
+  EXPECT_EQ(Time(1, 0).difference(Time(2, 500000)), -1.5) << "unsigned subtraction";
+}
+
+std::int64_t testClock = 0;
+
+TEST(Time, Now) {
+  const Time now = Time::actualTime();
+  EXPECT_EQ(now.microseconds() % 1000, 0U) << "finer than a millisecond";
+  EXPECT_NEAR(now.wholeSeconds(), static_cast<double>(std::time(nullptr)), 60)
+      << "not the system's clock";
+  const auto system = Kyr::Clock::setSource([] { return testClock; });
+  testClock = 5000000123;
+  Time moment;
+  moment.start();
+  testClock += 1500;
+  EXPECT_EQ(moment.elapsed(), 1.5) << "elapsed() changes nothing";
+  EXPECT_EQ(moment.restart(), 1.5);
+  Kyr::Clock::setSource(system);
+  EXPECT_EQ(moment, Time(5000001, 623000));
+}
+
+/// The seconds of a stamp; -1 when it is refused.
+double secondsOf(const char* stamp) {
+  Time time(7, 8);
+  try {
+    time.convertDCSTime(stamp);
+  } catch (const Kyr::Exception& error) {
+    EXPECT_EQ(error.getText(), "Wrong timeformat");
+    EXPECT_EQ(time, Time(7, 8)) << "a refused stamp changed the object";
+    return -1;
+  }
+  return time.getSeconds();
+}
+
+TEST(Time, CameraStamps) {
+  const KyrTest::ScopedEnvironment zone("TZ", "UTC0");
+  struct {
+    const char* stamp;
+    double seconds;
+    const char* fault;
+  } const rows[] = {
+      {"\t2010 : 02:\t05\t07 :57: 37 rest", 1265356657, "blanks before every item, a rest"},
+      {"2010:02:05:07:57:37", 1265328477, "a colon after the day: the hour counts as missing"},
+      {"2010:02:31 10:00:00", 1267610400, "the day runs on into March"},
+      {"2010:02:05 ::-1", 1265327999, "a negative second passes, missing numbers are 0"},
+      {"2200:01:01 00:00:00", 7258118400. - 4294967296, "only 32 bits are kept"},
+      {"1968:02:31 00:00:00", 5270400, "the day runs on in 1970, not in the year given"},
+      {"99999999999999999999:01:02 00:00:00", 86400, "the year overflows"},
+      {"1970:01:01 -99999999999999999999:00:00", 0, "what fails with 1970 is 0"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(secondsOf(row.stamp), row.seconds) << row.fault;
+  }
+  for (const char* wrong :
+       {"2010-02:05 07:57:37", "2010:02:05 07:57", "2010:13:05 07:57:37", "2010:02:00 07:57:37",
+        "2010:4294967298:05 07:57:37", "2010:02:32 07:57:37", "2010:02:05 24:00:00",
+        "2010:02:05 07:60:00", "2010:02:05 07:57:60"}) {
+    EXPECT_EQ(secondsOf(wrong), -1) << wrong;
+  }
+}
+
+TEST(Time, LocalTime) {
+  const KyrTest::ScopedEnvironment zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+  const KyrTest::ScopedLocale german("de_DE.UTF-8");
+  EXPECT_EQ(secondsOf("2010:02:05 07:57:37"), 1265353057) << "one hour east in winter";
+  EXPECT_EQ(secondsOf("2010:08:05 07:57:37"), 1280987857) << "two hours in summer";
+  EXPECT_EQ(Time(1265353057, 123000).getTimeString(true), "Fri Feb 05 07:57:37 2010, 123000 us");
+  EXPECT_EQ(Time(4294967295, 0).getTimeString(false), "Sun Feb 07 07:28:15 2106");
+  EXPECT_EQ(Time(1265353057, 0).getDateString(), german.ok() ? "05.02.2010" : "02/05/10");
+}
+
+}  // namespace
