@@ -1,0 +1,136 @@
+/// \file
+/// Logs that collect the messages of a long operation, for one thread.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QString>
+
+namespace Kyr {
+
+/// Inserted into a log, this character ends the message: `log << text << END_LOG`.
+inline constexpr char END_LOG = '\1';
+
+/// The finished messages of a log as one text. Adding is cheap at both ends.
+/// \threadsafety one thread at a time; text() of a const object counts as use
+class KYR_EXPORT LogText {
+ public:
+  LogText();
+  LogText(const LogText& other);
+  LogText& operator=(const LogText& other);
+  ~LogText();
+
+  bool isEmpty() const { return _text.isEmpty(); }
+  void clear();
+
+  /// Adds a message with a line feed between it and the text so far. To an empty text it comes
+  /// without one, so empty messages before the first other leave no trace.
+  /// \param atEnd true adds behind the text, false in front of it
+  void add(const QString& message, bool atEnd);
+  /// Appends \a piece as it is.
+  void append(const QString& piece);
+
+  /// The text. After messages were added in front, the next call costs as much as the text is
+  /// long, and so does the next message in front after that.
+  const QString& text() const;
+
+ private:
+  void turn(bool reversed) const;
+
+  mutable QString _text;
+  mutable bool _reversed = false;  ///< _text runs from its last character to its first
+};
+
+/// Collects messages for the caller of an operation, which shows them at the end.
+///
+/// A message is built piece by piece with `<<` and ends with #END_LOG; until then it belongs to
+/// no text, and clear() discards it. Numbers read the same in every locale. Owned by the
+/// caller, handed to operations by pointer. Subclasses decide in appendLine() what becomes of a
+/// finished message.
+/// \threadsafety one thread at a time; see SyncErrorLog for several
+class KYR_EXPORT ErrorLog {
+ public:
+  /// The same as #END_LOG.
+  static constexpr char endline = END_LOG;
+
+  /// \param append true keeps the newest message last, false first
+  explicit ErrorLog(bool append = false);
+  ErrorLog(const ErrorLog& other);
+  ErrorLog& operator=(const ErrorLog& other);
+  virtual ~ErrorLog();
+
+  /// Empties the text and the message that is being built.
+  void clear();
+  /// The finished messages, separated by line feeds.
+  /// \return valid until the next message is finished
+  const QString& getLog() const { return _log.text(); }
+  /// Whether the text of finished messages has any character.
+  bool isLog() const { return !_log.isEmpty(); }
+
+  /// Adds a number in decimal; an unsigned char is one too.
+  ErrorLog& operator<<(unsigned char value) { return addUInt64(value); }
+  ErrorLog& operator<<(unsigned short value) { return addUInt64(value); }
+  ErrorLog& operator<<(unsigned int value) { return addUInt64(value); }
+  ErrorLog& operator<<(unsigned long value) { return addUInt64(value); }
+  ErrorLog& operator<<(unsigned long long value) { return addUInt64(value); }
+  /// Adds a number in decimal; a signed char and a bool come here as int.
+  ErrorLog& operator<<(short value) { return addInt64(value); }
+  ErrorLog& operator<<(int value) { return addInt64(value); }
+  ErrorLog& operator<<(long value) { return addInt64(value); }
+  ErrorLog& operator<<(long long value) { return addInt64(value); }
+  /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
+  ErrorLog& operator<<(float value) { return addDouble(double(value)); }
+  ErrorLog& operator<<(double value) { return addDouble(value); }
+  /// Adds a Latin-1 character, or ends the message with #END_LOG.
+  ErrorLog& operator<<(char value) { return addChar(value); }
+  /// Adds UTF-8 text; null adds nothing.
+  ErrorLog& operator<<(const char* text) { return addString(QString::fromUtf8(text)); }
+  ErrorLog& operator<<(const QString& text) { return addString(text); }
+  /// Adds an address as "0x" and at least eight hexadecimal digits.
+  ErrorLog& operator<<(const void* address) { return addPointer(address); }
+
+ protected:
+  /// Takes the finished message over and empties it; here, adds it to the log text.
+  virtual void appendLine();
+
+  ErrorLog& addUInt64(unsigned long long value);
+  ErrorLog& addInt64(long long value);
+  ErrorLog& addDouble(double value);
+  ErrorLog& addChar(char value);
+  ErrorLog& addString(const QString& text);
+  ErrorLog& addPointer(const void* address);
+
+  /// The message that is being built, or was just finished when appendLine() runs.
+  QString& message() { return _message; }
+  /// All finished messages that were kept.
+  LogText& logText() { return _log; }
+  /// Whether the newest message comes last.
+  bool isAppending() const { return _append; }
+
+ private:
+  QString _message;
+  LogText _log;
+  bool _append;
+};
+
+/// Echoes finished messages to standard error, or drops them. Keeps none: isLog() stays false.
+/// \threadsafety one thread at a time
+class KYR_EXPORT OutputErrorLog : public ErrorLog {
+ public:
+  /// \param outputMessage whether messages are echoed
+  explicit OutputErrorLog(bool outputMessage);
+  OutputErrorLog(const OutputErrorLog& other);
+  OutputErrorLog& operator=(const OutputErrorLog& other);
+  ~OutputErrorLog() override;
+
+  /// Whether messages are echoed from now on.
+  void setOutputMessage(bool outputMessage) { _outputMessage = outputMessage; }
+
+ protected:
+  void appendLine() override;
+
+ private:
+  bool _outputMessage;
+};
+
+}  // namespace Kyr

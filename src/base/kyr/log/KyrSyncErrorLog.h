@@ -1,0 +1,127 @@
+/// \file
+/// Logs that several threads write.
+#pragma once
+
+#include <kyr/log/KyrErrorLog.h>
+#include <kyr/sync/KyrMutex.h>
+
+#include <atomic>
+
+namespace Kyr {
+
+/// As ErrorLog, under a lock of its own.
+///
+/// Each insertion is one step, a message is not: when two threads build messages in the same log
+/// at the same time, their pieces mix. See to it that one thread at a time builds a message, or
+/// give each thread its own log.
+/// \threadsafety any thread
+class KYR_EXPORT SyncErrorLog {
+ public:
+  /// The same as #END_LOG.
+  static constexpr char endline = END_LOG;
+
+  /// \param append true keeps the newest message last, false first
+  explicit SyncErrorLog(bool append = false);
+  SyncErrorLog(const SyncErrorLog&) = delete;
+  SyncErrorLog& operator=(const SyncErrorLog&) = delete;
+  virtual ~SyncErrorLog();
+
+  /// Empties the text and the message that is being built.
+  void clear();
+  /// The finished messages that were kept.
+  QString getLog() const;
+  /// Whether the text of finished messages has any character.
+  bool isLog() const;
+
+  /// Adds a number in decimal; an unsigned char is one too.
+  SyncErrorLog& operator<<(unsigned char value) { return addUInt64(value); }
+  SyncErrorLog& operator<<(unsigned short value) { return addUInt64(value); }
+  SyncErrorLog& operator<<(unsigned int value) { return addUInt64(value); }
+  SyncErrorLog& operator<<(unsigned long value) { return addUInt64(value); }
+  SyncErrorLog& operator<<(unsigned long long value) { return addUInt64(value); }
+  /// Adds a number in decimal; a signed char and a bool come here as int.
+  SyncErrorLog& operator<<(short value) { return addInt64(value); }
+  SyncErrorLog& operator<<(int value) { return addInt64(value); }
+  SyncErrorLog& operator<<(long value) { return addInt64(value); }
+  SyncErrorLog& operator<<(long long value) { return addInt64(value); }
+  /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
+  SyncErrorLog& operator<<(float value) { return addDouble(double(value)); }
+  SyncErrorLog& operator<<(double value) { return addDouble(value); }
+  /// Adds a Latin-1 character, or ends the message with #END_LOG.
+  SyncErrorLog& operator<<(char value) { return addChar(value); }
+  /// Adds UTF-8 text; null adds nothing.
+  SyncErrorLog& operator<<(const char* text) { return addString(QString::fromUtf8(text)); }
+  SyncErrorLog& operator<<(const QString& text) { return addString(text); }
+  /// Adds an address as "0x" and at least eight hexadecimal digits.
+  SyncErrorLog& operator<<(const void* address) { return addPointer(address); }
+
+ protected:
+  /// Takes the finished message over and empties it; here, adds it to the log text. Runs with
+  /// the lock held: overriding functions neither lock again nor insert into this log.
+  virtual void appendLine() KYR_REQUIRES(_mutex);
+
+  SyncErrorLog& addUInt64(unsigned long long value);
+  SyncErrorLog& addInt64(long long value);
+  SyncErrorLog& addDouble(double value);
+  SyncErrorLog& addChar(char value);
+  SyncErrorLog& addString(const QString& text);
+  SyncErrorLog& addPointer(const void* address);
+
+  /// The message that is being built, or was just finished when appendLine() runs.
+  QString& message() KYR_REQUIRES(_mutex) { return _message; }
+  /// All finished messages that were kept.
+  LogText& logText() KYR_REQUIRES(_mutex) { return _log; }
+  /// Whether the newest message comes last.
+  bool isAppending() const { return _append; }
+
+  mutable Mutex _mutex;  ///< guards the message and the text; not recursive
+
+ private:
+  QString _message KYR_GUARDED_BY(_mutex);
+  LogText _log KYR_GUARDED_BY(_mutex);
+  const bool _append;
+};
+
+/// Echoes finished messages to standard error, or drops them. Keeps none: isLog() stays false.
+/// \threadsafety any thread
+class KYR_EXPORT SyncOutputErrorLog : public SyncErrorLog {
+ public:
+  /// \param outputMessage whether messages are echoed
+  explicit SyncOutputErrorLog(bool outputMessage);
+  ~SyncOutputErrorLog() override;
+
+  /// Whether messages are echoed from now on; does not wait for the lock.
+  void setOutputMessage(bool outputMessage) { _outputMessage = outputMessage; }
+
+ protected:
+  void appendLine() override KYR_REQUIRES(_mutex);
+
+ private:
+  std::atomic<bool> _outputMessage;
+};
+
+/// The log of a whole process: echoes every message to standard error with an empty line behind
+/// it, keeps it with a line feed at its end, and appends it to a file.
+///
+/// The file is opened for each message and the message written in one piece, so the file is
+/// complete whenever the process dies, and several logs and processes may share it. A file that
+/// cannot be opened or written is left alone without a report.
+/// \threadsafety any thread
+class KYR_EXPORT SyncSystemErrorLog : public SyncErrorLog {
+ public:
+  /// \param flag kept for the application; changes nothing here
+  /// \param fileName created when missing; empty for no file
+  SyncSystemErrorLog(bool flag, const QString& fileName);
+  ~SyncSystemErrorLog() override;
+
+  bool flag() const { return _flag; }
+
+ protected:
+  void appendLine() override KYR_REQUIRES(_mutex);
+
+ private:
+  const bool _flag;
+  const QString _fileName;
+};
+
+}  // namespace Kyr

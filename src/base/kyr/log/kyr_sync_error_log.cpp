@@ -1,0 +1,135 @@
+#include <kyr/log/KyrSyncErrorLog.h>
+#include <kyr/log/log_output_p.h>
+
+#include <kyr/os/KyrOS.h>
+
+namespace Kyr {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr unsigned Clear = 31, GetLog = 42, IsLog = 51, AddUInt64 = 60, AddInt64 = 69,
+                   AddDouble = 78, AddChar = 92, AddString = 101, AddPointer = 110;
+constexpr const char* File = "kyr_sync_error_log";
+}  // namespace site
+
+namespace {
+
+/// Holds the lock of a log for one operation, also when memory runs out in it.
+class KYR_SCOPED_CAPABILITY SiteLock {
+ public:
+  SiteLock(Mutex& mutex, const char* function, unsigned line) KYR_ACQUIRE(mutex)
+      : _mutex(mutex), _function(function), _line(line) {
+    mutex.lock();
+  }
+  ~SiteLock() KYR_RELEASE() { _mutex.unlock(_function, site::File, _line); }
+  SiteLock(const SiteLock&) = delete;
+  SiteLock& operator=(const SiteLock&) = delete;
+
+ private:
+  Mutex& _mutex;
+  const char* const _function;
+  const unsigned _line;
+};
+
+void appendToFile(const QString& fileName, const QString& message) {
+  std::ofstream file;
+  OS::openStdStream(file, fileName, OS::OpenAppend, true);
+  if (file.good() || file.rdstate() == std::ios_base::eofbit) {
+    const QByteArray bytes = message.toLocal8Bit();
+    file.write(bytes.constData(), bytes.size());
+    file.close();
+  }
+}
+
+}  // namespace
+
+SyncErrorLog::SyncErrorLog(bool append) : _append(append) {}
+SyncErrorLog::~SyncErrorLog() = default;
+
+void SyncErrorLog::clear() {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::clear", site::Clear);
+  _message.clear();
+  _log.clear();
+}
+
+QString SyncErrorLog::getLog() const {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::getLog", site::GetLog);
+  return _log.text();
+}
+
+bool SyncErrorLog::isLog() const {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::isLog", site::IsLog);
+  return !_log.isEmpty();
+}
+
+void SyncErrorLog::appendLine() {
+  _log.add(_message, _append);
+  _message.clear();
+}
+
+SyncErrorLog& SyncErrorLog::addUInt64(unsigned long long value) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addUInt64", site::AddUInt64);
+  _message += QString::number(value);
+  return *this;
+}
+
+SyncErrorLog& SyncErrorLog::addInt64(long long value) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addInt64", site::AddInt64);
+  _message += QString::number(value);
+  return *this;
+}
+
+SyncErrorLog& SyncErrorLog::addDouble(double value) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addDouble", site::AddDouble);
+  _message += QString::number(value, 'g', 6);
+  return *this;
+}
+
+SyncErrorLog& SyncErrorLog::addChar(char value) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addChar", site::AddChar);
+  if (value == END_LOG) {
+    appendLine();
+  } else {
+    _message += QChar::fromLatin1(value);
+  }
+  return *this;
+}
+
+SyncErrorLog& SyncErrorLog::addString(const QString& text) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addString", site::AddString);
+  _message.append(text.constData(), text.size());  // as ErrorLog does
+  return *this;
+}
+
+SyncErrorLog& SyncErrorLog::addPointer(const void* address) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addPointer", site::AddPointer);
+  _message += LogOutput::addressText(address);
+  return *this;
+}
+
+SyncOutputErrorLog::SyncOutputErrorLog(bool outputMessage)
+    : SyncErrorLog(true), _outputMessage(outputMessage) {}
+SyncOutputErrorLog::~SyncOutputErrorLog() = default;
+
+void SyncOutputErrorLog::appendLine() {
+  if (_outputMessage) {
+    LogOutput::echo(message());
+  }
+  message().clear();
+}
+
+SyncSystemErrorLog::SyncSystemErrorLog(bool flag, const QString& fileName)
+    : SyncErrorLog(true), _flag(flag), _fileName(fileName) {}
+SyncSystemErrorLog::~SyncSystemErrorLog() = default;
+
+void SyncSystemErrorLog::appendLine() {
+  message() += '\n';
+  LogOutput::echo(message());
+  logText().append(message());
+  if (!_fileName.isEmpty()) {
+    appendToFile(_fileName, message());
+  }
+  message().clear();
+}
+
+}  // namespace Kyr
