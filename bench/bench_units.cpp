@@ -1,0 +1,75 @@
+#include "support/Ratios.h"
+
+#include <kyr/units/KyrUnits.h>
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+
+namespace {
+
+using Kyr::Unit;
+
+constexpr std::size_t count = 1024;
+
+/// Lengths of parts, in millimetres, with digits in every place.
+std::array<double, count> lengths() {
+  std::array<double, count> values;
+  for (std::size_t i = 0; i < count; ++i) {
+    values[i] = static_cast<double>(i * 7919 % 100003) * 0.012345 - 300.0;
+  }
+  return values;
+}
+
+template <class Conversion>
+void convertAll(benchmark::State& state, Conversion convert) {
+  const auto values = lengths();
+  for (auto _ : state) {
+    for (const double value : values) {
+      benchmark::DoNotOptimize(convert(value));
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(count));
+}
+
+void Units_toByIdentifier(benchmark::State& state) {
+  const Unit* kind = &Kyr::uLength;
+  benchmark::DoNotOptimize(kind);
+  convertAll(state, [=](double value) { return kind->to(value, Unit::Inch); });
+}
+BENCHMARK(Units_toByIdentifier);
+
+void Units_fromByIdentifier(benchmark::State& state) {
+  const Unit* kind = &Kyr::uLength;
+  benchmark::DoNotOptimize(kind);
+  convertAll(state, [=](double value) { return kind->from(value, Unit::Inch); });
+}
+BENCHMARK(Units_fromByIdentifier);
+
+void Units_bareMultiplyAdd(benchmark::State& state) {
+  double factor = 1.0 / 25.4;
+  double offset = 0.0;
+  benchmark::DoNotOptimize(factor);
+  benchmark::DoNotOptimize(offset);
+  convertAll(state, [=](double value) { return value * factor + offset; });
+}
+BENCHMARK(Units_bareMultiplyAdd);
+
+void Units_toString(benchmark::State& state) {
+  convertAll(state, [](double value) { return Kyr::uLength.toString(value, 3, Unit::Inch); });
+}
+BENCHMARK(Units_toString);
+
+// The same text: inches need two decimals more than millimetres.
+void Units_qtNumber(benchmark::State& state) {
+  convertAll(state, [](double value) { return QString::number(value / 25.4, 'f', 5); });
+}
+BENCHMARK(Units_qtNumber);
+
+const KyrBench::Ratio text("unit text / QString::number", "Units_toString", "Units_qtNumber", 1.0);
+const KyrBench::Ratio to("to unit / bare multiply-add", "Units_toByIdentifier",
+                         "Units_bareMultiplyAdd", 0.0);
+const KyrBench::Ratio from("from unit / bare multiply-add", "Units_fromByIdentifier",
+                           "Units_bareMultiplyAdd", 0.0);
+
+}  // namespace

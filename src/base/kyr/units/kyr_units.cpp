@@ -1,0 +1,378 @@
+#include <kyr/units/KyrUnits.h>
+
+#include <kyr/core/KyrProgError.h>
+
+#include <cstring>
+
+namespace Kyr {
+
+// The registries stand before the kinds in this one file, so that they are built first and
+// destroyed last.
+std::map<const Unit*, QString> Unit::unit_ids;
+std::map<QString, UnitDiff*> UnitDiff::diff_units;
+
+namespace {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr const char* File = "kyr_unit";
+constexpr unsigned Singleton = 601, Copy = 602;
+}  // namespace site
+
+constexpr unsigned defaultDPI = 72;
+
+struct Row {
+  const char* kind;
+  Unit::Units_t unit;
+  const char* name;  // UTF-8
+  double factor;
+  double offset = 0.0;
+};
+
+// The first unit of a kind is its default. Some factors are rounded; values in files rely on
+// them as they are: the mile of 1609.35 m, gravity of 9.81 m/s², the cubic foot of two decimals.
+constexpr Row catalogue[] = {
+    {"LENGTH", Unit::Millimetre, "mm", 1},
+    {"LENGTH", Unit::Micrometre, "µm", 0.001},
+    {"LENGTH", Unit::Metre, "m", 1000},
+    {"LENGTH", Unit::Inch, "in", 25.4},
+    {"LENGTH", Unit::Foot, "ft", 304.8},
+    {"LENGTH", Unit::Mil, "mil", 0.0254},
+
+    {"TEMPERATURE", Unit::Celsius, "°C", 1},
+    {"TEMPERATURE", Unit::Kelvin, "K", 1, 273.15},
+    {"TEMPERATURE", Unit::Reaumur, "°R", 1.25},
+    {"TEMPERATURE", Unit::Fahrenheit, "°F", 5.0 / 9.0, 32},
+
+    {"ANGLE", Unit::Degree, "deg", 3.14159265358979323846 / 180.0},
+
+    {"TIME", Unit::Second, "s", 1},
+    {"TIME", Unit::Millisecond, "ms", 0.001},
+    {"TIME", Unit::Minute, "min", 60},
+    {"TIME", Unit::Hour, "h", 3600},
+
+    {"STRAIN", Unit::StrainPercent, "%", 1},
+    {"STRAIN", Unit::StrainPermille, "‰", 0.1},
+    {"STRAIN", Unit::MicrometrePerMetre, "µm/m", 0.0001},
+
+    {"PRESSURE", Unit::Megapascal, "MPa", 1},
+    {"PRESSURE", Unit::Bar, "bar", 0.1},
+
+    {"SHUTTER", Unit::Second, "s", 1},
+    {"SHUTTER", Unit::Millisecond, "ms", 0.001},
+    {"SHUTTER", Unit::Microsecond, "µs", 1e-6},
+
+    {"FIGURE", Unit::Millimetre, "mm", 1},
+    {"FIGURE", Unit::Inch, "in", 25.4},
+    {"FIGURE", Unit::Pixel, "pixel", 25.4 / defaultDPI},
+
+    {"VELOCITY", Unit::MillimetrePerSecond, "mm/s", 1},
+    {"VELOCITY", Unit::MicrometrePerSecond, "µm/s", 0.001},
+    {"VELOCITY", Unit::MetrePerSecond, "m/s", 1000},
+    {"VELOCITY", Unit::FootPerSecond, "ft/s", 304.8},
+    {"VELOCITY", Unit::FootPerMinute, "ft/min", 5.08},
+    {"VELOCITY", Unit::KilometrePerHour, "km/h", 1000000.0 / 3600.0},
+    {"VELOCITY", Unit::MilePerHour, "mile/h", 447.04166666666663},
+
+    {"ACCELERATION", Unit::MillimetrePerSquareSecond, "mm/s²", 1},
+    {"ACCELERATION", Unit::MicrometrePerSquareSecond, "µm/s²", 0.001},
+    {"ACCELERATION", Unit::MetrePerSquareSecond, "m/s²", 1000},
+    {"ACCELERATION", Unit::FootPerSquareSecond, "ft/s²", 304.8},
+    {"ACCELERATION", Unit::StandardGravity, "g", 9810},
+
+    {"STRAIN_VELOCITY", Unit::PercentPerSecond, "%/s", 1},
+    {"STRAIN_VELOCITY", Unit::PercentPerMillisecond, "%/ms", 1000},
+    {"STRAIN_VELOCITY", Unit::PercentPerMinute, "%/min", 1.0 / 60.0},
+    {"STRAIN_VELOCITY", Unit::PercentPerHour, "%/h", 1.0 / 3600.0},
+
+    {"STRAIN_ACCELERATION", Unit::PercentPerSquareSecond, "%/s²", 1},
+    {"STRAIN_ACCELERATION", Unit::PercentPerSquareMillisecond, "%/ms²", 1000000},
+
+    {"AREA", Unit::SquareMillimetre, "mm²", 1},
+    {"AREA", Unit::SquareMicrometre, "µm²", 1e-6},
+    {"AREA", Unit::SquareMetre, "m²", 1000000},
+    {"AREA", Unit::SquareInch, "in²", 645.16},
+    {"AREA", Unit::SquareFoot, "ft²", 92903.04},
+    {"AREA", Unit::SquareMil, "mil²", 0.00064516},
+
+    {"VOLUME", Unit::CubicMillimetre, "mm³", 1},
+    {"VOLUME", Unit::CubicMicrometre, "µm³", 1e-9},
+    {"VOLUME", Unit::CubicMetre, "m³", 1e9},
+    {"VOLUME", Unit::Litre, "l", 1000000},
+    {"VOLUME", Unit::CubicInch, "in³", 16387.064},
+    {"VOLUME", Unit::CubicFoot, "ft³", 28316846.59},
+
+    {"FRACTION", Unit::FractionPercent, "%", 0.01},
+    {"FRACTION", Unit::FractionPermille, "‰", 0.001},
+
+    {"CURVATURE", Unit::PerMillimetre, "/ mm", 1},
+    {"CURVATURE", Unit::PerMicrometre, "/ µm", 1000},
+    {"CURVATURE", Unit::PerMetre, "/ m", 0.001},
+    {"CURVATURE", Unit::PerInch, "/ in", 1.0 / 25.4},
+    {"CURVATURE", Unit::PerFoot, "/ ft", 1.0 / 304.8},
+    {"CURVATURE", Unit::PerMil, "/ mil", 1.0 / 0.0254},
+
+    {"ANGLE_VELOCITY", Unit::DegreePerSecond, "deg/s", 1},
+    {"ANGLE_VELOCITY", Unit::DegreePerMinute, "deg/min", 1.0 / 60.0},
+    {"ANGLE_VELOCITY", Unit::DegreePerHour, "deg/h", 1.0 / 3600.0},
+
+    {"ANGLE_ACCELERATION", Unit::DegreePerSquareSecond, "deg/s²", 1},
+};
+
+[[noreturn]] void refuseCopy(const char* constructor) {
+  throw ProgError(constructor, site::File, site::Copy, "Do not copy this");
+}
+
+/// Deletes the difference units that nobody cleared, before the kinds go that they stem from.
+struct ClearAtUnloading {
+  ~ClearAtUnloading() { UnitDiff::clearUnits(); }
+};
+
+}  // namespace
+
+void UnitLinear::buildSingleton(const Unit* singleton, const char* constructor,
+                                const char* refusal) {
+  if (this != singleton) {
+    throw ProgError(constructor, site::File, site::Singleton, refusal);
+  }
+  const QByteArray kind = getID(this).toLatin1();
+  const Row* first = nullptr;
+  for (const Row& row : catalogue) {
+    if (kind == row.kind) {
+      addUnit(row.unit, QString::fromUtf8(row.name), row.factor, row.offset);
+      first = first ? first : &row;
+    }
+  }
+  setDefault(first->unit);
+}
+
+UnitLength::UnitLength() : UnitLinear("LENGTH") {
+  buildSingleton(&uLength, "Kyr::UnitLength::UnitLength", "Do not instanciate, use uLength!");
+}
+UnitLength::UnitLength(const UnitLength& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitLength::UnitLength");
+}
+UnitLength::~UnitLength() = default;
+
+UnitTemp::UnitTemp() : UnitLinear("TEMPERATURE") {
+  buildSingleton(&uTemp, "Kyr::UnitTemp::UnitTemp", "Do not instanciate, use uTemp!");
+}
+UnitTemp::UnitTemp(const UnitTemp& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitTemp::UnitTemp");
+}
+UnitTemp::~UnitTemp() = default;
+
+UnitAngle::UnitAngle() : UnitLinear("ANGLE") {
+  buildSingleton(&uAngle, "Kyr::UnitAngle::UnitAngle", "Do not instanciate, use uAngle!");
+}
+UnitAngle::UnitAngle(const UnitAngle& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitAngle::UnitAngle");
+}
+UnitAngle::~UnitAngle() = default;
+
+UnitTime::UnitTime() : UnitLinear("TIME") {
+  buildSingleton(&uTime, "Kyr::UnitTime::UnitTime", "Do not instanciate, use uTime!");
+}
+UnitTime::UnitTime(const UnitTime& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitTime::UnitTime");
+}
+UnitTime::~UnitTime() = default;
+
+UnitStrain::UnitStrain() : UnitLinear("STRAIN") {
+  buildSingleton(&uStrain, "Kyr::UnitStrain::UnitStrain", "Do not instanciate, use uStrain!");
+}
+UnitStrain::UnitStrain(const UnitStrain& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitStrain::UnitStrain");
+}
+UnitStrain::~UnitStrain() = default;
+
+UnitPress::UnitPress() : UnitLinear("PRESSURE") {
+  buildSingleton(&uPress, "Kyr::UnitPress::UnitPress", "Do not instanciate, use uPress!");
+}
+UnitPress::UnitPress(const UnitPress& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitPress::UnitPress");
+}
+UnitPress::~UnitPress() = default;
+
+UnitShutter::UnitShutter() : UnitLinear("SHUTTER") {
+  buildSingleton(&uShutter, "Kyr::UnitShutter::UnitShutter", "Do not instanciate, use uShutter!");
+}
+UnitShutter::UnitShutter(const UnitShutter& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitShutter::UnitShutter");
+}
+UnitShutter::~UnitShutter() = default;
+
+UnitFigure::UnitFigure() : UnitLinear("FIGURE"), _dpi(defaultDPI) {
+  buildSingleton(&uFigure, "Kyr::UnitFigure::UnitFigure", "Do not instanciate, use uFigure!");
+}
+UnitFigure::UnitFigure(const UnitFigure& /*other*/) : UnitLinear(QString()), _dpi(0) {
+  refuseCopy("Kyr::UnitFigure::UnitFigure");
+}
+UnitFigure::~UnitFigure() = default;
+
+UnitVelocity::UnitVelocity() : UnitLinear("VELOCITY") {
+  buildSingleton(&uVelocity, "Kyr::UnitVelocity::UnitVelocity",
+                 "Do not instanciate, use uVelocity!");
+}
+UnitVelocity::UnitVelocity(const UnitVelocity& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitVelocity::UnitVelocity");
+}
+UnitVelocity::~UnitVelocity() = default;
+
+UnitAcceleration::UnitAcceleration() : UnitLinear("ACCELERATION") {
+  buildSingleton(&uAccel, "Kyr::UnitAcceleration::UnitAcceleration",
+                 "Do not instanciate, use uAccel!");
+}
+UnitAcceleration::UnitAcceleration(const UnitAcceleration& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitAcceleration::UnitAcceleration");
+}
+UnitAcceleration::~UnitAcceleration() = default;
+
+UnitStrainVelocity::UnitStrainVelocity() : UnitLinear("STRAIN_VELOCITY") {
+  buildSingleton(&uStrainVelocity, "Kyr::UnitStrainVelocity::UnitStrainVelocity",
+                 "Do not instanciate, use uStrainVelocity!");
+}
+UnitStrainVelocity::UnitStrainVelocity(const UnitStrainVelocity& /*other*/)
+    : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitStrainVelocity::UnitStrainVelocity");
+}
+UnitStrainVelocity::~UnitStrainVelocity() = default;
+
+UnitStrainAcceleration::UnitStrainAcceleration() : UnitLinear("STRAIN_ACCELERATION") {
+  buildSingleton(&uStrainAccel, "Kyr::UnitStrainAcceleration::UnitStrainAcceleration",
+                 "Do not instanciate, use uStrainAccel!");
+}
+UnitStrainAcceleration::UnitStrainAcceleration(const UnitStrainAcceleration& /*other*/)
+    : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitStrainAcceleration::UnitStrainAcceleration");
+}
+UnitStrainAcceleration::~UnitStrainAcceleration() = default;
+
+UnitArea::UnitArea() : UnitLinear("AREA") {
+  buildSingleton(&uArea, "Kyr::UnitArea::UnitArea", "Do not instanciate, use uArea!");
+}
+UnitArea::UnitArea(const UnitArea& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitArea::UnitArea");
+}
+UnitArea::~UnitArea() = default;
+
+UnitVolume::UnitVolume() : UnitLinear("VOLUME") {
+  buildSingleton(&uVolume, "Kyr::UnitVolume::UnitVolume", "Do not instanciate, use uVolume!");
+}
+UnitVolume::UnitVolume(const UnitVolume& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitVolume::UnitVolume");
+}
+UnitVolume::~UnitVolume() = default;
+
+UnitFraction::UnitFraction() : UnitLinear("FRACTION") {
+  buildSingleton(&uFraction, "Kyr::UnitFraction::UnitFraction",
+                 "Do not instanciate, use uFraction!");
+}
+UnitFraction::UnitFraction(const UnitFraction& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitFraction::UnitFraction");
+}
+UnitFraction::~UnitFraction() = default;
+
+UnitCurvature::UnitCurvature() : UnitLinear("CURVATURE") {
+  buildSingleton(&uCurvature, "Kyr::UnitCurvature::UnitCurvature",
+                 "Do not instanciate, use uCurvature!");
+}
+UnitCurvature::UnitCurvature(const UnitCurvature& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitCurvature::UnitCurvature");
+}
+UnitCurvature::~UnitCurvature() = default;
+
+UnitAngleVelocity::UnitAngleVelocity() : UnitLinear("ANGLE_VELOCITY") {
+  buildSingleton(&uAngleVelocity, "Kyr::UnitAngleVelocity::UnitAngleVelocity",
+                 "Do not instanciate, use uAngleVelocity!");
+}
+UnitAngleVelocity::UnitAngleVelocity(const UnitAngleVelocity& /*other*/) : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitAngleVelocity::UnitAngleVelocity");
+}
+UnitAngleVelocity::~UnitAngleVelocity() = default;
+
+UnitAngleAcceleration::UnitAngleAcceleration() : UnitLinear("ANGLE_ACCELERATION") {
+  buildSingleton(&uAngleAccel, "Kyr::UnitAngleAcceleration::UnitAngleAcceleration",
+                 "Do not instanciate, use uAngleAccel!");
+}
+UnitAngleAcceleration::UnitAngleAcceleration(const UnitAngleAcceleration& /*other*/)
+    : UnitLinear(QString()) {
+  refuseCopy("Kyr::UnitAngleAcceleration::UnitAngleAcceleration");
+}
+UnitAngleAcceleration::~UnitAngleAcceleration() = default;
+
+void UnitFigure::setDPI(unsigned dpi) {
+  _dpi = dpi;
+  setFactor(Pixel, 25.4 / dpi);
+}
+
+UnitLength uLength;
+UnitTemp uTemp;
+UnitAngle uAngle;
+UnitTime uTime;
+UnitStrain uStrain;
+UnitPress uPress;
+UnitShutter uShutter;
+UnitFigure uFigure;
+UnitVelocity uVelocity;
+UnitAcceleration uAccel;
+UnitStrainVelocity uStrainVelocity;
+UnitStrainAcceleration uStrainAccel;
+UnitArea uArea;
+UnitVolume uVolume;
+UnitFraction uFraction;
+UnitCurvature uCurvature;
+UnitAngleVelocity uAngleVelocity;
+UnitAngleAcceleration uAngleAccel;
+
+namespace {
+const ClearAtUnloading clearAtUnloading;
+
+using Kinds = std::vector<Unit*>;
+
+void add(Kinds& kinds, std::initializer_list<Unit*> more) {
+  kinds.insert(kinds.end(), more);
+}
+
+void addStrainAndMotion(Kinds& kinds) {
+  add(kinds, {&uStrain, &uVelocity, &uStrainVelocity, &uAngleVelocity, &uAccel, &uStrainAccel,
+              &uAngleAccel});
+}
+
+void addShape(Kinds& kinds) {
+  add(kinds, {&uVolume, &uCurvature});
+}
+
+void addSpecial(Kinds& kinds, Application_t app) {
+  switch (app) {
+    case ApplicationSheetForming:
+    case ApplicationMotion:
+    case ApplicationDeformation:
+    case ApplicationMaterialTest:
+      addStrainAndMotion(kinds);
+      break;
+    case ApplicationTestRig:
+    case ApplicationLargeStructure:
+    case ApplicationProduction:
+      addStrainAndMotion(kinds);
+      addShape(kinds);
+      break;
+    case ApplicationInspection:
+    case ApplicationSensor:
+      addShape(kinds);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+std::vector<Unit*> Unit::getAvailableUnitsForApplication(Application_t app) {
+  Kinds kinds{&uLength, &uTime, &uTemp, &uFigure, &uShutter, &uArea};
+  addSpecial(kinds, app);
+  kinds.push_back(&uAngle);
+  return kinds;
+}
+
+}  // namespace Kyr
