@@ -1,0 +1,135 @@
+/// \file
+/// The reader of the suite's keyed text files.
+#pragma once
+
+#include <kyr/core/KyrException.h>
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/text/KyrTextCodec.h>
+
+#include <QString>
+
+#include <cstdio>
+#include <memory>
+
+namespace Kyr::FileParse {
+
+/// Reads a keyed text file line by line and a line value by value.
+///
+/// A data line is a key, blanks and values. Empty lines and lines that begin with `#` are passed
+/// over, a backslash at the end of a line joins it with the next. The keyed operations (getLine
+/// to getStringLine) move to the next data line, the value operations (nextInt to skipChars)
+/// consume that line, the current line, from its front. The format: docs/formats/keyed-text.md.
+///
+/// Failures carry no message. Who reports them to people builds the message from the file's
+/// name, which the reader does not know, getPhysicalLineNumber() and getDataLine().
+///
+/// Copies read from the same stream, each with its own current line.
+/// \threadsafety one thread at a time; the stream as well
+class KYR_EXPORT File {
+ public:
+  /// Takes the codec from a marker in the line at the stream's position, which is then consumed
+  /// without being counted. Without a marker the stream moves to its start; where it cannot move
+  /// (a pipe), the line is kept for the first read.
+  /// \param stream open for reading, closed by the caller after the last use of the reader and
+  ///     its copies; null is read as an empty stream
+  explicit File(std::FILE* stream);
+  /// \param codec for files without a marker
+  File(std::FILE* stream, TextCodec_t codec);
+  File(const File& other);
+  File& operator=(const File& other);
+  ~File();
+
+  /// The line feeds of the whole stream, without one in its very first byte. So a last line
+  /// without line feed is not counted. The position stays as it is.
+  /// \return 0 for a stream that cannot move; nothing of it is consumed
+  int getNumberOfLines() const;
+
+  /// Reads of lines so far by the keyed operations: physical lines, of which one of more than
+  /// 4095 bytes counts several times, and the attempt at the end of the stream. Neither the marker
+  /// line nor lines of getStringFromBlankLine() count. Stays at the largest int.
+  int getLineNumber() const;
+
+  /// The line of the file, counted from 1 as an editor counts, in which the line read last
+  /// begins; at the end of the stream the number behind the last line. For messages.
+  /// \return 0 before the first read
+  qint64 getPhysicalLineNumber() const;
+
+  /// The data line read last, whole, with its key and its continuations, tabs as blanks; also
+  /// one that was refused for its key or cut off by the end of the stream. Empty at the end of
+  /// the stream. For messages.
+  QString getDataLine() const;
+
+  /// The rest of the current line that no operation has consumed.
+  /// Costs its length after each change; loops over all values of a line ask atEndOfLine().
+  /// \return a text that stays until the next call of this operation
+  const QString& getCurrentLine() const;
+  /// The same as getCurrentLine().
+  const QString& getNextChar();
+  /// Whether nothing of the current line is left, at constant cost.
+  bool atEndOfLine() const;
+
+  /// Moves to the next data line, which must begin with \a key; its values follow.
+  /// A data line with another key is consumed all the same, and the current line then stays.
+  /// A line that is continued at the end of the stream is dropped, without a failure.
+  /// \param key Latin-1, compared with the start of the line only (`POINT` accepts `POINTS 5`);
+  ///     an empty key accepts any data line
+  /// \throws EndOfFile when there is no further data line or it has another key
+  /// \throws Error when more than 2^29 characters are joined to one line
+  void getLine(const char* key);
+
+  /// getLine() and then nextInt().
+  /// \throws EndOfFile, Error as these two
+  void getInt(const char* key, int& value);
+  void getInt(const char* key, unsigned int& value);
+  void getInt(const char* key, bool& value);
+  void getInt(const char* key, char& value);
+  void getInt(const char* key, unsigned char& value);
+  /// getLine() and then nextDouble().
+  /// \throws EndOfFile, Error as these two
+  void getDouble(const char* key, double& value);
+  /// getLine() and then nextString().
+  /// \throws EndOfFile, Error as these two
+  void getString(const char* key, QString& value);
+  /// getLine() and then the whole rest of the line, which may be empty.
+  /// \throws EndOfFile, Error as getLine()
+  void getStringLine(const char* key, QString& value);
+
+  /// Takes a decimal integer and the blanks behind it. White space may precede it; what follows
+  /// its digits directly begins the next value.
+  /// \param value gets a number of -2147483648 to 2147483647 as it converts: `unsigned int`
+  ///     keeps its bits, `char` the low eight, `bool` whether it is not 0; stays on failure
+  /// \throws Error at the end of the line, without a number or outside that range
+  void nextInt(int& value);
+  void nextInt(unsigned int& value);
+  void nextInt(bool& value);
+  void nextInt(char& value);
+  void nextInt(unsigned char& value);
+  /// Takes a number in the forms of the C library's strtod, with a decimal point in every locale,
+  /// and the blanks behind it.
+  /// \throws Error at the end of the line or without a number
+  void nextDouble(double& value);
+  /// Takes the characters up to the next blank and the blanks behind them; an empty text when
+  /// the current line begins with a blank. Uses the memory that \a value has.
+  /// \throws Error at the end of the line
+  void nextString(QString& value);
+  /// Takes a pair `name="value"`; the value has no escapes and so no double quotes. What follows
+  /// the closing quote, blanks included, stays.
+  /// \param name Latin-1; white space may precede it, none may follow
+  /// \throws Error at the end of the line or for any other form; nothing is consumed then
+  void nextStringValue(const char* name, QString& value);
+  /// Drops characters (UTF-16 units) from the front of the current line.
+  /// \throws Error when fewer are left; nothing is consumed then
+  void skipChars(unsigned int count);
+
+  /// Takes the next line of the stream as it stands, without its line feed, past keys, comments
+  /// and continuations. The current line stays.
+  /// \return at most 4095 bytes, decoded; of a longer line the next call gives more
+  /// \throws EndOfFile at the end of the stream
+  QString getStringFromBlankLine();
+
+ private:
+  struct State;
+  std::unique_ptr<State> _state;
+};
+
+}  // namespace Kyr::FileParse
