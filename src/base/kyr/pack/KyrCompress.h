@@ -1,0 +1,101 @@
+/// \file
+/// Deflate and inflate of whole buffers in memory.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/core/KyrStructVector.h>
+
+#include <cstddef>
+#include <memory>
+
+namespace Kyr {
+
+class DeflateEngine;
+class InflateEngine;
+
+/// Compresses what it is given piece by piece into a byte vector, at zlib's fastest level.
+///
+/// The vector is the caller's. It holds the complete compressed stream after flush(); until then
+/// it holds whole pieces of 256 KiB, and what lies behind its size belongs to this object, so
+/// leave it alone. Formats: zlib is RFC 1950, gzip is RFC 1952.
+/// \threadsafety one thread at a time
+class KYR_EXPORT Compress {
+ public:
+  /// The wrapper around the compressed data; any value but 0 means gzip.
+  enum Format : int { ZlibFormat = 0, GzipFormat = 1 };
+
+  /// Compresses in zlib format.
+  /// \param out is emptied and gives its memory back; must outlive this object
+  /// \throws std::bad_alloc
+  explicit Compress(StructVector<unsigned char>* out);
+  /// Compresses in the given format; otherwise as above.
+  Compress(Format format, StructVector<unsigned char>* out);
+  /// Finishes the stream as flush() does, unless that was done or an earlier call failed.
+  /// A failure stays unnoticed here; call flush() to learn of it.
+  ~Compress();
+  Compress(const Compress&) = delete;
+  Compress& operator=(const Compress&) = delete;
+
+  /// Compresses \a length bytes; a length of 0 finishes the stream, as flush().
+  /// \throws std::bad_alloc when memory is short, when the stream is finished already, and
+  ///         after an earlier failure; the vector keeps what was in it
+  void write(const void* data, unsigned int length);
+
+  /// Finishes the stream; further calls do nothing.
+  /// \throws std::bad_alloc when memory is short, and after an earlier failure
+  void flush();
+
+ private:
+  enum State { Open, Finished, Failed };
+  void deflateInput(const void* data, unsigned length, bool finish);
+  void provideRoom();
+  void commit();
+
+  StructVector<unsigned char>* _out;
+  std::unique_ptr<DeflateEngine> _engine;
+  State _state = Open;
+};
+
+/// Decompresses a byte vector, into buffers of the caller's or into another vector.
+///
+/// Reads straight from the vector's memory: it must stay unchanged as long as this object lives.
+/// What follows the end of the compressed stream is ignored.
+/// \threadsafety one thread at a time
+class KYR_EXPORT Decompress {
+ public:
+  /// The wrapper around the compressed data; any value but 0 means gzip.
+  enum Format : int { ZlibFormat = 0, GzipFormat = 1 };
+
+  /// Decompresses zlib format.
+  /// \throws std::bad_alloc
+  explicit Decompress(const StructVector<unsigned char>& in);
+  /// Decompresses the given format, and only that.
+  Decompress(Format format, const StructVector<unsigned char>& in);
+  ~Decompress();
+  Decompress(const Decompress&) = delete;
+  Decompress& operator=(const Decompress&) = delete;
+
+  /// Fills a buffer with the next bytes.
+  ///
+  /// The checksum stands behind the last byte: only a read that goes beyond the data, or
+  /// read(StructVector*), finds it wrong.
+  /// \return whether the buffer is full; false for damaged data and when less was left, how
+  ///         much of the buffer was filled is then unknown
+  bool read(void* buffer, unsigned int length);
+
+  /// Appends all that is left to a vector.
+  /// \param out not the vector that is read from
+  /// \return whether the end of the stream was reached and its checksum fits; when false, what
+  ///         could be decompressed has been appended
+  /// \throws std::bad_alloc when the vector cannot grow; it keeps what was appended
+  bool read(StructVector<unsigned char>* out);
+
+ private:
+  bool inflateInto(void* room, unsigned length, unsigned* produced, bool* ended);
+
+  const unsigned char* _rest;
+  std::size_t _restSize;
+  std::unique_ptr<InflateEngine> _engine;
+};
+
+}  // namespace Kyr

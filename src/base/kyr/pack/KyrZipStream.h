@@ -1,0 +1,299 @@
+/// \file
+/// Standard streams that compress what is written to a file and decompress what is read.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <cstring>
+#include <fstream>
+#include <istream>
+#include <memory>
+#include <ostream>
+#include <streambuf>
+#include <vector>
+
+namespace Kyr {
+
+class DeflateEngine;
+class InflateEngine;
+class ZipBlockReader;
+class ZipInStreamBuffer;
+
+/// The buffer behind ZipOutStream; an application needs it only under a stream of its own.
+///
+/// Compresses in pieces of 8192 bytes, whatever the sizes of the writes: the same bytes give the
+/// same file. After a failure everything that is written fails. Not copyable.
+/// \threadsafety one thread at a time
+class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
+ public:
+  /// Creates or empties a file and writes the header. A failure shows in isOpen().
+  /// \param fileVersion the version of the caller's own format, for the header
+  /// \throws std::bad_alloc
+  ZipOutStreamBuffer(const QString& fileName, unsigned fileVersion);
+  /// Writes the header to a stream of the caller's.
+  /// \param target must outlive this object; null is a failure
+  /// \throws std::bad_alloc
+  ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion);
+  /// Closes; a failure stays unnoticed.
+  ~ZipOutStreamBuffer() override;
+  ZipOutStreamBuffer(const ZipOutStreamBuffer&) = delete;
+  ZipOutStreamBuffer& operator=(const ZipOutStreamBuffer&) = delete;
+
+  /// Whether there is a target and nothing has failed yet.
+  bool isOpen() const;
+
+  /// Finishes the compressed stream, and closes the file or flushes the caller's stream.
+  /// \return whether the target took everything, from the header on; the same when called again
+  bool close();
+
+ protected:
+  int_type overflow(int_type character) override;
+  /// Compresses what is waiting. The end of it may stay within deflate: only close() completes.
+  int sync() override;
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override;
+
+ private:
+  friend class ZipOutStream;
+  void start(unsigned fileVersion);
+  bool compress(const char* bytes, unsigned length, bool finish);
+  bool compressPutArea(bool finish);
+  bool finish();
+  bool send(const char* bytes, std::size_t count);
+  bool sendBlock(unsigned length, bool withEndMark);
+  bool settleTarget();
+  void provideRoom();
+  void release();
+  bool hasRoom(std::streamsize count) const { return count <= epptr() - pptr(); }
+  void store(const char* bytes, std::streamsize count);
+
+  std::unique_ptr<std::ofstream> _file;
+  std::ostream* _target = nullptr;
+  std::unique_ptr<char[]> _putArea;
+  std::unique_ptr<char[]> _block;
+  std::unique_ptr<DeflateEngine> _engine;
+  bool _failed = true;
+};
+
+/// An output stream whose bytes land compressed in a zip stream file.
+///
+/// Write to it as to any stream, then call close() and look at the state: data is still on its
+/// way until then, and a full disk may show only there.
+/// The file's format is described in docs/formats/zip-stream.md.
+/// \threadsafety one thread at a time
+class KYR_EXPORT ZipOutStream : public std::ostream {
+ public:
+  /// Creates or empties a file and writes the header; the state is bad when that failed.
+  /// \param fileVersion the version of the caller's own format: readers refuse files that are
+  ///        newer than they know
+  /// \throws std::bad_alloc
+  ZipOutStream(const QString& fileName, unsigned fileVersion);
+  /// Writes into a stream of the caller's, from its present position on.
+  /// \param target binary; must outlive this object
+  /// \throws std::bad_alloc
+  ZipOutStream(std::ostream* target, unsigned fileVersion);
+  /// Closes, if that was not done; a failure stays unnoticed.
+  ~ZipOutStream() override;
+  ZipOutStream(const ZipOutStream&) = delete;
+  ZipOutStream& operator=(const ZipOutStream&) = delete;
+
+  /// As std::ostream::write(), only faster for small records.
+  ZipOutStream& write(const char* bytes, std::streamsize count);
+
+  /// Completes the file: badbit is set unless the target took everything. Whatever is written
+  /// later fails.
+  void close();
+
+ private:
+  void start();
+
+  const std::unique_ptr<ZipOutStreamBuffer> _buffer;
+};
+
+inline void ZipOutStreamBuffer::store(const char* bytes, std::streamsize count) {
+  std::memcpy(pptr(), bytes, static_cast<std::size_t>(count));
+  pbump(static_cast<int>(count));
+}
+
+inline ZipOutStream& ZipOutStream::write(const char* bytes, std::streamsize count) {
+  const bool plain = good() && !tie() && !(flags() & unitbuf) && rdbuf() == _buffer.get();
+  if (plain && count > 0 && _buffer->hasRoom(count)) {
+    _buffer->store(bytes, count);
+  } else {
+    std::ostream::write(bytes, count);
+  }
+  return *this;
+}
+
+/// What the header of a zip stream says; not to be trusted.
+struct ZipHeaderInfo {
+  unsigned fileVersion = 0;  ///< the version of the application's own format
+  unsigned time = 0;         ///< time of writing, seconds since 1970-01-01 00:00 UTC
+  unsigned headerSize = 0;   ///< in bytes
+  QString libraryVersion;    ///< of the library that wrote it; any text of up to 32 characters
+};
+
+/// How far a reader has come.
+struct ZipStatistics {
+  std::uint64_t blocks = 0;           ///< whole blocks that were read
+  std::uint64_t compressedBytes = 0;  ///< bytes within blocks
+  std::uint64_t plainBytes = 0;       ///< bytes that came out of them
+  /// Bytes of the stream that were used, header included; in a damaged stream the place of the
+  /// damage, in one that was cut short the place where it ends.
+  std::uint64_t offset = 0;
+};
+
+/// An input stream that gives back what was written into a zip stream file.
+///
+/// A plain end sets eofbit. When the file is cut short or damaged, everything before the damage
+/// is delivered, then badbit is set as well: `while (in.read(...))` followed by `in.bad()` tells
+/// the two apart, and getState() says which it was. Damage that changes data without breaking
+/// the compression shows only at the end, in the checksum. With a bad header nothing is read:
+/// badbit and eofbit are set from the start.
+/// \threadsafety one thread at a time
+class KYR_EXPORT ZipInStream : public std::istream {
+ public:
+  /// What is wrong with the header.
+  enum HeaderError_t {
+    HeaderGood = 0,
+    HeaderUnreadable = 1,  ///< no file, no permission, or shorter than a header
+    HeaderInvalid = 2,     ///< no zip stream, or one that went through a text-mode transfer
+    HeaderFromNewer = 3,   ///< written by an application newer than this one
+  };
+  /// How the stream's content stands; all but StreamOpen are final.
+  enum State_t {
+    StreamOpen = 0,      ///< no end seen so far; reading on leads to one of the others
+    StreamComplete = 1,  ///< everything was read, and the checksum fits
+    StreamCutShort = 2,  ///< the source ended before the stream
+    StreamDamaged = 3,   ///< bytes that no writer writes, a wrong checksum included
+    StreamRefused = 4,   ///< nothing was read because of the header
+  };
+
+  /// Opens a file and checks its header.
+  /// \param newestVersion the newest version of the caller's own format that it can read
+  /// \throws std::bad_alloc
+  ZipInStream(const QString& fileName, unsigned newestVersion);
+  /// Reads from a stream of the caller's, from its present position to the end mark.
+  /// \param source binary; must outlive this object
+  /// \throws std::bad_alloc
+  ZipInStream(std::istream* source, unsigned newestVersion);
+  ~ZipInStream() override;
+  ZipInStream(const ZipInStream&) = delete;
+  ZipInStream& operator=(const ZipInStream&) = delete;
+
+  /// As std::istream::read(), only faster for small records.
+  ZipInStream& read(char* room, std::streamsize count);
+
+  HeaderError_t getHeaderError() const;
+  /// The error for people, translated; empty for a good header.
+  QString getHeaderErrorText() const;
+  /// The header's fields; all zero when the error is HeaderUnreadable or HeaderInvalid.
+  ZipHeaderInfo getHeaderInfo() const;
+  State_t getState() const;
+  ZipStatistics getStatistics() const;
+
+  /// Whether bytes from the start of a file look like a zip stream, the older form included.
+  /// \param bytes at least 52 for a certain answer; more make it stricter
+  static bool isZipStream(const std::vector<char>& bytes);
+
+  /// Decompresses the beginning of a stream, so that an application can look at the header of
+  /// its own format before it opens the file.
+  /// \param in bytes from the start of a file: the zip header and any part of what follows it
+  /// \param out gets the plain bytes that these hold, in place of its contents
+  /// \return whether the zip header is good, of whatever version, and no damage was met; that
+  ///         \a in ends before the stream does is no damage
+  /// \throws std::bad_alloc
+  static bool decompressHeader(const std::vector<char>& in, std::vector<char>& out);
+
+ private:
+  void start();
+
+  /// Sets what gcount() gives. Only where the standard library keeps it within reach; elsewhere
+  /// read() takes no short cut.
+  template <class Stream>
+  static auto setCount(Stream& stream, std::streamsize count, int)
+      -> decltype(stream._M_gcount = count, bool()) {
+    stream._M_gcount = count;
+    return true;
+  }
+  template <class Stream>
+  static bool setCount(Stream&, std::streamsize, long) {
+    return false;
+  }
+
+  const std::unique_ptr<ZipInStreamBuffer> _buffer;
+};
+
+/// The buffer behind ZipInStream; an application needs it only under a stream of its own, and
+/// then learns of damage from state(), since reading just ends there. Not copyable.
+/// \threadsafety one thread at a time
+class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
+ public:
+  /// The parameters are those of ZipInStream.
+  /// \throws std::bad_alloc
+  ZipInStreamBuffer(const QString& fileName, unsigned newestVersion);
+  ZipInStreamBuffer(std::istream* source, unsigned newestVersion);
+  ~ZipInStreamBuffer() override;
+  ZipInStreamBuffer(const ZipInStreamBuffer&) = delete;
+  ZipInStreamBuffer& operator=(const ZipInStreamBuffer&) = delete;
+
+  // See the functions of ZipInStream.
+  ZipInStream::HeaderError_t headerError() const { return _headerError; }
+  const QString& headerErrorText() const { return _headerErrorText; }
+  const ZipHeaderInfo& headerInfo() const { return _headerInfo; }
+  ZipInStream::State_t state() const { return _state; }
+  ZipStatistics statistics() const;
+
+ protected:
+  int_type underflow() override;
+  std::streamsize xsgetn(char* room, std::streamsize count) override;
+
+ private:
+  friend class ZipInStream;
+  void start(unsigned newestVersion);
+  void readHeader(unsigned newestVersion);
+  void refuse(ZipInStream::HeaderError_t error, const QString& text);
+  std::size_t inflateInto(char* room, std::size_t length);
+  void inflateOnce();
+  void provideInput();
+  void judgeEnd();
+  bool fillGetArea();
+  bool holds(std::streamsize count) const { return count <= egptr() - gptr(); }
+  void fetch(char* room, std::streamsize count);
+  void reportEnd();
+
+  std::unique_ptr<std::ifstream> _file;
+  std::istream* _source = nullptr;
+  std::ios* _reader = nullptr;
+  std::unique_ptr<char[]> _getArea;
+  std::unique_ptr<ZipBlockReader> _blocks;
+  std::unique_ptr<InflateEngine> _engine;
+  ZipInStream::HeaderError_t _headerError = ZipInStream::HeaderGood;
+  QString _headerErrorText;
+  ZipHeaderInfo _headerInfo;
+  ZipInStream::State_t _state = ZipInStream::StreamOpen;
+  std::uint64_t _offset = 0;
+  std::uint64_t _plainBytes = 0;
+  unsigned _inputSize = 0;
+  bool _needsInput = true;
+  bool _ended = false;
+};
+
+inline void ZipInStreamBuffer::fetch(char* room, std::streamsize count) {
+  std::memcpy(room, gptr(), static_cast<std::size_t>(count));
+  gbump(static_cast<int>(count));
+}
+
+inline ZipInStream& ZipInStream::read(char* room, std::streamsize count) {
+  const bool plain = good() && !tie() && rdbuf() == _buffer.get();
+  if (plain && count > 0 && _buffer->holds(count) && setCount(*this, count, 0)) {
+    _buffer->fetch(room, count);
+  } else {
+    std::istream::read(room, count);
+  }
+  return *this;
+}
+
+}  // namespace Kyr

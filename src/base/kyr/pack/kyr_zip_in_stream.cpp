@@ -1,0 +1,279 @@
+#include <kyr/core/KyrVersion.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZipStream.h>
+#include <kyr/pack/deflate_engine_p.h>
+#include <kyr/pack/zip_block_reader_p.h>
+#include <kyr/pack/zip_header_p.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace Kyr {
+
+using ZipFormat::blockSize;
+using ZipFormat::lengthSize;
+
+namespace {
+
+constexpr std::streamsize areaSize = blockSize;
+
+QString translated(const char* text) {
+  return translate("Kyr_zip_err", text);
+}
+
+QString newerFileText(const QString& writer) {
+  return translated(
+             "invalid file version: %1. the file is newer than the actual program version: %2")
+      // Both at once: the text from the file may itself hold a placeholder.
+      .arg(writer.isEmpty() ? translated("unknown file version") : writer,
+           QString::fromLatin1(libraryVersion()));
+}
+
+/// Bytes in memory as the source of a stream.
+class MemoryBuffer : public std::streambuf {
+ public:
+  explicit MemoryBuffer(const std::vector<char>& bytes) {
+    char* const begin = const_cast<char*>(bytes.data());  // only ever read
+    setg(begin, begin, begin + bytes.size());
+  }
+};
+
+}  // namespace
+
+ZipInStreamBuffer::ZipInStreamBuffer(const QString& fileName, unsigned newestVersion)
+    : _file(std::make_unique<std::ifstream>()), _source(_file.get()) {
+  OS::openStdStream(*_file, fileName, OS::OpenRead, true);
+  start(newestVersion);
+}
+
+ZipInStreamBuffer::ZipInStreamBuffer(std::istream* source, unsigned newestVersion)
+    : _source(source) {
+  start(newestVersion);
+}
+
+ZipInStreamBuffer::~ZipInStreamBuffer() = default;
+
+void ZipInStreamBuffer::start(unsigned newestVersion) {
+  readHeader(newestVersion);
+  if (_headerError == ZipInStream::HeaderGood) {
+    _getArea = std::make_unique<char[]>(blockSize);
+    _blocks = std::make_unique<ZipBlockReader>(*_source, _offset);
+    _engine = std::make_unique<InflateEngine>(Container::Zlib);
+  }
+}
+
+// The older form of the header has another mark in front; no reader for it exists, so it is as
+// invalid as any other bytes.
+void ZipInStreamBuffer::readHeader(unsigned newestVersion) {
+  ZipFormat::Header header;
+  _offset = _source ? readBytes(*_source, header.data(), header.size()) : 0;
+  if (_offset < header.size()) {
+    return refuse(ZipInStream::HeaderUnreadable, translated("cannot read zip stream header"));
+  }
+  if (!ZipFormat::constantBlockFits(header.data(), header.size())) {
+    return refuse(ZipInStream::HeaderInvalid, translated("invalid zip stream header"));
+  }
+  // Before the fields behind it, which a text-mode transfer has moved or changed as well.
+  if (!ZipFormat::transferCheckFits(header.data(), header.size())) {
+    return refuse(ZipInStream::HeaderInvalid,
+                  translated("invalid header: the file was transferred by ascii-ftp.\n"
+                             "it must be transferred by binary-ftp."));
+  }
+  if (!ZipFormat::sizeFieldFits(header.data(), header.size())) {
+    return refuse(ZipInStream::HeaderInvalid, translated("invalid zip stream header"));
+  }
+  _headerInfo = ZipFormat::describe(header);
+  if (_headerInfo.fileVersion > newestVersion) {
+    refuse(ZipInStream::HeaderFromNewer, newerFileText(_headerInfo.libraryVersion));
+  }
+}
+
+void ZipInStreamBuffer::refuse(ZipInStream::HeaderError_t error, const QString& text) {
+  _headerError = error;
+  _headerErrorText = text;
+  _state = ZipInStream::StreamRefused;
+  _source = nullptr;
+  _file.reset();
+}
+
+ZipInStreamBuffer::int_type ZipInStreamBuffer::underflow() {
+  if (gptr() == egptr() && !fillGetArea()) {
+    return traits_type::eof();
+  }
+  return traits_type::to_int_type(*gptr());
+}
+
+std::streamsize ZipInStreamBuffer::xsgetn(char* room, std::streamsize count) {
+  std::streamsize done = 0;
+  while (done < count) {
+    const std::streamsize left = count - done;
+    if (gptr() < egptr()) {
+      const std::streamsize length = std::min<std::streamsize>(left, egptr() - gptr());
+      fetch(room + done, length);
+      done += length;
+    } else if (left < areaSize) {
+      if (!fillGetArea()) {
+        break;
+      }
+    } else if (const std::size_t length =
+                   inflateInto(room + done, static_cast<std::size_t>(left))) {
+      done += static_cast<std::streamsize>(length);
+    } else {
+      reportEnd();
+      break;
+    }
+  }
+  return done;
+}
+
+bool ZipInStreamBuffer::fillGetArea() {
+  char* const area = _getArea.get();
+  const std::size_t length = inflateInto(area, blockSize);
+  setg(area, area, area + length);
+  if (length == 0) {
+    reportEnd();
+  }
+  return length > 0;
+}
+
+/// Tells the stream that its data ends before it should; nothing is left to deliver by then.
+void ZipInStreamBuffer::reportEnd() {
+  if (_reader && _state != ZipInStream::StreamComplete) {
+    _reader->setstate(std::ios_base::badbit);
+  }
+}
+
+std::size_t ZipInStreamBuffer::inflateInto(char* room, std::size_t length) {
+  if (_state != ZipInStream::StreamOpen) {
+    return 0;
+  }
+  const auto portion =
+      static_cast<unsigned>(std::min<std::size_t>(length, std::numeric_limits<unsigned>::max()));
+  _engine->setOutput(room, portion);
+  while (_state == ZipInStream::StreamOpen && _engine->outputLeft() > 0) {
+    if (_needsInput) {
+      provideInput();
+    } else {
+      inflateOnce();
+    }
+  }
+  const unsigned produced = portion - _engine->outputLeft();
+  _plainBytes += produced;
+  return produced;
+}
+
+void ZipInStreamBuffer::inflateOnce() {
+  const Step step = _engine->run();
+  const unsigned inputLeft = _engine->inputLeft();
+  _ended = step == Step::Ended;
+  _offset = _blocks->offsetOf(_inputSize - inputLeft);
+  // Room that is used up may leave bytes waiting within inflate, without any input.
+  _needsInput = _ended || (inputLeft == 0 && _engine->outputLeft() > 0);
+  const bool stuck = step != Step::Progressed && inputLeft > 0;
+  if (stuck || step == Step::Failed) {
+    _state = ZipInStream::StreamDamaged;
+  }
+}
+
+void ZipInStreamBuffer::provideInput() {
+  _inputSize = _blocks->next();
+  if (_inputSize == 0) {
+    judgeEnd();
+  } else if (_ended) {
+    _state = ZipInStream::StreamDamaged;
+  } else {
+    _engine->setInput(_blocks->input(), _inputSize);
+    _needsInput = false;
+  }
+}
+
+void ZipInStreamBuffer::judgeEnd() {
+  using Stop = ZipBlockReader::Stop;
+  const Stop stop = _blocks->stop();
+  const bool endMark = stop == Stop::EndMark;
+  _offset = _blocks->endOffset();
+  if (_ended && (endMark || stop == Stop::LastBlock)) {
+    _offset += endMark ? lengthSize : 0;
+    _state = ZipInStream::StreamComplete;
+  } else {
+    _state = endMark || stop == Stop::BadLength ? ZipInStream::StreamDamaged
+                                                : ZipInStream::StreamCutShort;
+  }
+}
+
+ZipStatistics ZipInStreamBuffer::statistics() const {
+  ZipStatistics statistics;
+  if (_blocks) {
+    statistics.blocks = _blocks->blocks();
+    statistics.compressedBytes = _blocks->compressedBytes();
+  }
+  statistics.plainBytes = _plainBytes;
+  statistics.offset = _offset;
+  return statistics;
+}
+
+ZipInStream::ZipInStream(const QString& fileName, unsigned newestVersion)
+    : std::istream(nullptr), _buffer(std::make_unique<ZipInStreamBuffer>(fileName, newestVersion)) {
+  start();
+}
+
+ZipInStream::ZipInStream(std::istream* source, unsigned newestVersion)
+    : std::istream(nullptr), _buffer(std::make_unique<ZipInStreamBuffer>(source, newestVersion)) {
+  start();
+}
+
+ZipInStream::~ZipInStream() = default;
+
+void ZipInStream::start() {
+  rdbuf(_buffer.get());
+  _buffer->_reader = this;
+  if (getHeaderError() != HeaderGood) {
+    setstate(badbit | eofbit);
+  }
+}
+
+ZipInStream::HeaderError_t ZipInStream::getHeaderError() const {
+  return _buffer->headerError();
+}
+
+QString ZipInStream::getHeaderErrorText() const {
+  return _buffer->headerErrorText();
+}
+
+ZipHeaderInfo ZipInStream::getHeaderInfo() const {
+  return _buffer->headerInfo();
+}
+
+ZipInStream::State_t ZipInStream::getState() const {
+  return _buffer->state();
+}
+
+ZipStatistics ZipInStream::getStatistics() const {
+  return _buffer->statistics();
+}
+
+bool ZipInStream::isZipStream(const std::vector<char>& bytes) {
+  const char* const begin = bytes.data();
+  const std::size_t count = bytes.size();
+  return ZipFormat::beginsWithOlderMark(begin, count) ||
+         (count >= ZipFormat::certainSize && ZipFormat::constantBlockFits(begin, count) &&
+          ZipFormat::transferCheckFits(begin, count) && ZipFormat::sizeFieldFits(begin, count));
+}
+
+bool ZipInStream::decompressHeader(const std::vector<char>& in, std::vector<char>& out) {
+  MemoryBuffer bytes(in);
+  std::istream source(&bytes);
+  ZipInStream stream(&source, std::numeric_limits<unsigned>::max());
+  std::vector<char> plain;
+  char piece[blockSize];
+  while (stream) {
+    stream.read(piece, sizeof(piece));
+    plain.insert(plain.end(), piece, piece + stream.gcount());
+  }
+  out.swap(plain);
+  return stream.getHeaderError() == HeaderGood && stream.getState() != StreamDamaged;
+}
+
+}  // namespace Kyr

@@ -1,0 +1,187 @@
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZipStream.h>
+#include <kyr/pack/deflate_engine_p.h>
+#include <kyr/pack/zip_header_p.h>
+#include <kyr/time/KyrTime.h>
+
+#include <algorithm>
+
+namespace Kyr {
+
+using ZipFormat::blockSize;
+using ZipFormat::lengthSize;
+
+namespace {
+constexpr std::streamsize areaSize = blockSize;
+}
+
+ZipOutStreamBuffer::ZipOutStreamBuffer(const QString& fileName, unsigned fileVersion)
+    : _file(std::make_unique<std::ofstream>()), _target(_file.get()) {
+  OS::openStdStream(*_file, fileName, OS::OpenWrite, false);
+  start(fileVersion);
+}
+
+ZipOutStreamBuffer::ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion)
+    : _target(target) {
+  start(fileVersion);
+}
+
+ZipOutStreamBuffer::~ZipOutStreamBuffer() {
+  close();
+}
+
+void ZipOutStreamBuffer::start(unsigned fileVersion) {
+  const ZipFormat::Header header =
+      ZipFormat::makeHeader(fileVersion, Time::currentTime().wholeSeconds());
+  if (!_target || !send(header.data(), header.size())) {
+    release();
+    return;
+  }
+  _putArea = std::make_unique<char[]>(blockSize);
+  _block = std::make_unique<char[]>(lengthSize + blockSize + lengthSize);
+  _engine = std::make_unique<DeflateEngine>(Container::Zlib);
+  provideRoom();
+  setp(_putArea.get(), _putArea.get() + blockSize);
+  _failed = false;
+}
+
+bool ZipOutStreamBuffer::isOpen() const {
+  return _target && !_failed;
+}
+
+bool ZipOutStreamBuffer::close() {
+  if (isOpen() && !(finish() && settleTarget())) {
+    _failed = true;
+  }
+  release();
+  return !_failed;
+}
+
+void ZipOutStreamBuffer::release() {
+  setp(nullptr, nullptr);
+  _target = nullptr;
+  _file.reset();
+}
+
+ZipOutStreamBuffer::int_type ZipOutStreamBuffer::overflow(int_type character) {
+  if (!isOpen() || !compressPutArea(false)) {
+    return traits_type::eof();
+  }
+  if (traits_type::eq_int_type(character, traits_type::eof())) {
+    return traits_type::not_eof(character);
+  }
+  return sputc(traits_type::to_char_type(character));
+}
+
+int ZipOutStreamBuffer::sync() {
+  if (isOpen() && pptr() > pbase()) {
+    compressPutArea(false);
+  }
+  return _failed ? -1 : 0;
+}
+
+std::streamsize ZipOutStreamBuffer::xsputn(const char* bytes, std::streamsize count) {
+  std::streamsize done = 0;
+  while (done < count && isOpen()) {
+    // A put area that is just full waits for the next byte, whoever fills it: the pieces that
+    // deflate sees, and with them the file, do not depend on the sizes of the writes.
+    const std::streamsize left = count - done;
+    if (pptr() == epptr()) {
+      compressPutArea(false);
+    } else if (pptr() == pbase() && left > areaSize) {
+      done += compress(bytes + done, blockSize, false) ? areaSize : 0;
+    } else {
+      const std::streamsize room = std::min<std::streamsize>(left, epptr() - pptr());
+      store(bytes + done, room);
+      done += room;
+    }
+  }
+  return done;
+}
+
+bool ZipOutStreamBuffer::compressPutArea(bool finish) {
+  const auto length = static_cast<unsigned>(pptr() - pbase());
+  setp(pbase(), epptr());
+  return compress(pbase(), length, finish);
+}
+
+bool ZipOutStreamBuffer::compress(const char* bytes, unsigned length, bool finish) {
+  _engine->setInput(bytes, length);
+  Step step = _engine->run(finish);
+  while (_engine->outputLeft() == 0 && sendBlock(blockSize, false)) {
+    provideRoom();
+    step = _engine->run(finish);
+  }
+  const bool blockIsStuck = _engine->outputLeft() == 0;
+  if (blockIsStuck || step != (finish ? Step::Ended : Step::Progressed)) {
+    _failed = true;
+    setp(nullptr, nullptr);
+  }
+  return !_failed;
+}
+
+bool ZipOutStreamBuffer::finish() {
+  if (!compressPutArea(true)) {
+    return false;
+  }
+  const unsigned length = blockSize - _engine->outputLeft();
+  // Readers know the end of a stream that ends with a full block; it gets no end mark.
+  return length == 0 || sendBlock(length, true);
+}
+
+void ZipOutStreamBuffer::provideRoom() {
+  _engine->setOutput(&_block[lengthSize], blockSize);
+}
+
+bool ZipOutStreamBuffer::sendBlock(unsigned length, bool withEndMark) {
+  ZipFormat::storeUInt16(&_block[0], length);
+  ZipFormat::storeUInt16(&_block[lengthSize + length], 0);
+  return send(_block.get(), lengthSize + length + (withEndMark ? lengthSize : 0));
+}
+
+bool ZipOutStreamBuffer::send(const char* bytes, std::size_t count) {
+  try {
+    return !_target->write(bytes, static_cast<std::streamsize>(count)).fail();
+  } catch (...) {
+    return false;  // a target that was told to throw
+  }
+}
+
+/// Brings to light what the target still holds back.
+bool ZipOutStreamBuffer::settleTarget() {
+  try {
+    if (_file) {
+      _file->close();
+    }
+    return !(_file ? _file->fail() : _target->flush().fail());
+  } catch (...) {
+    return false;
+  }
+}
+
+ZipOutStream::ZipOutStream(const QString& fileName, unsigned fileVersion)
+    : std::ostream(nullptr), _buffer(std::make_unique<ZipOutStreamBuffer>(fileName, fileVersion)) {
+  start();
+}
+
+ZipOutStream::ZipOutStream(std::ostream* target, unsigned fileVersion)
+    : std::ostream(nullptr), _buffer(std::make_unique<ZipOutStreamBuffer>(target, fileVersion)) {
+  start();
+}
+
+ZipOutStream::~ZipOutStream() = default;
+
+void ZipOutStream::start() {
+  rdbuf(_buffer.get());
+  if (!_buffer->isOpen()) {
+    setstate(badbit);
+  }
+}
+
+void ZipOutStream::close() {
+  if (!_buffer->close()) {
+    setstate(badbit);
+  }
+}
+
+}  // namespace Kyr

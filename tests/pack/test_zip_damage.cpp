@@ -1,0 +1,198 @@
+#include <kyr/pack/KyrZipStream.h>
+
+#include "pack/Bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+
+using Kyr::ZipInStream;
+using KyrTest::drain;
+using KyrTest::noisy;
+using KyrTest::zipped;
+using namespace std::string_literals;
+
+namespace {
+
+constexpr std::size_t headerSize = 104;
+constexpr auto Good = ZipInStream::HeaderGood, Unreadable = ZipInStream::HeaderUnreadable,
+               Invalid = ZipInStream::HeaderInvalid, Newer = ZipInStream::HeaderFromNewer;
+constexpr auto Complete = ZipInStream::StreamComplete, CutShort = ZipInStream::StreamCutShort,
+               Damaged = ZipInStream::StreamDamaged, Refused = ZipInStream::StreamRefused;
+
+std::string with(std::string file, std::size_t at, const std::string& bytes) {
+  return file.replace(at, bytes.size(), bytes);
+}
+
+std::string transferred(const std::string& text, const char* from, const char* to) {
+  return QByteArray::fromStdString(text).replace(from, to).toStdString();
+}
+
+std::string newer(const std::string& writer) {
+  return "invalid file version: " + writer +
+         ". the file is newer than the actual program version: 6.2.0-6";
+}
+
+TEST(ZipInStream, HeadersThatAreRefused) {
+  const std::string invalid = "invalid zip stream header";
+  const std::string ascii =
+      "invalid header: the file was transferred by ascii-ftp.\n"
+      "it must be transferred by binary-ftp.";
+  const std::string good = zipped(noisy(500), 0x0A0D0A);
+  struct {
+    std::string file;
+    ZipInStream::HeaderError_t error;
+    std::string text;
+    const char* fault;
+  } const rows[] = {
+      {good, Good, "", "line ends in the version are no sign of a transfer"},
+      {good.substr(0, 103), Unreadable, "cannot read zip stream header", "one byte short"},
+      {with(good, 47, "k"), Invalid, invalid, "last byte of the constant block"},
+      {with(good, 0, "Kyr-ZIP\0"s), Invalid, invalid, "the older form"},
+      {transferred(good, "\r\n", "\n"), Invalid, ascii, "CR LF to LF"},
+      {transferred(good, "\n", "\r\n"), Invalid, ascii, "LF to CR LF"},
+      {transferred(good, "\r", "\n"), Invalid, ascii, "CR to LF"},
+      {transferred(good, "\n", "\r"), Invalid, ascii, "LF to CR"},
+      {transferred(good, "\r", ""), Invalid, ascii, "CR dropped"},
+      {with(good, 63, "\1"), Invalid, ascii, "the last check byte"},
+      {with(good, 71, "\x80"), Invalid, invalid, "header size with the sign bit"},
+      {with(good, 48, "\x0B"), Newer, newer("6.2.0-6"), "newer by one"},
+      {with(with(good, 48, "\xFF"), 72, std::string(32, 'x')), Newer, newer(std::string(32, 'x')),
+       "text without an end"},
+      {with(with(good, 48, "\xFF"), 72, "\0"s), Newer, newer("unknown file version"), "no text"},
+      {with(with(good, 48, "\xFF"), 72, "%2%1%2%"), Newer, newer("%2%1%2%"), "placeholders"},
+  };
+  for (const auto& row : rows) {
+    std::istringstream source(row.file);
+    source.exceptions(std::ios::badbit | std::ios::failbit);
+    ZipInStream in(&source, 0x0A0D0A);
+    EXPECT_EQ(in.getHeaderError(), row.error) << row.fault;
+    EXPECT_EQ(in.getHeaderErrorText().toStdString(), row.text) << row.fault;
+    EXPECT_EQ(in.bad(), row.error != Good) << row.fault;
+    EXPECT_EQ(in.rdbuf()->sgetc() == EOF, row.error != Good) << row.fault;
+  }
+}
+
+/// What a reader makes of a file; reads it in several ways, which must agree.
+struct Verdict {
+  explicit Verdict(const std::string& file) {
+    for (const std::size_t piece : {0U, 12U, 20000U}) {
+      std::istringstream source(file);
+      ZipInStream in(&source, 1);
+      const std::string delivered = drain(in, piece);
+      EXPECT_TRUE(piece == 0 || delivered == plain) << "depends on how it is read";
+      EXPECT_EQ(in.bad(), in.getState() != Complete);
+      plain = delivered;
+      state = in.getState();
+      offset = in.getStatistics().offset;
+    }
+  }
+  std::string plain;
+  ZipInStream::State_t state{};
+  std::uint64_t offset{};
+};
+
+TEST(ZipInStream, EndsAndDamage) {
+  const std::string plain = noisy(20000, 1);
+  const std::string file = zipped(plain);
+  const std::string open = file.substr(0, file.size() - 2);
+  const std::size_t second = headerSize + 2 + 8192;  // where the second block begins
+  std::size_t size = 8100;  // incompressible bytes that fill a block to its last byte
+  while (size < 8192 && zipped(noisy(size, 1)).substr(headerSize, 2) != "\0\x20"s) {
+    ++size;
+  }
+  const std::string full = zipped(noisy(size, 1));
+  ASSERT_EQ(full.size(), second) << "a stream that ends with a full block has no end mark";
+  const std::string small = zipped("small");
+  const std::size_t tail = small.size() - 2;
+  struct {
+    std::string file;
+    ZipInStream::State_t state;
+    std::size_t offset;
+    std::size_t plainSize;
+    const char* fault;
+  } const rows[] = {
+      {file + "tail", Complete, file.size(), 20000, "bytes behind the stream"},
+      {full, Complete, second, size, "no end mark needed"},
+      {full + "\0\0"s, Complete, second + 2, size, "but taken"},
+      {full + "x", CutShort, second + 1, size, "half a length"},
+      {full + "\1\0x\0\0"s, Damaged, second, size, "a block behind the end of the data"},
+      {open, CutShort, open.size(), 20000, "the end mark is missing"},
+      {file.substr(0, second), CutShort, second, 8185, "a full block ends nothing by itself"},
+      {with(file, second, "\1\x20"), Damaged, second, 8185, "8193 is too long"},
+      {with(file, second, "\xFF\xFF"), Damaged, second, 8185, "and so is 65535"},
+      {with(file, second, "\0\0"s), Damaged, second, 8185, "an early end mark"},
+      {with(small, 104, std::string(1, char(small[104] + 2))), Damaged, tail, 5,
+       "bytes within the block behind the end of the data"},
+      {with(small, tail - 1, "x"), Damaged, tail, 5, "a wrong checksum"},
+      {with(file, 106, "\x79"), Damaged, 108, 0, "garbage from the start"},
+  };
+  for (const auto& row : rows) {
+    const Verdict verdict(row.file);
+    EXPECT_EQ(verdict.state, row.state) << row.fault;
+    EXPECT_EQ(verdict.offset, row.offset) << row.fault;
+    EXPECT_EQ(verdict.plain.size(), row.plainSize) << row.fault;
+    EXPECT_TRUE(verdict.plain == plain.substr(0, row.plainSize) || verdict.plain == "small");
+  }
+}
+
+TEST(ZipInStream, CutAtEveryByte) {
+  const std::string file = zipped(noisy(2000));
+  std::size_t before = 0;
+  for (std::size_t size = 0; size < file.size(); ++size) {
+    const Verdict verdict(file.substr(0, size));
+    EXPECT_EQ(verdict.state, size < headerSize ? Refused : CutShort) << size;
+    EXPECT_EQ(verdict.offset, size);
+    EXPECT_EQ(verdict.plain, noisy(2000).substr(0, verdict.plain.size())) << size;
+    EXPECT_GE(verdict.plain.size(), before) << "a longer file gives less";
+    before = verdict.plain.size();
+  }
+  EXPECT_EQ(before, 2000U) << "only the end mark was missing";
+}
+
+TEST(ZipInStream, ChangedBytesAndRandomBlocksAreNeverGoodData) {
+  const std::string plain = noisy(30000);
+  const std::string file = zipped(plain);
+  std::mt19937 random(4);
+  for (int i = 0; i < 3000; ++i) {
+    std::string changed = file;
+    // Every other change is near the front, where the header and the first lengths are.
+    char& byte = changed[random() % (i % 2 == 0 ? 120 : file.size())];
+    byte = static_cast<char>(byte + 1 + static_cast<int>(random() % 255));
+    for (auto blocks = i % 3 == 0 ? random() % 9 : 0; blocks > 0; --blocks) {
+      const std::size_t length = random() % (i % 2 == 0 ? 9000 : 30);
+      changed.resize(blocks % 4 == 0 ? headerSize : changed.size());
+      changed += {static_cast<char>(length), static_cast<char>(length >> 8U), '\x78', '\1'};
+      changed += noisy(random() % (length + 2), 2);
+    }
+    const Verdict verdict(changed);
+    EXPECT_TRUE(verdict.state != Complete || verdict.plain == plain) << i;
+  }
+}
+
+TEST(ZipInStream, RecognisesBytes) {
+  const auto recognised = [](const std::string& text) {
+    return ZipInStream::isZipStream({text.begin(), text.end()});
+  };
+  const std::string file = zipped(noisy(1000), 99);
+  EXPECT_TRUE(recognised(file) && recognised(file.substr(0, 52)) && !recognised(""));
+  EXPECT_FALSE(recognised(file.substr(0, 51))) << "too short to be certain";
+  EXPECT_FALSE(recognised(transferred(file.substr(0, 60), "\r\n", "\n"))) << "text mode";
+  EXPECT_FALSE(recognised(with(file, 69, "x"))) << "another header size";
+  EXPECT_FALSE(recognised("Kyr-ZIP\0abc"s)) << "the older form needs 12 bytes";
+  EXPECT_TRUE(recognised("Kyr-ZIP\0abcd"s));
+  EXPECT_FALSE(recognised("Kyr-ZIP-Stream")) << "the older mark ends with a zero";
+}
+
+TEST(ZipInStream, DecompressesTheBeginning) {
+  const std::string file = zipped("the application's own header", 4000000000);
+  std::vector<char> out;
+  EXPECT_TRUE(ZipInStream::decompressHeader({file.begin(), file.end() - 8}, out));
+  EXPECT_EQ(std::string(out.begin(), out.begin() + 20), "the application's ow");
+  EXPECT_FALSE(ZipInStream::decompressHeader({file.begin(), file.begin() + 103}, out));
+  EXPECT_TRUE(out.empty());
+  const std::string damaged = with(file, 105, "\x7F");
+  EXPECT_FALSE(ZipInStream::decompressHeader({damaged.begin(), damaged.end()}, out));
+}
+
+}  // namespace
