@@ -1,0 +1,205 @@
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+using KyrTest::readFile;
+using KyrTest::ScopedEnvironment;
+using KyrTest::TempDir;
+
+struct Result {
+  int code = -1;
+  QString output;
+  QString errors;
+};
+
+/// Where a run gets its input and leaves its output; empty names mean pipes.
+struct Streams {
+  QByteArray input;
+  QString outputFile;
+};
+
+Result run(const QStringList& words, const TempDir& folder, const Streams& streams = {}) {
+  QProcess process;
+  process.setWorkingDirectory(folder.path());
+  if (!streams.outputFile.isEmpty()) {
+    process.setStandardOutputFile(streams.outputFile);
+  }
+  process.start(KYR_TOOL, words);
+  process.write(streams.input);
+  process.closeWriteChannel();
+  EXPECT_TRUE(process.waitForFinished()) << process.errorString().toStdString();
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+TEST(Tool, AnswersOnTheCommandLine) {
+  const struct {
+    const char* words;  // parted by blanks; "_" stands for a blank or nothing
+    int code;
+    const char* output;  // all of it with "$" in front, otherwise a part
+    const char* error;   // a part
+    const char* fault;
+  } rows[] = {
+      {"convert 25.4 mm in", 0, "$25.4 mm = 1 in\n", "", "the plain case"},
+      {"convert -40 degC degF", 0, "$-40 °C = -40 °F\n", "", "a negative value is no option"},
+      {"convert 1 µm um", 0, "$1 µm = 1 µm\n", "", "both spellings of a unit"},
+      {"convert 1 mm^2 m2 --digits 8", 0, "$1 mm² = 0.00000100 m²\n", "", "spellings of squares"},
+      {"convert 2 1/mm /_m", 0, "$2 / mm = 2000 / m\n", "", "spellings of curvatures"},
+      {"convert 300 pixel mm --dpi 300", 0, "= 25.4 mm", "", "the resolution counts"},
+      {"convert 5 % ‰ --kind fraction", 0, "$5 % = 50 ‰\n", "", "a kind in lower case"},
+      {"convert -- -1 s ms", 0, "$-1 s = -1000 ms\n", "", "words after -- are no options"},
+      {"convert 12abc mm in", 2, "$", "\"12abc\" is not a number", "trailing text"},
+      {"convert 25,4 mm in", 2, "$", "not a number", "no comma in any locale"},
+      {"convert _ mm in", 2, "$", "not a number", "blank is not zero"},
+      {"convert nan mm in", 2, "$", "not a number", "nothing that is no length"},
+      {"convert 1e308 km/h mm/s", 2, "$", "too large", "overflow"},
+      {"convert 1 mm s", 2, "$", "(LENGTH, FIGURE) and \"s\" (TIME, SHUTTER)", "other kinds"},
+      {"convert 1 mm MM", 2, "$", "no unit \"MM\"", "case counts"},
+      {"convert 1 mm ft --kind FIGURE", 2, "$", "FIGURE has no unit \"ft\"", "the kind binds"},
+      {"convert 1 mm in --kind SIZE", 2, "$", "no kind \"SIZE\"", "unknown kind"},
+      {"convert 1 mm in --digits 61", 2, "$", "0 to 60", "bounds of options"},
+      {"convert 1 mm in --digits", 2, "$", "--digits needs a value", "missing value"},
+      {"convert 1 mm in --dozens 3", 2, "$", "unknown option \"--dozens\"", "unknown option"},
+      {"convert 1 mm", 2, "$", "\nusage: kyr convert VALUE FROM TO", "too few"},
+      {"convert 1 mm in ft", 2, "$", "too many: \"ft\"", "too many"},
+      {"units", 0, "ACCELERATION          mm/s², µm/s², m/s², ft/s², g\n", "", "the kinds"},
+      {"units temperature", 0, "\n°F          degF        0.5555555555555556 ", "", "the units"},
+      {"--version", 0, "$kyr 6.2.0-6\n", "", "version"},
+      {"zip cat --help", 0, "kyr zip pack FILE OUTPUT [--file-version N]\n", "", "help anywhere"},
+      {"", 2, "$", "a command is missing\nusage: kyr", "nothing asked"},
+      {"zip burn x", 2, "$", "unknown command \"zip burn\"", "unknown command"},
+      {"zip info nothing", 1, "$", "kyr: nothing: no such file\n", "missing file"},
+      {"zip cat .", 1, "$", "is a directory", "a directory"},
+      {"zip pack nothing new", 1, "$", "no such file", "nothing to pack"},
+      {"zip pack - no/folder", 1, "$", "no/folder: cannot be written", "nowhere to write"},
+      {"zip pack - new --file-version 4294967296", 2, "$", "to 4294967295", "33 bits"},
+  };
+  const TempDir folder;
+  const ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
+  for (const auto& row : rows) {
+    QStringList words = QString(row.words).split(' ', Qt::SkipEmptyParts);
+    const Result result = run(words.replaceInStrings("_", " "), folder);
+    const QString expected = row.output;
+    EXPECT_EQ(result.code, row.code) << row.words << ": " << row.fault;
+    EXPECT_TRUE(expected.startsWith('$') ? result.output == expected.mid(1)
+                                         : result.output.contains(expected))
+        << row.words << ": " << row.fault << ": " << result.output.toStdString();
+    EXPECT_TRUE(*row.error ? result.errors.contains(row.error) : result.errors.isEmpty())
+        << row.words << ": " << row.fault << ": " << result.errors.toStdString();
+  }
+  EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "a failed command left a file";
+}
+
+/// Lines of text and a packed copy of it: whole, and as faults leave it.
+class ToolZip : public testing::Test {
+ protected:
+  void SetUp() override {
+    for (int i = 0; i < 40000; ++i) {
+      plain += QByteArray::number(i * 7919 % 100003) + "\r\n";
+    }
+    folder.write("plain", plain);
+    EXPECT_EQ(run({"zip", "pack", "plain", "good", "--file-version", "7"}, folder).code, 0);
+    good = readFile(folder.file("good"));
+  }
+  TempDir folder;
+  QByteArray plain;
+  QByteArray good;
+};
+
+TEST_F(ToolZip, SaysWhatIsWrongWithAFile) {
+  const int middle = good.size() / 2;
+  folder.write("cut", good.left(middle));
+  folder.write("longer", good + "more");
+  const int secondBlock = 104 + 2 + 8192;
+  folder.write("damaged", QByteArray(good).replace(secondBlock, 2, "\xff\xff"));
+  folder.write("foreign", plain);
+  folder.write("text-mode", QByteArray(good).replace("\r\n", "\n"));
+  const struct {
+    QString file;
+    QString verdict;
+    int code;
+    bool readable;
+  } rows[] = {
+      {"good", QString("good: complete, %1 bytes of content in ").arg(plain.size()), 0, true},
+      {"longer", "; 4 bytes follow its end\n", 0, true},
+      {"cut", QString("cut: cut short at byte %1; readable before: ").arg(middle), 1, true},
+      {"damaged", QString("damaged: damaged at byte %1; readable").arg(secondBlock), 1, true},
+      {"foreign", "foreign: invalid zip stream header\n", 1, false},
+      {"text-mode", "transferred by ascii-ftp. it must be", 1, false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.file.toStdString());
+    const Result verified = run({"zip", "verify", row.file}, folder);
+    EXPECT_EQ(verified.code, row.code);
+    EXPECT_TRUE(verified.output.contains(row.verdict)) << verified.output.toStdString();
+    const Result info = run({"zip", "info", row.file}, folder);
+    EXPECT_EQ(info.code, row.code);
+    EXPECT_EQ(info.output.contains("\nfile version     7\n"), row.readable);
+    const Result content = run({"zip", "cat", row.file}, folder);
+    EXPECT_EQ(content.code, row.code);
+    EXPECT_EQ(content.errors.isEmpty(), row.code == 0);
+    EXPECT_EQ(content.output.size() > 10000, row.readable);
+    EXPECT_TRUE(plain.startsWith(content.output.toLatin1())) << "only good content comes out";
+  }
+}
+
+TEST_F(ToolZip, ShowsHostileTextHarmlessly) {
+  QByteArray bytes = good;
+  folder.write("hostile", bytes.replace(72, 3, "\x1b[2"));
+  const Result info = run({"zip", "info", "hostile"}, folder);
+  EXPECT_TRUE(info.output.contains("\nlibrary version  \\x1b[2.0-6\n")) << "reached the terminal";
+}
+
+TEST_F(ToolZip, WorksInPipesAndWithUnicodeNames) {
+  const ScopedEnvironment locale("LC_ALL", "C");
+  const QString name = QString::fromUtf8("größe ±5µm");
+  EXPECT_EQ(run({"zip", "pack", "-", name}, folder, {plain, {}}).code, 0);
+  EXPECT_EQ(readFile(folder.file(name)).mid(72), QByteArray(good).mid(72)) << "bytes in between";
+  EXPECT_EQ(run({"zip", "cat", "-"}, folder, {good, {}}).output, plain);
+  EXPECT_EQ(run({"zip", "pack", "plain", "-"}, folder, {{}, folder.file("piped")}).code, 0);
+  EXPECT_EQ(run({"zip", "cat", "piped"}, folder).output, plain);
+}
+
+TEST_F(ToolZip, LeavesNothingHalfWritten) {
+  const QStringList before = QDir(folder.path()).entryList();
+  EXPECT_EQ(run({"zip", "pack", ".", "good"}, folder).code, 1);
+  EXPECT_EQ(readFile(folder.file("good")), good) << "a failed attempt spoiled the older file";
+  EXPECT_EQ(QDir(folder.path()).entryList(), before);
+  const QString full = "/dev/full";
+  if (!QFile::exists(full)) {
+    GTEST_SKIP() << "there is no " << full.toStdString();
+  }
+  const Result packed = run({"zip", "pack", "plain", full}, folder);
+  EXPECT_EQ(packed.code, 1);
+  EXPECT_TRUE(packed.errors.contains("is the disk full?")) << packed.errors.toStdString();
+  for (const QStringList& words : {QStringList{"zip", "cat", "good"}, QStringList{"units"},
+                                   QStringList{"zip", "pack", "plain", "-"}}) {
+    const Result result = run(words, folder, {{}, full});
+    EXPECT_EQ(result.code, 1) << words.join(' ').toStdString();
+    EXPECT_EQ(result.errors, "kyr: standard output: no space left\n");
+  }
+}
+
+TEST_F(ToolZip, IsQuietWhenItsReaderLeaves) {
+  QProcess tool;
+  QProcess reader;
+  tool.setWorkingDirectory(folder.path());
+  tool.setStandardOutputProcess(&reader);
+  tool.start(KYR_TOOL, {"zip", "cat", "-"});
+  reader.start(KYR_TOOL, {"--version"});
+  EXPECT_TRUE(reader.waitForFinished());
+  tool.write(good);
+  tool.closeWriteChannel();
+  EXPECT_TRUE(tool.waitForFinished());
+  EXPECT_EQ(tool.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(tool.exitCode(), 0);
+  EXPECT_EQ(tool.readAllStandardError(), "");
+}
+
+}  // namespace

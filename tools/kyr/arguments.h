@@ -1,0 +1,55 @@
+/// \file
+/// The words of a command line, sorted into arguments and options, and how commands fail.
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+namespace KyrTool {
+
+/// Exit codes of the tool; scripts rely on them.
+enum ExitCode {
+  Fine = 0,
+  FileAtFault = 1,  ///< a file is missing, damaged, foreign or cannot be written
+  WrongUsage = 2,
+};
+
+/// Thrown for a command line that nobody can mean.
+struct UsageError {
+  QString fault;
+};
+
+/// Thrown for a file that cannot be read or written.
+struct FileError {
+  QString fault;
+};
+
+/// The words after a command's name.
+///
+/// An option is a word that begins with "--", followed by its value; so "-" and "-40" are plain
+/// arguments. After the word "--" everything is a plain argument.
+class Arguments {
+ public:
+  /// \param options names of the known options, without "--"
+  /// \throws UsageError for unknown options, options without value, and fewer or more plain
+  ///         arguments than expected
+  Arguments(const QStringList& words, const QStringList& options, int fewest, int most);
+
+  int count() const { return _plain.size(); }
+  const QString& operator[](int index) const { return _plain[index]; }
+  bool has(const QString& option) const { return _options.contains(option); }
+  QString option(const QString& name) const { return _options.value(name); }
+  /// The value of an option as a number.
+  /// \return \a otherwise when the option is not there
+  /// \throws UsageError when it is no number from \a lowest to \a highest
+  unsigned number(const QString& name, unsigned lowest, unsigned highest, unsigned otherwise) const;
+
+ private:
+  void takeOption(QStringList& words, const QStringList& known);
+
+  QStringList _plain;
+  QMap<QString, QString> _options;
+};
+
+}  // namespace KyrTool

@@ -1,0 +1,31 @@
+/// \file
+/// A file, or standard input, to read bytes from.
+#pragma once
+
+#include <QString>
+
+#include <fstream>
+#include <istream>
+
+namespace KyrTool {
+
+/// An open input.
+class Input {
+ public:
+  /// \param name a file, or "-" for standard input
+  /// \throws FileError when it cannot be opened
+  explicit Input(const QString& name);
+
+  std::istream& stream() { return *_stream; }
+  /// How messages call it.
+  const QString& name() const { return _name; }
+  /// \throws FileError when reading has failed for another reason than the end
+  void expectNoFailure() const;
+
+ private:
+  QString _name;
+  std::ifstream _file;
+  std::istream* _stream;
+};
+
+}  // namespace KyrTool

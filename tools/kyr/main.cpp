@@ -1,0 +1,124 @@
+/// \file
+/// The command line tool kyr: a look into files, and values in other units.
+
+#include "commands.h"
+#include "console_p.h"
+#include "output.h"
+
+#include <kyr/core/KyrVersion.h>
+
+#include <QCoreApplication>
+#include <QTextCodec>
+
+#include <algorithm>
+#include <iostream>
+#include <iterator>
+
+namespace {
+
+using namespace KyrTool;
+
+struct Command {
+  const char* name;
+  const char* arguments;
+  const char* summary;
+  int fewest;
+  int most;
+  QStringList options;
+  int (*run)(const Arguments&);
+};
+
+const Command commands[] = {
+    {"convert",
+     "VALUE FROM TO [--kind KIND] [--digits N] [--dpi N]",
+     "converts a value, as in: kyr convert 25.4 mm in",
+     3,
+     3,
+     {"kind", "digits", "dpi"},
+     convert},
+    {"units", "[KIND]", "lists the kinds of quantities, or the units of one", 0, 1, {}, units},
+    {"zip info", "FILE", "shows the header and the blocks of a zip stream", 1, 1, {}, zipInfo},
+    {"zip verify", "FILE", "says whether a zip stream is complete", 1, 1, {}, zipVerify},
+    {"zip cat", "FILE", "writes the content of a zip stream", 1, 1, {}, zipCat},
+    {"zip pack",
+     "FILE OUTPUT [--file-version N]",
+     "makes a zip stream of a file",
+     2,
+     2,
+     {"file-version"},
+     zipPack},
+};
+
+QString usageOf(const Command& command) {
+  return QString("kyr %1 %2").arg(command.name, command.arguments);
+}
+
+void showHelp() {
+  print("kyr looks into files and converts values.\n\n");
+  for (const Command& command : commands) {
+    print(QString("  %1\n      %2\n").arg(usageOf(command), command.summary));
+  }
+  print(
+      "  kyr --help\n"
+      "  kyr --version\n\n"
+      "FILE may be - for standard input, OUTPUT - for standard output. Units that are\n"
+      "hard to type have other spellings: um for µm, degC for °C, mm2 for mm²; see\n"
+      "kyr units KIND.\n\n"
+      "Exit codes: 0 all is well, 1 a file is at fault, 2 wrong usage.\n");
+}
+
+int complain(const QString& fault, const QString& usage) {
+  printError(fault);
+  std::cerr << "usage: " << usage.toUtf8().constData() << '\n';
+  return WrongUsage;
+}
+
+int run(const Command& command, const QStringList& words) {
+  try {
+    return command.run(Arguments(words, command.options, command.fewest, command.most));
+  } catch (const UsageError& error) {
+    return complain(error.fault, usageOf(command));
+  } catch (const FileError& error) {
+    printError(error.fault);
+    return FileAtFault;
+  }
+}
+
+const Command* find(const QString& name) {
+  const auto found = std::find_if(std::begin(commands), std::end(commands),
+                                  [&](const Command& command) { return name == command.name; });
+  return found == std::end(commands) ? nullptr : found;
+}
+
+int dispatch(const QStringList& words) {
+  const QString first = words.value(0);
+  if (words.mid(0, words.indexOf("--")).contains("--help")) {
+    showHelp();
+    return Fine;
+  }
+  if (first == "--version") {
+    print(QString("kyr %1\n").arg(Kyr::libraryVersion()));
+    return Fine;
+  }
+  const int length = first == "zip" ? 2 : 1;
+  const QString name = QStringList(words.mid(0, length)).join(' ');
+  if (const Command* const command = find(name)) {
+    return run(*command, words.mid(length));
+  }
+  const QString fault = name.isEmpty()  ? QString("a command is missing")
+                        : name == "zip" ? QString("zip needs one of info, verify, cat, pack")
+                                        : QString("unknown command \"%1\"").arg(name);
+  return complain(fault, "kyr convert|units|zip ...   (kyr --help explains)");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepareStandardStreams();
+  std::ios_base::sync_with_stdio(false);
+  // Names of files and units are the same whatever the user's locale is.
+  QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+  const QCoreApplication application(argc, argv);
+  const int code = dispatch(QCoreApplication::arguments().mid(1));
+  return finishOutput() ? code : std::max<int>(code, FileAtFault);
+}

@@ -1,0 +1,70 @@
+#include "output.h"
+
+#include "console_p.h"
+
+#include <cerrno>
+#include <iostream>
+
+namespace KyrTool {
+
+namespace {
+
+enum class Loss { None, ReaderLeft, NoSpace, Other };
+Loss loss = Loss::None;
+
+/// Has to come right after the write, as long as errno is that of the failure.
+void noteLoss() {
+  if (loss == Loss::None && !std::cout) {
+    loss = readerHasLeft() ? Loss::ReaderLeft : errno == ENOSPC ? Loss::NoSpace : Loss::Other;
+  }
+}
+
+/// A fault may quote an argument of any length; what is wrong with it stands at the end.
+QString shortened(const QString& fault) {
+  constexpr int most = 600, head = 400, tail = 100;
+  return fault.size() <= most ? fault : fault.left(head) + " ... " + fault.right(tail);
+}
+
+}  // namespace
+
+void print(const QString& text) {
+  const QByteArray bytes = text.toUtf8();
+  writeBytes(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+void printError(const QString& fault) {
+  std::cout.flush();
+  noteLoss();
+  std::cerr << "kyr: " << printable(shortened(fault)).toUtf8().constData() << '\n';
+}
+
+bool writeBytes(const char* bytes, std::size_t count) {
+  std::cout.write(bytes, static_cast<std::streamsize>(count));
+  noteLoss();
+  return loss == Loss::None;
+}
+
+bool finishOutput() {
+  std::cout.flush();
+  noteLoss();
+  if (loss == Loss::None || loss == Loss::ReaderLeft) {
+    return true;
+  }
+  printError(loss == Loss::NoSpace ? "standard output: no space left"
+                                   : "standard output: cannot be written");
+  return false;
+}
+
+QString printable(const QString& text) {
+  QString shown;
+  for (const QChar character : text) {
+    if (character.isPrint() || character.isSurrogate()) {
+      shown += character;
+    } else {
+      shown += QString("\\x%1").arg(character.unicode(), 2, 16, QLatin1Char('0'));
+    }
+  }
+  return shown;
+}
+
+}  // namespace KyrTool

@@ -1,0 +1,30 @@
+/// \file
+/// Standard output and standard error, in UTF-8 under every locale.
+#pragma once
+
+#include <QString>
+
+#include <cstddef>
+
+namespace KyrTool {
+
+/// Writes text.
+void print(const QString& text);
+
+/// Writes "kyr: ", the fault and a line end to standard error; of a very long fault the middle
+/// is left out.
+void printError(const QString& fault);
+
+/// Writes bytes as they are.
+/// \return false from the first failure on; finishOutput() then explains it
+bool writeBytes(const char* bytes, std::size_t count);
+
+/// Writes what is waiting and reports what went wrong with standard output, if anything; a
+/// reader that has seen enough is no fault.
+/// \return false when output was lost
+bool finishOutput();
+
+/// The text on one line, every character without a glyph replaced by its number.
+QString printable(const QString& text);
+
+}  // namespace KyrTool

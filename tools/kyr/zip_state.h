@@ -1,0 +1,31 @@
+/// \file
+/// What the commands say about a zip stream that they have read.
+#pragma once
+
+#include "input.h"
+
+#include <kyr/pack/KyrZipStream.h>
+
+#include <QString>
+
+#include <cstdint>
+
+namespace KyrTool {
+
+/// Every version of an application's format: the tool looks at the frame only.
+constexpr unsigned anyVersion = 0xFFFFFFFFU;
+
+/// Reads the whole content and throws it away.
+void readToEnd(Kyr::ZipInStream& zip);
+
+/// The bytes of the input that were not read yet, and now are. Bytes behind the end of a stream
+/// do no harm, but whoever looks for a fault wants to know of them.
+std::uint64_t countRest(Input& input);
+
+/// "complete", "cut short at byte 4711", "damaged at byte 4711", or the header's error.
+QString stateText(const Kyr::ZipInStream& zip);
+
+/// The exit code for a stream that was read to its end.
+int codeOf(const Kyr::ZipInStream& zip);
+
+}  // namespace KyrTool
