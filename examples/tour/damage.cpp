@@ -1,0 +1,99 @@
+#include "damage.h"
+
+#include "project.h"
+
+#include <kyr/core/KyrException.h>
+
+#include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace Tour {
+
+namespace {
+
+QByteArray readAll(const QString& fileName) {
+  QFile file(fileName);
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw Kyr::Exception(QString("cannot read %1: %2").arg(fileName, file.errorString()));
+  }
+  return file.readAll();
+}
+
+QByteArray cutShort(const QByteArray& whole) {
+  return whole.left(whole.size() * 3 / 5);
+}
+
+/// What a transfer in text mode from one kind of system to another makes of a file.
+QByteArray asTextTransfer(QByteArray whole) {
+  return whole.replace("\r\n", "\n");
+}
+
+constexpr int headerSize = 104;
+
+/// The version of the content stands at byte 48.
+QByteArray fromNewerProgram(QByteArray whole) {
+  whole[48] = static_cast<char>(projectVersion + 1);
+  return whole;
+}
+
+QByteArray withFlippedBit(QByteArray whole) {
+  const int middle = headerSize + (whole.size() - headerSize) / 2;
+  whole[middle] = static_cast<char>(whole[middle] ^ 0x10);
+  return whole;
+}
+
+/// Shows what readers say of damaged copies of one file.
+class Damages {
+ public:
+  Damages(const QString& fileName, Page& page)
+      : _whole(readAll(fileName)), _content(readProject(fileName).content), _page(page) {}
+
+  const QByteArray& whole() const { return _whole; }
+  bool noneTaken() const { return _noneTaken; }
+
+  void show(const QString& what, const QByteArray& bytes) {
+    const QString copy = _directory.filePath("copy");
+    write(copy, bytes);
+    const Reading reading = readProject(copy);
+    _page.row(what, verdict(reading));
+  }
+
+ private:
+  static void write(const QString& copy, const QByteArray& bytes) {
+    QFile file(copy);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+      throw Kyr::Exception(QString("cannot write %1: %2").arg(copy, file.errorString()));
+    }
+  }
+
+  QString verdict(const Reading& reading) {
+    if (!reading.problem.isEmpty()) {
+      return reading.problem;
+    }
+    if (reading.content == _content) {
+      return "harmless here: the content is the same";
+    }
+    _noneTaken = false;
+    return "TAKEN FOR GOOD DATA";
+  }
+
+  const QByteArray _whole;
+  const std::vector<char> _content;
+  const QTemporaryDir _directory;
+  Page& _page;
+  bool _noneTaken = true;
+};
+
+}  // namespace
+
+bool showDamage(const QString& fileName, Page& page) {
+  Damages damages(fileName, page);
+  damages.show("cut short", cutShort(damages.whole()));
+  damages.show("one bit flipped", withFlippedBit(damages.whole()));
+  damages.show("sent as text", asTextTransfer(damages.whole()));
+  damages.show("newer program", fromNewerProgram(damages.whole()));
+  return damages.noneTaken();
+}
+
+}  // namespace Tour

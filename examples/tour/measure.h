@@ -1,0 +1,20 @@
+/// \file
+/// What is measured on a scan.
+#pragma once
+
+#include "scan.h"
+
+namespace Tour {
+
+/// Sizes of a surface, in millimetres, square and cubic millimetres.
+struct Measures {
+  Point extent{};
+  double area = 0;
+  double volume = 0;          ///< enclosed; an open surface is closed over its middle
+  std::size_t openEdges = 0;  ///< edges with a triangle on one side only
+};
+
+/// Measures a surface. An empty one has only zeros.
+Measures measure(const Mesh& mesh);
+
+}  // namespace Tour

@@ -1,0 +1,144 @@
+#include "scan.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/files/KyrFileParse.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/text/KyrParse.h>
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+namespace Tour {
+
+namespace {
+
+struct CloseFile {
+  void operator()(FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<FILE, CloseFile>;
+
+OpenFile openScan(const QString& fileName) {
+  OpenFile file(Kyr::OS::openFile(fileName, Kyr::OS::OpenRead));
+  if (!file) {
+    throw Kyr::Exception(QString("cannot open %1").arg(fileName));
+  }
+  return file;
+}
+
+/// Walks over the lines of one file and turns them into a mesh.
+class Reader {
+ public:
+  Reader(const QString& fileName, FILE* file, double scale, Kyr::ErrorLog& log, ReadingNotes& notes)
+      : _name(QFileInfo(fileName).fileName()),
+        _file(file),
+        _scale(scale),
+        _log(log),
+        _notes(notes) {}
+
+  Mesh read() {
+    while (nextLine()) {
+      try {
+        readLine();
+      } catch (const Kyr::FileParse::Error&) {
+        throw Kyr::Exception("damaged line: " + place());
+      }
+    }
+    return std::move(_mesh);
+  }
+
+ private:
+  bool nextLine() {
+    try {
+      _file.getLine("");
+    } catch (const Kyr::FileParse::EndOfFile&) {
+      return false;
+    }
+    ++_notes.lines;
+    return true;
+  }
+
+  void readLine() {
+    _file.nextString(_key);
+    if (_key == QLatin1String("v")) {
+      readPoint();
+    } else if (_key == QLatin1String("f")) {
+      readFace();
+    } else {
+      skipLine();
+    }
+  }
+
+  void readPoint() {
+    Point point{};
+    for (double& coordinate : point) {
+      _file.nextDouble(coordinate);
+      coordinate *= _scale;
+      if (!std::isfinite(coordinate)) {
+        throw Kyr::FileParse::Error();
+      }
+    }
+    _mesh.points.push_back(point);
+  }
+
+  void readFace() {
+    const std::uint32_t first = readCorner();
+    std::uint32_t before = readCorner();
+    do {
+      const std::uint32_t corner = readCorner();
+      _mesh.triangles.push_back({first, before, corner});
+      before = corner;
+    } while (!_file.atEndOfLine());
+  }
+
+  std::uint32_t readCorner() {
+    _file.nextString(_corner);
+    bool ok = false;
+    int end = 0;
+    const int number = Kyr::qstringToInt(_corner, &ok, 10, &end);
+    const bool wellFormed = ok && (end == _corner.size() || _corner[end] == QLatin1Char('/'));
+    const auto count = static_cast<qint64>(_mesh.points.size());
+    const qint64 index = number < 0 ? count + number : qint64(number) - 1;
+    if (!wellFormed || index < 0 || index >= count) {
+      throw Kyr::FileParse::Error();
+    }
+    return static_cast<std::uint32_t>(index);
+  }
+
+  void skipLine() {
+    static const QSet<QString> withoutGeometry = {"vn", "vt", "vp",     "o",     "g",
+                                                  "s",  "l",  "mtllib", "usemtl"};
+    ++_notes.ignoredLines;
+    if (!withoutGeometry.contains(_key)) {
+      _log << "unknown key, line skipped: " << place() << Kyr::END_LOG;
+    }
+  }
+
+  QString place() const {
+    const QString text = _file.getDataLine();
+    const QString shown = text.size() > 40 ? text.left(37) + "..." : text;
+    return QString("%1, line %2: %3").arg(_name).arg(_file.getPhysicalLineNumber()).arg(shown);
+  }
+
+  QString _name;
+  Kyr::FileParse::File _file;
+  double _scale;
+  Kyr::ErrorLog& _log;
+  ReadingNotes& _notes;
+  Mesh _mesh;
+  QString _key;
+  QString _corner;
+};
+
+}  // namespace
+
+Mesh readScan(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,
+              ReadingNotes& notes) {
+  const OpenFile file = openScan(fileName);
+  return Reader(fileName, file.get(), millimetresPerUnit, log, notes).read();
+}
+
+}  // namespace Tour

@@ -1,0 +1,91 @@
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+
+namespace {
+
+struct Outcome {
+  int code = -1;
+  QString output;
+  QString errors;
+};
+
+Outcome tour(const QStringList& arguments, const QString& locale = "C.UTF-8") {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("LC_ALL", locale);
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.start(KYR_TOUR, arguments);
+  EXPECT_TRUE(process.waitForFinished(60000));
+  Outcome run;
+  run.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+  run.output = QString::fromUtf8(process.readAllStandardOutput());
+  run.errors = QString::fromUtf8(process.readAllStandardError());
+  return run;
+}
+
+const QByteArray tetrahedron =
+    "# corners of a cube of 2\nv 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 2\n"
+    "f 1 3 2\nf 1/7 2/8/9 4//1\nf 1 4 3\nf -3 -2 -1\n";
+
+TEST(Tour, GoodScansHold) {
+  struct Row {
+    QByteArray scan;
+    QString unit;
+    QString shows;
+    const char* fault;
+  };
+  const Row rows[] = {
+      {tetrahedron, "mm", "1.333 mm³", "a volume from wrong corners or signs"},
+      {tetrahedron, "mm", "Everything held.", "a check that fails on good data"},
+      {tetrahedron, "in", "50.800 mm", "a file's unit that is not applied"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3 4\n", "mm", "4 points, 2 triangles",
+       "a face of four corners that is not cut"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", "mm", "3 open edges", "a hole that goes unnoticed"},
+      {"scale 3\n" + tetrahedron, "mm", "line 1: scale 3", "an unknown key that is swallowed"},
+  };
+  for (const Row& row : rows) {
+    const KyrTest::TempDir directory;
+    const QString scan = directory.write("scan.obj", row.scan);
+    for (const char* locale : {"C.UTF-8", "de_DE.UTF-8"}) {
+      const Outcome run = tour({"--unit", row.unit, "--output", directory.path(), scan}, locale);
+      EXPECT_EQ(run.code, 0) << row.fault << '\n' << run.errors.toStdString();
+      EXPECT_TRUE(run.output.contains(row.shows)) << row.fault << '\n' << run.output.toStdString();
+    }
+  }
+}
+
+TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
+  struct Row {
+    QByteArray scan;  // empty for a file that does not exist
+    QStringList options;
+    int code;
+    QString says;
+    const char* fault;
+  };
+  const Row rows[] = {
+      {"v 1 2 3\nv 1 2\n", {}, 1, "bad.obj, line 2: v 1 2", "a point that lacks a number"},
+      {"v 1 2 nan\n", {}, 1, "bad.obj, line 1", "a coordinate that is no number"},
+      {"v 1 2 3\nf 1 1 2\n", {}, 1, "bad.obj, line 2", "a corner that does not exist"},
+      {"v 1 2 3\nf 1 1\n", {}, 1, "bad.obj, line 2", "a face of two corners"},
+      {"v 1 2 3\nf 1 1 1x\n", {}, 1, "bad.obj, line 2", "text behind a corner"},
+      {"v 1 2 3\n", {}, 1, "holds no surface", "a file without faces taken for a scan"},
+      {"", {}, 1, "cannot open", "a missing file"},
+      {tetrahedron, {"--output", "/dev/null"}, 1, "cannot write", "a project that cannot be kept"},
+      {tetrahedron, {"--unit", "furlong"}, 2, "furlong", "an unknown unit"},
+      {tetrahedron, {"--frobnicate"}, 2, "frobnicate", "an unknown option"},
+  };
+  for (const Row& row : rows) {
+    const KyrTest::TempDir directory;
+    const QString scan =
+        row.scan.isEmpty() ? directory.file("bad.obj") : directory.write("bad.obj", row.scan);
+    const Outcome run = tour(row.options + QStringList(scan));
+    EXPECT_EQ(run.code, row.code) << row.fault;
+    EXPECT_TRUE(run.errors.contains(row.says)) << row.fault << '\n' << run.errors.toStdString();
+  }
+  EXPECT_EQ(tour({}).code, 2);
+}
+
+}  // namespace
