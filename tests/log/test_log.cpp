@@ -9,8 +9,11 @@
 #include <climits>
 #include <iostream>
 #include <thread>
+#include <tuple>
 
 using namespace Kyr;
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
 
 namespace {
 
@@ -38,22 +41,18 @@ TYPED_TEST(Logs, Insertions) {
 }
 
 TYPED_TEST(Logs, OrderOfMessages) {
-  struct {
-    bool append;
-    QStringList messages;
-    const char *text, *fault;
-  } const rows[] = {
+  const std::tuple<bool, QStringList, const char*, const char*> rows[] = {
       {false, {"a", "b", "c"}, "c\nb\na", "newest first"},
       {true, {"", "a", "", "b"}, "a\n\nb", "empty before the first leaves nothing, later a line"},
       {false, {"", "a", "", "b"}, "b\n\na", "the same in front"},
       {false, {"", ""}, "", "only empty messages"},
   };
   for (const auto& [append, messages, text, fault] : rows) {
-    TypeParam unread(append);
-    TypeParam read(append);
+    TypeParam unread(append), read(append);
     for (const QString& message : messages) {
       unread << message << END_LOG;
-      EXPECT_EQ((read << message << END_LOG).isLog(), read.getLog() != "") << fault;
+      read << message << END_LOG;
+      EXPECT_EQ(read.isLog(), read.getLog() != "") << fault;
     }
     EXPECT_EQ(unread.getLog(), text) << fault;
     EXPECT_EQ(read.getLog(), text) << "read between messages: " << fault;
@@ -80,66 +79,58 @@ TEST(Log, SubclassesAndCopies) {
 }
 
 template <class Log>
-void echoSome() {
+void echoesWhenAsked() {
   Log log(false);
+  CaptureStderr();
   log << "swallowed" << END_LOG;
   log.setOutputMessage(true);
   log << "shown " << 1 << END_LOG << END_LOG << "pending";
-  std::cout << log.isLog();
+  EXPECT_EQ(GetCapturedStderr(), "shown 1\n\n") << "one line for each finished message";
+  EXPECT_FALSE(log.isLog()) << "an echoed message was kept";
 }
 
 TEST(Log, EchoKeepsNothing) {
-  for (const auto action : {echoSome<OutputErrorLog>, echoSome<SyncOutputErrorLog>}) {
-    const KyrTest::Ended ended = KyrTest::inChild(action);
-    EXPECT_EQ(ended.errors, "shown 1\n\n") << "one line for each finished message";
-    EXPECT_EQ(ended.output, "0") << "an echoed message was kept";
-  }
+  echoesWhenAsked<OutputErrorLog>();
+  echoesWhenAsked<SyncOutputErrorLog>();
 }
 
 TEST(Log, SystemLog) {
   const KyrTest::TempDir dir;
-  for (const QString& name :
-       {QString(), dir.path(), dir.file("no/log"), QString("/dev/full"), dir.file("log")}) {
-    const KyrTest::Ended ended = KyrTest::inChild([&] {
-      SyncSystemErrorLog log(true, name);
-      log << "x" << END_LOG;
-      SyncSystemErrorLog(false, name) << "y" << END_LOG;
-      log << END_LOG;
-      std::cerr.setstate(std::ios_base::badbit);
-      log << "z" << END_LOG << "pending";
-      std::cout << log.getLog().toStdString();
-    });
-    EXPECT_EQ(ended.errors, "x\n\ny\n\n\n\n") << "with file " << name.toStdString();
-    EXPECT_EQ(ended.output, "x\n\nz\n") << "with file " << name.toStdString();
+  const QString full = "/dev/full";
+  for (const QString& name : {QString(), dir.path(), dir.file("no/log"), full, dir.file("log")}) {
+    SyncSystemErrorLog log(true, name);
+    CaptureStderr();
+    log << "x" << END_LOG;
+    SyncSystemErrorLog(false, name) << "y" << END_LOG;
+    log << END_LOG;
+    std::cerr.setstate(std::ios_base::badbit);
+    log << "z" << END_LOG << "pending";
+    std::cerr.clear();
+    EXPECT_EQ(GetCapturedStderr(), "x\n\ny\n\n\n\n") << "with file " << name.toStdString();
+    EXPECT_EQ(log.getLog(), "x\n\nz\n") << "with file " << name.toStdString();
   }
   EXPECT_EQ(KyrTest::readFile(dir.file("log")), "x\ny\n\nz\n") << "also when the echo fails";
 }
 
-template <class Action>
-void inTwoThreads(const Action& action) {
-  std::thread other(action, 'a');
-  action('b');
-  other.join();
-}
-
 TEST(Log, ThreadsShareLogsAndFiles) {
-  SyncErrorLog log;
-  inTwoThreads([&](char letter) {
-    for (int i = 0; i < 2000; ++i) {
-      EXPECT_TRUE((log << letter << END_LOG).isLog());
-    }
-  });
-  EXPECT_EQ(log.getLog().size(), 2 * 4000 - 1) << "a piece or a message was lost";
   const KyrTest::TempDir dir;
+  SyncErrorLog shared;
   constexpr int length = 20000;  // beyond every buffer between the log and the file
-  KyrTest::inChild([&] {
-    inTwoThreads([&](char letter) {
-      SyncSystemErrorLog file(true, dir.file("log"));
-      for (int i = 0; i < 200; ++i) {
-        file << QString(length, letter) << END_LOG;
-      }
-    });
-  });
+  const auto write = [&](char letter) {
+    for (int i = 0; i < 2000; ++i) {
+      EXPECT_TRUE((shared << letter << END_LOG).isLog());
+    }
+    SyncSystemErrorLog own(true, dir.file("log"));
+    for (int i = 0; i < 200; ++i) {
+      own << QString(length, letter) << END_LOG;
+    }
+  };
+  CaptureStderr();
+  std::thread other(write, 'a');
+  write('b');
+  other.join();
+  GetCapturedStderr();
+  EXPECT_EQ(shared.getLog().size(), 2 * 4000 - 1) << "a piece or a message was lost";
   const QList<QByteArray> lines = KyrTest::readFile(dir.file("log")).split('\n');
   EXPECT_EQ(lines.count(QByteArray(length, 'a')), 200) << "messages mixed";
   EXPECT_EQ(lines.count(QByteArray(length, 'b')), 200) << "messages mixed";

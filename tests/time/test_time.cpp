@@ -9,17 +9,14 @@
 
 #include <cmath>
 #include <ctime>
+#include <tuple>
 
 using Kyr::Time;
 
 namespace {
 
 TEST(Time, SetSeconds) {
-  struct {
-    double x;
-    Time expected;
-    const char* fault;
-  } const rows[] = {
+  const std::tuple<double, Time, const char*> rows[] = {
       {4e9 + 0.25, {4000000000, 250000}, "seconds are unsigned"},
       {1.9999999, {1, 999999}, "microseconds are cut off, not rounded up to a second"},
       {-0.25, {4294967295, 750000}, "floor, not truncation, below zero"},
@@ -28,17 +25,14 @@ TEST(Time, SetSeconds) {
       {-HUGE_VAL, {0, 0}, "infinity has no microseconds"},
       {std::nan(""), {0, 0}, "nor has what is no number"},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(Time(row.x), row.expected) << row.fault;
+  for (const auto& [x, expected, fault] : rows) {
+    EXPECT_EQ(Time(x), expected) << fault;
   }
   EXPECT_EQ(Time(4294967295, 500000).getSeconds(), 4294967295.5) << "read as signed numbers";
 }
 
 TEST(Time, DifferencesAndOrder) {
-  struct {
-    Time earlier, later, span;
-    const char* fault;
-  } const rows[] = {
+  const std::tuple<Time, Time, Time, const char*> rows[] = {
       {{10, 900000}, {12, 100000}, {1, 200000}, "a second is borrowed"},
       {{10, 1}, {10, 3}, {0, 2}, "microseconds decide between equal seconds"},
       {{1, 0}, {4294967295, 0}, {4294967294, 0}, "a difference in 32 bits"},
@@ -86,11 +80,7 @@ double secondsOf(const char* stamp) {
 
 TEST(Time, CameraStamps) {
   const KyrTest::ScopedEnvironment zone("TZ", "UTC0");
-  struct {
-    const char* stamp;
-    double seconds;
-    const char* fault;
-  } const rows[] = {
+  const std::tuple<const char*, double, const char*> rows[] = {
       {"\t2010 : 02:\t05\t07 :57: 37 rest", 1265356657, "blanks before every item, a rest"},
       {"2010:02:05:07:57:37", 1265328477, "a colon after the day: the hour counts as missing"},
       {"2010:02:31 10:00:00", 1267610400, "the day runs on into March"},
@@ -100,8 +90,8 @@ TEST(Time, CameraStamps) {
       {"99999999999999999999:01:02 00:00:00", 86400, "the year overflows"},
       {"1970:01:01 -99999999999999999999:00:00", 0, "what fails with 1970 is 0"},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(secondsOf(row.stamp), row.seconds) << row.fault;
+  for (const auto& [stamp, seconds, fault] : rows) {
+    EXPECT_EQ(secondsOf(stamp), seconds) << fault;
   }
   for (const char* wrong :
        {"2010-02:05 07:57:37", "2010:02:05 07:57", "2010:13:05 07:57:37", "2010:02:00 07:57:37",

@@ -94,6 +94,8 @@ TEST(Tool, AnswersOnTheCommandLine) {
         << row.words << ": " << row.fault << ": " << result.errors.toStdString();
   }
   EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "a failed command left a file";
+  const Result longest = run({"convert", QString(100000, '1') + "x", "mm", "in"}, folder);
+  EXPECT_TRUE(longest.errors.contains("1x\" is not a number\n") && longest.errors.size() < 1000);
 }
 
 /// Lines of text and a packed copy of it: whole, and as faults leave it.
@@ -184,6 +186,34 @@ TEST_F(ToolZip, LeavesNothingHalfWritten) {
     EXPECT_EQ(result.code, 1) << words.join(' ').toStdString();
     EXPECT_EQ(result.errors, "kyr: standard output: no space left\n");
   }
+}
+
+TEST_F(ToolZip, NoticesClosedStreams) {
+  if (!QFile::exists("/bin/sh")) {
+    GTEST_SKIP() << "there is no shell that closes streams";
+  }
+  const struct {
+    QString words;
+    int code;
+    const char* error;
+    const char* fault;
+  } rows[] = {
+      {"zip verify - <&-", 1, "kyr: standard input: cannot be read\n",
+       "another file took its place"},
+      {"convert 100 mm mm >&-", 1, "kyr: standard output: cannot be written\n", "the same"},
+      {"zip pack plain new <&- >&- 2>&-", 0, "", "not every stream is needed"},
+      {"zip pack - new <&- >&- 2>&-", 1, "", "nobody hears the complaint"},
+      {"zip pack plain ''", 1, "kyr: : cannot be written\n", "a file without a name"},
+  };
+  for (const auto& row : rows) {
+    QProcess shell;
+    shell.setWorkingDirectory(folder.path());
+    shell.start("/bin/sh", {"-c", QString("\"%1\" ").arg(KYR_TOOL) + row.words});
+    EXPECT_TRUE(shell.waitForFinished()) << row.fault;
+    EXPECT_EQ(shell.exitCode(), row.code) << row.words.toStdString() << ": " << row.fault;
+    EXPECT_EQ(shell.readAllStandardError(), row.error) << row.words.toStdString();
+  }
+  EXPECT_EQ(run({"zip", "cat", "new"}, folder).output, plain) << "a message is in the packed file";
 }
 
 TEST_F(ToolZip, IsQuietWhenItsReaderLeaves) {
