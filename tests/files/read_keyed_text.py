@@ -1,37 +1,41 @@
-"""Reads the samples of keyed text by the description of the format alone, and compares what is
-read with the lists beside them; the library's own test compares with the same lists."""
+"""Reads the rows that list all data lines of a file, by the description of the format alone."""
 import pathlib
 import sys
+import urllib.parse
 
 
-def reads(file):
-    """Pieces of at most 4095 bytes that end behind a line feed, and the number of their line."""
+def pieces(file):
+    """Up to a line feed, or 4095 bytes; with the number of the line."""
     number = 1
     while file:
-        size = min(file.find(b"\n", 0, 4095) + 1 or 4095, len(file))
-        piece, file = file[:size], file[size:]
-        yield number, piece
-        number += piece.endswith(b"\n")
+        piece = file[:4095].partition(b"\n")
+        size = len(piece[0] + piece[1])
+        yield number, file[:size]
+        number += len(piece[1])
+        file = file[size:]
 
 
-def data_lines(file):
-    pieces, codec = list(reads(file)), "latin-1"
-    if pieces and b"<defaultcodec>" in pieces[0][1]:
-        codec = "utf-8" if b"utf-8" in pieces.pop(0)[1] else "latin-1"
+def data_lines(file, codec):
     joined = ""
-    for number, piece in pieces:
+    for index, (number, piece) in enumerate(pieces(file)):
+        if index == 0 and b"<defaultcodec>utf-8" in piece:
+            codec = "utf-8"
+            continue
+        begin = begin if joined else number
         text = piece.split(b"\0")[0].rstrip(b"\r\n").decode(codec, "replace")
-        first = first if joined else number
         joined += text[:-1] if text.endswith("\\") else text
         if not text.endswith("\\"):
-            if joined and joined[0] != "#":
-                yield "%d [%s]" % (first, joined.replace("\t", " "))
+            yield "" if joined[:1] in ("", "#") else "%d[%s]" % (begin, joined.replace("\t", " "))
             joined = ""
 
 
-samples = [path for folder in sys.argv[1:] for path in pathlib.Path(folder).glob("keyed-*.txt")]
-assert len(samples) >= 7, samples
-for sample in samples:
-    listed = sample.with_suffix(".list").read_bytes().decode()
-    read = "".join(line + "\n" for line in data_lines(sample.read_bytes()))
-    assert read == listed, "%s:\n%s" % (sample, read)
+table, seen = pathlib.Path(sys.argv[1]), 0
+for row in table.read_text("utf-8").replace("LONG", 4092 * "x").split("\n"):
+    fields = [urllib.parse.unquote_to_bytes(f.strip().replace("\\", "%")) for f in row.split("|")]
+    if fields[2:3] == [b"a"]:
+        inline = fields[0][:1] != b"@"
+        file = fields[0] if inline else (table.parent / fields[0][1:].decode()).read_bytes()
+        read = "".join(data_lines(file, ["latin-1", "utf-8"][int(fields[1])]))
+        assert read == fields[3].decode(), (fields[0], read)
+        seen += 1
+assert seen >= 8, seen
