@@ -48,6 +48,8 @@ TEST(KStringTest, ChangingOperationsChain) {
             "Woord");
   EXPECT_EQ(text.replace(text.begin(), text.end(), word.begin(), word.end()).erase().size(), 0U);
   EXPECT_EQ(text.assign(word, 1, 2).assign(3, 'q').assign("pq", 1).assign(word).mid(1), "ord");
+  EXPECT_EQ(text.assign(word, 2).append(word, 3).insert(0, word, 2).replace(0, 1, word, 3),
+            "ddrdd");
   (text = "chars") = 'c';
   EXPECT_EQ(*text.erase(text.begin(), text.begin()), 'c') << "the iterator form of the base";
 }
@@ -126,10 +128,10 @@ TEST(KStringTest, DamagedTokens) {
       {untokenize("a\\", true), "a", "at the end as well"},
       {untokenize("\\q\\ \\%b", true), "b", "unknown escapes are dropped"},
       {untokenize("\\xzz!", true), std::string("\0!", 2), "bad digits are a zero byte"},
-      {untokenize("\\x4A", true), std::string(1, '\0'), "capital digits are bad"},
+      {untokenize("\\x4A\\xA4", true), std::string(2, '\0'), "capital digits are bad"},
       {untokenize("\\x4", true), "\\x4", "too few digits stay as they are"},
       {untokenize("\\x\\n", true), std::string(1, '\0'), "the two bytes are taken"},
-      {untokenize("\\x-1\\x 7", true), "\xff\x07", "read as any number"},
+      {untokenize("\\x-1\\x 7\\x+7\\x7 ", true), "\xff\x07\x07\x07", "read as any number"},
   };
   expectAll(rows);
 }

@@ -5,6 +5,7 @@
 #include <kyr/core/KyrPlatform.h>
 
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -19,18 +20,23 @@ namespace Kyr {
 /// and std::size_t are of that type on some platforms.
 /// \threadsafety as std::string
 class KYR_EXPORT KString : public std::string {
+  // With a second parameter, as in std::string, so that these templates hide those of the base.
+  template <class Iterator>
+  using Category = typename std::iterator_traits<Iterator>::iterator_category;
+
  public:
   KString() = default;
   KString(const KString&) = default;
   KString(KString&&) = default;
   KString(const std::string& text) : std::string(text) {}
   KString(std::string&& text) noexcept : std::string(std::move(text)) {}
-  KString(const std::string& text, size_type pos, size_type n) : std::string(text, pos, n) {}
+  KString(const std::string& text, size_type pos, size_type n = npos) : std::string(text, pos, n) {}
   KString(const char* text) : std::string(text) {}
   KString(const char* text, size_type n) : std::string(text, n) {}
   KString(size_type n, char c) : std::string(n, c) {}
   ~KString() = default;
 
+  using std::string::operator=;
   KString& operator=(const KString&) = default;
   KString& operator=(KString&&) = default;
   KString& operator=(const std::string& text) { return self(std::string::operator=(text)); }
@@ -40,33 +46,36 @@ class KYR_EXPORT KString : public std::string {
   KString& operator=(const char* text) { return self(std::string::operator=(text)); }
   KString& operator=(char c) { return self(std::string::operator=(c)); }
 
+  using std::string::operator+=;
   KString& operator+=(const std::string& text) { return self(std::string::append(text)); }
   KString& operator+=(const char* text) { return self(std::string::append(text)); }
   KString& operator+=(char c) { return self(std::string::append(1, c)); }
 
   // The changing operations of std::string, with the derived type as result so that calls chain.
-  // The shapes of insert and erase that give an iterator are inherited.
+  // Other shapes are inherited, above all those of insert and erase that give an iterator.
 
+  using std::string::append;
   KString& append(const std::string& text) { return self(std::string::append(text)); }
-  KString& append(const std::string& text, size_type pos, size_type n) {
+  KString& append(const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::append(text, pos, n));
   }
   KString& append(const char* text) { return self(std::string::append(text)); }
   KString& append(const char* text, size_type n) { return self(std::string::append(text, n)); }
   KString& append(size_type n, char c) { return self(std::string::append(n, c)); }
-  template <class Iterator>
+  template <class Iterator, class = Category<Iterator>>
   KString& append(Iterator first, Iterator last) {
     return self(std::string::append(first, last));
   }
 
+  using std::string::assign;
   KString& assign(const std::string& text) { return self(std::string::assign(text)); }
-  KString& assign(const std::string& text, size_type pos, size_type n) {
+  KString& assign(const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::assign(text, pos, n));
   }
   KString& assign(const char* text) { return self(std::string::assign(text)); }
   KString& assign(const char* text, size_type n) { return self(std::string::assign(text, n)); }
   KString& assign(size_type n, char c) { return self(std::string::assign(n, c)); }
-  template <class Iterator>
+  template <class Iterator, class = Category<Iterator>>
   KString& assign(Iterator first, Iterator last) {
     return self(std::string::assign(first, last));
   }
@@ -75,7 +84,7 @@ class KYR_EXPORT KString : public std::string {
   KString& insert(size_type at, const std::string& text) {
     return self(std::string::insert(at, text));
   }
-  KString& insert(size_type at, const std::string& text, size_type pos, size_type n) {
+  KString& insert(size_type at, const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::insert(at, text, pos, n));
   }
   KString& insert(size_type at, const char* text) { return self(std::string::insert(at, text)); }
@@ -91,7 +100,7 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::replace(pos, n, text));
   }
   KString& replace(size_type pos, size_type n, const std::string& text, size_type textPos,
-                   size_type textN) {
+                   size_type textN = npos) {
     return self(std::string::replace(pos, n, text, textPos, textN));
   }
   KString& replace(size_type pos, size_type n, const char* text) {

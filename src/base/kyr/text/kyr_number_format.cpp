@@ -146,13 +146,10 @@ char* appendZeros(char* text, int count) {
   return std::fill_n(text, count, '0');
 }
 
-/// Writes digits with the point behind the first \a before of them, which may be none.
+/// Writes digits with the point behind the first \a before of them; there is one digit at least.
 char* appendPointed(char* text, const char* from, const char* to, int before) {
   if (before <= 0) {
     *text++ = '0';
-    if (from == to) {
-      return text;
-    }
     *text++ = '.';
     return append(appendZeros(text, -before), from, to);
   }

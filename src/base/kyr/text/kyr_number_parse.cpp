@@ -263,7 +263,6 @@ double parseDouble(const ushort* begin, const ushort* end, const ushort** stop) 
 
 bool parseInt64(const char* begin, const char* end, const char** stop, qint64* value) {
   const char* at = begin;
-  *stop = begin;
   while (at != end && isSpace(code(*at))) {
     ++at;
   }
@@ -271,21 +270,16 @@ bool parseInt64(const char* begin, const char* end, const char** stop, qint64* v
   if (at != end && (*at == '-' || *at == '+')) {
     ++at;
   }
-  const char* const digits = at;
   constexpr auto largest = static_cast<quint64>(std::numeric_limits<qint64>::max());
+  const auto valueOf = [](char byte, BaseTen) {
+    return isDigit(code(byte)) ? code(byte) - '0' : noDigit;
+  };
   quint64 magnitude = 0;
-  for (; at != end && isDigit(code(*at)); ++at) {
-    const unsigned digit = code(*at) - '0';
-    if (magnitude > largest / 10 ||
-        (magnitude == largest / 10 && digit > largest % 10 + (negative ? 1 : 0))) {
-      return false;
-    }
-    magnitude = magnitude * 10 + digit;
-  }
-  *stop = at;
-  if (at == digits) {
+  at = accumulateDigits(at, end, BaseTen(), Most{largest, negative ? 1U : 0U}, valueOf, &magnitude);
+  if (at == nullptr) {
     return false;
   }
+  *stop = at;
   *value = static_cast<qint64>(negative ? 0 - magnitude : magnitude);
   return true;
 }

@@ -9,8 +9,7 @@ namespace Kyr {
 
 namespace {
 
-/// The value that no digit of any base has.
-constexpr unsigned noDigit = 36;
+using Numeric::noDigit;
 
 constexpr bool isAsciiDigit(unsigned code) {
   return code - '0' < 10;
@@ -44,42 +43,6 @@ const QChar* skipSpace(const QChar* at, const QChar* end) {
   return at;
 }
 
-/// Accumulates digits from \a at on, one at least.
-/// \param most largest value; \a slack is 1 where the last digit may exceed it by one
-/// \return the first character that is no digit; null for no digit or too many
-template <class Base>
-const QChar* readDigits(const QChar* at, const QChar* end, Base base, quint64 most, unsigned slack,
-                        quint64* value) {
-  const QChar* const first = at;
-  const quint64 limit = most / base;
-  const quint64 rest = most % base + slack;
-  quint64 sum = 0;
-  for (; at != end; ++at) {
-    const unsigned digit = digitOf(*at, base);
-    if (digit == noDigit) {
-      break;
-    }
-    if (sum >= limit && (sum > limit || digit > rest)) {
-      return nullptr;
-    }
-    sum = sum * base + digit;
-  }
-  *value = sum;
-  return at == first ? nullptr : at;
-}
-
-/// A base that the compiler knows, so that it need not divide.
-struct Decimal {
-  constexpr operator unsigned() const { return 10; }
-};
-
-const QChar* readMagnitude(const QChar* at, const QChar* end, int base, quint64 most,
-                           unsigned slack, quint64* value) {
-  const unsigned effective = Numeric::effectiveBase(base);
-  return effective == 10 ? readDigits(at, end, Decimal(), most, slack, value)
-                         : readDigits(at, end, effective, most, slack, value);
-}
-
 /// Settles what may follow a number.
 bool acceptRest(const QString& text, const QChar* stop, int* end) {
   if (end != nullptr) {
@@ -99,9 +62,12 @@ bool parseInteger(const QString& text, int base, int* end, Integer* value) {
   if (negative || (at != last && *at == QLatin1Char('+'))) {
     ++at;
   }
+  const Numeric::Most most = {static_cast<quint64>(std::numeric_limits<Integer>::max()),
+                              negative ? 1U : 0U};
   quint64 magnitude = 0;
-  at = readMagnitude(at, last, base, static_cast<quint64>(std::numeric_limits<Integer>::max()),
-                     negative ? 1 : 0, &magnitude);
+  at = Numeric::readDigits(
+      at, last, base, most,
+      [](QChar character, unsigned known) { return digitOf(character, known); }, &magnitude);
   if (at == nullptr || !acceptRest(text, at, end)) {
     return false;
   }

@@ -4,6 +4,7 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <initializer_list>
@@ -111,16 +112,22 @@ char* copyBytes(const char* from, const char* to, char* target) {
   return target + size;
 }
 
+/// A string of zero bytes for \a size that may exceed what the memory can address; it is the
+/// string then that throws.
+KString zeros(quint64 size) {
+  return KString(static_cast<std::size_t>(std::min<quint64>(size, KString::npos)), '\0');
+}
+
 KString multiArg(const KString& text, Arguments arguments) {
   const Placeholders all = allPlaceholders(text);
   const Assigned assigned = assignArguments(all, arguments);
-  std::size_t size = text.size();
+  quint64 size = text.size();
   for (const Placeholder& place : all) {
     if (const std::string* const argument = assigned[place.number]) {
       size = size - 2 + argument->size();
     }
   }
-  KString result(size, '\0');
+  KString result = zeros(size);
   char* target = result.data();
   const char* copied = text.data();
   for (const Placeholder& place : all) {
@@ -167,8 +174,7 @@ KString& assignTo(KString& text, const Digits<capacity>& digits) {
   return text.assign(digits.text.data(), digits.size);
 }
 
-/// The value that no digit of any base has.
-constexpr unsigned noDigit = 36;
+using Numeric::noDigit;
 
 unsigned digitOf(char character, unsigned base) {
   const unsigned code = static_cast<unsigned char>(character);
@@ -182,33 +188,6 @@ unsigned digitOf(char character, unsigned base) {
   }
   return code >= 'a' && code - 'a' < base - 10 ? code - 'a' + 10 : noDigit;
 }
-
-/// Accumulates digits; \a base is an unsigned or a type with a constant one.
-/// \return the first byte that is no digit; null for no digit or more than \a most
-template <class Base>
-const char* readDigits(const char* at, const char* end, Base base, quint64 most, quint64* value) {
-  const char* const first = at;
-  const quint64 limit = most / base;
-  const quint64 rest = most % base;
-  quint64 sum = 0;
-  for (; at != end; ++at) {
-    const unsigned digit = digitOf(*at, base);
-    if (digit == noDigit) {
-      break;
-    }
-    if (sum >= limit && (sum > limit || digit > rest)) {
-      return nullptr;
-    }
-    sum = sum * base + digit;
-  }
-  *value = sum;
-  return at == first ? nullptr : at;
-}
-
-/// A base that the compiler knows, so that it need not divide.
-struct Decimal {
-  constexpr operator unsigned() const { return 10; }
-};
 
 /// The largest magnitude of a type behind a sign.
 template <class Integer>
@@ -230,11 +209,11 @@ const char* readInteger(const char* at, const char* end, int base, Integer* valu
   if (at != end && (*at == '-' || *at == '+')) {
     ++at;
   }
-  const quint64 most = largestMagnitude<Integer>(negative);
-  const unsigned effective = Numeric::effectiveBase(base);
+  const Numeric::Most most = {largestMagnitude<Integer>(negative)};
   quint64 magnitude = 0;
-  at = effective == 10 ? readDigits(at, end, Decimal(), most, &magnitude)
-                       : readDigits(at, end, effective, most, &magnitude);
+  at = Numeric::readDigits(
+      at, end, base, most, [](char byte, unsigned known) { return digitOf(byte, known); },
+      &magnitude);
   *value = static_cast<Integer>(negative ? 0 - magnitude : magnitude);
   return at;
 }

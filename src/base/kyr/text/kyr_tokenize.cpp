@@ -1,6 +1,5 @@
 #include <kyr/text/KyrString.h>
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -50,24 +49,43 @@ const Token& token(char byte) {
   return tokens[static_cast<unsigned char>(byte)];
 }
 
-/// Appends what an escape stands for.
-/// \param at the byte behind the backslash
-/// \return the first byte behind the escape
-const char* appendUnescaped(KString& text, const char* at, const char* end) {
-  const char letter = *at++;
+/// The value that no byte has.
+constexpr unsigned noByte = 256;
+
+/// The value of a digit that tokenize() writes.
+constexpr unsigned digitOf(char byte) {
+  const unsigned code = static_cast<unsigned char>(byte);
+  if (code - '0' < 10) {
+    return code - '0';
+  }
+  return code - 'a' < 6 ? code - 'a' + 10 : noByte;
+}
+
+/// The byte of two hexadecimal digits, or of whatever else KString::toInt() makes a number of.
+char byteOf(const char* pair) {
+  const unsigned value = digitOf(pair[0]) << 4 | digitOf(pair[1]);
+  return value < noByte ? static_cast<char>(value)
+                        : static_cast<char>(KString(pair, 2).toInt(nullptr, 16));
+}
+
+/// Writes what an escape stands for, which is never longer.
+/// \param at the byte behind the backslash; receives the first byte behind the escape
+/// \return the place behind what was written
+char* unescape(const char** at, const char* end, char* target) {
+  const char letter = *(*at)++;
   if (letter != 'x') {
     const std::size_t index = letters.find(letter);
     if (index != std::string_view::npos) {
-      text += escaped[index];
+      *target++ = escaped[index];
     }
-    return at;
+  } else if (end - *at < 2) {
+    *target++ = '\\';
+    *target++ = 'x';
+  } else {
+    *target++ = byteOf(*at);
+    *at += 2;
   }
-  if (end - at < 2) {
-    text.append("\\x", 2);
-    return at;
-  }
-  text += static_cast<char>(KString(at, 2).toInt(nullptr, 16));
-  return at + 2;
+  return target;
 }
 
 }  // namespace
@@ -95,18 +113,18 @@ KString untokenize(const KString& s, bool markEmpty) {
   if (markEmpty && s == "\\") {
     return {};
   }
-  KString text;
-  text.reserve(s.size());
+  KString text(s.size(), '\0');
+  char* target = text.data();
   const char* const end = s.data() + s.size();
   const char* at = s.data();
   while (at != end) {
-    const char* const backslash = std::find(at, end, '\\');
-    text.append(at, static_cast<std::size_t>(backslash - at));
-    at = backslash;
-    if (at != end && ++at != end) {
-      at = appendUnescaped(text, at, end);
+    if (*at != '\\') {
+      *target++ = *at++;
+    } else if (++at != end) {
+      target = unescape(&at, end, target);
     }
   }
+  text.resize(static_cast<std::size_t>(target - text.data()));
   return text;
 }
 

@@ -35,6 +35,54 @@ constexpr unsigned effectiveBase(int base) {
   return base < 2 || base > 36 ? 10U : static_cast<unsigned>(base);
 }
 
+/// The value that no digit of any base has.
+constexpr unsigned noDigit = 36;
+
+/// A base that the compiler knows, so that it need not divide.
+struct BaseTen {
+  constexpr operator unsigned() const { return 10; }
+};
+
+/// The largest number to accept.
+struct Most {
+  quint64 value;
+  unsigned slack = 0;  ///< 1 where the last digit may exceed the value's own by one
+};
+
+/// As readDigits(), for an unsigned base or BaseTen.
+template <class Unit, class Base, class ValueOf>
+const Unit* accumulateDigits(const Unit* at, const Unit* end, Base base, Most most, ValueOf valueOf,
+                             quint64* value) {
+  const Unit* const first = at;
+  const quint64 limit = most.value / base;
+  const quint64 rest = most.value % base + most.slack;
+  quint64 sum = 0;
+  for (; at != end; ++at) {
+    const unsigned digit = valueOf(*at, base);
+    if (digit == noDigit) {
+      break;
+    }
+    if (sum >= limit && (sum > limit || digit > rest)) {
+      return nullptr;
+    }
+    sum = sum * base + digit;
+  }
+  *value = sum;
+  return at == first ? nullptr : at;
+}
+
+/// Reads the digits of a number.
+/// \param base 2 to 36; any other counts as 10
+/// \param valueOf gives a unit's value in a base; noDigit for what is no digit of it
+/// \return the first unit that is no digit; null for no digit at all or too large a number
+template <class Unit, class ValueOf>
+const Unit* readDigits(const Unit* at, const Unit* end, int base, Most most, ValueOf valueOf,
+                       quint64* value) {
+  const unsigned effective = effectiveBase(base);
+  return effective == 10 ? accumulateDigits(at, end, BaseTen(), most, valueOf, value)
+                         : accumulateDigits(at, end, effective, most, valueOf, value);
+}
+
 /// Parses what strtod accepts in the "C" locale, to the same bits. The text need not end in a
 /// zero byte; cost and reading are limited to the number and the white space before it.
 /// \param stop receives the first unit behind the number, \a begin when there is none
@@ -44,10 +92,8 @@ double parseDouble(const char* begin, const char* end, const char** stop);
 /// The same from UTF-16 units; units beyond ASCII end a number.
 double parseDouble(const ushort* begin, const ushort* end, const ushort** stop);
 
-/// Parses a decimal integer as qstringToInt64 does, from bytes.
-/// \param stop receives the first byte behind the digits. A byte from 0x80 there, or at the
-///        start of a text that is refused, may still be white space or a digit of Unicode;
-///        the caller then has to decode the text and ask qstringToInt64
+/// Parses a decimal integer as qstringToInt64 does, from ASCII.
+/// \param stop receives the first byte behind the digits
 /// \return false, with nothing stored, when there is no integer or it exceeds 64 bits
 /// \threadsafety any thread
 bool parseInt64(const char* begin, const char* end, const char** stop, qint64* value);
