@@ -8,7 +8,7 @@ namespace KyrBench {
 ///
 /// The table shows the median time of one iteration of the peer divided by the median of the
 /// subject: 2 means that the subject is twice as fast. Both must do the same work in one
-/// iteration.
+/// iteration. The time is the processor's; benchmarks with UseRealTime() count by the clock.
 struct Ratio {
   /// \param title what is compared, a few words
   /// \param subject, peer full names of two benchmarks, with their arguments

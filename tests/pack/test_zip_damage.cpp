@@ -1,10 +1,6 @@
-#include <kyr/pack/KyrZipStream.h>
-
 #include "pack/Bytes.h"
 
 #include <gtest/gtest.h>
-
-#include <QByteArray>
 
 using Kyr::ZipInStream;
 using KyrTest::drain;
@@ -15,17 +11,11 @@ using namespace std::string_literals;
 namespace {
 
 constexpr std::size_t headerSize = 104;
-constexpr auto Good = ZipInStream::HeaderGood, Unreadable = ZipInStream::HeaderUnreadable,
-               Invalid = ZipInStream::HeaderInvalid, Newer = ZipInStream::HeaderFromNewer;
 constexpr auto Complete = ZipInStream::StreamComplete, CutShort = ZipInStream::StreamCutShort,
                Damaged = ZipInStream::StreamDamaged, Refused = ZipInStream::StreamRefused;
 
 std::string with(std::string file, std::size_t at, const std::string& bytes) {
   return file.replace(at, bytes.size(), bytes);
-}
-
-std::string transferred(const std::string& text, const char* from, const char* to) {
-  return QByteArray::fromStdString(text).replace(from, to).toStdString();
 }
 
 std::string newer(const std::string& writer) {
@@ -41,26 +31,23 @@ TEST(ZipInStream, HeadersThatAreRefused) {
   const std::string good = zipped(noisy(500), 0x0A0D0A);
   struct {
     std::string file;
-    ZipInStream::HeaderError_t error;
+    int error;
     std::string text;
     const char* fault;
   } const rows[] = {
-      {good, Good, "", "line ends in the version are no sign of a transfer"},
-      {good.substr(0, 103), Unreadable, "cannot read zip stream header", "one byte short"},
-      {with(good, 47, "k"), Invalid, invalid, "last byte of the constant block"},
-      {with(good, 0, "Kyr-ZIP\0"s), Invalid, invalid, "the older form"},
-      {transferred(good, "\r\n", "\n"), Invalid, ascii, "CR LF to LF"},
-      {transferred(good, "\n", "\r\n"), Invalid, ascii, "LF to CR LF"},
-      {transferred(good, "\r", "\n"), Invalid, ascii, "CR to LF"},
-      {transferred(good, "\n", "\r"), Invalid, ascii, "LF to CR"},
-      {transferred(good, "\r", ""), Invalid, ascii, "CR dropped"},
-      {with(good, 63, "\1"), Invalid, ascii, "the last check byte"},
-      {with(good, 71, "\x80"), Invalid, invalid, "header size with the sign bit"},
-      {with(good, 48, "\x0B"), Newer, newer("6.2.0-6"), "newer by one"},
-      {with(with(good, 48, "\xFF"), 72, std::string(32, 'x')), Newer, newer(std::string(32, 'x')),
+      {good, 0, "", "line ends in the version are no sign of a transfer"},
+      {good.substr(0, 103), 1, "cannot read zip stream header", "one byte short"},
+      {with(good, 47, "k"), 2, invalid, "last byte of the constant block"},
+      {with(good, 0, "Kyr-ZIP\0"s), 2, invalid, "the older form"},
+      {std::string(good).erase(52, 1), 2, ascii, "CR LF to LF"},
+      {std::string(good).insert(48, 1, '\r'), 2, ascii, "LF to CR LF"},
+      {with(good, 63, "\1"), 2, ascii, "the last check byte"},
+      {with(good, 71, "\x80"), 2, invalid, "header size with the sign bit"},
+      {with(good, 48, "\x0B"), 3, newer("6.2.0-6"), "newer by one"},
+      {with(with(good, 48, "\xFF"), 72, std::string(32, 'x')), 3, newer(std::string(32, 'x')),
        "text without an end"},
-      {with(with(good, 48, "\xFF"), 72, "\0"s), Newer, newer("unknown file version"), "no text"},
-      {with(with(good, 48, "\xFF"), 72, "%2%1%2%"), Newer, newer("%2%1%2%"), "placeholders"},
+      {with(with(good, 48, "\xFF"), 72, "\0"s), 3, newer("unknown file version"), "no text"},
+      {with(with(good, 48, "\xFF"), 72, "%2%1%2%"), 3, newer("%2%1%2%"), "placeholders"},
   };
   for (const auto& row : rows) {
     std::istringstream source(row.file);
@@ -68,8 +55,8 @@ TEST(ZipInStream, HeadersThatAreRefused) {
     ZipInStream in(&source, 0x0A0D0A);
     EXPECT_EQ(in.getHeaderError(), row.error) << row.fault;
     EXPECT_EQ(in.getHeaderErrorText().toStdString(), row.text) << row.fault;
-    EXPECT_EQ(in.bad(), row.error != Good) << row.fault;
-    EXPECT_EQ(in.rdbuf()->sgetc() == EOF, row.error != Good) << row.fault;
+    EXPECT_EQ(in.bad(), row.error != 0) << row.fault;
+    EXPECT_EQ(in.rdbuf()->sgetc() == EOF, row.error != 0) << row.fault;
   }
 }
 
@@ -120,7 +107,6 @@ TEST(ZipInStream, EndsAndDamage) {
       {open, CutShort, open.size(), 20000, "the end mark is missing"},
       {file.substr(0, second), CutShort, second, 8185, "a full block ends nothing by itself"},
       {with(file, second, "\1\x20"), Damaged, second, 8185, "8193 is too long"},
-      {with(file, second, "\xFF\xFF"), Damaged, second, 8185, "and so is 65535"},
       {with(file, second, "\0\0"s), Damaged, second, 8185, "an early end mark"},
       {with(small, 104, std::string(1, char(small[104] + 2))), Damaged, tail, 5,
        "bytes within the block behind the end of the data"},
@@ -148,6 +134,12 @@ TEST(ZipInStream, CutAtEveryByte) {
     before = verdict.plain.size();
   }
   EXPECT_EQ(before, 2000U) << "only the end mark was missing";
+  std::istringstream source(file.substr(0, file.size() - 2));
+  ZipInStream in(&source, 1);
+  in.exceptions(std::ios::badbit);
+  std::string room(9000, '\0');
+  EXPECT_THROW(in.read(room.data(), 9000), std::ios::failure);
+  EXPECT_EQ(in.gcount(), 2000) << "a reader that throws loses the bytes before the end";
 }
 
 TEST(ZipInStream, ChangedBytesAndRandomBlocksAreNeverGoodData) {
@@ -170,25 +162,20 @@ TEST(ZipInStream, ChangedBytesAndRandomBlocksAreNeverGoodData) {
   }
 }
 
-TEST(ZipInStream, RecognisesBytes) {
+TEST(ZipInStream, RecognisesAndDecompressesTheBeginning) {
   const auto recognised = [](const std::string& text) {
     return ZipInStream::isZipStream({text.begin(), text.end()});
   };
-  const std::string file = zipped(noisy(1000), 99);
+  const std::string file = zipped("the application's own header", 4000000000);
   EXPECT_TRUE(recognised(file) && recognised(file.substr(0, 52)) && !recognised(""));
   EXPECT_FALSE(recognised(file.substr(0, 51))) << "too short to be certain";
-  EXPECT_FALSE(recognised(transferred(file.substr(0, 60), "\r\n", "\n"))) << "text mode";
+  EXPECT_FALSE(recognised(with(file, 54, "\r"))) << "text mode";
   EXPECT_FALSE(recognised(with(file, 69, "x"))) << "another header size";
   EXPECT_FALSE(recognised("Kyr-ZIP\0abc"s)) << "the older form needs 12 bytes";
-  EXPECT_TRUE(recognised("Kyr-ZIP\0abcd"s));
-  EXPECT_FALSE(recognised("Kyr-ZIP-Stream")) << "the older mark ends with a zero";
-}
-
-TEST(ZipInStream, DecompressesTheBeginning) {
-  const std::string file = zipped("the application's own header", 4000000000);
+  EXPECT_TRUE(recognised("Kyr-ZIP\0abcd"s) && !recognised("Kyr-ZIP-Stream"));
   std::vector<char> out;
   EXPECT_TRUE(ZipInStream::decompressHeader({file.begin(), file.end() - 8}, out));
-  EXPECT_EQ(std::string(out.begin(), out.begin() + 20), "the application's ow");
+  EXPECT_EQ(std::string(out.data(), 20), "the application's ow");
   EXPECT_FALSE(ZipInStream::decompressHeader({file.begin(), file.begin() + 103}, out));
   EXPECT_TRUE(out.empty());
   const std::string damaged = with(file, 105, "\x7F");

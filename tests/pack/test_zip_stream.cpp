@@ -1,5 +1,3 @@
-#include <kyr/pack/KyrZipStream.h>
-
 #include "pack/Bytes.h"
 #include "support/Support.h"
 
@@ -21,14 +19,11 @@ TEST(ZipStream, AnEmptyStreamByteForByte) {
       "\r\n\0\n\0\r\0\n\r\0\0\0time\x68\0\0\0"
       "6.2.0-6\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x8\0\x78\1\3\0\0\0\0\1\0\0",
       116);
-  std::string file = zipped("", 0x04030201);
-  EXPECT_EQ(file.replace(64, 4, "time"), expected);
-  std::istringstream source(file);
-  ZipInStream in(&source, 0x04030201);
-  EXPECT_EQ(in.getHeaderInfo().fileVersion, 0x04030201U);
-  EXPECT_EQ(in.getHeaderInfo().time, 0x656D6974U);
-  EXPECT_EQ(in.getHeaderInfo().headerSize, 104U);
-  EXPECT_EQ(in.getHeaderInfo().libraryVersion, "6.2.0-6");
+  EXPECT_EQ(zipped("", 0x04030201).replace(64, 4, "time"), expected);
+  std::istringstream source(expected);
+  const Kyr::ZipHeaderInfo info = ZipInStream(&source, 0x04030201).getHeaderInfo();
+  EXPECT_TRUE(info.fileVersion == 0x04030201 && info.time == 0x656D6974);
+  EXPECT_TRUE(info.headerSize == 104 && info.libraryVersion == "6.2.0-6");
 }
 
 /// Writes in pieces of a size; 0 puts single bytes, 1 goes the way of any output stream.
@@ -57,7 +52,6 @@ TEST(ZipStream, SizesOfWritesAndReadsDoNotShow) {
       EXPECT_TRUE(in.eof() && !in.bad() && in.getState() == ZipInStream::StreamComplete);
       const Kyr::ZipStatistics statistics = in.getStatistics();
       EXPECT_EQ(statistics.plainBytes, plain.size());
-      EXPECT_EQ(statistics.offset, file.size());
       EXPECT_EQ(104 + 2 * statistics.blocks + statistics.compressedBytes + 2, file.size());
     }
   }
@@ -67,7 +61,7 @@ TEST(ZipStream, FormattedTextAndMixedReads) {
   std::stringstream file;
   ZipOutStream out(&file, 1);
   out << std::flush << std::flush << "12 line two\n" << std::flush << "rest" << std::endl;
-  out.write("0123456789", 10);
+  out.write(noisy(20000).data(), 20000) << "end";
   out.close();
   out.close();
   EXPECT_TRUE(out.good()) << "flushing nothing, or closing twice, is no failure";
@@ -76,13 +70,14 @@ TEST(ZipStream, FormattedTextAndMixedReads) {
   std::string line;
   std::getline(in >> integer >> std::ws, line);
   EXPECT_EQ(line + std::to_string(integer), "line two12");
-  char room[40];
-  EXPECT_EQ(in.read(room, 4).gcount(), 4);
+  std::string room(20000, '\0');
+  EXPECT_EQ(in.read(room.data(), 4).gcount(), 4);
   EXPECT_EQ(in.get(), '\n');
   EXPECT_EQ(in.gcount(), 1) << "the short cut of read() hides later counts";
-  in.unget();
-  EXPECT_EQ(in.read(room, sizeof(room)).gcount(), 11);
-  EXPECT_EQ(std::string(room, 11), "\n0123456789");
+  EXPECT_EQ(in.unget().get(), '\n');
+  EXPECT_TRUE(in.read(room.data(), 20000) && room == noisy(20000));
+  EXPECT_EQ(char(in.unget().get()), room.back()) << "a big read leaves older bytes to unget()";
+  EXPECT_EQ(in.read(room.data(), 9).gcount(), 3);
   file.write("behind", 6).clear();
   EXPECT_TRUE(std::getline(file, line) && line == "behind") << "the end mark stops the reader";
 }
@@ -94,26 +89,14 @@ TEST(ZipStream, FilesByUnicodeName) {
     ZipOutStream(name, 5).write(noisy(size).data(), std::streamsize(size));
     ZipInStream in(name, 5);
     EXPECT_EQ(drain(in, 70000), noisy(size)) << "the file was not emptied before writing";
-    EXPECT_EQ(in.getState(), ZipInStream::StreamComplete);
   }
   ZipInStream missing(directory.file("missing"), 5);
   EXPECT_TRUE(missing.bad() && missing.getHeaderError() == ZipInStream::HeaderUnreadable);
 }
 
-/// Takes some bytes, then no more.
-class Limited : public std::streambuf {
- public:
-  explicit Limited(std::streamsize room) : _room(room) {}
-
- protected:
-  std::streamsize xsputn(const char*, std::streamsize count) override {
-    const std::streamsize taken = std::min(_room, count);
-    _room -= taken;
-    return taken;
-  }
-
- private:
-  std::streamsize _room;
+/// Takes as many bytes as it has room for, then no more.
+struct Limited : std::streambuf {
+  explicit Limited(std::string& room) { setp(room.data(), room.data() + room.size()); }
 };
 
 /// Whether writing and closing succeeds; checks that whatever follows fails.
@@ -131,23 +114,25 @@ bool arrives(ZipOutStream& out, const std::string& plain) {
 
 TEST(ZipOutStream, ATargetThatFailsAtAnyByteIsNoticed) {
   const std::string plain = noisy(17000, 1);
-  const auto size = static_cast<std::streamsize>(zipped(plain).size());
-  for (std::streamsize room = 0; room <= size; room += room < 200 || room + 100 > size ? 1 : 61) {
-    for (const std::ios::iostate thrown : {std::ios::goodbit, std::ios::badbit}) {
-      Limited limited(room);
-      std::ostream target(&limited);
-      target.exceptions(thrown);
-      ZipOutStream out(&target, 1);
-      EXPECT_EQ(out.bad(), room < 104);
-      EXPECT_EQ(arrives(out, plain), room == size) << room << " of " << size;
-    }
+  const std::size_t size = zipped(plain).size();
+  for (std::size_t count = 0; count <= size; count += count < 200 || count + 100 > size ? 1 : 61) {
+    std::string room(count, '\0');
+    Limited limited(room);
+    std::ostream target(&limited);
+    target.exceptions(count % 2 == 0 ? std::ios::goodbit : std::ios::badbit);
+    ZipOutStream out(&target, 1);
+    EXPECT_EQ(out.bad(), count < 104);
+    EXPECT_EQ(arrives(out, plain), count == size) << count << " of " << size;
   }
 }
 
-TEST(ZipOutStream, FilesThatCannotBeWritten) {
+TEST(ZipOutStream, TargetsThatTakeNothing) {
   ZipOutStream directory(KyrTest::TempDir().path() + "/", 1);
-  EXPECT_TRUE(directory.bad());
-  EXPECT_FALSE(arrives(directory, "plain"));
+  EXPECT_FALSE(directory.good() || arrives(directory, "plain"));
+  std::stringstream atItsEnd;
+  atItsEnd.setstate(std::ios::eofbit);  // as after reading; such a stream drops what is written
+  ZipOutStream lost(&atItsEnd, 1);
+  EXPECT_FALSE(lost.good() || arrives(lost, "plain"));
   ZipOutStream full("/dev/full", 1);
   if (QFile::exists("/dev/full")) {
     EXPECT_TRUE(full.good());

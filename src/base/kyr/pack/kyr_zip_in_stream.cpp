@@ -120,6 +120,7 @@ std::streamsize ZipInStreamBuffer::xsgetn(char* room, std::streamsize count) {
     } else if (const std::size_t length =
                    inflateInto(room + done, static_cast<std::size_t>(left))) {
       done += static_cast<std::streamsize>(length);
+      keepForUnget(room[done - 1]);
     } else {
       reportEnd();
       break;
@@ -138,10 +139,22 @@ bool ZipInStreamBuffer::fillGetArea() {
   return length > 0;
 }
 
+/// Bytes that went straight to the caller must not leave older ones to unget().
+void ZipInStreamBuffer::keepForUnget(char last) {
+  char* const area = _getArea.get();
+  *area = last;
+  setg(area, area + 1, area + 1);
+}
+
 /// Tells the stream that its data ends before it should; nothing is left to deliver by then.
 void ZipInStreamBuffer::reportEnd() {
-  if (_reader && _state != ZipInStream::StreamComplete) {
+  if (!_reader || _state == ZipInStream::StreamComplete) {
+    return;
+  }
+  try {
     _reader->setstate(std::ios_base::badbit);
+  } catch (const std::ios_base::failure&) {
+    // The operation at work throws it again, once it has counted the bytes before the end.
   }
 }
 

@@ -141,7 +141,9 @@ bool ZipOutStreamBuffer::sendBlock(unsigned length, bool withEndMark) {
 
 bool ZipOutStreamBuffer::send(const char* bytes, std::size_t count) {
   try {
-    return !_target->write(bytes, static_cast<std::streamsize>(count)).fail();
+    // Not fail(): a stream that was read to its end takes nothing, and does not call that a
+    // failure.
+    return _target->write(bytes, static_cast<std::streamsize>(count)).good();
   } catch (...) {
     return false;  // a target that was told to throw
   }
@@ -153,7 +155,7 @@ bool ZipOutStreamBuffer::settleTarget() {
     if (_file) {
       _file->close();
     }
-    return !(_file ? _file->fail() : _target->flush().fail());
+    return _file ? _file->good() : _target->flush().good();
   } catch (...) {
     return false;
   }
