@@ -153,7 +153,7 @@ bool tour(const Options& options) {
   std::exit(2);
 }
 
-Options parseArguments(const QCoreApplication& application) {
+Options parseArguments() {
   QCommandLineParser parser;
   parser.setApplicationDescription("Reads a scan, measures it and keeps it in a project file.");
   parser.addHelpOption();
@@ -162,7 +162,7 @@ Options parseArguments(const QCoreApplication& application) {
   const QCommandLineOption directory("output", "where the project file goes; default here",
                                      "directory", ".");
   parser.addOptions({unit, directory});
-  if (!parser.parse(application.arguments())) {
+  if (!parser.parse(QCoreApplication::arguments())) {
     refuseUsage(parser.errorText());
   }
   if (parser.isSet("help")) {
@@ -184,7 +184,7 @@ Options parseArguments(const QCoreApplication& application) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  const Options options = parseArguments(application);
+  const Options options = parseArguments();
   try {
     return tour(options) ? 0 : 1;
   } catch (const Kyr::Exception& failure) {

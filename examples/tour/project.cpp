@@ -99,7 +99,7 @@ void writeProject(const QString& fileName, const std::vector<char>& content) {
 }
 
 Reading readProject(const QString& fileName, unsigned newestVersion) {
-  constexpr std::size_t piece = 256 * 1024;
+  constexpr std::size_t piece = std::size_t{256} * 1024;
   Reading reading;
   ZipInStream in(fileName, newestVersion);
   while (in) {

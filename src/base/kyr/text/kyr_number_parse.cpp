@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -63,7 +64,7 @@ void readDigits(const Unit* end, Decimal<Unit>* decimal) {
 /// Reads an exponent with its letter; without digits behind it, the letter is no part of the
 /// number.
 template <class Unit>
-void readExponent(const Unit* end, unsigned letter, Decimal<Unit>* decimal) {
+inline void readExponent(const Unit* end, unsigned letter, Decimal<Unit>* decimal) {
   const Unit* at = decimal->stop;
   if (at == end || toLower(code(*at)) != letter) {
     return;
@@ -239,16 +240,17 @@ double parse(const Unit* begin, const Unit* end, const Unit** stop) {
   while (at != end && isSpace(code(*at))) {
     ++at;
   }
+  // Without a branch: the signs of measured coordinates come at random.
   const bool negative = at != end && *at == '-';
-  if (at != end && (*at == '-' || *at == '+')) {
-    ++at;
-  }
+  const bool positive = at != end && *at == '+';
+  at += int(negative) + int(positive);
   const double value = parseUnsigned(at, end, stop);
   if (*stop == at) {
     *stop = begin;
     return 0;
   }
-  return negative ? -value : value;
+  constexpr double signs[] = {1, -1};
+  return std::copysign(value, signs[negative ? 1 : 0]);
 }
 
 }  // namespace
