@@ -129,7 +129,7 @@ TEST_F(ToolZip, SaysWhatIsWrongWithAFile) {
     bool readable;
   } rows[] = {
       {"good", QString("good: complete, %1 bytes of content in ").arg(plain.size()), 0, true},
-      {"longer", "; 4 bytes follow its end\n", 0, true},
+      {"longer", "; behind its end: 4 bytes\n", 0, true},
       {"cut", QString("cut: cut short at byte %1; readable before: ").arg(middle), 1, true},
       {"damaged", QString("damaged: damaged at byte %1; readable").arg(secondBlock), 1, true},
       {"foreign", "foreign: invalid zip stream header\n", 1, false},

@@ -6,14 +6,17 @@ namespace KyrTool {
 
 namespace {
 
+QString counted(std::uint64_t number, const char* thing) {
+  return QString("%1 %2%3").arg(number).arg(thing, number == 1 ? "" : "s");
+}
+
 QString contentText(const Kyr::ZipStatistics& statistics) {
-  return QString("%1 bytes of content in %2 blocks")
-      .arg(statistics.plainBytes)
-      .arg(statistics.blocks);
+  return counted(statistics.plainBytes, "byte") + " of content in " +
+         counted(statistics.blocks, "block");
 }
 
 QString restText(std::uint64_t bytes) {
-  return bytes > 0 ? QString("; %1 bytes follow its end").arg(bytes) : QString();
+  return bytes > 0 ? "; behind its end: " + counted(bytes, "byte") : QString();
 }
 
 }  // namespace
