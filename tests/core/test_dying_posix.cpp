@@ -46,6 +46,17 @@ void limitMemory(bool limited) {
   ::setrlimit(RLIMIT_AS, &limit);
 }
 
+/// Takes what earlier tests have left free; never gives it back.
+void fillHeap() {
+  try {
+    for (;;) {
+      reallocateStorage(nullptr, 1U << 16U);
+    }
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+}
+
 }  // namespace
 
 TEST(ProgError, WritesEachPieceAtOnce) {
@@ -83,6 +94,20 @@ TEST(ProgError, FaultsAsACrashHandlerExpectsWhereverStandardErrorGoes) {
     });
     EXPECT_TRUE(ended.code == row.code && ended.faulted == (row.code < 0)) << row.catches;
   }
+}
+
+TEST(ProgError, ReportsATextThatTheHeapCannotConvert) {
+  const QString text = QString(1 << 17, 'x') + QChar(0xFC);
+  const auto ended = inChild([&text] {
+    limitMemory(true);
+    fillHeap();
+    try {
+      throw ProgError(text);
+    } catch (const std::bad_alloc&) {
+      ::_exit(3);
+    }
+  });
+  EXPECT_TRUE(ended.faulted && ended.errors.endsWith("x?\n\n")) << ended.code << " outlived it";
 }
 
 TEST(StructVector, TriesAgainWhenTheNewHandlerFreedMemory) {

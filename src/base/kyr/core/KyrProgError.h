@@ -21,7 +21,8 @@ class KYR_EXPORT ProgError {
   /// Reports "Unknown error".
   [[noreturn]] ProgError();
 
-  /// \param message written in the local 8-bit encoding
+  /// \param message written in the local 8-bit encoding; without memory for the conversion in
+  ///        ASCII, with question marks for other characters
   [[noreturn]] ProgError(const QString& message);
 
   /// \param message written as it is; null as if it were empty, as every text of a report

@@ -26,6 +26,20 @@ void writePiece(const char* text) {
   }
 }
 
+/// Never throws: a caller that catches std::bad_alloc must not outlive the report.
+void writeMessage(const QString& message) {
+  try {
+    const QByteArray bytes = message.toLocal8Bit();
+    Fatal::writeToStandardError(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  } catch (...) {
+    // The heap is out: what needs no conversion still comes out.
+    for (const QChar character : message) {
+      const char byte = character.unicode() < 128 ? character.toLatin1() : '?';
+      Fatal::writeToStandardError(&byte, 1);
+    }
+  }
+}
+
 void beginReport() {
   if (const auto release = sharedMemoryRelease.load()) {
     release();
@@ -84,8 +98,7 @@ ProgError::ProgError() {
 ProgError::ProgError(const QString& message) {
   beginReport();
   // Converted only now: it allocates, and the steps before must not depend on the heap.
-  const QByteArray bytes = message.toLocal8Bit();
-  Fatal::writeToStandardError(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  writeMessage(message);
   endReport();
   CallDebugger();
 }

@@ -50,7 +50,8 @@ class KYR_EXPORT File {
   int getLineNumber() const;
 
   /// The line of the file, counted from 1 as an editor counts, in which the line read last
-  /// begins; at the end of the stream the number behind the last line. For messages.
+  /// begins; at the end of the stream the number behind the last line. For messages. Counts from
+  /// where the reader began and only what it read itself, not what a copy of it took meanwhile.
   /// \return 0 before the first read
   qint64 getPhysicalLineNumber() const;
 

@@ -406,7 +406,7 @@ File::File(std::FILE* stream, TextCodec_t codec) : _state(std::make_unique<State
 File::File(const File& other) : _state(std::make_unique<State>(*other._state)) {}
 
 File& File::operator=(const File& other) {
-  *_state = *other._state;
+  *_state = State(*other._state);  // a copy that fails half-way leaves this reader as it was
   return *this;
 }
 

@@ -89,7 +89,8 @@ class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutex {
 class KYR_EXPORT Condition {
  public:
   /// \param function, file, line the creation site; literals
-  /// \param mutex the one with which wait() is called; not owned
+  /// \param mutex the one with which wait() is called; not owned, and not a recursive one, with
+  ///        which wait() returns at once
   Condition(const char* function, const char* file, unsigned line, Mutex* mutex)
       : _mutex(mutex), _function(function), _file(file), _line(line) {}
   ~Condition();
