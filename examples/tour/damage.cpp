@@ -20,8 +20,10 @@ QByteArray readAll(const QString& fileName) {
   return file.readAll();
 }
 
+constexpr int headerSize = 104;
+
 QByteArray cutShort(const QByteArray& whole) {
-  return whole.left(whole.size() * 3 / 5);
+  return whole.left(headerSize + (whole.size() - headerSize) * 3 / 5);
 }
 
 /// What a transfer in text mode from one kind of system to another makes of a file.
@@ -29,11 +31,10 @@ QByteArray asTextTransfer(QByteArray whole) {
   return whole.replace("\r\n", "\n");
 }
 
-constexpr int headerSize = 104;
-
-/// The version of the content stands at byte 48.
+/// The version of the content stands at byte 48, that of the writing library at byte 72.
 QByteArray fromNewerProgram(QByteArray whole) {
   whole[48] = static_cast<char>(projectVersion + 1);
+  whole.replace(72, 8, QByteArray("7.0.0-1").append('\0'));
   return whole;
 }
 
@@ -47,7 +48,11 @@ QByteArray withFlippedBit(QByteArray whole) {
 class Damages {
  public:
   Damages(const QString& fileName, Page& page)
-      : _whole(readAll(fileName)), _content(readProject(fileName).content), _page(page) {}
+      : _whole(readAll(fileName)), _content(readProject(fileName).content), _page(page) {
+    if (!_directory.isValid()) {
+      throw Kyr::Exception("cannot make a folder for temporary files");
+    }
+  }
 
   const QByteArray& whole() const { return _whole; }
   bool noneTaken() const { return _noneTaken; }

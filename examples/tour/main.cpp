@@ -20,6 +20,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -62,12 +63,11 @@ Mesh read(const Options& options, Page& page, Kyr::ErrorLog& log) {
   const double seconds = watch.elapsed();
   const qint64 size = QFileInfo(options.scan).size();
   page.row("file", QFileInfo(options.scan).fileName());
-  page.row("holds", QString("%1 points, %2 triangles")
-                        .arg(counted(static_cast<qint64>(mesh.points.size())),
-                             counted(static_cast<qint64>(mesh.triangles.size()))));
-  page.row("text", QString("%1, %2 lines, read at %3")
-                       .arg(bytes(size), counted(notes.lines), speed(size, seconds)));
-  log << "read " << counted(notes.lines) << " data lines, " << counted(notes.ignoredLines)
+  page.row("holds", counted(static_cast<qint64>(mesh.points.size()), "point") + ", " +
+                        counted(static_cast<qint64>(mesh.triangles.size()), "triangle"));
+  page.row("text", QString("%1, %2, read %3")
+                       .arg(bytes(size), counted(notes.lines, "line"), speed(size, seconds)));
+  log << "read " << counted(notes.lines, "data line") << ", " << counted(notes.ignoredLines)
       << " of them without geometry" << Kyr::END_LOG;
   if (mesh.triangles.empty()) {
     throw Kyr::Exception(QString("%1 holds no surface").arg(options.scan));
@@ -79,6 +79,9 @@ void showMeasures(const Options& options, const Mesh& mesh, Page& page, Kyr::Err
   page.section(QString("Measure it (one unit of the file is 1 %1)")
                    .arg(Kyr::uLength.getUName(options.unit)));
   const Measures measures = measure(mesh);
+  if (!std::isfinite(measures.area) || !std::isfinite(measures.volume)) {
+    throw Kyr::Exception(QString("%1 is too large to be measured").arg(options.scan));
+  }
   const std::vector<Unit::Units_t> lengths = {Unit::Millimetre, Unit::Micrometre, Unit::Inch,
                                               Unit::Mil};
   showUnits(page, {"width", measures.extent[0], &Kyr::uLength, lengths});
@@ -93,9 +96,13 @@ void showMeasures(const Options& options, const Mesh& mesh, Page& page, Kyr::Err
                    &Kyr::uVolume,
                    {Unit::CubicMillimetre, Unit::CubicInch, Unit::Litre}});
   if (measures.openEdges > 0) {
-    log << "the surface has " << measures.openEdges
-        << " open edges; its volume is closed over the middle" << Kyr::END_LOG;
+    log << "the surface has " << counted(static_cast<qint64>(measures.openEdges), "open edge")
+        << "; its volume is closed over the middle" << Kyr::END_LOG;
   }
+}
+
+QString projectOf(const Options& options) {
+  return QDir(options.directory).filePath(QFileInfo(options.scan).completeBaseName() + ".kyr");
 }
 
 /// Writes the project, reads it back and compares.
@@ -118,8 +125,7 @@ bool store(const Options& options, const QString& project, const Mesh& mesh, Pag
            QString("%1, %2% of the content")
                .arg(bytes(packed))
                .arg(100.0 * static_cast<double>(packed) / static_cast<double>(size), 0, 'f', 1));
-  page.row("speed",
-           QString("written at %1, read at %2").arg(speed(size, writing), speed(size, reading)));
+  page.row("speed", QString("written %1, read %2").arg(speed(size, writing), speed(size, reading)));
   page.row("compared",
            same ? QString("all %1 equal").arg(bytes(size)) : "DIFFERENT: " + back.problem);
   return same;
@@ -132,8 +138,7 @@ bool tour(const Options& options) {
       QString("libKyr %1: a scan from text to a project file and back").arg(Kyr::libraryVersion()));
   const Mesh mesh = read(options, page, log);
   showMeasures(options, mesh, page, log);
-  const QString project =
-      QDir(options.directory).filePath(QFileInfo(options.scan).completeBaseName() + ".kyr");
+  const QString project = projectOf(options);
   const bool same = store(options, project, mesh, page);
   log << "wrote " << project << Kyr::END_LOG;
   page.section("What damage looks like (on copies)");
@@ -177,6 +182,9 @@ Options parseArguments() {
   if (!Kyr::uLength.getUnitByName(parser.value(unit), &options.unit)) {
     refuseUsage(QString("no unit of length is called %1").arg(parser.value(unit)));
   }
+  if (QFileInfo::exists(options.scan) && QFileInfo(options.scan) == QFileInfo(projectOf(options))) {
+    refuseUsage(QString("the project file would replace %1").arg(options.scan));
+  }
   return options;
 }
 
@@ -186,7 +194,11 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const Options options = parseArguments();
   try {
-    return tour(options) ? 0 : 1;
+    const bool held = tour(options);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+      throw Kyr::Exception("cannot write to standard output");
+    }
+    return held ? 0 : 1;
   } catch (const Kyr::Exception& failure) {
     std::fflush(stdout);
     std::fprintf(stderr, "tour: %s\n", failure.getText().toLocal8Bit().constData());

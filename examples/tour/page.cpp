@@ -13,7 +13,11 @@ constexpr int pageWidth = 80;
 constexpr int nameWidth = 19;
 
 void print(const QString& line) {
-  std::puts(line.toLocal8Bit().constData());
+  QString printed = line;
+  while (printed.endsWith(' ')) {
+    printed.chop(1);
+  }
+  std::puts(printed.toLocal8Bit().constData());
 }
 
 /// Breaks a text between words into lines of at most \a width characters; a longer word
@@ -65,7 +69,12 @@ void Page::cells(const QString& name, const QStringList& values) {
   QString line = ("   " + name).leftJustified(nameWidth);
   const int width = (pageWidth - nameWidth) / std::max<int>(1, values.size());
   for (const QString& value : values) {
-    line += value.rightJustified(width);
+    const QString cell = value.rightJustified(std::max<int>(width, value.size() + 1));
+    if (line.size() + cell.size() > pageWidth) {
+      print(line);
+      line.fill(' ', nameWidth);
+    }
+    line += cell;
   }
   print(line);
 }
@@ -80,16 +89,24 @@ QString counted(qint64 number) {
   return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
 }
 
+QString counted(qint64 number, const QString& thing) {
+  return counted(number) + ' ' + thing + (number == 1 ? "" : "s");
+}
+
 QString bytes(qint64 count) {
   if (count < 10000) {
-    return counted(count) + " bytes";
+    return counted(count, "byte");
   }
   const double kibibytes = static_cast<double>(count) / 1024;
   return kibibytes < 1000 ? fixed(kibibytes, 1) + " KiB" : fixed(kibibytes / 1024, 2) + " MiB";
 }
 
 QString speed(qint64 count, double seconds) {
-  return fixed(static_cast<double>(count) / 1e6 / std::max(seconds, 1e-6), 0) + " MB/s";
+  if (seconds < 0.002) {
+    return "in less than 2 ms";
+  }
+  const double rate = static_cast<double>(count) / 1e6 / seconds;
+  return QString("at %1 MB/s").arg(fixed(rate, rate < 10 ? 1 : 0));
 }
 
 }  // namespace Tour

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -34,6 +35,7 @@ class Reader {
  public:
   Reader(const QString& fileName, FILE* file, double scale, Kyr::ErrorLog& log, ReadingNotes& notes)
       : _name(QFileInfo(fileName).fileName()),
+        _stream(file),
         _file(file),
         _scale(scale),
         _log(log),
@@ -46,6 +48,12 @@ class Reader {
       } catch (const Kyr::FileParse::Error&) {
         throw Kyr::Exception("damaged line: " + place());
       }
+    }
+    if (std::ferror(_stream) != 0) {
+      throw Kyr::Exception(QString("cannot read %1 to its end").arg(_name));
+    }
+    if (_unknownKeys > shownUnknownKeys) {
+      _log << "lines with unknown keys, all told: " << _unknownKeys << Kyr::END_LOG;
     }
     return std::move(_mesh);
   }
@@ -112,23 +120,30 @@ class Reader {
     static const QSet<QString> withoutGeometry = {"vn", "vt", "vp",     "o",     "g",
                                                   "s",  "l",  "mtllib", "usemtl"};
     ++_notes.ignoredLines;
-    if (!withoutGeometry.contains(_key)) {
+    if (!withoutGeometry.contains(_key) && ++_unknownKeys <= shownUnknownKeys) {
       _log << "unknown key, line skipped: " << place() << Kyr::END_LOG;
     }
   }
 
   QString place() const {
-    const QString text = _file.getDataLine();
+    QString text = _file.getDataLine();
+    // A file of another kind must not steer the terminal.
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return !c.isPrint() && c != '\t'; }, QChar('?'));
     const QString shown = text.size() > 40 ? text.left(37) + "..." : text;
     return QString("%1, line %2: %3").arg(_name).arg(_file.getPhysicalLineNumber()).arg(shown);
   }
 
+  static constexpr int shownUnknownKeys = 10;
+
   QString _name;
+  FILE* _stream;
   Kyr::FileParse::File _file;
   double _scale;
   Kyr::ErrorLog& _log;
   ReadingNotes& _notes;
   Mesh _mesh;
+  int _unknownKeys = 0;
   QString _key;
   QString _corner;
 };

@@ -31,7 +31,7 @@ struct ReadingNotes {
 /// negative, each with optional "/..." behind it) of an OBJ file. Faces with more than three
 /// corners are cut into triangles.
 /// \param millimetresPerUnit what one unit of the file means
-/// \param log receives one message for each unknown key, with file, line and text
+/// \param log receives a message for each of the first unknown keys, with file, line and text
 /// \throws Kyr::Exception for a file that cannot be opened and for a damaged line, with file,
 ///         line and text: a measurement with a point missing is no measurement
 Mesh readScan(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,

@@ -41,8 +41,11 @@ TEST(Tour, GoodScansHold) {
       {tetrahedron, "mm", "1.333 mm³", "a volume from wrong corners or signs"},
       {tetrahedron, "mm", "Everything held.", "a check that fails on good data"},
       {tetrahedron, "in", "50.800 mm", "a file's unit that is not applied"},
-      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3 4\n", "mm", "4 points, 2 triangles",
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3 4\n", "mm", "4 points, 2 triangles\n",
        "a face of four corners that is not cut"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", "mm", "1 triangle\n", "a plural of one"},
+      {"v 0 0 0\nv 3e9 0 0\nv 3e9 1 0\nf 1 2 3\n", "mm", "e+08 in\n",
+       "a table wider than the page"},
       {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", "mm", "3 open edges", "a hole that goes unnoticed"},
       {"scale 3\n" + tetrahedron, "mm", "line 1: scale 3", "an unknown key that is swallowed"},
   };
@@ -72,6 +75,8 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
       {"v 1 2 3\nf 1 1\n", {}, 1, "bad.obj, line 2", "a face of two corners"},
       {"v 1 2 3\nf 1 1 1x\n", {}, 1, "bad.obj, line 2", "text behind a corner"},
       {"v 1 2 3\n", {}, 1, "holds no surface", "a file without faces taken for a scan"},
+      {"v 1e308 0 0\nv -1e308 1e308 0\nv 0 0 1\nf 1 2 3\n", {}, 1, "too large", "measures of nan"},
+      {"v 1 2 \x1b[2Jx\n", {}, 1, "v 1 2 ?[2Jx", "a scan that steers the terminal"},
       {"", {}, 1, "cannot open", "a missing file"},
       {tetrahedron, {"--output", "/dev/null"}, 1, "cannot write", "a project that cannot be kept"},
       {tetrahedron, {"--unit", "furlong"}, 2, "furlong", "an unknown unit"},
@@ -86,6 +91,12 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
     EXPECT_TRUE(run.errors.contains(row.says)) << row.fault << '\n' << run.errors.toStdString();
   }
   EXPECT_EQ(tour({}).code, 2);
+  const KyrTest::TempDir directory;
+  const QString scan = directory.write("scan.kyr", tetrahedron);
+  for (int twice = 0; twice < 2; ++twice) {
+    const Outcome run = tour({"--output", directory.path(), scan});
+    EXPECT_EQ(run.code, 2) << "the scan is replaced by its project";
+  }
 }
 
 }  // namespace
