@@ -46,6 +46,14 @@
 #endif
 #endif
 
+#if defined(__SANITIZE_ADDRESS__)
+#define KYR_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define KYR_ADDRESS_SANITIZER 1
+#endif
+#endif
+
 #if defined(KYR_THREAD_SANITIZER)
 extern "C" void __tsan_acquire(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
 extern "C" void __tsan_release(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
