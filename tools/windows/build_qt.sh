@@ -51,13 +51,16 @@ fetch_source() {
   mv "$work"/"$source_package"-*/ "$work/source"
 }
 
+# The prefix that Qt knows is one of a Windows machine: nothing of this machine gets into it, and
+# its CMake files find each other wherever they lie.
 configure_qt() {
   mkdir -p "$work/build"
   (cd "$work/build" && ../source/configure -opensource -confirm-license \
     -xplatform win32-g++ -device-option CROSS_COMPILE=i686-w64-mingw32- -release \
     -no-gui -no-widgets -no-opengl -no-dbus -no-icu -no-openssl -no-sql-sqlite \
     -nomake examples -nomake tests -qt-zlib -qt-pcre -qt-doubleconversion \
-    -prefix "$prefix.new")
+    -prefix /qt -extprefix "$prefix.new" -hostprefix "$prefix.new" \
+    "QMAKE_CXXFLAGS+=-ffile-prefix-map=$work/source=qtbase")
 }
 
 # Its CMake files name programs that run on this machine; the system's own serve.
@@ -69,10 +72,9 @@ add_host_programs() {
 }
 
 build_qt() {
-  make -C "$work/build" qmake_all
+  make -C "$work/build" sub-src-qmake_all
   make -C "$work/build/src" -j "$(nproc)" sub-corelib sub-winmain
-  make -C "$work/build/src" sub-corelib-install_subtargets sub-winmain-install_subtargets \
-    sub-moc-install_subtargets sub-bootstrap-install_subtargets
+  make -C "$work/build/src" sub-corelib-install_subtargets sub-winmain-install_subtargets
   make -C "$work/build" install_mkspecs
   add_host_programs
 }
@@ -82,15 +84,6 @@ keep_licences() {
   cp "$work"/source/LICENSE.* "$work/source/debian/copyright" "$prefix.new/licences/"
 }
 
-# Everything at the prefix's own name: Qt writes it into the files that it installs.
-settle() {
-  grep -rlIF "$prefix.new" "$prefix.new" | while IFS= read -r file; do
-    sed -i "s|$prefix\.new|$prefix|g" "$file"
-  done
-  rm -rf "$prefix"
-  mv "$prefix.new" "$prefix"
-}
-
 build_all() {
   rm -rf "$work" "$prefix.new"
   mkdir -p "$work"
@@ -98,7 +91,8 @@ build_all() {
   configure_qt
   build_qt
   keep_licences
-  settle
+  rm -rf "$prefix"
+  mv "$prefix.new" "$prefix"
   rm -rf "$work"
 }
 

@@ -1,0 +1,75 @@
+#!/bin/sh
+# Runs a 32-bit Windows program in Wine.
+#
+#   tools/windows/wine.sh PROGRAM.EXE [ARGUMENT...]
+#   tools/windows/wine.sh --fresh    forgets the Windows of earlier runs and makes a new one
+#   tools/windows/wine.sh --stop     ends Wine's server with all that still runs in it
+#
+# WINEPREFIX names the folder of that Windows; without it, it lies in the folder build. The Wine
+# is the one that tools/windows/prepare_wine.sh unpacked.
+set -eu
+
+top=$(CDPATH='' cd -- "$(dirname -- "$0")/../.." && pwd -P)
+cache=${KYR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kyr}
+root=$cache/wine-i386
+
+export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix}"
+export WINEARCH=win32
+export WINEDEBUG="${WINEDEBUG--all}"
+# Neither offers to download anything, nor makes entries in the desktop's menus.
+export WINEDLLOVERRIDES="${WINEDLLOVERRIDES-mscoree=;mshtml=;winemenubuilder.exe=}"
+export WINELOADER="$root/usr/lib/wine/wine"
+export WINESERVER="$root/usr/lib/wine/wineserver"
+
+if [ ! -x "$WINELOADER" ]; then
+  printf '%s\n' "wine.sh: there is no Wine yet; run tools/windows/prepare_wine.sh" >&2
+  exit 127
+fi
+
+with_libraries() {
+  LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu" "$@"
+}
+
+stop() {
+  with_libraries "$WINESERVER" -k 2>/dev/null || true
+  with_libraries "$WINESERVER" -w 2>/dev/null || true
+}
+
+# The server stays after its last program: the next one starts ten times as fast. It must not
+# hold the caller's pipes open meanwhile.
+make_prefix() {
+  mkdir -p "$WINEPREFIX"
+  {
+    with_libraries "$WINESERVER" -p
+    with_libraries "$WINELOADER" wineboot --init
+  } >"$WINEPREFIX/creation.log" 2>&1 </dev/null || {
+    cat "$WINEPREFIX/creation.log" >&2
+    return 1
+  }
+  : >"$WINEPREFIX/complete"
+}
+
+# Only one of several programs that start at once makes the folder.
+ensure_prefix() {
+  [ ! -e "$WINEPREFIX/complete" ] || return 0
+  mkdir -p "$(dirname "$WINEPREFIX")"
+  exec 9>"$WINEPREFIX.lock"
+  flock 9
+  [ -e "$WINEPREFIX/complete" ] || make_prefix 9>&-
+  exec 9>&-
+}
+
+case ${1-} in
+  '') sed -n '2,/^set/s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  --stop) stop ;;
+  --fresh)
+    stop
+    rm -rf "$WINEPREFIX"
+    ensure_prefix
+    ;;
+  *)
+    ensure_prefix
+    export LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu"
+    exec "$WINELOADER" "$@"
+    ;;
+esac
