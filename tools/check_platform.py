@@ -22,30 +22,41 @@ PLATFORM_NAME = re.compile(
 INCLUDE = re.compile(r"^\s*#\s*include\s*<([^>]+)>")
 # Every other header whose name ends in .h belongs to an operating system.
 PORTABLE = re.compile(
-    r"(kyr|gtest|gmock|benchmark|boost)/.+|zlib\.h|"
+    r"(kyr|gtest|gmock|benchmark|boost|tbb)/.+|zlib\.h|"
     r"(assert|ctype|errno|float|inttypes|limits|locale|math|setjmp|signal|stdarg|stddef|stdint|"
     r"stdio|stdlib|string|time|wchar)\.h")
 WINDOWS = re.compile(
     r"(windows\w*|win\w+|io|direct|process|shl\w+|shellapi|tlhelp32|psapi|dbghelp|crtdbg|"
-    r"tchar|eh|new|conio|share|mbstring|malloc|objbase|knownfolders|sddl|aclapi|lm\w*)\.h",
+    r"tchar|eh|new|conio|share|mbstring|malloc|objbase|knownfolders|sddl|aclapi|lm\w*|"
+    r"ext/stdio_filebuf)\.h",
     re.IGNORECASE)
+# Both systems have these, each with its own content.
+BOTH = re.compile(r"fcntl\.h|sys/(types|stat)\.h")
 
 
-def is_home(path, relative, end):
-    """Whether the file may know the system whose files end like this."""
+def is_home(path, relative, ends):
+    """Whether the file may know a system whose files end like one of these."""
     in_place = path.parent.name == "platform" or not relative.startswith("src/")
-    return in_place and path.name.endswith(end)
+    return in_place and path.name.endswith(ends)
+
+
+def ends_for(header):
+    """The ends of the names of files that may include a header of an operating system."""
+    if BOTH.fullmatch(header):
+        return "_posix.cpp", "_win.cpp"
+    return ("_win.cpp",) if WINDOWS.fullmatch(header) else ("_posix.cpp",)
 
 
 def header_breach(path, relative, header):
     """What is wrong with including a header here; empty if nothing is."""
     if not header.endswith(".h") or PORTABLE.fullmatch(header):
         return ""
-    end = "_win.cpp" if WINDOWS.fullmatch(header) else "_posix.cpp"
-    if is_home(path, relative, end):
+    ends = ends_for(header)
+    if is_home(path, relative, ends):
         return ""
     folder = "platform/" if relative.startswith("src/") else ""
-    return f"<{header}> belongs to an operating system; only files {folder}*{end} may include it"
+    places = " and ".join(f"{folder}*{end}" for end in ends)
+    return f"<{header}> belongs to an operating system; only files {places} may include it"
 
 
 def breaches_of(path, relative):

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """Each check of the house is shown a small tree with one fault, and must name it."""
+import json
 import shutil
 import subprocess
 import sys
@@ -20,7 +21,7 @@ GOOD = {
         "kyr_room(NAME high SOURCES high.cpp POSIX platform/h_posix.cpp NEEDS low)",
     "src/base/kyr/high/high.cpp": "#include <kyr/high/High.h>\n#include <kyr/low/low_p.h>\n",
     "src/base/kyr/high/High.h": "#include <kyr/low/Low.h>\n#include <zlib.h>\n",
-    "src/base/kyr/high/platform/h_posix.cpp": "#include <sys/stat.h>\n",
+    "src/base/kyr/high/platform/h_posix.cpp": "#include <sys/stat.h>\n#include <unistd.h>\n",
     "src/base/kyr/core/KyrPlatform.h": "#if defined(_WIN32)\n#endif\n",
 }
 LOW, HIGH = "src/base/kyr/low/", "src/base/kyr/high/"
@@ -51,7 +52,8 @@ PLATFORM = [
     ({LOW + "low.cpp": "#elif defined(X) && defined(Q_OS_WIN)\n"}, "asks for Q_OS_WIN"),
     ({HIGH + "platform/h_posix.cpp": "#if __linux__\n"}, "asks for __linux__"),
     ({"tests/t.cpp": "#include <unistd.h>\n"}, "t.cpp:1: <unistd.h> belongs to an operating"),
-    ({LOW + "Low.h": "#include <sys/stat.h>\n"}, "only files platform/*_posix.cpp may"),
+    ({LOW + "Low.h": "#include <sys/wait.h>\n"}, "only files platform/*_posix.cpp may"),
+    ({LOW + "Low.h": "#include <fcntl.h>\n"}, "platform/*_posix.cpp and platform/*_win.cpp may"),
     ({LOW + "l_posix.cpp": "#include <sys/stat.h>\n"}, "l_posix.cpp:1: <sys/stat.h> belongs"),
     ({LOW + "low.cpp": "#include <Windows.h>\n"}, "only files platform/*_win.cpp may"),
     ({HIGH + "platform/h_posix.cpp": "#include <windows.h>\n"}, "h_posix.cpp:1: <windows.h>"),
@@ -59,16 +61,46 @@ PLATFORM = [
 ]
 
 EXPORTS = [
-    ("void stray() {}", "exports stray()"),
-    ("namespace Other { int value = 1; }", "exports Other::value"),
-    ("struct Table { virtual ~Table(); }; Table::~Table() {}", "exports Table::~Table()"),
-    ("namespace KyrTest { void stray() {} }", "exports KyrTest::stray()"),
+    ("EXPORT void stray() {}", "exports stray()"),
+    ("namespace Other { EXPORT int value = 1; }", "exports Other::value"),
+    ("struct EXPORT Table { virtual ~Table(); }; Table::~Table() {}", "exports Table::~Table()"),
+    ("namespace KyrTest { EXPORT void stray() {} }", "exports KyrTest::stray()"),
 ]
-OURS = """#include <vector>
-namespace Kyr { struct A { virtual ~A(); virtual void f(); }; A::~A() {} void A::f() {}
-struct B { virtual ~B(); }; B::~B() {} struct C : A, B { ~C(); void f(); }; C::~C() {} void C::f() {}
-int data; bool operator==(A, B) { return true; } void g(std::vector<A>& a) { a.push_back({}); } }
+OURS = """#include <ostream>
+#include <vector>
+#if defined(_WIN32)
+#define EXPORT __declspec(dllexport)
+#else
+#define EXPORT
+#endif
+namespace Kyr { struct EXPORT A { virtual ~A(); virtual void f(); }; A::~A() {} void A::f() {}
+struct EXPORT B { virtual ~B(); }; B::~B() {} struct EXPORT C : A, B { ~C(); void f(); };
+C::~C() {} void C::f() {} struct EXPORT D : std::ostream { D(); }; D::D() : std::ostream(0) {}
+EXPORT int data; EXPORT bool operator==(A, B) { return true; }
+EXPORT void g(std::vector<A>& a) { a.push_back({}); } }
 """
+
+RESULTS = """<testsuite><testcase name="a.A" status="run"/><testcase name="a.B" status="%s"/>
+</testsuite>"""
+# Tests of Windows, or the status of a.B; exclusions; what is complained about.
+COMPARISON = [
+    (["a.A", "a.B", "w.W"], "", ""),
+    (["a.A"], "# why\n\na.B  because\n", ""),
+    (["a.A", "a.B"], "a.B there, but skipped\n", ""),
+    (["a.A"], "", "a.B is missing on Windows and is not excluded"),
+    (["a.A"], "a.B\n", "line 1: a.B has no reason"),
+    (["a.A"], "a.B x\na.B y\n", "line 2: a.B stands there twice"),
+    (["a.A", "a.B"], "a.C gone\n", "line 1: a.C is no test of Linux"),
+    ("run", "", ""),
+    ("notrun", "a.B skipped\n", ""),
+    ("notrun", "", "a.B did not pass on Windows and"),
+    ("fail", "", "a.B did not pass on Windows and"),
+    ("run", "a.B once failed\n", "line 1: a.B passes on Windows"),
+]
+
+
+def test_list(names):
+    return json.dumps({"tests": [{"name": name} for name in names]})
 
 
 class Refusals(unittest.TestCase):
@@ -104,6 +136,15 @@ class Refusals(unittest.TestCase):
     def test_platform(self):
         for change, complaint in [({}, ""), *PLATFORM]:
             self.expect_tree("check_platform.py", change, complaint)
+
+    def test_comparison(self):
+        names = [self.root / name for name in ("linux", "windows", "exclusions")]
+        for windows, exclusions, complaint in COMPARISON:
+            with self.subTest(complaint):
+                self.plant({"linux": test_list(["a.A", "a.B"]), "exclusions": exclusions,
+                            "windows": RESULTS % windows if isinstance(windows, str)
+                                       else test_list(windows)})
+                self.expect("windows/compare_tests.py", names, complaint)
 
     def test_exports(self):
         for code, complaint in [("", ""), *EXPORTS]:

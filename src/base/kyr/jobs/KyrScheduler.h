@@ -1,0 +1,201 @@
+/// \file
+/// Jobs that may depend on each other, carried out by several threads.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/sync/KyrMutex.h>
+#include <kyr/sync/KyrThread.h>
+
+#include <atomic>
+#include <cstdint>
+#include <exception>
+#include <vector>
+
+namespace Kyr {
+
+class Worker;
+
+/// Says which jobs there are and who may take one when; owns the workers that execute them.
+///
+/// An application derives from it, creates the manager, then its workers (each registers
+/// itself), prepares the jobs, and calls startAllWorker() and waitForWorker(). Deleting the
+/// manager deletes the workers. A manager may run again after waitForWorker(); after an
+/// interruption only when clearInterruptFlag() was called.
+///
+/// The four operations that a manager supplies run on the workers' threads, one at a time, with
+/// the job mutex held: what only they touch needs no lock of its own. They must not wait for
+/// anything and, jobDone() apart, not call interrupt(), which would wait for itself.
+/// After each job all waiting workers wake and ask again, so a job that others depend on
+/// needs no signal of its own.
+class KYR_EXPORT JobManager {
+ public:
+  using WorkerIterator = std::vector<Worker*>::iterator;
+  using ConstWorkerIterator = std::vector<Worker*>::const_iterator;
+
+  JobManager();
+  /// Deletes the workers in the order of their registration.
+  /// \throws ProgError "should never destroy a job manager with running jobs." at the first
+  ///         worker that runs; those before it are deleted by then
+  virtual ~JobManager();
+  JobManager(const JobManager&) = delete;
+  JobManager& operator=(const JobManager&) = delete;
+
+  /// Starts the threads of all workers with the priority of the calling one.
+  /// \threadsafety the controlling thread
+  void startAllWorker();
+  /// Waits until the threads of all workers have ended; without a time limit.
+  /// \threadsafety any thread but a worker's
+  void waitForWorker();
+  /// Lets every worker end: a waiting one at once, an executing one when its job is done,
+  /// which is still reported with jobDone(). Does not wait for that.
+  /// \threadsafety any thread; from the manager's own operations only inside jobDone()
+  void interrupt();
+  /// \threadsafety any thread
+  bool isInterrupted() const;
+  /// Makes an interrupted manager fit for another start. Nothing else clears the flag.
+  /// \threadsafety any thread; meant for the controlling one, after waitForWorker()
+  void clearInterruptFlag();
+
+  /// The workers in the order of their registration.
+  /// \threadsafety any thread, as long as nobody creates a worker
+  WorkerIterator workerBegin() { return _workers.begin(); }
+  WorkerIterator workerEnd() { return _workers.end(); }
+  ConstWorkerIterator workerBegin() const { return _workers.begin(); }
+  ConstWorkerIterator workerEnd() const { return _workers.end(); }
+
+ protected:
+  /// Whether jobs are left to be taken or executed.
+  /// \return false lets the asking worker end
+  virtual bool hasMoreJobs() = 0;
+  /// Whether a job can be given to \a worker now; else it waits until some job is done.
+  virtual bool isJobAvailable(Worker* worker) = 0;
+  /// Hands the data of the next job to \a worker; follows an isJobAvailable() that gave true.
+  virtual void assignJob(Worker* worker) = 0;
+  /// Takes the result of the job that \a worker has executed.
+  virtual void jobDone(Worker* worker) = 0;
+
+ private:
+  friend class Worker;
+
+  void lockJobMutex() KYR_ACQUIRE(_jobMutex);
+  void unlockJobMutex() KYR_RELEASE(_jobMutex);
+  void waitForJob() KYR_REQUIRES(_jobMutex);
+  void wakeWaiting() KYR_REQUIRES(_jobMutex);
+  void registerWorker(Worker* worker);
+  /// Raises an internal error for a worker that is not registered.
+  bool isValidWorker(const Worker* worker) const;
+  bool getJobData(Worker* worker) KYR_REQUIRES(_jobMutex);
+  /// Keeps the job mutex, with which the worker goes on to look for its next job.
+  void notifyJobDone(Worker* worker) KYR_ACQUIRE(_jobMutex);
+
+  std::vector<Worker*> _workers;
+  Mutex _jobMutex;
+  Condition _jobCondition;
+  /// Set under the job mutex, but read by interrupt() without it.
+  std::atomic<bool> _inNotify{false};
+  mutable Mutex _interruptMutex;
+  bool _interrupted KYR_GUARDED_BY(_interruptMutex) = false;
+  /// Workers that went to sleep since the last broadcast: without any it wakes nobody.
+  unsigned _waiting KYR_GUARDED_BY(_jobMutex) = 0;
+};
+
+/// What a worker is doing.
+enum WorkerState_t : int {
+  WorkerStopped = 0,    ///< its thread has not begun or has ended
+  WorkerLooking = 1,    ///< looks for a job or waits for one
+  WorkerExecuting = 2,  ///< in executeJob(); back to WorkerLooking when that returns
+};
+
+/// A thread that executes the jobs of a manager until there are no more.
+///
+/// An application derives from it, gives it members for a job's data and result, which the
+/// manager fills and reads, and supplies executeJob(). An exception that leaves executeJob()
+/// ends the process, which is right where jobs do not throw; derive from CatchingWorker where
+/// they may.
+class KYR_EXPORT Worker : public Thread {
+ public:
+  /// Registers the worker with \a manager, which deletes it.
+  /// \param lock kept by the thread, see Thread::lockGUI()
+  /// \threadsafety one thread at a time for a manager, none of whose workers runs
+  Worker(LockGUI_t lock, JobManager* manager);
+  /// Does not take the worker from its manager's list.
+  ~Worker() override;
+
+  /// \threadsafety any thread
+  WorkerState_t getState() const;
+  /// \return the percentage of the current job, 0 to 100; meaningless before the first start
+  /// \threadsafety any thread
+  int getProgress() const;
+  /// What executeJob() polls to stop early.
+  /// \threadsafety any thread
+  bool isManagerInterrupted() const;
+
+ protected:
+  void run() override;
+  /// Executes the job that the manager assigned; called on the worker's thread, no lock held.
+  virtual void executeJob() = 0;
+  /// \param progress percentage of the current job; below 0 counts as 0, above 100 as 100
+  /// \threadsafety any thread
+  void setProgress(int progress);
+
+ private:
+  friend class CatchingWorker;
+
+  void setState(WorkerState_t state);
+  void setState(WorkerState_t state, int progress);
+
+  JobManager* _manager;
+  mutable Mutex _workerMutex;
+  WorkerState_t _state KYR_GUARDED_BY(_workerMutex) = WorkerStopped;
+  int _progress KYR_GUARDED_BY(_workerMutex) = 0;
+};
+
+/// A worker whose jobs may throw.
+///
+/// Derive from Worker where an exception in a job is a defect: the process then ends at the
+/// spot, with the stack of the failure. Derive from this class where it is a result, as an
+/// unreadable file or exhausted memory: the worker keeps what the job threw and interrupts the
+/// manager, and waitAndRethrow() throws it again where the run is awaited; with waitForWorker()
+/// it stays unseen. A manager may own workers of both classes.
+///
+/// The manager gets jobDone() for the failed job as well, with isInterrupted() already true;
+/// failed() of the worker tells it there that no result is to be taken and that what depends
+/// on the job must not become available.
+class KYR_EXPORT CatchingWorker : public Worker {
+ public:
+  CatchingWorker(LockGUI_t lock, JobManager* manager);
+  ~CatchingWorker() override;
+
+  /// Whether a job of this worker has thrown since the last start of its thread.
+  /// \threadsafety any thread
+  bool failed() const { return getException() != nullptr; }
+  /// What a job of this worker threw, the first one since the last start of its thread; null
+  /// for none.
+  /// \threadsafety any thread; the exception object itself is shared
+  std::exception_ptr getException() const;
+
+  /// Waits until the threads of all workers have ended, and throws again what the first failed
+  /// job threw, if there was one. Every caller gets it until the workers start again; what
+  /// other workers kept stays readable there.
+  /// \param manager owner of workers of any class
+  /// \throws whatever the job threw; all workers have ended by then
+  /// \threadsafety any thread but a worker's
+  static void waitAndRethrow(JobManager& manager);
+
+ protected:
+  void run() override;
+  /// Executes the job that the manager assigned; may throw anything. Called on the worker's
+  /// thread, no lock held.
+  virtual void executeJobOrThrow() = 0;
+
+ private:
+  void executeJob() final;
+  void keep(std::exception_ptr exception);
+
+  mutable Mutex _failureMutex;
+  std::exception_ptr _exception KYR_GUARDED_BY(_failureMutex);
+  /// Orders the failures of all workers in time.
+  std::uint64_t _turn KYR_GUARDED_BY(_failureMutex) = 0;
+};
+
+}  // namespace Kyr
