@@ -1,6 +1,6 @@
 #include "damage.h"
 
-#include "project.h"
+#include "surface/project.h"
 
 #include <kyr/core/KyrException.h>
 
@@ -11,6 +11,8 @@
 namespace Tour {
 
 namespace {
+
+using namespace Surface;
 
 QByteArray readAll(const QString& fileName) {
   QFile file(fileName);

@@ -1,40 +1,43 @@
 /// \file
-/// The tour: a real 3D scan goes from text to a compressed project file and back.
+/// The tour: a real 3D scan goes from text to a compressed project file and back, and is analysed
+/// by all processors on its way.
 ///
-/// Exit codes: 0 everything held; 1 a file is at fault or something did not hold; 2 wrong usage.
+/// Exit codes: 0 everything held; 1 a file is at fault or something did not hold; 2 wrong usage;
+/// 3 stopped with Ctrl-C: the project file is whole or was not touched.
 
+#include "analyse.h"
+#include "console_p.h"
 #include "damage.h"
-#include "measure.h"
+#include "options.h"
 #include "page.h"
-#include "project.h"
-#include "scan.h"
+#include "surface/abort.h"
+#include "surface/analysis.h"
+#include "surface/measure.h"
+#include "surface/project.h"
+#include "surface/scan.h"
+#include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/jobs/KyrProgress.h>
 #include <kyr/log/KyrErrorLog.h>
 #include <kyr/time/KyrTime.h>
 #include <kyr/units/KyrUnits.h>
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <vector>
 
 namespace {
 
+using namespace Surface;
 using namespace Tour;
 using Kyr::Time;
 using Kyr::Unit;
-
-struct Options {
-  QString scan;
-  Unit::Units_t unit = Unit::Millimetre;
-  QString directory;
-};
 
 constexpr unsigned decimals = 3;  // of a millimetre, and of its square and cube
 
@@ -72,6 +75,12 @@ Mesh read(const Options& options, Page& page, Kyr::ErrorLog& log) {
   if (mesh.triangles.empty()) {
     throw Kyr::Exception(QString("%1 holds no surface").arg(options.scan));
   }
+  if (options.copies > 1) {
+    mesh = repeated(mesh, options.copies);
+    page.row("repeated", QString("%1 times, side by side: %2")
+                             .arg(counted(options.copies),
+                                  counted(static_cast<qint64>(mesh.points.size()), "point")));
+  }
   return mesh;
 }
 
@@ -101,18 +110,49 @@ void showMeasures(const Options& options, const Mesh& mesh, Page& page, Kyr::Err
   }
 }
 
-QString projectOf(const Options& options) {
-  return QDir(options.directory).filePath(QFileInfo(options.scan).completeBaseName() + ".kyr");
+void showCost(Page& page, const Analysis& analysis, const Cost& cost) {
+  page.row("jobs", counted(static_cast<qint64>(analysis.jobs)));
+  page.row("time", QString("%1 s of computing in %2 s: %3 processors busy")
+                       .arg(cost.userSeconds, 0, 'f', 3)
+                       .arg(cost.wallSeconds, 0, 'f', 3)
+                       .arg(cost.userSeconds / std::max(cost.wallSeconds, 0.001), 0, 'f', 1));
+}
+
+void showCurvature(Page& page, const CurvatureStatistics& statistics) {
+  const std::vector<Unit::Units_t> units = {Unit::PerMillimetre, Unit::PerMetre, Unit::PerInch};
+  showUnits(page, {"mean curvature", statistics.mean, &Kyr::uCurvature, units});
+  showUnits(page, {"lowest", statistics.lowest, &Kyr::uCurvature, units});
+  showUnits(page, {"5% lie below", statistics.low, &Kyr::uCurvature, units});
+  showUnits(page, {"median", statistics.median, &Kyr::uCurvature, units});
+  showUnits(page, {"5% lie above", statistics.high, &Kyr::uCurvature, units});
+  showUnits(page, {"highest", statistics.highest, &Kyr::uCurvature, units});
+}
+
+void showAnalysis(const Options& options, const Mesh& mesh, Page& page, Kyr::ErrorLog& log) {
+  page.section(
+      QString("Analyse it on %1").arg(counted(numberOfWorkers(options.analysis), "worker")));
+  Cost cost;
+  const Analysis analysis = analyseVisibly(mesh, options.analysis, page, cost);
+  const CurvatureStatistics statistics = curvatureStatistics(analysis.curvature);
+  page.row("curvatures", counted(static_cast<qint64>(statistics.defined)));
+  showCost(page, analysis, cost);
+  showCurvature(page, statistics);
+  if (statistics.undefined > 0) {
+    log << counted(static_cast<qint64>(statistics.undefined), "point")
+        << " without a curvature: no triangle of any area" << Kyr::END_LOG;
+  }
 }
 
 /// Writes the project, reads it back and compares.
-bool store(const Options& options, const QString& project, const Mesh& mesh, Page& page) {
+bool store(const Options& options, const QString& project, const Mesh& mesh, Page& page,
+           Kyr::ErrorLog& log) {
   page.section("Keep it in a project file");
   const std::vector<char> content = toBytes(mesh);
   const auto size = static_cast<qint64>(content.size());
   Time watch = Time::currentTime();
   writeProject(project, content);
   const double writing = watch.restart();
+  log << "wrote " << project << Kyr::END_LOG;
   const Reading back = readProject(project);
   const double reading = watch.elapsed();
   const qint64 packed = QFileInfo(project).size();
@@ -131,16 +171,15 @@ bool store(const Options& options, const QString& project, const Mesh& mesh, Pag
   return same;
 }
 
-bool tour(const Options& options) {
+bool tour(const Options& options, Kyr::ErrorLog& log) {
   Page page;
-  Kyr::ErrorLog log(true);
   page.title(
       QString("libKyr %1: a scan from text to a project file and back").arg(Kyr::libraryVersion()));
   const Mesh mesh = read(options, page, log);
   showMeasures(options, mesh, page, log);
-  const QString project = projectOf(options);
-  const bool same = store(options, project, mesh, page);
-  log << "wrote " << project << Kyr::END_LOG;
+  showAnalysis(options, mesh, page, log);
+  const QString project = options.project();
+  const bool same = store(options, project, mesh, page, log);
   page.section("What damage looks like (on copies)");
   const bool refused = showDamage(project, page);
   log << (refused ? "no damaged copy was taken for good data" : "A DAMAGED COPY WAS TAKEN FOR GOOD")
@@ -153,39 +192,29 @@ bool tour(const Options& options) {
   return same && refused;
 }
 
-[[noreturn]] void refuseUsage(const QString& problem) {
-  std::fprintf(stderr, "tour: %s\nTry tour --help.\n", problem.toLocal8Bit().constData());
-  std::exit(2);
-}
-
-Options parseArguments() {
-  QCommandLineParser parser;
-  parser.setApplicationDescription("Reads a scan, measures it and keeps it in a project file.");
-  parser.addHelpOption();
-  parser.addPositionalArgument("scan", "an OBJ file");
-  const QCommandLineOption unit("unit", "what one unit of the file is; default mm", "unit", "mm");
-  const QCommandLineOption directory("output", "where the project file goes; default here",
-                                     "directory", ".");
-  parser.addOptions({unit, directory});
-  if (!parser.parse(QCoreApplication::arguments())) {
-    refuseUsage(parser.errorText());
+/// The tour with its end: what went wrong stands on standard error, behind the log so far.
+int run(const Options& options) {
+  Kyr::ErrorLog log(true);
+  const auto fail = [&log](int code, const QString& problem) {
+    std::fflush(stdout);
+    const QString text = log.isLog() ? log.getLog() + '\n' : QString();
+    std::fprintf(stderr, "%stour: %s\n", text.toLocal8Bit().constData(),
+                 problem.toLocal8Bit().constData());
+    return code;
+  };
+  try {
+    const bool held = tour(options, log);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+      throw Kyr::Exception("cannot write to standard output");
+    }
+    return held ? 0 : 1;
+  } catch (const Aborted& aborted) {
+    return fail(3, aborted.getText() + "; nothing is half written");
+  } catch (const Kyr::Exception& failure) {
+    return fail(1, failure.getText());
+  } catch (const std::exception& failure) {
+    return fail(1, QString("out of memory (%1)").arg(failure.what()));
   }
-  if (parser.isSet("help")) {
-    parser.showHelp();
-  }
-  Options options;
-  if (parser.positionalArguments().size() != 1) {
-    refuseUsage("give one OBJ file");
-  }
-  options.scan = parser.positionalArguments().first();
-  options.directory = parser.value(directory);
-  if (!Kyr::uLength.getUnitByName(parser.value(unit), &options.unit)) {
-    refuseUsage(QString("no unit of length is called %1").arg(parser.value(unit)));
-  }
-  if (QFileInfo::exists(options.scan) && QFileInfo(options.scan) == QFileInfo(projectOf(options))) {
-    refuseUsage(QString("the project file would replace %1").arg(options.scan));
-  }
-  return options;
 }
 
 }  // namespace
@@ -193,15 +222,6 @@ Options parseArguments() {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const Options options = parseArguments();
-  try {
-    const bool held = tour(options);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-      throw Kyr::Exception("cannot write to standard output");
-    }
-    return held ? 0 : 1;
-  } catch (const Kyr::Exception& failure) {
-    std::fflush(stdout);
-    std::fprintf(stderr, "tour: %s\n", failure.getText().toLocal8Bit().constData());
-    return 1;
-  }
+  const InterruptWatch watch([] { Kyr::Progress::setAbortFlag(true); });
+  return run(options);
 }

@@ -1,7 +1,5 @@
 #include "page.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <cstdio>
 
@@ -35,8 +33,9 @@ QStringList wrapped(const QString& text, int width) {
   return lines << line;
 }
 
-QString fixed(double value, int decimals) {
-  return QString::number(value, 'f', decimals);
+void draw(const QString& line) {
+  std::fputs(('\r' + line.leftJustified(pageWidth - 1)).toLocal8Bit().constData(), stdout);
+  std::fflush(stdout);
 }
 
 }  // namespace
@@ -85,28 +84,24 @@ void Page::text(const QString& text) {
   }
 }
 
-QString counted(qint64 number) {
-  return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
-}
-
-QString counted(qint64 number, const QString& thing) {
-  return counted(number) + ' ' + thing + (number == 1 ? "" : "s");
-}
-
-QString bytes(qint64 count) {
-  if (count < 10000) {
-    return counted(count, "byte");
+void Page::progress(int percent, const QString& what) {
+  constexpr int barWidth = 20;
+  if (_onTerminal) {
+    const QString bar = QString(percent * barWidth / 100, '#').leftJustified(barWidth, '.');
+    draw(QString("   %1 [%2] %3%").arg(what, -nameWidth * 2).arg(bar).arg(percent, 3));
+  } else if (!what.isEmpty() && what != _progressText) {
+    row("working", what);
+    std::fflush(stdout);
   }
-  const double kibibytes = static_cast<double>(count) / 1024;
-  return kibibytes < 1000 ? fixed(kibibytes, 1) + " KiB" : fixed(kibibytes / 1024, 2) + " MiB";
+  _progressText = what;
 }
 
-QString speed(qint64 count, double seconds) {
-  if (seconds < 0.002) {
-    return "in less than 2 ms";
+void Page::endProgress() {
+  if (_onTerminal && !_progressText.isEmpty()) {
+    draw({});
+    std::fputs("\r", stdout);
   }
-  const double rate = static_cast<double>(count) / 1e6 / seconds;
-  return QString("at %1 MB/s").arg(fixed(rate, rate < 10 ? 1 : 0));
+  _progressText.clear();
 }
 
 }  // namespace Tour

@@ -2,6 +2,8 @@
 /// The tour's page: plain text for a terminal of 80 columns.
 #pragma once
 
+#include "console_p.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -23,18 +25,17 @@ class Page {
   void cells(const QString& name, const QStringList& values);
   /// A remark in words, broken between words.
   void text(const QString& text);
+  /// How far something is. A bar on a terminal, always drawn in the same line; elsewhere a row
+  /// for each new text.
+  /// \param percent 0 to 100
+  void progress(int percent, const QString& what);
+  /// Ends what progress() began; wipes the bar away.
+  void endProgress();
 
  private:
   int _sections = 0;
+  const bool _onTerminal = standardOutputIsTerminal();
+  QString _progressText;  ///< shown last; empty while nothing is in progress
 };
-
-/// A whole number with separators, "34,835".
-QString counted(qint64 number);
-/// A whole number of things, "1 point", "34,835 points".
-QString counted(qint64 number, const QString& thing);
-/// A number of bytes in words, "2.29 MiB".
-QString bytes(qint64 count);
-/// How fast bytes went, "at 200 MB/s"; the clock knows milliseconds, so short times have no speed.
-QString speed(qint64 count, double seconds);
 
 }  // namespace Tour

@@ -33,29 +33,44 @@ const QByteArray tetrahedron =
 TEST(Tour, GoodScansHold) {
   struct Row {
     QByteArray scan;
-    QString unit;
+    QStringList options;
     QString shows;
     const char* fault;
   };
   const Row rows[] = {
-      {tetrahedron, "mm", "1.333 mm³", "a volume from wrong corners or signs"},
-      {tetrahedron, "mm", "Everything held.", "a check that fails on good data"},
-      {tetrahedron, "in", "50.800 mm", "a file's unit that is not applied"},
-      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3 4\n", "mm", "4 points, 2 triangles\n",
+      {tetrahedron, {}, "1.333 mm³", "a volume from wrong corners or signs"},
+      {tetrahedron, {}, "Everything held.", "a check that fails on good data"},
+      {tetrahedron, {"--unit", "in"}, "50.800 mm", "a file's unit that is not applied"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3 4\n",
+       {},
+       "4 points, 2 triangles\n",
        "a face of four corners that is not cut"},
-      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", "mm", "1 triangle\n", "a plural of one"},
-      {"v 0 0 0\nv 3e9 0 0\nv 3e9 1 0\nf 1 2 3\n", "mm", "e+08 in\n",
-       "a table wider than the page"},
-      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", "mm", "3 open edges", "a hole that goes unnoticed"},
-      {"scale 3\n" + tetrahedron, "mm", "line 1: scale 3", "an unknown key that is swallowed"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", {}, "1 triangle\n", "a plural of one"},
+      {"v 0 0 0\nv 3e9 0 0\nv 3e9 1 0\nf 1 2 3\n", {}, "e+08 in\n", "a table wider than the page"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\n", {}, "3 open edges", "a hole that goes unnoticed"},
+      {tetrahedron, {"--workers", "3"}, "Analyse it on 3 workers\n", "a number of workers ignored"},
+      {tetrahedron, {}, "\n   working          Smoothing normals\n", "a silent analysis"},
+      {tetrahedron, {"--copies", "5"}, "side by side: 20 points\n", "copies that are not made"},
+      {tetrahedron, {"--smoothing", "4"}, "jobs             7\n", "passes that are not made"},
+      {"v 0 0 0\nv 1 0 0\nv 1 1 0\nv 5 5 5\nf 1 2 3\n",
+       {},
+       "1 point without a curvature",
+       "a lonely point that goes unnoticed"},
+      {"v 0 0 0\nv 4 0 0\nv 4 4 0\nv 0 4 0\nf 1 2 3 4\n",
+       {},
+       "median                    0.000 / mm",
+       "a curvature in a plane"},
+      {"scale 3\n" + tetrahedron, {}, "line 1: scale 3", "an unknown key that is swallowed"},
   };
   for (const Row& row : rows) {
     const KyrTest::TempDir directory;
     const QString scan = directory.write("scan.obj", row.scan);
     for (const char* locale : {"C.UTF-8", "de_DE.UTF-8"}) {
-      const Outcome run = tour({"--unit", row.unit, "--output", directory.path(), scan}, locale);
+      const Outcome run =
+          tour(row.options + QStringList{"--output", directory.path(), scan}, locale);
       EXPECT_EQ(run.code, 0) << row.fault << '\n' << run.errors.toStdString();
       EXPECT_TRUE(run.output.contains(row.shows)) << row.fault << '\n' << run.output.toStdString();
+      EXPECT_FALSE(run.output.contains('\r')) << "a bar drawn where nobody watches";
     }
   }
 }
@@ -80,6 +95,9 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
       {"", {}, 1, "cannot open", "a missing file"},
       {tetrahedron, {"--output", "/dev/null"}, 1, "cannot write", "a project that cannot be kept"},
       {tetrahedron, {"--unit", "furlong"}, 2, "furlong", "an unknown unit"},
+      {tetrahedron, {"--copies", "0"}, 2, "--copies", "no copy at all"},
+      {tetrahedron, {"--workers", "2x"}, 2, "--workers", "text behind a number"},
+      {"scale 3\nv 1 2\n", {}, 1, "line 1: scale 3", "a log that is lost with the reading"},
       {tetrahedron, {"--frobnicate"}, 2, "frobnicate", "an unknown option"},
   };
   for (const Row& row : rows) {

@@ -1,4 +1,6 @@
-#include "scan.h"
+#include "surface/scan.h"
+
+#include "surface/abort.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFileParse.h>
@@ -13,7 +15,7 @@
 #include <cstdio>
 #include <memory>
 
-namespace Tour {
+namespace Surface {
 
 namespace {
 
@@ -65,7 +67,9 @@ class Reader {
     } catch (const Kyr::FileParse::EndOfFile&) {
       return false;
     }
-    ++_notes.lines;
+    if (++_notes.lines % linesBetweenLooks == 0) {
+      stopIfAborted();
+    }
     return true;
   }
 
@@ -135,6 +139,7 @@ class Reader {
   }
 
   static constexpr int shownUnknownKeys = 10;
+  static constexpr int linesBetweenLooks = 1024;
 
   QString _name;
   FILE* _stream;
@@ -156,4 +161,4 @@ Mesh readScan(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog&
   return Reader(fileName, file.get(), millimetresPerUnit, log, notes).read();
 }
 
-}  // namespace Tour
+}  // namespace Surface

@@ -2,9 +2,11 @@
 /// What is measured on a scan.
 #pragma once
 
-#include "scan.h"
+#include "surface/mesh.h"
 
-namespace Tour {
+#include <cstddef>
+
+namespace Surface {
 
 /// Sizes of a surface, in millimetres, square and cubic millimetres.
 struct Measures {
@@ -15,6 +17,7 @@ struct Measures {
 };
 
 /// Measures a surface. An empty one has only zeros.
+/// \throws Aborted when the abort flag is set
 Measures measure(const Mesh& mesh);
 
-}  // namespace Tour
+}  // namespace Surface

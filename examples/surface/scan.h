@@ -1,25 +1,14 @@
 /// \file
-/// A scanned surface and its reader.
+/// The reader of scans.
 #pragma once
+
+#include "surface/mesh.h"
 
 #include <kyr/log/KyrErrorLog.h>
 
 #include <QString>
 
-#include <array>
-#include <cstdint>
-#include <vector>
-
-namespace Tour {
-
-using Point = std::array<double, 3>;
-using Triangle = std::array<std::uint32_t, 3>;  ///< indices of points, from 0
-
-/// A surface of triangles; coordinates in millimetres.
-struct Mesh {
-  std::vector<Point> points;
-  std::vector<Triangle> triangles;
-};
+namespace Surface {
 
 /// What the reader met besides the mesh.
 struct ReadingNotes {
@@ -34,7 +23,9 @@ struct ReadingNotes {
 /// \param log receives a message for each of the first unknown keys, with file, line and text
 /// \throws Kyr::Exception for a file that cannot be opened and for a damaged line, with file,
 ///         line and text: a measurement with a point missing is no measurement
+/// \throws Aborted when the abort flag is set
+/// \threadsafety any thread; the log and the notes are the caller's
 Mesh readScan(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,
               ReadingNotes& notes);
 
-}  // namespace Tour
+}  // namespace Surface

@@ -1,0 +1,255 @@
+#include "surface/project.h"
+
+#include "surface/abort.h"
+#include "surface/words.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZipStream.h>
+#include <kyr/time/KyrTime.h>
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+namespace Surface {
+
+namespace {
+
+using Kyr::ZipInStream;
+
+constexpr std::size_t countsSize = 16;
+constexpr std::size_t pointSize = 24;
+constexpr std::size_t triangleSize = 12;
+
+/// What is read or written between two looks at the abort flag.
+constexpr std::size_t piece = std::size_t{256} * 1024;
+
+/// Appends the lowest bytes of a number, the least significant first.
+void put(std::vector<char>& bytes, std::uint64_t number, int count) {
+  for (int shift = 0; shift < 8 * count; shift += 8) {
+    bytes.push_back(static_cast<char>(number >> shift));
+  }
+}
+
+void put(std::vector<char>& bytes, double number) {
+  std::uint64_t bits = 0;
+  static_assert(sizeof bits == sizeof number);
+  std::memcpy(&bits, &number, sizeof bits);
+  put(bytes, bits, 8);
+}
+
+std::filesystem::path path(const QString& fileName) {
+  return std::filesystem::u8path(fileName.toStdString());
+}
+
+/// \param words with %1 for the byte of the file and %2 for the bytes of content before it
+QString placed(const char* words, const ZipInStream& in) {
+  const Kyr::ZipStatistics statistics = in.getStatistics();
+  return QString(words).arg(counted(static_cast<qint64>(statistics.offset)),
+                            counted(static_cast<qint64>(statistics.plainBytes)));
+}
+
+QString problemOf(const ZipInStream& in) {
+  switch (in.getState()) {
+    case ZipInStream::StreamComplete:
+      return {};
+    case ZipInStream::StreamRefused:
+      return in.getHeaderErrorText();
+    case ZipInStream::StreamDamaged:
+      return placed(
+          "the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong",
+          in);
+    case ZipInStream::StreamCutShort:
+      return placed("the file ends too early, at byte %1; the first %2 bytes of content are good",
+                    in);
+    case ZipInStream::StreamOpen:
+      break;
+  }
+  return "reading stopped early";
+}
+
+/// Takes the bytes of a mesh apart; does not believe them.
+class Bytes {
+ public:
+  explicit Bytes(const std::vector<char>& content) : _next(content.data()) {
+    if (content.size() < countsSize) {
+      refuse();
+    }
+    _points = number(8);
+    _triangles = number(8);
+    const std::uint64_t rest = content.size() - countsSize;
+    if (_points > rest / pointSize || (rest - _points * pointSize) % triangleSize != 0 ||
+        (rest - _points * pointSize) / triangleSize != _triangles) {
+      refuse();
+    }
+  }
+
+  // Both fit: that many elements are in memory.
+  std::size_t pointCount() const { return static_cast<std::size_t>(_points); }
+  std::size_t triangleCount() const { return static_cast<std::size_t>(_triangles); }
+
+  Point nextPoint() {
+    Point point{};
+    for (double& coordinate : point) {
+      const std::uint64_t bits = number(8);
+      std::memcpy(&coordinate, &bits, sizeof coordinate);
+      if (!std::isfinite(coordinate)) {
+        refuse();
+      }
+    }
+    return point;
+  }
+
+  Triangle nextTriangle() {
+    Triangle triangle{};
+    for (std::uint32_t& corner : triangle) {
+      corner = static_cast<std::uint32_t>(number(4));
+      if (corner >= _points) {
+        refuse();
+      }
+    }
+    return triangle;
+  }
+
+ private:
+  [[noreturn]] static void refuse() {
+    throw Kyr::Exception("the content is no surface of this program");
+  }
+
+  std::uint64_t number(int count) {
+    std::uint64_t result = 0;
+    for (int shift = 0; shift < 8 * count; shift += 8) {
+      result |= std::uint64_t{static_cast<unsigned char>(*_next++)} << shift;
+    }
+    return result;
+  }
+
+  const char* _next;
+  std::uint64_t _points = 0;
+  std::uint64_t _triangles = 0;
+};
+
+/// The name of a file that does not outlive this object, unless it is renamed.
+class Unfinished {
+ public:
+  explicit Unfinished(const QString& name) : _name(name) {}
+  ~Unfinished() {
+    std::error_code ignored;
+    std::filesystem::remove(path(_name), ignored);
+  }
+  Unfinished(const Unfinished&) = delete;
+  Unfinished& operator=(const Unfinished&) = delete;
+  const QString& name() const { return _name; }
+
+ private:
+  const QString _name;
+};
+
+/// A damaged project must not be taken for a scan: its name counts as well as its bytes.
+bool isProject(const QString& fileName) {
+  std::ifstream file;
+  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenRead, true);
+  std::vector<char> beginning(128);
+  file.read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+  beginning.resize(static_cast<std::size_t>(file.gcount()));
+  return ZipInStream::isZipStream(beginning) ||
+         QFileInfo(fileName).suffix().compare("kyr", Qt::CaseInsensitive) == 0;
+}
+
+Mesh readMesh(const QString& fileName) {
+  const Reading reading = readProject(fileName);
+  if (!reading.problem.isEmpty()) {
+    throw Kyr::Exception(QString("%1: %2").arg(fileName, reading.problem));
+  }
+  try {
+    return fromBytes(reading.content);
+  } catch (const Aborted&) {
+    throw;
+  } catch (const Kyr::Exception& refusal) {
+    throw Kyr::Exception(QString("%1: %2").arg(fileName, refusal.getText()));
+  }
+}
+
+}  // namespace
+
+std::vector<char> toBytes(const Mesh& mesh) {
+  std::vector<char> bytes;
+  bytes.reserve(countsSize + mesh.points.size() * pointSize + mesh.triangles.size() * triangleSize);
+  put(bytes, mesh.points.size(), 8);
+  put(bytes, mesh.triangles.size(), 8);
+  forEachIndex(mesh.points.size(), [&](std::size_t index) {
+    for (const double coordinate : mesh.points[index]) {
+      put(bytes, coordinate);
+    }
+  });
+  forEachIndex(mesh.triangles.size(), [&](std::size_t index) {
+    for (const std::uint32_t corner : mesh.triangles[index]) {
+      put(bytes, corner, 4);
+    }
+  });
+  return bytes;
+}
+
+Mesh fromBytes(const std::vector<char>& content) {
+  Bytes bytes(content);
+  Mesh mesh;
+  mesh.points.resize(bytes.pointCount());
+  mesh.triangles.resize(bytes.triangleCount());
+  forEachIndex(mesh.points.size(),
+               [&](std::size_t index) { mesh.points[index] = bytes.nextPoint(); });
+  forEachIndex(mesh.triangles.size(),
+               [&](std::size_t index) { mesh.triangles[index] = bytes.nextTriangle(); });
+  return mesh;
+}
+
+void writeProject(const QString& fileName, const std::vector<char>& content) {
+  const Unfinished unfinished(fileName + ".part");
+  Kyr::ZipOutStream out(unfinished.name(), projectVersion);
+  for (std::size_t done = 0; done < content.size(); done += piece) {
+    stopIfAborted();
+    const std::size_t size = std::min(piece, content.size() - done);
+    out.write(content.data() + done, static_cast<std::streamsize>(size));
+  }
+  out.close();
+  std::error_code renamed;
+  if (out) {
+    std::filesystem::rename(path(unfinished.name()), path(fileName), renamed);
+  }
+  if (!out || renamed) {
+    throw Kyr::Exception(QString("cannot write %1").arg(fileName));
+  }
+}
+
+Reading readProject(const QString& fileName, unsigned newestVersion) {
+  Reading reading;
+  ZipInStream in(fileName, newestVersion);
+  while (in) {
+    stopIfAborted();
+    const std::size_t before = reading.content.size();
+    reading.content.resize(before + piece);
+    in.read(reading.content.data() + before, static_cast<std::streamsize>(piece));
+    reading.content.resize(before + static_cast<std::size_t>(in.gcount()));
+  }
+  reading.problem = problemOf(in);
+  if (in.getHeaderError() == ZipInStream::HeaderGood) {
+    reading.written = Kyr::Time(in.getHeaderInfo().time, 0).getTimeString(false);
+  }
+  return reading;
+}
+
+Mesh readSurface(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,
+                 ReadingNotes& notes) {
+  Mesh mesh =
+      isProject(fileName) ? readMesh(fileName) : readScan(fileName, millimetresPerUnit, log, notes);
+  if (mesh.triangles.empty()) {
+    throw Kyr::Exception(QString("%1 holds no surface").arg(fileName));
+  }
+  return mesh;
+}
+
+}  // namespace Surface

@@ -1,0 +1,29 @@
+/// \file
+/// What the user asks of the tour.
+#pragma once
+
+#include "surface/analysis.h"
+
+#include <kyr/units/KyrUnit.h>
+
+#include <QString>
+
+namespace Tour {
+
+/// The arguments of the command line, checked.
+struct Options {
+  QString scan;
+  Kyr::Unit::Units_t unit = Kyr::Unit::Millimetre;  ///< what one unit of the scan is
+  QString directory;
+  unsigned copies = 1;
+  Surface::AnalysisOptions analysis;
+
+  /// The name of the project file that the scan becomes.
+  QString project() const;
+};
+
+/// Reads the arguments of the application object. Wrong ones end the process with code 2 and a
+/// message, a call for help ends it with code 0.
+Options parseArguments();
+
+}  // namespace Tour

@@ -1,0 +1,184 @@
+#include "side_panel.h"
+
+#include "display_unit.h"
+#include "scan.h"
+#include "theme.h"
+
+#include <kyr/units/KyrUnits.h>
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QFrame>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <QVariant>
+
+#include <utility>
+
+namespace Viewer {
+
+namespace {
+
+constexpr int panelWidth = 272;
+constexpr int sideMargin = 18;
+const QString none = QString::fromUtf8("–");
+
+QLabel* label(const QString& text, const QString& role) {
+  auto* const made = new QLabel(text);
+  made->setProperty("role", role);
+  return made;
+}
+
+/// Zero stands for what does not exist as well; such numbers are left out.
+QString curvature(const Scan& scan, double value) {
+  return scan.curvature.defined > 0 ? shownValue(Kyr::uCurvature, value) : none;
+}
+
+}  // namespace
+
+SidePanel::SidePanel(QWidget* parent) : QScrollArea(parent) {
+  setObjectName("numbers");
+  setAccessibleName("Numbers of the scan");
+  setFixedWidth(panelWidth);
+  setWidgetResizable(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);
+  auto* const panel = new QWidget;
+  panel->setObjectName("panel");
+  auto* const column = new QVBoxLayout(panel);
+  column->setContentsMargins(sideMargin, 16, sideMargin, 16);
+  column->setSpacing(5);
+  addHead(*column);
+  addUnit(*column);
+  addSurface(*column);
+  addSize(*column);
+  addCurvature(*column);
+  column->addStretch(1);
+  setWidget(panel);
+  show(nullptr);
+}
+
+void SidePanel::addHead(QVBoxLayout& column) {
+  _name = label({}, "title");
+  _name->setObjectName("name");
+  QFont large = Theme::strong(font());
+  large.setPointSizeF(large.pointSizeF() * 1.2);
+  _name->setFont(large);
+  _origin = label({}, "name");
+  _origin->setFont(Theme::small(font()));
+  column.addWidget(_name);
+  column.addWidget(_origin);
+  column.addSpacing(8);
+}
+
+void SidePanel::addUnit(QVBoxLayout& column) {
+  _unit = new QComboBox;
+  _unit->setObjectName("unit");
+  _unit->setMinimumWidth(90);
+  _unit->setAccessibleName("Unit of length");
+  _unit->setToolTip("Unit of length; areas, volumes and curvatures follow");
+  for (const Kyr::Unit::Units_t unit : displayUnits()) {
+    _unit->addItem(Kyr::uLength.getUName(unit), unit);
+  }
+  _unit->setCurrentIndex(_unit->findData(Kyr::uLength.getDefault()));
+  connect(_unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &SidePanel::chooseUnit);
+  auto* const name = label("&Unit", "name");
+  name->setBuddy(_unit);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(name);
+  row->addStretch(1);
+  row->addWidget(_unit);
+  column.addLayout(row);
+}
+
+void SidePanel::addSection(QVBoxLayout& column, const QString& caption) {
+  auto* const rule = new QFrame;
+  rule->setProperty("role", "rule");
+  auto* const title = label(caption.toUpper(), "caption");
+  QFont spaced = Theme::strong(Theme::small(font()));
+  spaced.setLetterSpacing(QFont::PercentageSpacing, 108);
+  title->setFont(spaced);
+  column.addSpacing(8);
+  column.addWidget(rule);
+  column.addSpacing(6);
+  column.addWidget(title);
+}
+
+void SidePanel::addRow(QVBoxLayout& column, const QString& name, const QString& object, Text text) {
+  auto* const number = label({}, "number");
+  number->setObjectName(object);
+  number->setAccessibleName(name);
+  number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  number->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(label(name, "name"));
+  row->addWidget(number, 1);
+  column.addLayout(row);
+  _shown.push_back({number, std::move(text)});
+}
+
+void SidePanel::addSurface(QVBoxLayout& column) {
+  addSection(column, "Surface");
+  addRow(column, "Points", "points", [](const Scan& scan) { return shownCount(scan.points); });
+  addRow(column, "Triangles", "triangles",
+         [](const Scan& scan) { return shownCount(scan.triangles); });
+  addRow(column, "Open edges", "openEdges",
+         [](const Scan& scan) { return shownCount(scan.measures.openEdges); });
+}
+
+void SidePanel::addSize(QVBoxLayout& column) {
+  addSection(column, "Size");
+  const char* const names[] = {"Width", "Height", "Depth"};
+  for (std::size_t axis = 0; axis < std::size(names); ++axis) {
+    addRow(column, names[axis], QString(names[axis]).toLower(), [axis](const Scan& scan) {
+      return shownValue(Kyr::uLength, scan.measures.extent[axis]);
+    });
+  }
+  addRow(column, "Area", "area",
+         [](const Scan& scan) { return shownValue(Kyr::uArea, scan.measures.area); });
+  addRow(column, "Volume", "volume",
+         [](const Scan& scan) { return shownValue(Kyr::uVolume, scan.measures.volume); });
+  _remark = label("Open surface: its volume is closed over its middle.", "hint");
+  _remark->setFont(Theme::small(font()));
+  _remark->setWordWrap(true);
+  column.addWidget(_remark);
+}
+
+void SidePanel::addCurvature(QVBoxLayout& column) {
+  addSection(column, "Mean curvature");
+  addRow(column, "Highest", "highest",
+         [](const Scan& scan) { return curvature(scan, scan.curvature.highest); });
+  addRow(column, "5 % lie above", "high",
+         [](const Scan& scan) { return curvature(scan, scan.curvature.high); });
+  addRow(column, "Median", "median",
+         [](const Scan& scan) { return curvature(scan, scan.curvature.median); });
+  addRow(column, "5 % lie below", "low",
+         [](const Scan& scan) { return curvature(scan, scan.curvature.low); });
+  addRow(column, "Lowest", "lowest",
+         [](const Scan& scan) { return curvature(scan, scan.curvature.lowest); });
+}
+
+void SidePanel::setScan(std::shared_ptr<const Scan> scan) {
+  _scan = std::move(scan);
+  show(_scan.get());
+}
+
+void SidePanel::chooseUnit(int row) {
+  setDisplayUnit(static_cast<Kyr::Unit::Units_t>(_unit->itemData(row).toInt()));
+  show(_scan.get());
+  Q_EMIT unitChanged();
+}
+
+void SidePanel::show(const Scan* scan) {
+  const QString file = scan != nullptr ? QFileInfo(scan->path).fileName() : "No scan";
+  const int width = panelWidth - 2 * sideMargin;
+  _name->setText(QFontMetrics(_name->font()).elidedText(file, Qt::ElideMiddle, width));
+  _name->setToolTip(scan != nullptr ? scan->path : QString());
+  _origin->setText(scan != nullptr ? scan->origin : "Open one to see its numbers");
+  _remark->setVisible(scan != nullptr && scan->measures.openEdges > 0);
+  for (const Shown& shown : _shown) {
+    shown.label->setText(scan != nullptr ? shown.text(*scan) : none);
+  }
+}
+
+}  // namespace Viewer
