@@ -1,7 +1,7 @@
 # What programs for Windows need beside libKyr.dll: the DLLs of Qt, zlib and the compiler. They
 # are put beside the programs, so that these start wherever the folder lies, and are installed
 # with the notices that their licences ask for.
-find_file(KYR_ZLIB_DLL zlib1.dll PATH_SUFFIXES bin lib REQUIRED)
+find_file(KYR_ZLIB_DLL zlib1.dll PATHS /bin /lib REQUIRED)
 find_file(KYR_LICENCE_GPL3 GPL-3 PATHS /usr/share/common-licenses NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 set(KYR_COPYRIGHTS /usr/share/doc CACHE PATH "Where Debian's packages keep their notices")
 mark_as_advanced(KYR_ZLIB_DLL KYR_LICENCE_GPL3 KYR_COPYRIGHTS)

@@ -2,9 +2,8 @@
 """Checks that the shared library exports nothing but the namespace Kyr.
 
 Weak symbols are let through: they are instances of the templates of Qt and of the standard
-library, which every user of those has as well. A DLL has no weak exports: there every name of its
-table counts. Prints one line for each breach and ends with 1
-if there is any.
+library, which every user of those has as well. A DLL has no weak exports: there every name of its table counts.
+Prints one line for each breach and ends with 1 if there is any.
 """
 import argparse
 import re
@@ -15,6 +14,9 @@ SYMBOL = re.compile(r"^[0-9a-f]+ (\w) (.+)$")
 OURS = re.compile(
     r"((vtable|VTT|typeinfo|typeinfo name|guard variable|(non-)?virtual thunk|"
     r"covariant return thunk) (for|to) |construction vtable for .*-in-)?Kyr::")
+
+# The crash handler of Linux puts these in front of the C and C++ libraries' own.
+IN_FRONT = {"pthread_create", "__cxa_throw"}
 
 TABLE_OF_NAMES = "[Ordinal/Name Pointer] Table"
 NAME = re.compile(r"^\t\[ *\d+\] .*?(\S+)$", re.MULTILINE)
@@ -41,7 +43,8 @@ def table_names(library):
 def exported_names(library):
     with open(library, "rb") as file:
         is_dll = file.read(2) == b"MZ"
-    return list(table_names(library) if is_dll else strong_names(library))
+    return list(table_names(library)) if is_dll else [
+        name for name in strong_names(library) if name not in IN_FRONT]
 
 
 def main():

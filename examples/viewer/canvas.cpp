@@ -35,7 +35,7 @@ Steps steps(float least, float most, int begin, int end) {
 }  // namespace
 
 void Canvas::draw(const Model& model, const Projection& projection, int width, int height,
-                  Crew& crew) {
+                  Crew& crew, const std::atomic<bool>* cancelled) {
   _width = width;
   _height = height;
   const std::size_t samples = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
@@ -52,7 +52,7 @@ void Canvas::draw(const Model& model, const Projection& projection, int width, i
       const auto line = [&](unsigned number) {
         return static_cast<int>(static_cast<unsigned>(height) * number / bands);
       };
-      fill(model, {line(band), line(band + 1)});
+      fill(model, {line(band), line(band + 1)}, cancelled);
     }
   });
 }
@@ -83,10 +83,14 @@ void Canvas::clear(const Band& band) {
   std::fill(_triangles.begin() + begin, _triangles.begin() + end, nothing);
 }
 
-void Canvas::fill(const Model& model, const Band& band) {
+void Canvas::fill(const Model& model, const Band& band, const std::atomic<bool>* cancelled) {
+  constexpr std::uint32_t between = 4096;  // triangles between two looks at the flag
   clear(band);
   std::uint32_t number = 0;
   for (const auto& corners : model.triangles) {
+    if (number % between == 0 && cancelled && *cancelled) {
+      return;
+    }
     fillTriangle(corners, number++, band);
   }
 }

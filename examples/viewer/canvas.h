@@ -6,6 +6,7 @@
 #include "crew.h"
 #include "model.h"
 
+#include <atomic>
 #include <cstdint>
 #include <vector>
 
@@ -30,8 +31,10 @@ class Canvas {
  public:
   /// Finds the nearest triangle of each sample.
   /// \param width, height in samples
+  /// \param cancelled once true, the samples may stay unfinished; null for never
   /// \threadsafety one caller at a time
-  void draw(const Model& model, const Projection& projection, int width, int height, Crew& crew);
+  void draw(const Model& model, const Projection& projection, int width, int height, Crew& crew,
+            const std::atomic<bool>* cancelled = nullptr);
 
   static constexpr std::uint32_t nothing = 0xFFFFFFFF;
 
@@ -57,7 +60,7 @@ class Canvas {
   void project(const Model& model, const Projection& projection, std::size_t begin,
                std::size_t end);
   void clear(const Band& band);
-  void fill(const Model& model, const Band& band);
+  void fill(const Model& model, const Band& band, const std::atomic<bool>* cancelled);
   void fillTriangle(const std::array<std::uint32_t, 3>& corners, std::uint32_t number,
                     const Band& band);
 

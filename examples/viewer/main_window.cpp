@@ -70,7 +70,10 @@ MainWindow::MainWindow(double millimetresPerUnit, unsigned copies)
   buildWelcome();
   _view->installEventFilter(this);
   connect(_bridge.get(), &ProgressBridge::progressed, _strip, &StatusStrip::setProgress);
-  connect(_strip, &StatusStrip::abortRequested, this, &MainWindow::abort);
+  connect(_strip, &StatusStrip::abortRequested, this, [this] {
+    _next.reset();
+    abort();
+  });
   connect(_panel, &SidePanel::unitChanged, _view, &View::changeUnit);
   connect(_view, &View::probed, _strip, &StatusStrip::setProbe);
   showScan(nullptr);
@@ -218,6 +221,9 @@ void MainWindow::begin(const QString& path) {
 }
 
 void MainWindow::end() {
+  if (!_loading || !_loading->isFinished()) {
+    return;  // the news of one that was given up when the window closed came late
+  }
   _loading->wait();
   const std::unique_ptr<Loading> loading = std::move(_loading);
   Progress::setAbortFlag(false);

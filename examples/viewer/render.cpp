@@ -162,7 +162,8 @@ Picture Renderer::draw(const Order& order) {
   const Projection projection =
       order.camera.projection(QSizeF(order.size) * scale, order.middle * scale);
   if (order.model) {
-    _canvas.draw(*order.model, projection, sampled.width(), sampled.height(), _crew);
+    _canvas.draw(*order.model, projection, sampled.width(), sampled.height(), _crew,
+                 order.cancelled);
   }
   Painter painter(order, projection, _canvas, samples, picture);
   // Lines in turn: what costs most lies together.

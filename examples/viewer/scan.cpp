@@ -145,7 +145,9 @@ void measure(const Mesh& mesh, Scan& scan) {
   scan.points = mesh.points.size();
   scan.triangles = mesh.triangles.size();
   scan.measures = Surface::measure(mesh);
-  if (!std::isfinite(scan.measures.area) || !std::isfinite(scan.measures.volume)) {
+  const Point& extent = scan.measures.extent;
+  if (!std::isfinite(scan.measures.area) || !std::isfinite(scan.measures.volume) ||
+      !std::isfinite(extent[0] + extent[1] + extent[2])) {
     throw Kyr::Exception("the scan is too large to be measured");
   }
   Progress::setProgress(0, 100, afterMeasuring);

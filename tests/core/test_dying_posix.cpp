@@ -2,15 +2,12 @@
 #include "support/Support.h"
 
 #include <kyr/core/KyrProgError.h>
-#include <kyr/core/KyrStructVector.h>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <new>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -36,24 +33,6 @@ void judgeFaults() {
   };
   for (const int signal : {SIGSEGV, SIGILL, SIGTRAP, SIGPIPE}) {
     ::sigaction(signal, &action, nullptr);
-  }
-}
-
-void limitMemory(bool limited) {
-  rlimit limit{};
-  ::getrlimit(RLIMIT_AS, &limit);
-  limit.rlim_cur = limited ? 4096 : limit.rlim_max;
-  ::setrlimit(RLIMIT_AS, &limit);
-}
-
-/// Takes what earlier tests have left free; never gives it back.
-void fillHeap() {
-  try {
-    for (;;) {
-      reallocateStorage(nullptr, 1U << 16U);
-    }
-  } catch (const std::bad_alloc&) {
-    return;
   }
 }
 
@@ -94,32 +73,4 @@ TEST(ProgError, FaultsAsACrashHandlerExpectsWhereverStandardErrorGoes) {
     });
     EXPECT_TRUE(ended.code == row.code && ended.faulted == (row.code < 0)) << row.catches;
   }
-}
-
-TEST(ProgError, ReportsATextThatTheHeapCannotConvert) {
-#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
-  GTEST_SKIP() << "sanitizers themselves end a process that is out of memory";
-#endif
-  const QString text = QString(1 << 17, 'x') + QChar(0xFC);
-  const auto ended = inChild([&text] {
-    limitMemory(true);
-    fillHeap();
-    try {
-      throw ProgError(text);
-    } catch (const std::bad_alloc&) {
-      ::_exit(3);
-    }
-  });
-  EXPECT_TRUE(ended.faulted && ended.errors.endsWith("x?\n\n")) << ended.code << " outlived it";
-}
-
-TEST(StructVector, TriesAgainWhenTheNewHandlerFreedMemory) {
-  const auto ended = inChild([] {
-    StructVector<int> vector(3, 42);
-    std::set_new_handler([] { limitMemory(false); });
-    limitMemory(true);
-    vector.reserve(std::size_t(1) << 26U);
-    ::_exit(vector[2]);
-  });
-  EXPECT_EQ(ended.code, 42) << ended.errors.toStdString();
 }

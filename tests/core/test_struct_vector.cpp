@@ -4,16 +4,6 @@
 
 #include <cstdint>
 
-// The heaps of sanitizers end the process where the C heap says no, unless told otherwise.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the names are the sanitizers'
-extern "C" KYR_EXPORT const char* __asan_default_options() {
-  return "allocator_may_return_null=1";
-}
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
-extern "C" KYR_EXPORT const char* __tsan_default_options() {
-  return "allocator_may_return_null=1";
-}
-
 namespace {
 
 using Numbers = Kyr::StructVector<std::uint32_t>;

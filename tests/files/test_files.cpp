@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 
 #include <cstdio>
-#include <memory>
 #include <random>
 #include <sstream>
 #include <string>
@@ -17,11 +16,11 @@
 namespace {
 
 using Kyr::FileParse::File;
-using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+using KyrTest::Stream;
 using Texts = std::vector<std::string>;
 
 Stream streamOf(const std::string& bytes) {
-  Stream stream(std::tmpfile(), &std::fclose);
+  Stream stream = KyrTest::temporaryStream();
   std::fwrite(bytes.data(), 1, bytes.size(), stream.get());
   std::rewind(stream.get());
   return stream;
@@ -194,6 +193,15 @@ TEST(KeyedText, CopiesShareTheStreamAndNothingElse) {
   EXPECT_EQ(run(first, "n i IC"), "1 2 4");
   second = first;
   EXPECT_EQ(run(second, "n t L"), "2 [C 4] EOF");
+}
+
+TEST(KeyedText, PipesLoseNoLine) {
+  const Stream pipe = KyrTest::pipeStream("A 1\nB 2\n");
+  File file(pipe.get());
+  File copy(file);
+  EXPECT_EQ(run(file, "# IA"), "0 1") << "counting would lose the lines";
+  EXPECT_EQ(run(copy, "IB"), "2");
+  EXPECT_EQ(run(file, "L"), "EOF");
 }
 
 TEST(KeyedText, WhatCannotBeReadHasNoLines) {

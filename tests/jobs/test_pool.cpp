@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 namespace Kyr {
 struct TestProbe {
@@ -99,4 +101,9 @@ TEST(PoolForThreads, StaysLockedAfterADuplicateName) {
       KyrTest::report("Thread with the same name exists!", "Kyr::PoolForThreads::registerThreads",
                       "kyr_thread_pool", 208);
   EXPECT_EQ(KyrTest::reportProblem(duplicate, "locked" + expected), "");
+}
+
+TEST(PoolForThreads, MayBeInUseWhenTheProcessEnds) {
+  const auto ended = KyrTest::inChild([] { std::exit(TestProbe::poolIsFree() ? 9 : 1); });
+  EXPECT_EQ(std::pair(ended.code, ended.errors), std::pair(9, QByteArray()));
 }

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <climits>
+#include <functional>
 #include <iostream>
 #include <thread>
 #include <tuple>
@@ -96,7 +97,7 @@ TEST(Log, EchoKeepsNothing) {
 
 TEST(Log, SystemLog) {
   const KyrTest::TempDir dir;
-  const QString full = "/dev/full";
+  const QString full = KyrTest::fullDevice();
   for (const QString& name : {QString(), dir.path(), dir.file("no/log"), full, dir.file("log")}) {
     SyncSystemErrorLog log(true, name);
     CaptureStderr();
@@ -112,25 +113,33 @@ TEST(Log, SystemLog) {
   EXPECT_EQ(KyrTest::readFile(dir.file("log")), "x\ny\n\nz\n") << "also when the echo fails";
 }
 
-TEST(Log, ThreadsShareLogsAndFiles) {
-  const KyrTest::TempDir dir;
+void inTwoThreads(const std::function<void(char)>& write) {
+  std::thread other(write, 'a');
+  write('b');
+  other.join();
+}
+
+TEST(Log, ThreadsShareALog) {
   SyncErrorLog shared;
-  constexpr int length = 20000;  // beyond every buffer between the log and the file
-  const auto write = [&](char letter) {
+  inTwoThreads([&](char letter) {
     for (int i = 0; i < 2000; ++i) {
       EXPECT_TRUE((shared << letter << END_LOG).isLog());
     }
+  });
+  EXPECT_EQ(shared.getLog().size(), 2 * 4000 - 1) << "a piece or a message was lost";
+}
+
+TEST(Log, LogsShareAFile) {
+  const KyrTest::TempDir dir;
+  constexpr int length = 20000;  // beyond every buffer between the log and the file
+  CaptureStderr();
+  inTwoThreads([&](char letter) {
     SyncSystemErrorLog own(true, dir.file("log"));
     for (int i = 0; i < 200; ++i) {
       own << QString(length, letter) << END_LOG;
     }
-  };
-  CaptureStderr();
-  std::thread other(write, 'a');
-  write('b');
-  other.join();
+  });
   GetCapturedStderr();
-  EXPECT_EQ(shared.getLog().size(), 2 * 4000 - 1) << "a piece or a message was lost";
   const QList<QByteArray> lines = KyrTest::readFile(dir.file("log")).split('\n');
   EXPECT_EQ(lines.count(QByteArray(length, 'a')), 200) << "messages mixed";
   EXPECT_EQ(lines.count(QByteArray(length, 'b')), 200) << "messages mixed";

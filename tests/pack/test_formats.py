@@ -10,7 +10,7 @@ import tempfile
 import time
 import zlib
 
-tool, document = sys.argv[1:]
+document, *tool = sys.argv[1:]
 decoder = re.search("```python\n(.*?)```", pathlib.Path(document).read_text("utf-8"), re.S)[1]
 
 
@@ -31,9 +31,9 @@ with tempfile.TemporaryDirectory() as folder:
     file = pathlib.Path(folder, "file")
     for size in (0, 8181, 200000):
         for plain in (random.Random(5).randbytes(size), b"scan" * size):
-            run(tool, "zip", "pack", "-", file, data=plain)
+            run(*tool, "zip", "pack", "-", file, data=plain)
             assert run(sys.executable, "-c", decoder, file) == plain, size
             written, = struct.unpack_from("<I", file.read_bytes(), 64)
             assert abs(time.time() - written) < 60, written
             for block in (1, 8191, 8192):
-                assert run(tool, "zip", "cat", "-", data=encode(plain, block)) == plain, (size, block)
+                assert run(*tool, "zip", "cat", "-", data=encode(plain, block)) == plain, (size, block)

@@ -8,7 +8,9 @@
 #include <QString>
 
 #include <condition_variable>
+#include <cstdio>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 
@@ -34,6 +36,19 @@ class TempDir {
 /// The whole content of a file; fails the running test when it cannot be read.
 QByteArray readFile(const QString& path);
 
+/// A stream of the C runtime that closes itself.
+using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+/// An empty file without a name, for reading and writing bytes.
+Stream temporaryStream();
+
+/// The reading end of a pipe that holds these bytes and then ends.
+/// \param bytes at most 4000, which every pipe takes at once
+Stream pipeStream(const QByteArray& bytes);
+
+/// The path of a device that can be opened but has no space; empty where there is none.
+QString fullDevice();
+
 /// A moment for which one thread waits and which another opens. Never a sleep.
 class Gate {
  public:
@@ -53,8 +68,8 @@ struct Ended {
   bool exited = false;  ///< ended by itself; code holds its exit code
   int code = -1;
   bool faulted = false;  ///< ended by an access violation
-  QByteArray output;     ///< all of its standard output
-  QByteArray errors;     ///< all of its standard error
+  QByteArray output;     ///< all of its standard output, as bytes
+  QByteArray errors;     ///< all of its standard error, as bytes
 };
 
 /// Runs \a action in a process of its own, with both output streams captured, and waits for it.
@@ -62,9 +77,13 @@ struct Ended {
 ///
 /// The child may be a copy of this process or a new run of the same test up to this call. So
 /// call it from the test's own thread with no other thread alive, the same number of times in
-/// every run; what the action captures must be the same in every run; and nothing that it
-/// changes, captured or global, comes back.
+/// every run, whatever earlier calls gave back; what the action captures must be the same in
+/// every run; and nothing that it changes, captured or global, comes back.
 Ended inChild(const std::function<void()>& action);
+
+/// Leaves the process without another large block of memory, until it is called with false. For
+/// processes that end soon.
+void limitMemory(bool limited);
 
 /// Whether the child ended by the deliberate fault of an internal program error, with exactly
 /// this report; explains itself otherwise. For EXPECT_EQ(reportProblem(...), "").
@@ -74,7 +93,8 @@ std::string reportProblem(const Ended& ended, const std::string& report);
 std::string report(const std::string& message, const std::string& function, const std::string& file,
                    unsigned line);
 
-/// Sets the process's locale and puts the old one back; ok() is false where it is missing.
+/// Sets the process's locale, by the name it has on Linux, and puts the old one back; ok() is false
+/// where it is missing.
 class ScopedLocale {
  public:
   explicit ScopedLocale(const char* name);

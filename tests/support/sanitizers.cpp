@@ -10,8 +10,9 @@ extern "C" KYR_EXPORT const char* __tsan_default_suppressions() {
          "called_from_lib:libQt5Core.so\n";
 }
 
-// A repeated test forks its child while threads of its last run may not be quite gone.
+// A repeated test forks its child while threads of its last run may not be quite gone. And the
+// heap shall say no as the C heap does, where it would otherwise end the process.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is ThreadSanitizer's
 extern "C" KYR_EXPORT const char* __tsan_default_options() {
-  return "die_after_fork=0";
+  return "die_after_fork=0:allocator_may_return_null=1";
 }

@@ -1,4 +1,5 @@
 #include "support/Support.h"
+#include "support/support_p.h"
 
 #include <gtest/gtest.h>
 
@@ -63,7 +64,8 @@ std::string report(const std::string& message, const std::string& function, cons
 }
 
 ScopedLocale::ScopedLocale(const char* name)
-    : _before(std::setlocale(LC_ALL, nullptr)), _ok(std::setlocale(LC_ALL, name) != nullptr) {}
+    : _before(std::setlocale(LC_ALL, nullptr)),
+      _ok(std::setlocale(LC_ALL, Platform::localeName(name)) != nullptr) {}
 
 ScopedLocale::~ScopedLocale() {
   std::setlocale(LC_ALL, _before.c_str());

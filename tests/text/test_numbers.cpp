@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "support/Support.h"
+#include "text/reference_number.h"
 
 #include <gtest/gtest.h>
 
@@ -53,7 +54,12 @@ double anyDouble() {
   return kinds[below(6)];
 }
 
+/// What printf should say; not every one of them tells the sign of what is no number.
 std::string formatByC(double value, char format, int precision) {
+  if (std::isnan(value)) {
+    const std::string sign = std::signbit(value) ? "-" : "";
+    return sign + (format < 'a' ? "NAN" : "nan");
+  }
   std::array<char, 512> text;
   const std::string pattern = {'%', '.', '*', format};
   std::snprintf(text.data(), text.size(), pattern.c_str(), precision, value);
@@ -139,10 +145,8 @@ std::string anyText() {
   return text;
 }
 
-void expectAsStrtod(const std::string& text) {
-  char* stop = nullptr;
-  const double value = std::strtod(text.c_str(), &stop);
-  const auto length = static_cast<unsigned>(stop - text.c_str());
+/// Expects of all parsers that they read a number at the front of a text.
+void expectAll(const std::string& text, double value, std::size_t length) {
   const bool whole = text.find_first_not_of(" \t", length) == std::string::npos;
   const auto wide = QString::fromStdString(text);
   bool ok = false;
@@ -158,12 +162,18 @@ void expectAsStrtod(const std::string& text) {
   ASSERT_EQ(ok, whole) << text;
 }
 
+void expectAsStrtod(const std::string& text) {
+  std::size_t length = 0;
+  const double value = KyrTest::referenceToDouble(text, &length);
+  expectAll(text, value, length);
+}
+
 TEST(Numbers, ParseAsStrtod) {
   std::istringstream forms(
       "+ - . -. e5 .e1 0x 0x. 0x.p1 0x1p 0x1p+ -0X1.8P3z 0x1fffffffffffff8p0 +1 +-1 1e 1e+ 1e5e5 "
       "1.5.5 .5 5. -0 0e99999999999999999999 1e99999999999999999999 -1e-99999999999999999999 "
-      "1e308 1.8e308 2.2250738585072011e-308 4.9e-324 2.4e-324 infinit -INFINITYx nan( nan(12) "
-      "-nan(a_b)x nan(a-b) na 9007199254740993 9007199254740992e22 1,5 1e-22 1e23 "
+      "1e308 1.8e308 2.2250738585072011e-308 4.9e-324 2.4e-324 infinit -INFINITYx nan( na "
+      "9007199254740993 9007199254740992e22 1,5 1e-22 1e23 "
       "123456789012345678901234567890 0000000000000000000000001");
   for (std::string form; forms >> form;) {
     expectAsStrtod(form);
@@ -171,11 +181,23 @@ TEST(Numbers, ParseAsStrtod) {
   for (const char* text : {"", " ", "\n", "\v\f\r\n\t 1", "1 2"}) {
     expectAsStrtod(text);
   }
-  expectAsStrtod("0." + std::string(1000000, '0') + "1e1000001");
   expectAsStrtod(std::string(1000000, '7'));
   for (int i = 0; i < 60000 && !HasFatalFailure(); ++i) {
-    expectAsStrtod(anyText());
+    const std::string text = anyText();
+    if (text.find("n(") == std::string::npos && text.find("N(") == std::string::npos) {
+      expectAsStrtod(text);
+    }
   }
+}
+
+/// Where the C libraries differ, the library means the same on all platforms.
+TEST(Numbers, ParseWhatPlatformsReadDifferently) {
+  const auto nan = [](std::uint64_t bits) { return bitCast<double>(bits); };
+  expectAll("nan(12)", nan(0x7ff800000000000c), 7);
+  expectAll("-nan(0x1F)x", nan(0xfff800000000001f), 10);
+  expectAll("nan(a_b)x", nan(0x7ff8000000000000), 8);
+  expectAll("nan(a-b)", nan(0x7ff8000000000000), 3);
+  expectAll("-0." + std::string(1000000, '0') + "1e1000001", -1.0, 1000012);
 }
 
 TEST(Numbers, ParseFloatingDetails) {
@@ -185,6 +207,8 @@ TEST(Numbers, ParseFloatingDetails) {
   EXPECT_TRUE(Kyr::qstringToDouble(QString::fromUtf8("2\u00a0"), &ok) == 0 && !ok) << "no blank";
   EXPECT_EQ(Kyr::qstringToDouble(QString::fromUtf8(" 2\u0663"), &ok, &end), 2);
   EXPECT_EQ(end, 2) << "digits of other scripts belong to integers only";
+  EXPECT_EQ(KString("00000000002403593112448452e11").toDouble(), 2403593112448452e11)
+      << "a product that wide registers round twice";
   EXPECT_TRUE(Kyr::qstringToFloat("1e300", &ok) == HUGE_VALF && ok) << "too large a float";
   EXPECT_EQ(KString("1\0002", 3).toDouble() + KString("1\0002", 3).toInt(), 0) << "zero byte";
 }

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 #include <cmath>
 #include <ctime>
 #include <tuple>
@@ -108,7 +110,8 @@ TEST(Time, LocalTime) {
   EXPECT_EQ(secondsOf("2010:08:05 07:57:37"), 1280987857) << "two hours in summer";
   EXPECT_EQ(Time(1265353057, 123000).getTimeString(true), "Fri Feb 05 07:57:37 2010, 123000 us");
   EXPECT_EQ(Time(4294967295, 0).getTimeString(false), "Sun Feb 07 07:28:15 2106");
-  EXPECT_EQ(Time(1265353057, 0).getDateString(), german.ok() ? "05.02.2010" : "02/05/10");
+  const QString date = Time(1265353057, 0).getDateString().remove(QRegularExpression("\\b0"));
+  EXPECT_EQ(date, german.ok() ? "5.2.2010" : "2/5/10") << "with zeros or without";
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -295,6 +296,29 @@ TEST_F(Viewing, TheLastFileOpenedIsTheOneShown) {
   EXPECT_EQ(window.number("name"), "small.obj");
   EXPECT_EQ(ended.count(), 1) << "a file that was given up reports its end";
   window.open(large);  // and the window goes while it is loaded
+}
+
+/// Closes a window when the news of the end of loading is about to reach it.
+class Closer : public QObject {
+  bool eventFilter(QObject* window, QEvent* event) override {
+    if (event->type() == QEvent::MetaCall) {
+      QCloseEvent close;
+      QApplication::sendEvent(window, &close);
+    }
+    return false;
+  }
+};
+
+TEST_F(Viewing, TheWindowMayCloseWhenLoadingEnds) {
+  const QString path = write("scan.obj", curvedSquare(1, 2));
+  Window window;
+  Closer closer;
+  window.installEventFilter(&closer);
+  window.open(path);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isBusy(); }, patience));
+  EXPECT_EQ(window.scan(), nullptr) << "a closed window shows a scan";
+  window.removeEventFilter(&closer);
+  EXPECT_EQ(window.load(path), Outcome::Loaded) << "nothing can be opened any more";
 }
 
 TEST_F(Viewing, ThePictureFollowsMouseAndKeys) {

@@ -18,5 +18,21 @@ int zipVerify(const Arguments& arguments);
 int zipCat(const Arguments& arguments);
 /// Makes a zip stream of a file.
 int zipPack(const Arguments& arguments);
+/// Lists the files of a tar.gz.
+int tarList(const Arguments& arguments);
+/// Makes a tar.gz of files and directories.
+int tarCreate(const Arguments& arguments);
+/// Writes the files of a tar.gz into a directory.
+int tarExtract(const Arguments& arguments);
+/// Writes a file as Base64.
+int base64Encode(const Arguments& arguments);
+/// Writes the bytes that a file of Base64 stands for.
+int base64Decode(const Arguments& arguments);
+/// Writes the checksums of files.
+int crc16(const Arguments& arguments);
+/// Sorts the lines of a file, by default of standard input, in natural order.
+int sortLines(const Arguments& arguments);
+/// Writes the next free name of a numbered series.
+int nextName(const Arguments& arguments);
 
 }  // namespace KyrTool

@@ -31,6 +31,13 @@ Input::Input(const QString& name) : _name(name), _stream(&_file) {
   }
 }
 
+void Input::read(Kyr::StructVector<unsigned char>& piece, std::size_t size) {
+  piece.setSize(size);
+  _stream->read(reinterpret_cast<char*>(piece.data()), static_cast<std::streamsize>(size));
+  expectNoFailure();
+  piece.setSize(static_cast<std::size_t>(_stream->gcount()));
+}
+
 void Input::expectNoFailure() const {
   if (_stream->bad()) {
     throw FileError{QString("%1: cannot be read").arg(_name)};

@@ -47,6 +47,32 @@ const Command commands[] = {
      2,
      {"file-version"},
      zipPack},
+    {"tar list", "FILE [--limit MIB]", "lists the files of a tar.gz", 1, 1, {"limit"}, tarList},
+    {"tar create",
+     "OUTPUT PATH...",
+     "makes a tar.gz of files and directories",
+     2,
+     10000,
+     {},
+     tarCreate},
+    {"tar extract",
+     "FILE [DIRECTORY] [--limit MIB]",
+     "unpacks a tar.gz, of at most 512 MiB unless told",
+     1,
+     2,
+     {"limit"},
+     tarExtract},
+    {"base64 encode", "FILE", "writes a file as Base64, in one line", 1, 1, {}, base64Encode},
+    {"base64 decode",
+     "FILE",
+     "writes the bytes of Base64 with any line ends",
+     1,
+     1,
+     {},
+     base64Decode},
+    {"crc16", "FILE...", "writes the CRC-16/XMODEM of each file", 1, 10000, {}, crc16},
+    {"sort", "[FILE]", "sorts lines in natural order: item9 before item10", 0, 1, {}, sortLines},
+    {"next", "FILE", "names the next free file of a series, as img0007.tif", 1, 1, {}, nextName},
 };
 
 QString usageOf(const Command& command) {
@@ -90,6 +116,18 @@ const Command* find(const QString& name) {
   return found == std::end(commands) ? nullptr : found;
 }
 
+/// The second words of the commands whose first word this is; empty for a command of one word.
+QStringList membersOf(const QString& group) {
+  QStringList members;
+  for (const Command& command : commands) {
+    const QString name = command.name;
+    if (name.startsWith(group + ' ')) {
+      members += name.mid(group.size() + 1);
+    }
+  }
+  return members;
+}
+
 int dispatch(const QStringList& words) {
   const QString first = words.value(0);
   if (words.mid(0, words.indexOf("--")).contains("--help")) {
@@ -100,15 +138,17 @@ int dispatch(const QStringList& words) {
     print(QString("kyr %1\n").arg(Kyr::libraryVersion()));
     return Fine;
   }
-  const int length = first == "zip" ? 2 : 1;
+  const QStringList members = membersOf(first);
+  const int length = members.isEmpty() ? 1 : 2;
   const QString name = QStringList(words.mid(0, length)).join(' ');
   if (const Command* const command = find(name)) {
     return run(*command, words.mid(length));
   }
-  const QString fault = name.isEmpty()  ? QString("a command is missing")
-                        : name == "zip" ? QString("zip needs one of info, verify, cat, pack")
-                                        : QString("unknown command \"%1\"").arg(name);
-  return complain(fault, "kyr convert|units|zip ...   (kyr --help explains)");
+  const bool half = name == first && !members.isEmpty();
+  const QString fault = name.isEmpty() ? QString("a command is missing")
+                        : half         ? QString("%1 needs one of %2").arg(name, members.join(", "))
+                                       : QString("unknown command \"%1\"").arg(name);
+  return complain(fault, "kyr COMMAND ...   (kyr --help explains)");
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class DeviceBuffer : public std::streambuf {
 
  protected:
   std::streamsize xsputn(const char* bytes, std::streamsize count) override {
-    return _device.write(bytes, count);
+    return static_cast<std::streamsize>(_device.write(bytes, count));
   }
   int_type overflow(int_type character) override {
     return _device.putChar(traits_type::to_char_type(character)) ? character : traits_type::eof();

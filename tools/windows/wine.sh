@@ -36,12 +36,13 @@ stop() {
 }
 
 # The server stays after its last program: the next one starts ten times as fast. It must not
-# hold the caller's pipes open meanwhile.
+# hold the caller's pipes open meanwhile. Windows are drawn nowhere: there may be no display.
 make_prefix() {
   mkdir -p "$WINEPREFIX"
   {
     with_libraries "$WINESERVER" -p
-    with_libraries "$WINELOADER" wineboot --init
+    with_libraries "$WINELOADER" wineboot --init &&
+      with_libraries "$WINELOADER" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
   } >"$WINEPREFIX/creation.log" 2>&1 </dev/null || {
     cat "$WINEPREFIX/creation.log" >&2
     return 1
@@ -51,7 +52,10 @@ make_prefix() {
 
 # Only one of several programs that start at once makes the folder.
 ensure_prefix() {
-  [ ! -e "$WINEPREFIX/complete" ] || return 0
+  if [ -e "$WINEPREFIX/complete" ]; then
+    with_libraries "$WINESERVER" -p >/dev/null 2>&1 </dev/null || true  # it may run already
+    return 0
+  fi
   mkdir -p "$(dirname "$WINEPREFIX")"
   exec 9>"$WINEPREFIX.lock"
   flock 9

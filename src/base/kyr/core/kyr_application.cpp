@@ -2,6 +2,8 @@
 
 #include <kyr/core/KyrProgError.h>
 
+#include <QtGlobal>
+
 #include <iterator>
 
 namespace Kyr {
@@ -9,12 +11,18 @@ namespace Kyr {
 namespace {
 
 constexpr ApplicationProperties table[] = {
-    {"Sheet Forming", true, true},      {"Motion", true, true},
-    {"Inspection", true, true},         {"Viewer", false, true},
-    {"Deformation", true, true},        {"Material Test", true, true},
-    {"Test Rig", true, true},           {"Launcher", false, true},
-    {"Computing Server", false, false}, {"Sensor", true, true},
-    {"Large Structure", true, true},    {"Production Cell", true, false},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Sheet Forming"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Motion"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Inspection"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Viewer"), false, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Deformation"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Material Test"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Test Rig"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Launcher"), false, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Computing Server"), false, false},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Sensor"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Large Structure"), true, true},
+    {QT_TRANSLATE_NOOP("KyrApplication", "Production Cell"), true, false},
 };
 static_assert(std::size(table) == applicationCount, "one row for each application");
 

@@ -16,9 +16,6 @@ namespace {
 
 std::atomic<FatalErrorHook> fatalHook{nullptr};
 std::atomic<void (*)()> sharedMemoryRelease{nullptr};
-/// Of each thread: a second thread that fails meanwhile runs the hook itself, so that the
-/// process never dies before the hook has once come to its end.
-thread_local bool insideHook = false;
 
 void writePiece(const char* text) {
   if (text) {
@@ -72,16 +69,16 @@ void Fatal::setSharedMemoryRelease(void (*release)()) noexcept {
 
 void Fatal::callHook() noexcept {
   const FatalErrorHook hook = fatalHook.load();
-  if (!hook || insideHook) {
+  if (!hook || isInsideHook()) {
     return;
   }
-  insideHook = true;
+  setInsideHook(true);
   try {
     hook();
   } catch (...) {
     // Whatever went wrong in the hook, the report must still come out.
   }
-  insideHook = false;
+  setInsideHook(false);
 }
 
 FatalErrorHook setFatalErrorHook(FatalErrorHook hook) noexcept {

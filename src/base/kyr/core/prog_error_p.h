@@ -25,4 +25,10 @@ void writeToStandardError(const char* bytes, std::size_t length) noexcept;
 /// Ends the process at once with a code: no destructors, no exit handlers.
 [[noreturn]] void endProcess(int code) noexcept;
 
+/// Whether the calling thread runs the hook. Each thread has its own answer: a second thread that
+/// fails meanwhile runs the hook itself, so that the process never dies before the hook has once
+/// come to its end. Uses no heap.
+bool isInsideHook() noexcept;
+void setInsideHook(bool inside) noexcept;
+
 }  // namespace Kyr::Fatal

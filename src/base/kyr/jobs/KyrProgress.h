@@ -32,8 +32,8 @@ class GUIThreadEventCreator;
 /// \threadsafety any thread for every function, except where it says more
 class KYR_EXPORT Progress {
  public:
-  /// All of the progress at one moment. An addition for painters: values from separate getters
-  /// may belong to different moments.
+  /// All of the progress at one moment, for painters: values from separate getters may belong to
+  /// different moments.
   struct State {
     unsigned value = 0;  ///< percentage within the range, 0 to 100
     int min = -1;        ///< lower end of the range on the overall scale; -1 before the first
@@ -50,10 +50,10 @@ class KYR_EXPORT Progress {
   static int getProgressMax();
   /// The text shown beside the bar.
   static QString getProgressString();
-  /// The overall percentage, 0 to 100; -1 before the first range. An addition: the three getters
-  /// one after the other may mix two ranges.
+  /// The overall percentage, 0 to 100; -1 before the first range. Computed from the three getters
+  /// above it might mix two ranges.
   static int getOverallProgress();
-  /// All of the progress at one moment; an addition, see State.
+  /// All of the progress at one moment.
   static State getState();
 
   /// Sets the range and how much of it is done; makes events if the overall percentage changes.

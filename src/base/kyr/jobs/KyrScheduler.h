@@ -67,7 +67,8 @@ class KYR_EXPORT JobManager {
   /// Whether jobs are left to be taken or executed.
   /// \return false lets the asking worker end
   virtual bool hasMoreJobs() = 0;
-  /// Whether a job can be given to \a worker now; else it waits until some job is done.
+  /// Whether a job can be given to \a worker now; else it waits until some job is done, and for
+  /// ever, but for interrupt(), when none is being executed.
   virtual bool isJobAvailable(Worker* worker) = 0;
   /// Hands the data of the next job to \a worker; follows an isJobAvailable() that gave true.
   virtual void assignJob(Worker* worker) = 0;

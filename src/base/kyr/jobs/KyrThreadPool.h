@@ -64,7 +64,7 @@ class KYR_EXPORT PoolThread : public Thread {
 ///
 /// Born with the first getPool(), ended by deinitialize(), which closing the library calls.
 /// Group names are case-sensitive. Its lock is taken before that of a pool thread, and is held
-/// while threads end: work() must not come here.
+/// while threads end and are deleted: neither work() nor a destructor may come here.
 /// \threadsafety any thread
 class KYR_EXPORT PoolForThreads {
  public:
@@ -102,7 +102,7 @@ class KYR_EXPORT PoolForThreads {
   std::map<QString, std::vector<bool>> _flags;           // guarded by _m; one of each thread
 
   static PoolForThreads* _pool;
-  static Mutex _m;
+  static Mutex& _m;  // never destroyed: a thread may hold it while the process ends
 };
 
 }  // namespace Kyr

@@ -82,7 +82,7 @@ void PoolThread::run() {
 }
 
 PoolForThreads* PoolForThreads::_pool = nullptr;
-Mutex PoolForThreads::_m("Kyr::PoolForThreads::_m", site::File, site::PoolMutex);
+Mutex& PoolForThreads::_m = *new Mutex("Kyr::PoolForThreads::_m", site::File, site::PoolMutex);
 
 PoolForThreads::PoolForThreads() = default;
 PoolForThreads::~PoolForThreads() = default;

@@ -5,9 +5,13 @@
 #include <QString>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 
 namespace Kyr::Platform {
+
+/// The name as the system takes it.
+std::filesystem::path nativePath(const QString& name);
 
 /// Whether the name leads to a directory, which some systems open like a file.
 bool isDirectory(const QString& name);

@@ -19,15 +19,12 @@ namespace {
 
 constexpr std::streamsize areaSize = blockSize;
 
-QString translated(const char* text) {
-  return translate("Kyr_zip_err", text);
-}
-
 QString newerFileText(const QString& writer) {
-  return translated(
+  return translate(
+             "Kyr_zip_err",
              "invalid file version: %1. the file is newer than the actual program version: %2")
       // Both at once: the text from the file may itself hold a placeholder.
-      .arg(writer.isEmpty() ? translated("unknown file version") : writer,
+      .arg(writer.isEmpty() ? translate("Kyr_zip_err", "unknown file version") : writer,
            QString::fromLatin1(libraryVersion()));
 }
 
@@ -70,19 +67,23 @@ void ZipInStreamBuffer::readHeader(unsigned newestVersion) {
   ZipFormat::Header header;
   _offset = _source ? readBytes(*_source, header.data(), header.size()) : 0;
   if (_offset < header.size()) {
-    return refuse(ZipInStream::HeaderUnreadable, translated("cannot read zip stream header"));
+    return refuse(ZipInStream::HeaderUnreadable,
+                  translate("Kyr_zip_err", "cannot read zip stream header"));
   }
   if (!ZipFormat::constantBlockFits(header.data(), header.size())) {
-    return refuse(ZipInStream::HeaderInvalid, translated("invalid zip stream header"));
+    return refuse(ZipInStream::HeaderInvalid,
+                  translate("Kyr_zip_err", "invalid zip stream header"));
   }
   // Before the fields behind it, which a text-mode transfer has moved or changed as well.
   if (!ZipFormat::transferCheckFits(header.data(), header.size())) {
     return refuse(ZipInStream::HeaderInvalid,
-                  translated("invalid header: the file was transferred by ascii-ftp.\n"
-                             "it must be transferred by binary-ftp."));
+                  translate("Kyr_zip_err",
+                            "invalid header: the file was transferred by ascii-ftp.\n"
+                            "it must be transferred by binary-ftp."));
   }
   if (!ZipFormat::sizeFieldFits(header.data(), header.size())) {
-    return refuse(ZipInStream::HeaderInvalid, translated("invalid zip stream header"));
+    return refuse(ZipInStream::HeaderInvalid,
+                  translate("Kyr_zip_err", "invalid zip stream header"));
   }
   _headerInfo = ZipFormat::describe(header);
   if (_headerInfo.fileVersion > newestVersion) {

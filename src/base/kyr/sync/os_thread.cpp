@@ -1,6 +1,9 @@
 #include <kyr/sync/KyrThread.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/sync/thread_start_p.h>
+
+#include <atomic>
 
 namespace Kyr {
 
@@ -9,12 +12,30 @@ namespace site {
 constexpr unsigned Copy = 78, Assign = 86;
 }
 
+namespace {
+
+std::atomic<void (*)()> startHook{nullptr};
+
+void callStartHook() {
+  if (const auto hook = startHook.load()) {
+    hook();
+  }
+}
+
+}  // namespace
+
+void setThreadStartHook(void (*hook)()) noexcept {
+  startHook = hook;
+}
+
 Thread::Thread(LockGUI_t lock, const char* function, const char* file, unsigned line)
     : Thread(nullptr, lock, function, file, line) {}
 
 Thread::Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file,
                unsigned line)
     : QThread(parent), _function(function), _file(file), _line(line), _lockGui(lock != 0) {
+  // started() is emitted by the thread itself, before run().
+  connect(this, &QThread::started, this, &callStartHook, Qt::DirectConnection);
   if constexpr (Platform::threadsAreWatched) {
     // finished() is emitted by the thread itself, after run().
     connect(

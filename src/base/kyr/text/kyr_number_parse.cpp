@@ -124,6 +124,17 @@ bool convertExactly(const Decimal<Unit>& decimal, double* value) {
   return true;
 }
 
+/// Leading zeros count as digits; without them a long text may still be converted exactly.
+/// Must be tried before the standard library's conversion, which rounds such a number twice where
+/// it is built for wide registers.
+template <class Unit>
+bool convertPadded(const Unit* begin, Decimal<Unit> decimal, double* value) {
+  const auto counts = [](Unit unit) { return unit != '0' && unit != '.'; };
+  const Unit* const first = std::find_if(begin, decimal.stop, counts);
+  decimal.count -= first - begin - std::count(begin, first, '.');
+  return convertExactly(decimal, value);
+}
+
 double convertRare(const char* begin, const char* end) {
   return parseRareDouble(std::string(begin, end).c_str());
 }
@@ -225,6 +236,9 @@ double parseUnsigned(const Unit* begin, const Unit* end, const Unit** stop) {
   *stop = decimal.stop;
   double value = 0;
   if (decimal.count == 0 || convertExactly(decimal, &value)) {
+    return value;
+  }
+  if (decimal.count > exactCount && convertPadded(begin, decimal, &value)) {
     return value;
   }
   const bool usual =

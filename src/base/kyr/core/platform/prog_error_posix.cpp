@@ -10,6 +10,8 @@ namespace Kyr {
 
 namespace {
 
+thread_local bool insideHook = false;
+
 /// A reader of standard error that has gone away must not replace the coming fault by SIGPIPE.
 void holdBackBrokenPipe() noexcept {
   sigset_t signals;
@@ -38,6 +40,14 @@ void Fatal::writeToStandardError(const char* bytes, std::size_t length) noexcept
 
 void Fatal::endProcess(int code) noexcept {
   ::_exit(code);
+}
+
+bool Fatal::isInsideHook() noexcept {
+  return insideHook;
+}
+
+void Fatal::setInsideHook(bool inside) noexcept {
+  insideHook = inside;
 }
 
 }  // namespace Kyr

@@ -2,21 +2,15 @@
 
 #include <QFile>
 
-#include <filesystem>
-
 namespace Kyr {
 
-namespace {
-
-/// The bytes that QFile uses too, so that both mean the same file. Before there is a Qt
-/// application the locale is "C" and loses letters; the name then is UTF-8, as everywhere today.
-std::filesystem::path nativePath(const QString& name) {
+// The bytes that QFile uses too, so that both mean the same file. Before there is a Qt
+// application the locale is "C" and loses letters; the name then is UTF-8, as everywhere today.
+std::filesystem::path Platform::nativePath(const QString& name) {
   const QByteArray encoded = QFile::encodeName(name);
   const bool lossless = QFile::decodeName(encoded) == name;
   return (lossless ? encoded : name.toUtf8()).toStdString();
 }
-
-}  // namespace
 
 bool Platform::isDirectory(const QString& name) {
   std::error_code ignored;

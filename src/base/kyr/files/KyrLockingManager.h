@@ -1,0 +1,103 @@
+/// \file
+/// Lock files: marks beside files that say which process uses them.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QString>
+
+#include <cstdint>
+
+namespace Kyr {
+
+/// Marks files as in use by a lock file beside each, with the process's number in it.
+///
+/// A lock whose process no longer exists is stale and counts as none. Looking at a lock and
+/// taking it are two steps: of two processes that do so at the same moment both may succeed.
+/// Where that matters, use ExclusiveLock, whose locks this class sees. The format:
+/// docs/formats/lock-file.md.
+/// \threadsafety any thread
+class KYR_EXPORT LockingManager {
+ public:
+  /// Who holds a lock. The numbers are part of the interface.
+  enum LockingMode_t {
+    NotLocked = 0,        ///< no lock file, none that can be read, or a stale one
+    LockedHere = 1,       ///< by this process
+    LockedElsewhere = 2,  ///< by another process, which lives
+  };
+
+  /// \param suffix what a lock file's name has behind that of its file; an empty one, with which
+  ///        the file would be its own lock file, means ".lock"
+  LockingManager(const QString& suffix = ".lock");
+
+  /// The lock file of \a path: "scan.dat.lock" beside "scan.dat".
+  QString getLockFileName(const QString& path) const;
+
+  LockingMode_t isLocked(const QString& path) const;
+
+  /// Takes the lock if nobody has it, a stale one included.
+  /// \return false when somebody has it, be it this process, or the file cannot be written
+  bool lock(const QString& path) const;
+
+  /// Removes the lock file, unless it names another process, be that alive or not.
+  void unlock(const QString& path) const;
+
+  /// Removes the lock files of a directory whose processes no longer exist, and those without a
+  /// process's number; does nothing when the directory cannot be read.
+  void removeStaleLocks(const QString& directory) const;
+
+ private:
+  std::int64_t getLockFilePID(const QString& path) const;
+
+  QString _suffix;
+};
+
+/// Who took an ExclusiveLock, as its lock file tells. A LockingManager leaves the number alone.
+struct LockOwner {
+  std::int64_t pid = 0;  ///< 0 when nobody can be told
+  QString start;  ///< no other process of this number on that host has the same; may be empty
+  QString host;   ///< may be empty
+};
+
+/// A lock file that never has two owners, also when many processes ask at the same moment.
+///
+/// It is the lock file of LockingManager with more lines, so each class sees the locks of the
+/// other; only among objects of this class the promise holds. The file appears complete or not at
+/// all. A lock is stale when its process has ended, and also when the number meanwhile belongs to
+/// another process; processes that find a stale one take turns in replacing it. The lock of
+/// another host is never taken for stale.
+/// \threadsafety one thread per object; objects of one path exclude each other across threads too
+class KYR_EXPORT ExclusiveLock {
+ public:
+  /// \param path the file to be locked, which need not exist
+  /// \param names gives the lock file its name
+  explicit ExclusiveLock(const QString& path, const LockingManager& names = LockingManager());
+  /// Gives the lock back.
+  ~ExclusiveLock();
+  ExclusiveLock(const ExclusiveLock&) = delete;
+  ExclusiveLock& operator=(const ExclusiveLock&) = delete;
+
+  /// Takes the lock without waiting for its owner.
+  /// \return whether this call took it; false also when the lock file cannot be written, or is
+  ///         nothing that can be read, and for a stale one where the file system has no locks on
+  ///         directories
+  bool tryLock();
+
+  /// Removes the lock file if this object and this process took it; a second call does nothing.
+  void unlock();
+
+  /// Whether tryLock() took the lock and unlock() did not give it back.
+  bool isHeld() const { return _held; }
+
+  /// Who has the lock now, for messages; also when the lock is stale.
+  LockOwner getOwner() const;
+
+ private:
+  bool settle(const QString& ownFile);
+  bool takeOver(const QString& ownFile);
+
+  QString _lockFile;
+  bool _held = false;
+};
+
+}  // namespace Kyr

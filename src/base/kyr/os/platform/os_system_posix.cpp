@@ -1,0 +1,208 @@
+#include <kyr/os/os_system_p.h>
+
+#include <kyr/os/os_file_p.h>
+
+#include <QFile>
+#include <QSettings>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+/// The other way of Platform::nativePath().
+QString nameOf(const QByteArray& native) {
+  const QString name = QFile::decodeName(native);
+  return QFile::encodeName(name) == native ? name : QString::fromUtf8(native);
+}
+
+QString nameOf(const Path& path) {
+  return nameOf(QByteArray::fromStdString(path.native()));
+}
+
+QString withoutEndSlashes(QString path) {
+  while (path.size() > 1 && path.endsWith('/')) {
+    path.chop(1);
+  }
+  return path;
+}
+
+/// A directory that the environment names; only an absolute one means the same to every program.
+/// \return empty when it names none
+QString directoryFromEnvironment(const char* name) {
+  const QString path = OS::getEnv(name);
+  return path.startsWith('/') ? withoutEndSlashes(path) : QString();
+}
+
+/// \return null for a user without an entry
+const char* homeOfAccount(passwd& entry, std::array<char, 16384>& buffer) {
+  passwd* found = nullptr;
+  ::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found);
+  return found ? found->pw_dir : nullptr;
+}
+
+/// The user's home; empty for the root, and where nobody knows one.
+QString home() {
+  QString path = directoryFromEnvironment("HOME");
+  if (path.isEmpty()) {
+    passwd entry{};
+    std::array<char, 16384> buffer;
+    path = withoutEndSlashes(nameOf(QByteArray(homeOfAccount(entry, buffer))));
+  }
+  return path.size() > 1 && path.startsWith('/') ? path : QString();
+}
+
+QString folderOr(const char* variable, const char* belowHome) {
+  const QString path = directoryFromEnvironment(variable);
+  return path.isEmpty() ? home() + belowHome : path;
+}
+
+/// Takes one character off a UTF-8 text.
+/// \return negative where the bytes are none
+int takeCharacter(const unsigned char*& text) {
+  const int first = *text++;
+  if (first < 0x80) {
+    return first;
+  }
+  const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
+  int character = first & (0x3F >> more);
+  for (int i = 0; i < more; ++i, ++text) {
+    if ((*text & 0xC0) != 0x80) {
+      return -1;
+    }
+    character = character << 6 | (*text & 0x3F);
+  }
+  constexpr std::array<int, 4> smallest{0, 0x80, 0x800, 0x10000};
+  const bool isValid = first >= 0xC2 && first <= 0xF4 && character <= 0x10FFFF &&
+                       character >= smallest[static_cast<std::size_t>(more)] &&
+                       (character < 0xD800 || character > 0xDFFF);
+  return isValid ? character : -1;
+}
+
+/// Without the heap; mbstowcs() would ask for the locale.
+/// \param length of the text in bytes
+bool decode(const char* text, std::size_t length, wchar_t* buffer, unsigned size) {
+  const auto* from = reinterpret_cast<const unsigned char*>(text);
+  const auto* const end = from + length;
+  unsigned count = 0;
+  while (from < end && count + 1 < size) {
+    const int character = takeCharacter(from);
+    if (character < 0) {
+      break;
+    }
+    buffer[count++] = static_cast<wchar_t>(character);
+  }
+  buffer[from == end ? count : 0] = L'\0';
+  return from == end;
+}
+
+}  // namespace
+
+bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
+  struct stat found = {};
+  if (::stat(nativePath(name).c_str(), &found) != 0) {
+    return false;
+  }
+  status.isDirectory = S_ISDIR(found.st_mode);
+  status.size = S_ISREG(found.st_mode) ? found.st_size : 0;
+  return true;
+}
+
+bool Platform::makeDirectory(const QString& name, bool ownerOnly) {
+  return ::mkdir(nativePath(name).c_str(), ownerOnly ? 0700 : 0777) == 0;
+}
+
+bool Platform::readEntries(const QString& name, QStringList& entries) {
+  std::error_code error;
+  std::filesystem::directory_iterator entry(nativePath(name), error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    entries.append(nameOf(entry->path().filename()));
+  }
+  return !error;
+}
+
+bool Platform::copyFile(const QString& from, const QString& to) {
+  std::error_code error;
+  return std::filesystem::copy_file(nativePath(from), nativePath(to), error);
+}
+
+bool Platform::removeFile(const QString& name) {
+  return ::unlink(nativePath(name).c_str()) == 0;
+}
+
+const char* OS::nullDevice() noexcept {
+  return "/dev/null";
+}
+
+bool OS::getTempDirectory(wchar_t* buffer, unsigned size) noexcept {
+  if (size == 0) {
+    return false;
+  }
+  const char* const set = std::getenv("TMPDIR");  // not Qt's, which allocates
+  const char* const path = set && *set == '/' ? set : "/tmp";
+  std::size_t length = std::strlen(path);
+  while (length > 1 && path[length - 1] == '/') {
+    --length;
+  }
+  return decode(path, length, buffer, size);
+}
+
+QString OS::getSpecialFolder(SpecialFolder_t folder) {
+  switch (folder) {
+    case FolderRoamingData:
+      return folderOr("XDG_CONFIG_HOME", "/.config");
+    case FolderLocalData:
+      return folderOr("XDG_DATA_HOME", "/.local/share");
+    case FolderCommonData:
+      return "/var/lib";
+  }
+  return {};
+}
+
+QString OS::getExecutable() {
+  std::error_code error;
+  return nameOf(std::filesystem::read_symlink("/proc/self/exe", error));
+}
+
+QString OS::getCurrentDirectory() {
+  std::error_code error;
+  return nameOf(std::filesystem::current_path(error));
+}
+
+// What people write into the file by hand is UTF-8; what QSettings writes is ASCII.
+QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
+  QSettings settings(QSettings::NativeFormat,
+                     scope == RegistryMachine ? QSettings::SystemScope : QSettings::UserScope,
+                     "ORV");
+  settings.setIniCodec("UTF-8");
+  settings.setFallbacksEnabled(false);
+  return settings.value(name).toString();
+}
+
+QString OS::getEnv(const char* name) {
+  const QByteArray value = qgetenv(name);
+  return value.isNull() ? QString() : value.isEmpty() ? QString("") : nameOf(value);
+}
+
+bool OS::setEnv(const char* name, const QString& value) {
+  return qputenv(name, QByteArray::fromStdString(Platform::nativePath(value).native()));
+}
+
+bool OS::unsetEnv(const char* name) {
+  return qunsetenv(name);
+}
+
+unsigned OS::getPid() noexcept {
+  return static_cast<unsigned>(::getpid());
+}
+
+}  // namespace Kyr

@@ -1,0 +1,159 @@
+/// \file
+/// Gzip-compressed tar archives, in memory and in files.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/core/KyrStructVector.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <fstream>
+#include <memory>
+#include <ostream>
+#include <vector>
+
+namespace Kyr {
+
+class TarTarget;
+
+namespace TarFiles {
+struct Facts;
+}
+
+/// Writes plain files into a gzip-compressed tar archive of the oldest form of header.
+///
+/// Add files, then call addEof() and flush(). Directories become the names of their files; links
+/// and everything else that is no file is not recorded. Names in the archive have at most 99 bytes
+/// in UTF-8, files less than 8 GiB. The format: docs/formats/zipped-tar.md.
+///
+/// When a file cannot be added, the archive stays well formed and takes further files. When the
+/// archive itself cannot be written, that is final.
+/// \threadsafety one thread at a time
+class KYR_EXPORT ZippedTarWriter {
+ public:
+  /// Writes into memory, and needs less than 1 MB beside what it writes.
+  /// \param out is emptied; complete after flush(); must outlive this object and be left alone
+  /// \throws std::bad_alloc
+  explicit ZippedTarWriter(StructVector<unsigned char>* out);
+  /// Creates or empties a file and writes to it, for trees that do not fit into memory.
+  /// \throws Exception whose text is \a fileName when it cannot be written; std::bad_alloc
+  explicit ZippedTarWriter(const QString& fileName);
+  /// Writes to a stream of the caller's.
+  /// \param target must outlive this object
+  /// \throws std::bad_alloc
+  explicit ZippedTarWriter(std::ostream* target);
+  /// Finishes the compression as flush() does, unless that was done. A failure stays unnoticed.
+  ~ZippedTarWriter();
+  ZippedTarWriter(const ZippedTarWriter&) = delete;
+  ZippedTarWriter& operator=(const ZippedTarWriter&) = delete;
+
+  /// Adds a plain file with the size that it has now: what it grows meanwhile is left out.
+  /// \param name in the archive
+  /// \throws Exception whose text is \a path when there is no such file, it cannot be read, its
+  ///         name or size does not fit into a header, or it shrinks meanwhile; in the last case
+  ///         the archive holds what was there, filled up with zeros
+  /// \throws Exception whose text is the archive's name, or std::bad_alloc, when the archive
+  ///         cannot be written
+  void addFile(const QString& path, const QString& name);
+
+  /// Adds the files of a directory, sorted by code points. Entries that cannot be read are left
+  /// out, and so is the file that this object writes. A link to a file counts as that file; one
+  /// to a directory is never followed.
+  /// \param recursive whether subdirectories are added as well
+  /// \param prefix stands before the files' names in the archive, with a "/" between them
+  /// \throws Exception whose text is \a dir when it cannot be listed; the others of addFile()
+  void addDirectory(const QString& dir, bool recursive, const QString& prefix);
+
+  /// Leaves a file out of what addDirectory() adds from now on, under all names that come to the
+  /// same when made absolute.
+  void leaveOut(const QString& fileName);
+
+  /// Writes the mark of the archive's end.
+  /// \throws as flush()
+  void addEof();
+
+  /// Finishes the compression; further calls do nothing, and nothing can be added any more.
+  /// \throws Exception whose text is the archive's name, or std::bad_alloc, when the archive
+  ///         cannot be written
+  void flush();
+
+  /// The files added so far.
+  unsigned int getFileCount() const { return _fileCount; }
+
+ private:
+  bool addStream(std::ifstream& in, const QString& name, std::int64_t modified, std::int64_t size);
+  bool copyContent(std::ifstream& in, std::int64_t size);
+  bool addIfReadable(const QString& path, const TarFiles::Facts& facts, const QString& name);
+  void addEntries(const QString& dir, const QStringList& entries, bool recursive,
+                  const QString& prefix);
+  void addEntry(const QString& path, bool recursive, const QString& name);
+
+  std::unique_ptr<TarTarget> _target;
+  QStringList _leftOut;  // absolute
+  unsigned int _fileCount = 0;
+};
+
+/// How much a ZippedTarReader takes from an archive, as a small one can unpack to anything.
+struct ZippedTarLimits {
+  std::uint64_t totalSize = 512U << 20U;  ///< of the unpacked stream, headers included; in bytes
+  unsigned entries = 100000;              ///< of all kinds, those that are skipped included
+};
+
+/// Takes a gzip-compressed tar archive in memory apart.
+///
+/// Reads what ZippedTarWriter writes and also the archives of other programs: with checksums of
+/// signed or unsigned bytes, with long names of GNU tar and of POSIX. Directories, links, devices
+/// and sparse files are passed over.
+/// \threadsafety one thread at a time; any number while nobody assigns
+class KYR_EXPORT ZippedTarReader {
+ public:
+  /// Reads all of \a data, which is not needed afterwards. Damage shows in isValid().
+  explicit ZippedTarReader(const StructVector<unsigned char>& data,
+                           const ZippedTarLimits& limits = ZippedTarLimits());
+  ~ZippedTarReader();
+
+  /// Whether the archive was read to its end. False when it is damaged, cut short, beyond the
+  /// limits or too large for the memory; the files before that place can be read all the same.
+  bool isValid() const { return _valid; }
+  /// The number of files.
+  unsigned int size() const { return static_cast<unsigned int>(_files.size()); }
+
+  /// Copies a file out.
+  /// \param index below size()
+  /// \param name, contents not null
+  /// \throws ProgError "Invalid file index"
+  void getFile(unsigned int index, QString* name, std::vector<unsigned char>* contents) const;
+  /// \param index below size()
+  /// \throws ProgError "Invalid file index"
+  const QString& getName(unsigned int index) const;
+  /// \param index below size()
+  /// \throws ProgError "Invalid file index"
+  const std::vector<unsigned char>& getContents(unsigned int index) const;
+  /// When a file was changed last, in seconds since 1970-01-01 00:00 UTC.
+  /// \param index below size()
+  /// \throws ProgError "Invalid file index"
+  std::int64_t getModificationTime(unsigned int index) const;
+
+  /// Writes all files below a directory, which is made if it is missing; replaces files that are
+  /// there already. Nothing is written unless the archive is valid and all names are harmless.
+  /// Links to directories that stand below the directory already are followed.
+  /// \throws Exception for an archive that is not valid, for a name that leads out of the
+  ///         directory, or whose text ends with the path of a file that cannot be written
+  void extractTo(const QString& directory) const;
+
+ private:
+  struct File {
+    QString name;
+    std::vector<unsigned char> contents;
+    std::int64_t modified;
+  };
+  friend class TarParser;
+  const File& at(unsigned int index, const char* function, unsigned line) const;
+
+  std::vector<File> _files;
+  bool _valid = false;
+};
+
+}  // namespace Kyr

@@ -1,0 +1,96 @@
+#include <kyr/pack/gzip_source_p.h>
+
+#include <algorithm>
+#include <array>
+
+namespace Kyr {
+
+namespace {
+
+/// As much of a size as an engine takes at once, and a signed 32-bit number holds.
+constexpr std::size_t largestPortion = 1U << 30U;
+
+unsigned portionOf(std::uint64_t size) {
+  return static_cast<unsigned>(std::min<std::uint64_t>(size, largestPortion));
+}
+
+}  // namespace
+
+GzipSource::GzipSource(const StructVector<unsigned char>& in, std::uint64_t limit)
+    : _rest(in.data()),
+      _restSize(in.size()),
+      _left(limit),
+      _engine(std::make_unique<InflateEngine>(Container::Gzip)) {}
+
+std::size_t GzipSource::read(void* room, std::size_t count) {
+  auto* const start = static_cast<unsigned char*>(room);
+  std::size_t done = 0;
+  while (done < count && !_ended && !_failed) {
+    done += readPortion(start + done, portionOf(count - done));
+  }
+  return done;
+}
+
+/// At the limit it asks for one byte more: only that tells an end there from a failure.
+unsigned GzipSource::readPortion(unsigned char* room, unsigned count) {
+  const unsigned allowed = portionOf(std::min<std::uint64_t>(count, _left));
+  unsigned char beyond = 0;
+  const unsigned produced = allowed > 0 ? unpack(room, allowed) : unpack(&beyond, 1);
+  if (produced > allowed) {
+    _failed = true;
+    return 0;
+  }
+  _left -= produced;
+  return produced;
+}
+
+unsigned GzipSource::unpack(unsigned char* room, unsigned count) {
+  const unsigned portion = portionOf(_restSize);
+  _engine->setOutput(room, count);
+  _engine->setInput(_rest, portion);
+  const Step step = _engine->run();
+  const unsigned used = portion - _engine->inputLeft();
+  const unsigned produced = count - _engine->outputLeft();
+  _rest += used;
+  _restSize -= used;
+  if (step == Step::Ended) {
+    endMember();
+  } else if (step != Step::Progressed) {
+    _failed = true;  // without anything left to read, as there is room
+  }
+  return produced;
+}
+
+void GzipSource::endMember() {
+  if (_restSize >= 2 && _rest[0] == 0x1F && _rest[1] == 0x8B) {
+    _engine = std::make_unique<InflateEngine>(Container::Gzip);
+  } else {
+    _ended = true;
+  }
+}
+
+bool GzipSource::skip(std::uint64_t count) {
+  std::array<unsigned char, 16384> unused;
+  while (count > 0) {
+    const auto portion = static_cast<std::size_t>(std::min<std::uint64_t>(count, unused.size()));
+    if (read(unused.data(), portion) < portion) {
+      return false;
+    }
+    count -= portion;
+  }
+  return true;
+}
+
+void GzipSource::drain() {
+  while (!_ended && !_failed) {
+    skip(largestPortion);
+  }
+}
+
+bool GzipSource::canHold(std::uint64_t count) const {
+  constexpr std::uint64_t bestRatio = 1032;  // of deflate, to one
+  constexpr std::uint64_t withinEngine = 64;
+  return count <= _left && count / bestRatio <= _restSize + withinEngine;
+}
+
+}  // namespace Kyr

@@ -1,0 +1,177 @@
+#include <kyr/pack/tar_target_p.h>
+
+#include <kyr/core/KyrException.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/deflate_engine_p.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <new>
+
+namespace Kyr {
+
+namespace {
+
+/// Compresses straight into the vector. That grows by small steps, not by doubling: what is set
+/// aside and not used must stay below what is promised for it.
+class MemoryTarget : public TarTarget {
+ public:
+  explicit MemoryTarget(StructVector<unsigned char>* out) : _out(out), _engine(Container::Gzip) {
+    _out->clear();
+    _out->trim();
+  }
+
+ private:
+  static constexpr std::ptrdiff_t stepSize = 524288;
+
+  void compress(const unsigned char* bytes, unsigned count) override { run(bytes, count, false); }
+  void complete() override {
+    run(nullptr, 0, true);
+    _out->trim();
+  }
+
+  void run(const unsigned char* bytes, unsigned count, bool finish) {
+    Step step = Step::Progressed;
+    _engine.setInput(bytes, count);
+    do {
+      if (_out->size() == _out->capacity()) {
+        _out->changeCapacity(stepSize);
+      }
+      const auto room = static_cast<unsigned>(_out->capacity() - _out->size());
+      _engine.setOutput(_out->end(), room);
+      step = _engine.run(finish);
+      _out->setSize(_out->size() + room - _engine.outputLeft());
+    } while (step == Step::Progressed && _engine.outputLeft() == 0);
+    if (step == Step::Failed || (finish && step != Step::Ended)) {
+      throw std::bad_alloc();
+    }
+  }
+
+  StructVector<unsigned char>* _out;
+  DeflateEngine _engine;
+};
+
+class StreamTarget : public TarTarget {
+ public:
+  StreamTarget(std::ostream* target, const QString& name)
+      : _target(target), _name(name), _engine(Container::Gzip) {}
+
+ private:
+  static constexpr unsigned pieceSize = 65536;
+
+  void compress(const unsigned char* bytes, unsigned count) override { run(bytes, count, false); }
+  void complete() override {
+    run(nullptr, 0, true);
+    settle();
+    expect(_target->good());
+  }
+  virtual void settle() { _target->flush(); }
+
+  void run(const unsigned char* bytes, unsigned count, bool finish) {
+    Step step = Step::Progressed;
+    _engine.setInput(bytes, count);
+    do {
+      _engine.setOutput(_piece.get(), pieceSize);
+      step = _engine.run(finish);
+      send(pieceSize - _engine.outputLeft());
+    } while (step == Step::Progressed && _engine.outputLeft() == 0);
+    expect(step != Step::Failed && (!finish || step == Step::Ended));
+  }
+
+  void send(unsigned count) {
+    _target->write(reinterpret_cast<const char*>(_piece.get()), count);
+    expect(_target->good());
+  }
+
+  void expect(bool good) const {
+    if (!good) {
+      throw Exception(_name);
+    }
+  }
+
+  std::ostream* _target;
+  QString _name;
+  DeflateEngine _engine;
+  std::unique_ptr<unsigned char[]> _piece{new unsigned char[pieceSize]};
+};
+
+/// First of its target's bases, so that the stream lives before and after it.
+struct OpenedFile {
+  explicit OpenedFile(const QString& name) {
+    OS::openStdStream(file, name, OS::OpenWrite, true);
+    if (!file) {
+      throw Exception(name);
+    }
+  }
+  std::ofstream file;
+};
+
+class FileTarget : private OpenedFile, public StreamTarget {
+ public:
+  explicit FileTarget(const QString& name) : OpenedFile(name), StreamTarget(&file, name) {}
+
+ private:
+  void settle() override { file.close(); }
+};
+
+}  // namespace
+
+std::unique_ptr<TarTarget> TarTarget::inMemory(StructVector<unsigned char>* out) {
+  return std::make_unique<MemoryTarget>(out);
+}
+
+std::unique_ptr<TarTarget> TarTarget::onStream(std::ostream* target, const QString& name) {
+  return std::make_unique<StreamTarget>(target, name);
+}
+
+std::unique_ptr<TarTarget> TarTarget::inFile(const QString& name) {
+  return std::make_unique<FileTarget>(name);
+}
+
+TarTarget::TarTarget() : _buffer(new unsigned char[bufferSize]) {}
+
+void TarTarget::added(std::size_t count) {
+  if (_closed) {
+    throw std::bad_alloc();
+  }
+  _filled += count;
+  if (_filled == bufferSize) {
+    send();
+  }
+}
+
+void TarTarget::write(const unsigned char* bytes, std::size_t count) {
+  while (count > 0) {
+    const std::size_t portion = std::min(count, roomSize());
+    std::memcpy(room(), bytes, portion);
+    added(portion);
+    bytes += portion;
+    count -= portion;
+  }
+}
+
+void TarTarget::send() {
+  const auto count = static_cast<unsigned>(_filled);
+  _filled = 0;
+  if (count > 0) {
+    _closed = true;  // a hole in the archive must not look like a good one
+    compress(_buffer.get(), count);
+    _closed = false;
+  }
+}
+
+void TarTarget::finish() {
+  if (_finished) {
+    return;
+  }
+  if (_closed) {
+    throw std::bad_alloc();
+  }
+  send();
+  _closed = true;
+  complete();
+  _finished = true;
+}
+
+}  // namespace Kyr

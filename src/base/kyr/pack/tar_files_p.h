@@ -1,0 +1,26 @@
+/// \file
+/// What archives ask of the file system; each platform has its own file.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace Kyr::TarFiles {
+
+/// What there is of a name, links followed.
+struct Facts {
+  bool isFile = false;  ///< a plain one
+  bool isDirectory = false;
+  bool isLink = false;        ///< the name itself is one, wherever it leads
+  std::int64_t size = 0;      ///< in bytes
+  std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC
+};
+
+/// \return false when there is nothing of this name, not even a link that leads nowhere
+bool examine(const QString& name, Facts& facts);
+
+/// Sets when a file was changed last; failures do not matter.
+void setModified(const QString& name, std::int64_t seconds);
+
+}  // namespace Kyr::TarFiles

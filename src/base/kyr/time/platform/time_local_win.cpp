@@ -1,0 +1,21 @@
+#include <kyr/time/time_local_p.h>
+
+#include <time.h>
+
+namespace Kyr {
+
+std::tm Platform::localFields(std::int64_t seconds) {
+  // Not std::time_t, whose 32 bits end in the year 2038.
+  const __time64_t moment = seconds;
+  std::tm fields{};
+  _tzset();  // the runtime alone does not notice that TZ has changed
+  _localtime64_s(&fields, &moment);
+  return fields;
+}
+
+std::int64_t Platform::momentOf(std::tm fields) {
+  _tzset();
+  return _mktime64(&fields);
+}
+
+}  // namespace Kyr

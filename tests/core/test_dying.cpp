@@ -1,0 +1,57 @@
+// What comes out of a process that has no memory left.
+#include "support/Support.h"
+
+#include <kyr/core/KyrProgError.h>
+#include <kyr/core/KyrStructVector.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+using namespace Kyr;
+using KyrTest::inChild;
+using KyrTest::limitMemory;
+
+namespace {
+
+/// Takes what earlier tests have left free; never gives it back.
+void fillHeap() {
+  try {
+    for (;;) {
+      reallocateStorage(nullptr, 1U << 16U);
+    }
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+}
+
+}  // namespace
+
+TEST(ProgError, ReportsATextThatTheHeapCannotConvert) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers themselves end a process that is out of memory";
+#endif
+  const QString text = QString(1 << 17, 'x') + QChar(0xFC);
+  const auto ended = inChild([&text] {
+    limitMemory(true);
+    fillHeap();
+    try {
+      throw ProgError(text);
+    } catch (const std::bad_alloc&) {
+      std::_Exit(3);
+    }
+  });
+  EXPECT_TRUE(ended.faulted && ended.errors.endsWith("x?\n\n")) << ended.code << " outlived it";
+}
+
+TEST(StructVector, TriesAgainWhenTheNewHandlerFreedMemory) {
+  const auto ended = inChild([] {
+    StructVector<int> vector(3, 42);
+    std::set_new_handler([] { limitMemory(false); });
+    limitMemory(true);
+    vector.reserve(std::size_t(1) << 26U);
+    std::_Exit(vector[2]);
+  });
+  EXPECT_EQ(ended.code, 42) << ended.errors.toStdString();
+}

@@ -1,0 +1,227 @@
+#include "support/Support.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/files/KyrFilename.h>
+#include <kyr/time/KyrTime.h>
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringList>
+
+using Kyr::Filename::Name;
+using Kyr::Filename::NameWithNumber;
+using Kyr::Filename::Series;
+using KyrTest::TempDir;
+
+namespace {
+
+TEST(Filename, Parts) {
+  const struct {
+    const char* name;
+    QStringList parts;
+    const char* fault;
+  } rows[] = {
+      {"C:\\data\\img0007.tif", {"C:/data", "img0007", ".tif"}, "separators of Windows"},
+      {"a/b\\c.d/e.tar.gz", {"a/b/c.d", "e.tar", ".gz"}, "both kinds, several dots"},
+      {"D:file.txt", {"D:", "file", ".txt"}, "a drive without a separator"},
+      {"D:", {"D:", "", ""}, "nothing but a drive"},
+      {"7:file", {".", "7:file", ""}, "a digit is no drive"},
+      {"dir/D:file", {"dir", "D:file", ""}, "a drive only in front"},
+      {"file.txt", {".", "file", ".txt"}, "no directory"},
+      {"archive.", {".", "archive.", ""}, "a dot at the end"},
+      {"a.b.", {".", "a.b.", ""}, "a dot at the end, and another one"},
+      {".profile", {".", "", ".profile"}, "a dot in front"},
+      {"a.b/c", {"a.b", "c", ""}, "a dot in the directory"},
+      {"/file", {"", "file", ""}, "the root"},
+      {"dir//", {"dir", "", ""}, "separators at the end"},
+      {"", {".", "", ""}, "nothing"},
+  };
+  for (const auto& row : rows) {
+    const Name name(row.name);
+    const QStringList parts = {name.getDirectory(), name.getBaseName(), name.getExtension()};
+    EXPECT_EQ(parts.join('|').toStdString(), row.parts.join('|').toStdString()) << row.fault;
+    EXPECT_EQ(name.getFullName(), parts[0] + "/" + parts[1] + parts[2]) << row.fault;
+    EXPECT_EQ(Name::stripElementName(row.name), parts[0]) << row.fault;
+    EXPECT_EQ(Name::stripElementPath(row.name), parts[1] + parts[2]) << row.fault;
+  }
+}
+
+TEST(Filename, Directories) {
+  const struct {
+    const char* given;
+    const char* kept;
+    const char* absolute;
+    const char* fault;
+  } rows[] = {
+      {"/dir/", "/dir", "/dir", "one slash at the end goes"},
+      {"/dir//", "/dir/", "/dir/", "only one"},
+      {"/dir\\", "/dir/", "/dir/", "a backslash stays, as a slash"},
+      {"", "", "", "nothing"},
+      {"/data/./x/../y", "/data/./x/../y", "/data/y", "both kinds of segments"},
+      {"/../../x", "/../../x", "/x", "nothing is above the root"},
+      // Names that Qt leaves as they are.
+      {":/a/b/../../c/.", ":/a/b/../../c/.", ":/c", "in a row, and at the end"},
+      {":/a/.h/..x/.../b../x.", ":/a/.h/..x/.../b../x.", ":/a/.h/..x/.../b../x.", "mere dots"},
+      {":/../../x/..", ":/../../x/..", ":", "more of them than segments"},
+      {":/a/../..", ":/a/../..", ":", "at the end, behind the last one"},
+  };
+  for (const auto& row : rows) {
+    Name name;
+    name.setDirectory(row.given);
+    EXPECT_EQ(name.getDirectory().toStdString(), row.kept) << row.fault;
+    const QString absolute =
+        QString(row.absolute).replace(QRegularExpression("^/"), QFileInfo("/").absoluteFilePath());
+    EXPECT_EQ(name.getAbsoluteDirectory().toStdString(), absolute.toStdString()) << row.fault;
+  }
+  EXPECT_EQ(Name("x.tif").getAbsoluteDirectory(), QDir::currentPath());
+}
+
+/// Sees the calls of the class it is made of.
+class Watched : public Name {
+ public:
+  using Name::Name;
+  void setBaseName(const QString& baseName) override { Name::setBaseName(baseName.toUpper()); }
+  QString getExtension() const override { return ".seen"; }
+};
+
+TEST(Filename, DerivedClassesHaveTheirSay) {
+  Watched name("dir/a.tif");
+  EXPECT_EQ(name.getFullName(), "dir/a.seen");
+  name.setFileName("b.c.tif");
+  EXPECT_EQ(name.getFullName(), "dir/B.C.seen");
+  name.setFullName("e/sub/f");
+  name.setExtension(".png");
+  EXPECT_EQ(name.getFullName() + name.getDirectory(), "e/sub/F.seene/sub");
+}
+
+TEST(Filename, Numbers) {
+  const struct {
+    const char* name;
+    int digits;
+    QString description;
+    const char* fault;
+  } rows[] = {
+      {"C:\\d\\img0007.tif", -1, "img 7 4 img0007.tif", "the width of the name"},
+      {"img7.tif", 3, "img 7 3 img007.tif", "a width of one's own"},
+      {"img0007.tif", 0, "img 7 0 img7.tif", "no width"},
+      {"img12345.tif", 4, "img 12345 4 img12345.tif", "more digits than the width"},
+      {"123.tif", -1, " 123 3 123.tif", "nothing but a number"},
+      {"a1b02", -1, "a1b 2 2 a1b02", "the last number of several"},
+      {"x4294967295", -1, "x 4294967295 10 x4294967295", "the largest number"},
+      {"x4294967296.a", -1, "x 0 10 x0000000000.a", "one more is lost"},
+      {"x\u0663", -1, "wrong  0 -1 0", "digits of other scripts are letters"},
+      {"scan.tif", -1, "wrong  0 -1 0.tif", "no number"},
+      {".7", -1, "wrong  0 -1 0.7", "no base name"},
+  };
+  for (const auto& row : rows) {
+    const NameWithNumber name(row.name, row.digits);
+    EXPECT_EQ(QString("%1%2 %3 %4 %5")
+                  .arg(name.isFilenameCorrect() ? "" : "wrong ", name.getBaseNameNoNumber())
+                  .arg(name.getNumber())
+                  .arg(name.getDigits())
+                  .arg(name.getFileName())
+                  .toStdString(),
+              row.description.toStdString())
+        << row.fault;
+    EXPECT_EQ(name.getFirstNumber(), name.getNumber()) << row.fault;
+  }
+}
+
+TEST(Filename, Counting) {
+  NameWithNumber name("d/img0007.tif", -1);
+  name.incrementNumber(1);
+  EXPECT_EQ(name.getFullName(), "d/img0008.tif");
+  name.incrementNumber(9999);
+  EXPECT_EQ(name.getFileName(), "img10007.tif");
+  name.decrementNumber(10004);
+  EXPECT_EQ(name.getNumber(), 3U);
+  name.decrementNumber(5);
+  EXPECT_EQ(name.getNumber(), 0U) << "ran through 0";
+  name.resetNumber();
+  EXPECT_EQ(name.getNumber(), 7U);
+  name.setNumber(4294967295);
+  name.incrementNumber(2);
+  name.setDigits(2);
+  name.setBaseNameNoNumber("shot");
+  EXPECT_EQ(name.getFileName(), "shot01.tif");
+  name.setFileName("set20.png");
+  EXPECT_EQ(name.getFullName() + QString::number(name.getFirstNumber()), "d/set20.png20");
+  name.setFirstNumber(5);
+  name.setBaseName("none");
+  name.resetNumber();
+  EXPECT_EQ(name.getNumber(), 5U) << "a name without number leaves the first one";
+}
+
+TEST(Filename, FilesOnDisk) {
+  const TempDir folder;
+  const auto before = Kyr::Time::currentTime().getSeconds();
+  const Name file(folder.write("\u00e41.tif", "x"));
+  Kyr::Time time(1, 2);
+  EXPECT_TRUE(file.exists() && file.getCreationTime(&time));
+  EXPECT_NEAR(time.getSeconds(), before, 20) << "coarse clocks of file systems are allowed for";
+  time = Kyr::Time(1, 2);
+  for (const char* const missing : {"missing", "x.tif/below", ""}) {
+    const Name name(folder.file(missing));
+    EXPECT_FALSE(name.exists() || name.getCreationTime(&time)) << missing;
+  }
+  EXPECT_EQ(time, Kyr::Time(1, 2));
+  EXPECT_TRUE(Name(folder.path()).exists()) << "a directory is something";
+}
+
+/// Members, gaps, duplicates, widths, next number.
+QString describe(const Series& series) {
+  QStringList members;
+  QStringList gaps;
+  QStringList duplicates;
+  for (const auto& member : series.getMembers()) {
+    members += QString("%1=%2").arg(member.fileName).arg(member.number);
+  }
+  for (const auto& gap : series.getGaps()) {
+    gaps += QString("%1-%2").arg(gap.first).arg(gap.last);
+  }
+  for (const auto& member : series.getDuplicates()) {
+    duplicates += member.fileName;
+  }
+  unsigned next = 77;
+  const bool left = series.getNextNumber(&next);
+  return QStringList{members.join(' '), gaps.join(' '), duplicates.join(' '),
+                     series.hasMixedWidths() ? "mixed" : "", left ? QString::number(next) : "full"}
+      .join('|');
+}
+
+TEST(Filename, SeriesInADirectory) {
+  const struct {
+    QStringList files;
+    const char* description;
+    const char* fault;
+  } rows[] = {
+      {{}, "||||77", "nothing there"},
+      {{"i2.t", "i3.t", "i1.t"}, "i1.t=1 i2.t=2 i3.t=3||||4", "order"},
+      {{"i9.t", "i10.t"}, "i9.t=9 i10.t=10||||11", "natural widths"},
+      {{"i09.t", "i10.t", "i100.t"}, "i09.t=9 i10.t=10 i100.t=100|11-99|||101", "padded widths"},
+      {{"i1.t", "i02.t"}, "i1.t=1 i02.t=2|||mixed|3", "several widths"},
+      {{"i7.t", "i007.t", "i9.t"}, "i007.t=7 i7.t=7 i9.t=9|8-8|i007.t i7.t|mixed|10", "twins"},
+      {{"i0.t", "i4294967295.t"}, "i0.t=0 i4294967295.t=4294967295|1-4294967294|||full", "ends"},
+      {{"i1.tt", "ii1.t", "i.t", "i1a.t", "i-1.t", "i1", "i4294967296.t"}, "||||77", "others"},
+  };
+  for (const auto& row : rows) {
+    const TempDir folder;
+    for (const QString& name : row.files) {
+      folder.write(name, "");
+    }
+    const NameWithNumber example(folder.file("i5.t"), -1);
+    EXPECT_EQ(describe(Series(example)).toStdString(), row.description) << row.fault;
+  }
+  const TempDir folder;
+  folder.write("I1.T", "");
+  const NameWithNumber example(folder.file("i5.t"), -1);
+  EXPECT_EQ(describe(Series(example)), "||||77") << "case counts";
+  EXPECT_EQ(describe(Series(example, Qt::CaseInsensitive)), "I1.T=1||||2");
+  EXPECT_THROW(Series(NameWithNumber(folder.file("x.t"), -1)), Kyr::Exception) << "no number";
+  EXPECT_THROW(Series(NameWithNumber(folder.file("no/i1.t"), -1)), Kyr::Exception);
+}
+
+}  // namespace

@@ -1,0 +1,90 @@
+// Directories, the environment, places and processors.
+#include <kyr/os/KyrOS.h>
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include <array>
+
+using Kyr::OS;
+
+namespace {
+
+const QString letters = QString::fromUtf8("M\xc3\xa4\xc3\x9f \xe6\xb8\xac");
+
+TEST(OsDirectory, IsMadeWithAllAboveIt) {
+  const KyrTest::TempDir dir;
+  const QString file = dir.write("file", "kept");
+  const struct {
+    QString name;
+    bool made;
+    const char* catches;
+  } rows[] = {
+      {dir.file(letters + "/b/c"), true, "only the last part is made; letters get lost"},
+      {dir.file(letters + "/b/c/"), true, "one that is there is an error; a slash at the end"},
+      {file, false, "a file passes for a directory"},
+      {file + "/x", false, "a file above is not noticed"},
+      {dir.file("n") + QChar::Null + "x", false, "a zero character ends the name"},
+      {QString(), false, "an empty name means the current directory"},
+      {dir.file(QString(40000, 'x')), false, "a name that no system takes"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(OS::mkdir(row.name, true), row.made) << row.catches;
+    OS::FileStatus status;
+    EXPECT_EQ(OS::stat(row.name, &status) && status.isDirectory, row.made) << row.catches;
+  }
+  QStringList entries{"old"};
+  EXPECT_TRUE(OS::readDirectory(dir.path(), &entries));
+  EXPECT_EQ(entries.join("|"), letters + "|file") << "sorted, and nothing but these";
+  EXPECT_FALSE(OS::readDirectory(file, &entries) || !entries.isEmpty()) << "a file has no entries";
+}
+
+TEST(OsFile, IsCopiedAndRemoved) {
+  const KyrTest::TempDir dir;
+  const QString from = dir.write(letters, "bytes\r\n");
+  const QString to = dir.file("to");
+  EXPECT_TRUE(OS::copyFile(from, to));
+  EXPECT_EQ(KyrTest::readFile(to), "bytes\r\n");
+  EXPECT_FALSE(OS::copyFile(dir.write("other", "x"), to)) << "a file is replaced";
+  EXPECT_FALSE(OS::copyFile(dir.file("missing"), to)) << "nothing is copied";
+  EXPECT_FALSE(OS::copyFile(dir.path(), dir.file("copy"))) << "a directory is no file";
+  OS::FileStatus status;
+  EXPECT_TRUE(OS::stat(to, &status) && !status.isDirectory && status.size == 7);
+  EXPECT_TRUE(OS::unlink(to) && !OS::stat(to));
+  EXPECT_FALSE(OS::unlink(to)) << "there is none any more";
+  EXPECT_FALSE(OS::unlink(dir.path()) || !OS::stat(dir.path())) << "a directory is removed";
+}
+
+TEST(OsEnvironment, TellsEmptyFromUnset) {
+  EXPECT_TRUE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
+  EXPECT_TRUE(OS::setEnv("KYR_TEST_VARIABLE", letters));
+  EXPECT_EQ(OS::getEnv("KYR_TEST_VARIABLE"), letters);
+  EXPECT_EQ(qEnvironmentVariable("KYR_TEST_VARIABLE").size(), letters.size()) << "Qt sees another";
+  EXPECT_TRUE(OS::setEnv("KYR_TEST_VARIABLE", ""));
+  EXPECT_FALSE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
+  EXPECT_TRUE(OS::unsetEnv("KYR_TEST_VARIABLE") && OS::unsetEnv("KYR_TEST_VARIABLE"));
+  EXPECT_TRUE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
+}
+
+TEST(OsPlaces, AreKnown) {
+  EXPECT_TRUE(OS::stat(OS::getExecutable()) && OS::getExecutable().contains("test_os"));
+  EXPECT_EQ(QDir(OS::getCurrentDirectory()), QDir::current());
+  EXPECT_EQ(QDir(OS::getTempDirectory()), QDir::temp());
+  EXPECT_EQ(OS::convertSeparatorsToUnix("a\\b/c\\"), "a/b/c/");
+  std::array<wchar_t, 2> tooSmall{L'x', L'x'};
+  EXPECT_FALSE(OS::getTempDirectory(tooSmall.data(), 2) || tooSmall[0] != 0) << "half a path";
+  EXPECT_FALSE(OS::getTempDirectory(tooSmall.data(), 0)) << "no room for the end";
+}
+
+TEST(OsProcessors, AreCountedOrSet) {
+  const unsigned real = OS::getNumberOfCPUs();
+  OS::setNumberOfCPUs(7);
+  EXPECT_EQ(OS::getNumberOfCPUs(), 7U);
+  OS::setNumberOfCPUs(0);
+  EXPECT_TRUE(OS::getNumberOfCPUs() == real && real > 0);
+}
+
+}  // namespace

@@ -1,0 +1,310 @@
+#include "pack/Bytes.h"
+#include "support/Support.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/pack/KyrCompress.h>
+#include <kyr/pack/KyrZippedTar.h>
+
+#include <gtest/gtest.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+
+#include <filesystem>
+#include <functional>
+
+namespace {
+
+using Kyr::ZippedTarReader;
+using Kyr::ZippedTarWriter;
+using KyrTest::TempDir;
+using Bytes = Kyr::StructVector<unsigned char>;
+
+const QString letters = QString::fromUtf8("M\xc3\xa4\xc3\x9f");
+
+Bytes zip(const QByteArray& plain) {
+  Bytes zipped;
+  Kyr::Compress compress(Kyr::Compress::GzipFormat, &zipped);
+  compress.write(plain.constData(), static_cast<unsigned>(plain.size()));
+  compress.flush();
+  return zipped;
+}
+
+QByteArray unzip(const Bytes& zipped) {
+  Bytes plain;
+  EXPECT_TRUE(Kyr::Decompress(Kyr::Decompress::GzipFormat, zipped).read(&plain));
+  return {reinterpret_cast<const char*>(plain.data()), static_cast<int>(plain.size())};
+}
+
+/// \return false where there are no links
+bool link(const char* target, const QString& name) {
+  std::error_code error;
+  std::filesystem::create_symlink(target, name.toStdU16String(), error);
+  return !error;
+}
+
+/// The message of the exception; empty without one.
+QString failureOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Kyr::Exception& error) {
+    return error.getText();
+  }
+  return {};
+}
+
+/// An entry as other programs write it, with an unsigned checksum.
+QByteArray entry(const QByteArray& name, char type, const QByteArray& content,
+                 const QByteArray& size = {}, const QByteArray& magic = {}) {
+  QByteArray block = name.leftJustified(100, '\0', true) + QByteArray("0000644\0", 8) +
+                     QByteArray(16, '\0') +
+                     (size.isEmpty() ? QByteArray::number(content.size(), 8) : size)
+                         .leftJustified(12, '\0', true) +
+                     QByteArray("14\0         ", 12) + QByteArray(8, ' ') + type;
+  block = (block.leftJustified(257, '\0') + magic).leftJustified(512, '\0');
+  unsigned sum = 0;
+  for (const char byte : block) {
+    sum += static_cast<unsigned char>(byte);
+  }
+  block.replace(148, 8, QByteArray::number(sum, 8).rightJustified(7, ' ') + '\0');
+  return block + content + QByteArray((512 - content.size() % 512) % 512, '\0');
+}
+
+QByteArray record(const QByteArray& text) {
+  return QByteArray::number(text.size() + 4) + ' ' + text + '\n';  // texts of 6 to 95 bytes
+}
+
+const QByteArray mark(1024, '\0');
+
+/// What a reader finds, as "name=content|...", with "!" in front when the archive is not valid.
+QString read(const Bytes& data, const Kyr::ZippedTarLimits& limits = {}) {
+  const ZippedTarReader reader(data, limits);
+  QStringList files;
+  for (unsigned i = 0; i < reader.size(); ++i) {
+    QString name;
+    std::vector<unsigned char> content;
+    reader.getFile(i, &name, &content);
+    files += name + "=" +
+             QString::fromUtf8(reinterpret_cast<const char*>(content.data()),
+                               static_cast<int>(content.size()));
+  }
+  return (reader.isValid() ? "" : "!") + files.join("|");
+}
+
+TEST(ZippedTar, WritesTheseBytes) {
+  const TempDir dir;
+  const QString path = dir.write("f", QByteArray(513, 'x'));
+  const QString full = dir.write("g", QByteArray(512, 'y'));
+  for (const QString& name : {path, full}) {
+    QFile file(name);
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite) &&
+                file.setFileTime(QDateTime::fromSecsSinceEpoch(1234567890),
+                                 QFileDevice::FileModificationTime));
+  }
+  Bytes out;
+  ZippedTarWriter writer(&out);
+  writer.addFile(path, letters);
+  writer.addFile(full, QString(99, 'n'));
+  writer.addEof();
+  writer.flush();
+  const QByteArray tar = unzip(out);
+  // 004176 is the sum with the four bytes of the two letters as negative numbers.
+  QByteArray header = letters.toUtf8() + QByteArray(95, '\0') + "0000644" + '\0' + "0000000" +
+                      '\0' + "0000000" + '\0' + "00000001001" + '\0' + "11145401322" + '\0' +
+                      "004176" + '\0' + " 0";
+  EXPECT_EQ(tar.left(512), header.leftJustified(512, '\0'));
+  EXPECT_EQ(tar.mid(512, 1024), QByteArray(513, 'x') + QByteArray(511, '\0'));
+  EXPECT_EQ(tar.mid(1536, 100), QByteArray(99, 'n') + '\0') << "names of 99 bytes fit";
+  EXPECT_EQ(tar.mid(2048), QByteArray(512, 'y') + mark) << "a full block has no other behind it";
+  EXPECT_EQ(writer.getFileCount(), 2U);
+  EXPECT_EQ(read(out),
+            letters + "=" + QString(513, 'x') + "|" + QString(99, 'n') + "=" + QString(512, 'y'));
+  EXPECT_EQ(ZippedTarReader(out).getModificationTime(0), 1234567890);
+}
+
+TEST(ZippedTar, StaysWellFormedWhenAFileIsRefused) {
+  const TempDir dir;
+  const QString path = dir.write("f", "content");
+  const QString shrinking = "/sys/devices/system/cpu/online";  // holds less than its size says
+  const QString missing = dir.file("missing");
+  Bytes out;
+  ZippedTarWriter writer(&out);
+  for (const auto& name : {QString(100, 'n'), letters.repeated(19), QString("a") + QChar::Null}) {
+    EXPECT_EQ(failureOf([&] { writer.addFile(path, name); }), path);
+  }
+  EXPECT_EQ(failureOf([&] { writer.addFile(missing, "a"); }), missing);
+  EXPECT_EQ(failureOf([&] { writer.addFile(dir.path(), "a"); }), dir.path());
+  EXPECT_EQ(failureOf([&] { writer.addDirectory(missing, true, "a"); }), missing);
+  EXPECT_EQ(failureOf([&] { ZippedTarWriter(dir.file("no/no")); }), dir.file("no/no"));
+  const bool shrinks = QFile::exists(shrinking);
+  EXPECT_EQ(failureOf([&] { shrinks ? writer.addFile(shrinking, "s") : void(); }),
+            shrinks ? shrinking : QString());
+  writer.addFile(path, "good");
+  EXPECT_EQ(writer.getFileCount(), 1U);
+  writer.addEof();
+  writer.flush();
+  writer.flush();
+  EXPECT_EQ(read(out).section("|", shrinks ? 1 : 0), "good=content");
+  EXPECT_THROW(writer.addFile(path, "late"), std::bad_alloc) << "nobody would ever see it";
+  EXPECT_EQ(QFile::exists(KyrTest::fullDevice()),
+            !failureOf([] { ZippedTarWriter(KyrTest::fullDevice()).flush(); }).isEmpty());
+}
+
+TEST(ZippedTar, SetsLittleMemoryAside) {
+  const TempDir dir;
+  const QString path = dir.write("f", QByteArray::fromStdString(KyrTest::noisy(1500000, 1)));
+  Bytes out;
+  ZippedTarWriter writer(&out);
+  for (int i = 0; i < 5; ++i) {
+    writer.addFile(path, "f");
+    EXPECT_TRUE(out.size() > std::size_t(1400000) * std::size_t(i) &&
+                out.capacity() - out.size() < 600000)
+        << i;
+  }
+}
+
+TEST(ZippedTar, TakesTreesAndWritesFiles) {
+  const TempDir dir;
+  EXPECT_TRUE(QDir(dir.path()).mkpath("tree/sub/empty"));
+  dir.write("tree/b", "1");
+  dir.write("tree/" + letters, "2");
+  dir.write("tree/sub/c", "3");
+  link("sub", dir.file("tree/z"));
+  link("missing", dir.file("tree/a"));
+  dir.write("tree/old.tgz", "left out");
+  const QString file = dir.file("tree/out.tgz");
+  {
+    ZippedTarWriter writer(file);
+    writer.leaveOut(dir.file("sub/../tree/old.tgz"));
+    writer.addDirectory(dir.file("tree"), true, "t");
+    writer.addDirectory(dir.file("tree/"), false, "");
+    writer.addEof();
+  }
+  const QByteArray bytes = KyrTest::readFile(file);
+  Bytes out;
+  out.append(reinterpret_cast<const unsigned char*>(bytes.constData()),
+             static_cast<std::size_t>(bytes.size()));
+  EXPECT_EQ(read(out), "t/" + letters + "=2|t/b=1|t/sub/c=3|/" + letters + "=2|/b=1");
+}
+
+TEST(ZippedTar, ReadsWhatOthersWrite) {
+  const QByteArray a = entry("a", '0', "1");
+  const QByteArray longName(300, 'n');
+  const QByteArray sparse = QByteArray(482 - 257, '\0') + '\1';  // behind the magic's place
+  const struct {
+    QByteArray tar;
+    QString files;
+    const char* catches;
+  } rows[] = {
+      {mark, "", "an archive without entries"},
+      {{}, "", "the mark of the end is missing"},
+      {a + mark + "rest", "a=1", "bytes behind the end"},
+      {entry(letters.toUtf8(), '0', "1"), letters + "=1", "unsigned checksums"},
+      {entry("a", '\0', "1") + entry("b", '7', "2"), "a=1|b=2", "other types of plain files"},
+      {entry("d/", '\0', "") + entry("d", '5', "", "77") + entry("l", '2', "", "11") + a, "a=1",
+       "directories and links, whatever their size says"},
+      {entry("V", 'V', "skipped") + a, "a=1", "content of unknown types"},
+      {entry("L", 'L', longName + '\0') + a + a, longName + "=1|a=1", "long names of GNU tar"},
+      {entry("x", 'x', record("path=" + letters.toUtf8()) + record("size=1")) +
+           entry("b", '0', "2", "777"),
+       letters + "=2", "names and sizes of POSIX"},
+      {entry("g", 'g', record("path=g")) + a, "a=1", "attributes of all entries are none of one"},
+      {entry("x", 'x', record("GNU.sparse.major=1")) + entry("s", '0', "map") + a, "a=1",
+       "a map for the file itself"},
+      {entry("s", 'S', QByteArray(512, '\0') + "data", "4", sparse) + a, "a=1",
+       "more blocks of a sparse file's header"},
+      {entry("b", '0', "1", {}, QByteArray("ustar\0", 6) + "00" + QByteArray(80, '\0') + "dir"),
+       "dir/b=1", "the prefix of POSIX"},
+      {entry("b", '0', "1", {}, "ustar  " + QByteArray(81, '\0') + "dir"), "b=1",
+       "other fields of GNU in that place"},
+      {entry("a", '0', "1", QByteArray("\x80\0\0\0\0\0\0\0\0\0\0\1", 12)), "a=1", "binary sizes"},
+      {a.left(512), "!", "a content that is cut short"},
+      {a + a.left(511), "!a=1", "a header that is cut short"},
+      {a + QByteArray(512, 'x'), "!a=1", "garbage"},
+      {entry("a", '0', "1", "8"), "!", "a size that is no octal number"},
+      {entry("a", '0', "1", "77777777777"), "!", "a size of 8 GiB"},
+      {entry("a", '0', "1", QByteArray(12, '\xff')), "!", "a negative or a huge binary size"},
+      {entry("L", 'L', "", "77777777"), "!", "a name of 16 MB"},
+      {entry("x", 'x', "9 size=-1\n") + a, "!", "a negative size"},
+      {entry("x", 'x', "99 path=a\n") + a, "!", "a record beyond its end"},
+      {entry("x", 'x', "-9 path=a\n") + a, "!", "a record of negative length"},
+      {entry("x", 'x', "path") + a, "!", "no record at all"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(read(zip(row.tar)), row.files) << row.catches;
+  }
+  Bytes parts = zip(a);
+  const Bytes more = zip(entry("b", '0', "2") + mark);
+  parts.append(more.data(), more.size());
+  EXPECT_EQ(read(parts), "a=1|b=2") << "several gzip files in a row";
+}
+
+TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
+  const Bytes good = zip(entry("a", '0', "12") + entry("b", '0', "") + mark);
+  for (std::size_t i = 0; i < good.size(); ++i) {
+    Bytes cut = good;
+    cut.setSize(i);
+    EXPECT_TRUE(read(cut).startsWith("!")) << "cut at " << i;
+    Bytes changed = good;
+    changed[i] ^= 0x55;
+    const QString files = read(changed);
+    EXPECT_TRUE(files.startsWith("!") || files == "a=12|b=") << "changed at " << i;
+  }
+  const struct {
+    Kyr::ZippedTarLimits limits;
+    const char* files;
+  } rows[] = {{{2560, 2}, "a=12|b="}, {{2559, 2}, "!a=12|b="}, {{2560, 1}, "!a=12"}, {{0, 9}, "!"}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(read(good, row.limits), row.files);
+  }
+  const ZippedTarReader reader(good);
+  const std::string report = KyrTest::report("Invalid file index", "Kyr::ZippedTarReader::getFile",
+                                             "kyr_zipped_tar_reader", 121);
+  const auto past = KyrTest::inChild([&] { reader.getFile(2, nullptr, nullptr); });
+  EXPECT_EQ(KyrTest::reportProblem(past, report), "");
+}
+
+TEST(ZippedTar, ExtractsNothingOutsideTheDirectory) {
+  const struct {
+    QByteArray name;
+    bool written;
+    const char* catches;
+  } rows[] = {
+      {"./sub//x", true, "harmless parts"},
+      {letters.toUtf8(), true, "letters"},
+      {"..x/.y", true, "names with dots"},
+      {"/x", false, "the root"},
+      {"a/../../x", false, "up"},
+      {"..\\x", false, "up on Windows"},
+      {"a/.. /x", false, "up with a blank"},
+      {"C:x", false, "a drive"},
+      {"\\\\server\\x", false, "another host"},
+      {"a/..", false, "a directory"},
+      {"", false, "no name"},
+      {"a/.", false, "the directory itself"},
+  };
+  for (const auto& row : rows) {
+    const TempDir dir;
+    const QString target = dir.file("new/target");
+    const ZippedTarReader reader(zip(entry("first", '0', "1") + entry(row.name, '0', "2")));
+    const QString failure = failureOf([&] { reader.extractTo(target); });
+    EXPECT_EQ(failure.isEmpty(), row.written) << row.catches;
+    const QFileInfo file(target + "/" + QString::fromUtf8(row.name));
+    EXPECT_TRUE(!row.written || (KyrTest::readFile(file.filePath()) == "2" &&
+                                 file.lastModified().toSecsSinceEpoch() == 12))
+        << row.catches;
+    EXPECT_EQ(QDir(target).exists(), row.written) << "half of it: " << row.catches;
+  }
+  const TempDir dir;
+  const QString kept = dir.write("kept", "old");
+  const bool linked = link("kept", dir.file("a"));
+  ZippedTarReader(zip(entry("a", '0', "new"))).extractTo(dir.path());
+  EXPECT_TRUE(KyrTest::readFile(kept) == "old" || !linked) << "written through a link";
+  EXPECT_FALSE(failureOf([&] { ZippedTarReader(zip("x")).extractTo(dir.path()); }).isEmpty());
+  EXPECT_FALSE(failureOf([&] {
+                 ZippedTarReader(zip(entry("kept/b", '0', ""))).extractTo(dir.path());
+               }).isEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,80 @@
+#include "support/Support.h"
+#include "support/support_p.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include <array>
+#include <cstring>
+#include <vector>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+namespace KyrTest {
+
+namespace {
+
+/// Streams that nobody uses now: a new file takes milliseconds, and some tests want thousands.
+std::vector<std::FILE*> idle;
+
+int recycle(std::FILE* stream) {
+  std::rewind(stream);
+  ::_chsize(::_fileno(stream), 0);
+  idle.push_back(stream);
+  return 0;
+}
+
+// Not tmpfile(), which wants to write to the root of the drive.
+std::FILE* newFile() {
+  static int count = 0;
+  const QString name = QString("/kyr-test-%1-%2").arg(::GetCurrentProcessId()).arg(++count);
+  return ::_wfopen((QDir::tempPath() + name).toStdWString().c_str(), L"w+bTD");
+}
+
+}  // namespace
+
+Stream temporaryStream() {
+  if (idle.empty()) {
+    return {newFile(), &recycle};
+  }
+  std::FILE* const stream = idle.back();
+  idle.pop_back();
+  return {stream, &recycle};
+}
+
+Stream pipeStream(const QByteArray& bytes) {
+  std::array<int, 2> ends{};
+  EXPECT_EQ(::_pipe(ends.data(), 4096, _O_BINARY), 0);
+  EXPECT_EQ(::_write(ends[1], bytes.data(), static_cast<unsigned>(bytes.size())), bytes.size());
+  ::_close(ends[1]);
+  return {::_fdopen(ends[0], "rb"), &std::fclose};
+}
+
+QString fullDevice() {
+  return {};
+}
+
+// There is no limit to lower. But an address space of 32 bits is soon taken, and no memory
+// stands behind what is only reserved.
+void limitMemory(bool limited) {
+  static std::vector<void*> taken;
+  for (void* const block : taken) {
+    ::VirtualFree(block, 0, MEM_RELEASE);
+  }
+  taken.clear();
+  taken.reserve(limited ? 1U << 16U : 0);
+  for (std::size_t size = 1U << 30U; limited && size >= 1U << 16U; size /= 2) {
+    while (void* const block = ::VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS)) {
+      taken.push_back(block);
+    }
+  }
+}
+
+const char* Platform::localeName(const char* name) {
+  return std::strcmp(name, "de_DE.UTF-8") == 0 ? "German_Germany.1252" : name;
+}
+
+}  // namespace KyrTest

@@ -1,0 +1,88 @@
+#include "support/Support.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/core/KyrProgError.h>
+#include <kyr/sync/KyrSharedMemory.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+using Kyr::SharedMemory;
+using KyrTest::inChild;
+
+bool canAttach(unsigned size, int id) {
+  try {
+    return SharedMemory(size, id).getId() == id;
+  } catch (const Kyr::Exception&) {
+    return false;
+  }
+}
+
+TEST(SharedMemory, IsSeenByAnotherProcess) {
+  std::array<char, 5000> bytes{};
+  SharedMemory own(5000);
+  EXPECT_TRUE(own.getDataPointer() && own.copyFrom(bytes.data(), 5000));
+  EXPECT_EQ(bytes, (std::array<char, 5000>{})) << "bytes of somebody else";
+  const auto ended = inChild([&own] {
+    SharedMemory there(5000, own.getId());
+    static_cast<char*>(there.getDataPointer())[4999] = 'c';
+    const SharedMemory first(1);  // looks for the blocks of dead processes
+    throw Kyr::ProgError();       // the block is not the child's, nor is its copy of "own"
+  });
+  EXPECT_TRUE(ended.faulted && own.copyFrom(bytes.data(), 5000));
+  EXPECT_EQ(bytes[4999], 'c');
+  EXPECT_TRUE(canAttach(5000, own.getId())) << "a child or a visitor took the block along";
+  EXPECT_FALSE(canAttach(5001, own.getId())) << "beyond the end there is no memory";
+  EXPECT_FALSE(canAttach(1, own.getId() ^ 1) || canAttach(1, -2)) << "no such block";
+}
+
+TEST(SharedMemory, CopiesWhatFits) {
+  SharedMemory own(4);
+  std::array<char, 5> bytes{"abcd"};
+  EXPECT_TRUE(own.copyTo("abcd", 4) && own.copyFrom(bytes.data(), 4));
+  EXPECT_FALSE(own.copyTo(bytes.data(), 5) || own.copyFrom(bytes.data(), 5));
+  auto copy = std::make_unique<SharedMemory>(own);
+  SharedMemory assigned(100);
+  const int oldId = assigned.getId();
+  assigned = own;
+  own.releaseResources();
+  copy.reset();
+  EXPECT_TRUE(own.copyTo(nullptr, 0) && !own.copyTo("a", 1) && !own.getDataPointer());
+  EXPECT_TRUE(assigned.copyFrom(bytes.data(), 4) && bytes[3] == 'd' && assigned.getSize() == 4);
+  EXPECT_TRUE(canAttach(4, own.getId()) && !canAttach(1, oldId)) << "the block ends with its last";
+  assigned.releaseResources();
+  EXPECT_FALSE(canAttach(4, own.getId()));
+  EXPECT_TRUE(SharedMemory(0).copyTo(nullptr, 0)) << "an empty block";
+}
+
+TEST(SharedMemory, LeavesNothingBehind) {
+  const struct {
+    void (*end)();
+    bool staysAtFirst;
+    const char* catches;
+  } rows[] = {
+      {[] {}, false, "the destructor keeps the name"},
+      {[] { throw Kyr::ProgError("x", true); }, false, "a ProgError leaves the name"},
+      {[] { std::raise(SIGKILL); }, true, "the next process does not clear up after the dead"},
+  };
+  for (const auto& row : rows) {
+    const auto ended = inChild([&row] {
+      const SharedMemory own(10);
+      std::printf("%d", own.getId());
+      std::fflush(stdout);
+      row.end();
+    });
+    const int id = ended.output.toInt();
+    EXPECT_EQ(canAttach(10, id), row.staysAtFirst) << row.catches;
+    inChild([] { const SharedMemory first(1); });
+    EXPECT_FALSE(canAttach(10, id)) << row.catches;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,109 @@
+#include <kyr/text/KyrBase64.h>
+#include <kyr/text/KyrCRC16.h>
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <random>
+#include <string>
+#include <type_traits>
+
+using Kyr::Base64;
+using Kyr::CRC16;
+
+namespace {
+
+using Bytes = Kyr::StructVector<unsigned char>;
+
+static_assert(!std::is_default_constructible_v<Base64> && !std::is_default_constructible_v<CRC16>);
+
+Bytes bytes(const std::string& text) {
+  Bytes made;
+  made.append(reinterpret_cast<const unsigned char*>(text.data()), text.size());
+  return made;
+}
+std::string text(const Bytes& bytes) {
+  return {bytes.begin(), bytes.end()};
+}
+
+TEST(Base64, Texts) {
+  const struct {
+    std::string plain;
+    const char* encoded;
+    const char* fault;
+  } rows[] = {
+      {"", "", "nothing"},
+      {"f", "Zg==", "one byte"},
+      {"fo", "Zm8=", "two bytes"},
+      {"foo", "Zm9v", "three bytes"},
+      {"foobarfo", "Zm9vYmFyZm8=", "a whole step with a rest"},
+      {"\xff\xef\xbe\xfb\xef\xbe\xfb\xff\xfe", "/++++++++//+", "the last letters"},
+  };
+  for (const auto& row : rows) {
+    Bytes out = bytes("-");
+    Base64::encode(bytes(row.plain), &out);
+    EXPECT_EQ(text(out), std::string("-") + row.encoded) << row.fault << ", behind what is there";
+    out = bytes("-");
+    Base64::decode(bytes(row.encoded), &out);
+    EXPECT_EQ(text(out), "-" + row.plain) << row.fault << ", behind what is there";
+  }
+}
+
+TEST(Base64, DamagedTexts) {
+  const struct {
+    std::string encoded;
+    std::string plain;
+    const char* fault;
+  } rows[] = {
+      {"Zg", "f", "a short group"},
+      {"Zm9vZ", "food", "a group of one"},
+      {"====", std::string(1, '\0'), "a group of nothing yields a byte"},
+      {"Zm9v\nZm9v", "foo\x01\x99\xbc", "a line feed shifts the groups"},
+      {"Z=9v", "d\x0f", "padding in the middle is a zero"},
+      {"Zm9v\x80m9vZm9v", "foo\x02ofoo", "a byte beyond ASCII"},
+  };
+  for (const auto& row : rows) {
+    Bytes out;
+    Base64::decode(bytes(row.encoded), &out);
+    EXPECT_EQ(text(out), row.plain) << row.fault;
+  }
+  for (int byte = 0; byte < 256; ++byte) {
+    const char character = static_cast<char>(byte);
+    const bool letter = byte < 128 && (std::isalnum(byte) != 0 || byte == '+' || byte == '/');
+    for (std::size_t place = 0; place < 4; ++place) {
+      Bytes out;
+      Base64::decode(bytes(std::string("AAAA").replace(place, 1, 1, character)), &out);
+      EXPECT_EQ(out.size(), letter ? 3U : 2U) << byte << " in place " << place;
+    }
+  }
+}
+
+TEST(Base64, EveryLengthComesBack) {
+  std::mt19937 random(64);
+  std::string plain;
+  for (int length = 0; length < 100; ++length) {
+    Bytes both = bytes(plain);
+    Base64::encode(both, &both);
+    EXPECT_EQ(text(both).substr(0, plain.size()), plain) << "encoded into itself";
+    Bytes back = bytes(text(both).substr(plain.size()));
+    const std::size_t size = back.size();
+    EXPECT_EQ(size, (plain.size() + 2) / 3 * 4);
+    Base64::decode(back, &back);
+    EXPECT_EQ(text(back).substr(size), plain);
+    plain += static_cast<char>(random());
+  }
+}
+
+TEST(CRC16, PublishedValues) {
+  EXPECT_EQ(CRC16::compute(bytes("123456789")), 0x31C3);
+  EXPECT_EQ(CRC16::compute(bytes("")), 0);
+  EXPECT_EQ(CRC16::compute(bytes("A")), 0x58E5);
+  const Bytes whole = bytes("123456789 and the length of several strides, with some more of it");
+  for (std::size_t i = 0; i <= whole.size(); ++i) {
+    const auto begun = CRC16::compute(whole.data(), i);
+    EXPECT_EQ(CRC16::compute(whole.data() + i, whole.size() - i, begun), CRC16::compute(whole))
+        << i;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+#include <kyr/text/KyrNumString.h>
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+#include <random>
+
+using Kyr::NumString;
+
+namespace {
+
+constexpr int largest = 2147483647;
+
+QString joined(const NumString& text) {
+  QStringList parts;
+  for (unsigned i = 0; i < text.partsCount(); ++i) {
+    int value = -1;
+    parts += text.getStringPart(i);
+    parts.last() += text.getNumberPart(i, &value) ? QString("=%1").arg(value) : QString();
+    EXPECT_TRUE(value >= 0 || !parts.last().contains('=')) << "stored for a text";
+  }
+  return parts.join(' ');
+}
+
+TEST(NumString, Parts) {
+  const struct {
+    const char* text;
+    const char* parts;
+    const char* fault;
+  } rows[] = {
+      {"", "", "an empty text"},
+      {"ab12cd", "ab 12=12 cd", "a number in between"},
+      {"12ab", "12=12 ab", "a number first"},
+      {"a1b2c3d", "a 1=1 b 2=2 c 3=3 d", "more parts than fit in place"},
+      {"007", "007=7", "leading zeros"},
+      {"2147483647", "2147483647=2147483647", "the largest value"},
+      {"2147483648", "2147483648=2147483647", "one more"},
+      {"18446744073709551617", "18446744073709551617=2147483647", "64 bits run over"},
+      {"x\u0661\u06622", "x \u0661\u06622=2147483647", "digits of other scripts, mixed"},
+      {"\u00b2\u2460", "\u00b2\u2460", "superscripts are no digits"},
+  };
+  for (const auto& row : rows) {
+    NumString text("before1");
+    text.setString(row.text);
+    EXPECT_EQ(joined(text).toStdString(), row.parts) << row.fault;
+    EXPECT_EQ(text.getString(), row.text);
+  }
+}
+
+TEST(NumString, NaturalOrder) {
+  // Each is smaller than all that follow.
+  const QStringList ordered = {"",
+                               "1x",
+                               "007",
+                               "07",
+                               "07a",
+                               "7",
+                               "9",
+                               "10",
+                               "10a",
+                               "12ab",
+                               "12ab3",
+                               "99999999999",
+                               "2147483648",
+                               "B",
+                               "a10",
+                               "a10b2",
+                               "a10b10",
+                               "b2",
+                               "item9",
+                               "item10",
+                               "item10.tif",
+                               "long names of scans 9",
+                               "long names of scans 10",
+                               "long names of scans 10b1c1d9",
+                               "long names of scans 10b1c1d10",
+                               "long names of scans 10c",
+                               "longer",
+                               "x",
+                               "x1",
+                               "x1y",
+                               "x1y01",
+                               "x1y1",
+                               "x10y",
+                               "x\u0661",
+                               "z\u00e4",
+                               "\U0001f600",
+                               "\uff5e"};
+  for (int i = 0; i < ordered.size(); ++i) {
+    for (int j = 0; j < ordered.size(); ++j) {
+      const NumString a = ordered[i];
+      const NumString b = ordered[j];
+      const bool right = a.compare(b) == int(i > j) - int(i < j) && (a < b) == (i < j) &&
+                         (a <= b) == (i <= j) && (a > b) == (i > j) && (a >= b) == (i >= j) &&
+                         (a == b) == (i == j) && (a != b) == (i != j);
+      EXPECT_TRUE(right) << ordered[i].toStdString() << " and " << ordered[j].toStdString();
+    }
+  }
+}
+
+TEST(NumString, ZeroCharactersCount) {
+  EXPECT_EQ(NumString("a1").compare(QString("a1") + QChar(0)), -1);
+  EXPECT_EQ(NumString(QString("a") + QChar(0) + "2").compare(QString("a") + QChar(0) + "10"), -1);
+}
+
+TEST(NumString, OrderHoldsTheLaws) {
+  const char* const pieces[] = {"0", "1", "9", "a", "B", "\u0661", "99999999999", "99999999998"};
+  std::mt19937 random(20);
+  const auto any = [&] {
+    QString text;
+    for (auto count = random() % 5; count > 0; --count) {
+      text += pieces[random() % std::size(pieces)];
+    }
+    return NumString(text);
+  };
+  int equal = 0;
+  for (int i = 0; i < 100000; ++i) {
+    const NumString a = any();
+    const NumString b = any();
+    const NumString c = any();
+    EXPECT_EQ(a.compare(a), 0);
+    EXPECT_EQ(a.compare(b), -b.compare(a));
+    EXPECT_TRUE(!(a <= b && b <= c) || (a <= c && (a == c) == (a == b && b == c)))
+        << a.getString().toStdString() << ", " << b.getString().toStdString() << ", "
+        << c.getString().toStdString();
+    equal += int(a == b && a.getString() != b.getString());
+  }
+  EXPECT_GT(equal, 0) << "no different texts of one rank were among them";
+}
+
+TEST(NumString, CountsUp) {
+  const struct {
+    QString text;
+    int times;
+    QString expected;
+    const char* fault;
+  } rows[] = {
+      {"a007", 1, "a008", "the width stays"},
+      {"a099", 1, "a100", "a carry into the zeros"},
+      {"a999", 1, "a1000", "a digit more"},
+      {"abc", 1, "abc", "no number"},
+      {"", 1, "", "nothing"},
+      {"3d scan 7 of 12 b", 2, "3d scan 7 of 14 b", "the last of several"},
+      {"3d", 1, "4d", "a number first"},
+      {"img9.tif", 1, "img10.tif", "the text behind it"},
+      {"img9.tif", 2, "img110.tif", "parts keep their places"},
+      {"9", 2, "11", "nothing behind it"},
+      {QString(150, '0'), 3, QString(99, '0') + "3", "padding has an end"},
+      {"x2147483646", 3, "x2147483647", "the largest stays"},
+      {"x99999999999", 1, "x99999999999", "so does a larger one"},
+  };
+  for (const auto& row : rows) {
+    NumString text(row.text);
+    for (int i = 0; i < row.times; ++i) {
+      text.increment();
+    }
+    EXPECT_EQ(text.getString(), row.expected) << row.fault;
+  }
+  NumString shortened(QString(150, '0') + "z");
+  shortened.increment();
+  EXPECT_EQ(shortened.compare(NumString("1z")), -1) << "reads what the text has lost";
+  int value = 0;
+  EXPECT_TRUE(NumString("a9").getNumberPart(1, &value) && value < largest);
+}
+
+}  // namespace

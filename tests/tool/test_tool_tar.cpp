@@ -1,0 +1,76 @@
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+using KyrTest::readFile;
+using KyrTest::TempDir;
+
+struct Result {
+  int code = -1;
+  QString output;
+  QString errors;
+};
+
+Result run(const QString& words, const TempDir& folder, const QByteArray& input = {}) {
+  QProcess process;
+  process.setWorkingDirectory(folder.path());
+  process.start(KYR_TOOL, words.split(' '));
+  process.write(input);
+  process.closeWriteChannel();
+  EXPECT_TRUE(process.waitForFinished()) << process.errorString().toStdString();
+  return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+TEST(ToolTar, PacksListsAndUnpacks) {
+  const TempDir folder;
+  EXPECT_TRUE(QDir(folder.path()).mkpath("tree/sub"));
+  folder.write("tree/a", "first");
+  folder.write(QString::fromUtf8("tree/sub/\xc3\xa4"), "second");
+  folder.write("empty", "");
+  folder.write("garbage", "garbage");
+  folder.write("a.tgz", "an older one");
+  const struct {
+    const char* words;
+    int code;
+    const char* output;  // a part
+    const char* error;   // a part
+    const char* fault;
+  } rows[] = {
+      {"tar create a.tgz missing", 1, "", "missing: cannot be read", "a missing file"},
+      {"tar list a.tgz", 1, "", "a.tgz: no complete tar.gz", "the older one is gone by then"},
+      {"tar create no/a.tgz empty", 1, "", "no/a.tgz: cannot be written", "nowhere to write"},
+      {"tar create a.tgz ./tree/ ../empty", 1, "", "empty: cannot be read", "a file elsewhere"},
+      {"tar create a.tgz . tree/../empty", 0, "", "", "a tree that holds the archive"},
+      {"tar list a.tgz", 0, "         5  20", "", "sizes and times"},
+      {"tar list a.tgz", 0, "Z  ./tree/a\n", "", "names"},
+      {"tar list a.tgz", 0, "Z  ./tree/sub/\xc3\xa4\n", "", "letters"},
+      {"tar list a.tgz", 0, "Z  empty\n", "", "parts that lead up"},
+      {"tar list a.tgz --limit 0", 2, "", "from 1 to", "no limit"},
+      {"tar list garbage", 1, "", "garbage: no complete tar.gz", "no archive"},
+      {"tar extract garbage out", 1, "", "garbage: no complete tar.gz", "no archive"},
+      {"tar extract a.tgz out", 0, "", "", "a directory of its own"},
+      {"tar extract a.tgz empty", 1, "", "cannot make the directory: empty", "a file in the way"},
+      {"tar", 2, "", "tar needs one of list, create, extract", "half a command"},
+  };
+  for (const auto& row : rows) {
+    const Result result = run(row.words, folder);
+    EXPECT_EQ(result.code, row.code) << row.words << ": " << row.fault;
+    EXPECT_TRUE(result.output.contains(QString::fromUtf8(row.output)))
+        << row.fault << ": " << result.output.toStdString();
+    EXPECT_TRUE(*row.error ? result.errors.contains(row.error) : result.errors.isEmpty())
+        << row.fault << ": " << result.errors.toStdString();
+  }
+  EXPECT_FALSE(run("tar list a.tgz", folder).output.contains("tgz")) << "it contains itself";
+  EXPECT_EQ(readFile(folder.file(QString::fromUtf8("out/tree/sub/\xc3\xa4"))), "second");
+  EXPECT_EQ(run("tar list -", folder, readFile(folder.file("a.tgz"))).code, 0);
+  EXPECT_TRUE(run("tar create - tree", folder).output.startsWith("\x1f")) << "to standard output";
+  EXPECT_TRUE(QDir(folder.path()).entryList({"*.part"}).isEmpty()) << "leftovers";
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+#include "commands.h"
+#include "output.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/files/KyrFilename.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace KyrTool {
+
+namespace {
+
+using Kyr::Filename::Name;
+using Kyr::Filename::NameWithNumber;
+using Kyr::Filename::Series;
+
+/// \throws UsageError when a name does not end in a number that can be counted up
+NameWithNumber numbered(const QString& fullName) {
+  NameWithNumber name(fullName, -1);
+  if (!name.isFilenameCorrect() || name.getFileName() != Name::stripElementPath(fullName)) {
+    throw UsageError{QString("\"%1\" does not end in a number below 2^32").arg(fullName)};
+  }
+  return name;
+}
+
+Series seriesOf(const NameWithNumber& name) {
+  try {
+    return Series(name);
+  } catch (const Kyr::Exception& error) {
+    throw FileError{error.getText()};
+  }
+}
+
+/// Moves on to the first number that is not below the own one and behind all of the series.
+/// \return false when there is none
+bool moveOn(NameWithNumber& name) {
+  unsigned number = name.getNumber();
+  if (!seriesOf(name).getNextNumber(&number)) {
+    return false;
+  }
+  name.setNumber(std::max(name.getNumber(), number));
+  // Where case does not count in names, one may be taken by a file that is not of the series.
+  while (name.exists() && name.getNumber() < std::numeric_limits<unsigned>::max()) {
+    name.incrementNumber(1);
+  }
+  return !name.exists();
+}
+
+}  // namespace
+
+int nextName(const Arguments& arguments) {
+  const QString& given = arguments[0];
+  NameWithNumber name = numbered(given);
+  if (!moveOn(name)) {
+    throw FileError{QString("%1: no number is left").arg(given)};
+  }
+  const bool bare = Name::stripElementPath(given) == given;
+  print((bare ? name.getFileName() : name.getFullName()) + "\n");
+  return Fine;
+}
+
+}  // namespace KyrTool
