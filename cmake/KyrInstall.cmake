@@ -1,6 +1,6 @@
 # What "cmake --install" leaves behind: the library with its public headers, the tool kyr, the
-# documents, and two descriptions of the library: a CMake package and one for pkg-config. All of
-# it can be moved to another folder as a whole.
+# translated texts, the documents, and two descriptions of the library: a CMake package and one for
+# pkg-config. All of it can be moved to another folder as a whole.
 include(CMakePackageConfigHelpers)
 
 set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/Kyr")
@@ -32,6 +32,9 @@ if(TARGET kyr_tool)
   set_target_properties(kyr_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${KYR_BIN_TO_LIB}")
   install(TARGETS kyr_tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endif()
+
+# The translator looks for them beside "bin".
+install(FILES ${KYR_CATALOGUES} DESTINATION messages)
 
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
   FILES_MATCHING PATTERN "*.md")

@@ -3,6 +3,7 @@
 #include "surface/abort.h"
 #include "surface/survey_p.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrScheduler.h>
 
@@ -63,11 +64,11 @@ class PassProgress {
 
   QString text() const {
     if (_shown + 1 == _jobs.size()) {
-      return "Computing curvatures";
+      return Kyr::translate("Surface", "Computing curvatures");
     }
-    return _shown == 0   ? "Sorting the corners of triangles"
-           : _shown == 1 ? "Finding neighbours and normals"
-                         : "Smoothing normals";
+    return _shown == 0   ? Kyr::translate("Surface", "Sorting the corners of triangles")
+           : _shown == 1 ? Kyr::translate("Surface", "Finding neighbours and normals")
+                         : Kyr::translate("Surface", "Smoothing normals");
   }
 
   const int _min;
@@ -85,6 +86,7 @@ class Schedule : public Kyr::JobManager {
   Schedule(Survey& survey, const AnalysisOptions& options);
 
   std::size_t jobs() const { return _jobs; }
+  bool isDone() const { return _left == 0; }
   void allDone() { _progress.allDone(); }
   bool execute(const Job& job, const GoOn& goOn);
 
@@ -255,6 +257,9 @@ Analysis analyse(const Mesh& mesh, const AnalysisOptions& options) {
   Kyr::CatchingWorker::waitAndRethrow(schedule);
   if (schedule.isInterrupted()) {
     throw Aborted();
+  }
+  if (!schedule.isDone()) {
+    throw Kyr::Exception("the system starts no threads for the analysis");
   }
   schedule.allDone();
   Analysis result = survey.take(options.smoothingPasses);

@@ -49,6 +49,7 @@ unsigned numberOfWorkers(const AnalysisOptions& options);
 /// inwards and curvatures come out too small.
 /// \param mesh indices must be valid
 /// \throws Aborted when the abort flag was met
+/// \throws Kyr::Exception when no thread could be started
 /// \throws std::bad_alloc
 /// \threadsafety one call at a time in the process, from any thread; not from the thread that
 ///               is to handle the progress events, which would come only after it

@@ -1,5 +1,7 @@
 #include "surface/mesh.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include "surface/abort.h"
 #include "surface/words.h"
 
@@ -30,8 +32,9 @@ Mesh repeated(const Mesh& mesh, unsigned copies) {
     return mesh;
   }
   if (count > std::numeric_limits<std::uint32_t>::max() / copies) {
-    throw Kyr::Exception(QString("%1 copies of %2 are too many points")
-                             .arg(counted(copies), counted(static_cast<qint64>(count), "point")));
+    throw Kyr::Exception(
+        Kyr::translate("Surface", "%1 copies of %2 are too many points")
+            .arg(counted(copies), counted(static_cast<qint64>(count), Things::point)));
   }
   Mesh result;
   result.points.reserve(count * copies);

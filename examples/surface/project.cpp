@@ -4,6 +4,7 @@
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/time/KyrTime.h>
@@ -47,11 +48,11 @@ std::filesystem::path path(const QString& fileName) {
   return std::filesystem::u8path(fileName.toStdString());
 }
 
-/// \param words with %1 for the byte of the file and %2 for the bytes of content before it
-QString placed(const char* words, const ZipInStream& in) {
+/// \param text with %1 for the byte of the file and %2 for the bytes of content before it
+QString placed(const QString& text, const ZipInStream& in) {
   const Kyr::ZipStatistics statistics = in.getStatistics();
-  return QString(words).arg(counted(static_cast<qint64>(statistics.offset)),
-                            counted(static_cast<qint64>(statistics.plainBytes)));
+  return text.arg(counted(static_cast<qint64>(statistics.offset)),
+                  counted(static_cast<qint64>(statistics.plainBytes)));
 }
 
 QString problemOf(const ZipInStream& in) {
@@ -61,16 +62,19 @@ QString problemOf(const ZipInStream& in) {
     case ZipInStream::StreamRefused:
       return in.getHeaderErrorText();
     case ZipInStream::StreamDamaged:
-      return placed(
-          "the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong",
-          in);
+      return placed(Kyr::translate("Surface",
+                                   "the file is damaged, as byte %1 shows; "
+                                   "what was read before (%2 bytes) may be wrong"),
+                    in);
     case ZipInStream::StreamCutShort:
-      return placed("the file ends too early, at byte %1; the first %2 bytes of content are good",
+      return placed(Kyr::translate("Surface",
+                                   "the file ends too early, at byte %1; "
+                                   "the first %2 bytes of content are good"),
                     in);
     case ZipInStream::StreamOpen:
       break;
   }
-  return "reading stopped early";
+  return Kyr::translate("Surface", "reading stopped early");
 }
 
 /// Takes the bytes of a mesh apart; does not believe them.
@@ -118,7 +122,7 @@ class Bytes {
 
  private:
   [[noreturn]] static void refuse() {
-    throw Kyr::Exception("the content is no surface of this program");
+    throw Kyr::Exception(Kyr::translate("Surface", "the content is no surface of this program"));
   }
 
   std::uint64_t number(int count) {
@@ -221,7 +225,7 @@ void writeProject(const QString& fileName, const std::vector<char>& content) {
     std::filesystem::rename(path(unfinished.name()), path(fileName), renamed);
   }
   if (!out || renamed) {
-    throw Kyr::Exception(QString("cannot write %1").arg(fileName));
+    throw Kyr::Exception(Kyr::translate("Surface", "cannot write %1").arg(fileName));
   }
 }
 
@@ -247,7 +251,7 @@ Mesh readSurface(const QString& fileName, double millimetresPerUnit, Kyr::ErrorL
   Mesh mesh =
       isProject(fileName) ? readMesh(fileName) : readScan(fileName, millimetresPerUnit, log, notes);
   if (mesh.triangles.empty()) {
-    throw Kyr::Exception(QString("%1 holds no surface").arg(fileName));
+    throw Kyr::Exception(Kyr::translate("Surface", "%1 holds no surface").arg(fileName));
   }
   return mesh;
 }

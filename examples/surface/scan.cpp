@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFileParse.h>
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrParse.h>
 
@@ -27,7 +28,7 @@ using OpenFile = std::unique_ptr<FILE, CloseFile>;
 OpenFile openScan(const QString& fileName) {
   OpenFile file(Kyr::OS::openFile(fileName, Kyr::OS::OpenRead));
   if (!file) {
-    throw Kyr::Exception(QString("cannot open %1").arg(fileName));
+    throw Kyr::Exception(Kyr::translate("Surface", "cannot open %1").arg(fileName));
   }
   return file;
 }
@@ -48,14 +49,15 @@ class Reader {
       try {
         readLine();
       } catch (const Kyr::FileParse::Error&) {
-        throw Kyr::Exception("damaged line: " + place());
+        throw Kyr::Exception(Kyr::translate("Surface", "damaged line: %1").arg(place()));
       }
     }
     if (std::ferror(_stream) != 0) {
-      throw Kyr::Exception(QString("cannot read %1 to its end").arg(_name));
+      throw Kyr::Exception(Kyr::translate("Surface", "cannot read %1 to its end").arg(_name));
     }
     if (_unknownKeys > shownUnknownKeys) {
-      _log << "lines with unknown keys, all told: " << _unknownKeys << Kyr::END_LOG;
+      _log << Kyr::translate("Surface", "lines with unknown keys, all told: %1").arg(_unknownKeys)
+           << Kyr::END_LOG;
     }
     return std::move(_mesh);
   }
@@ -125,7 +127,8 @@ class Reader {
                                                   "s",  "l",  "mtllib", "usemtl"};
     ++_notes.ignoredLines;
     if (!withoutGeometry.contains(_key) && ++_unknownKeys <= shownUnknownKeys) {
-      _log << "unknown key, line skipped: " << place() << Kyr::END_LOG;
+      _log << Kyr::translate("Surface", "unknown key, line skipped: %1").arg(place())
+           << Kyr::END_LOG;
     }
   }
 
@@ -135,7 +138,8 @@ class Reader {
     std::replace_if(
         text.begin(), text.end(), [](QChar c) { return !c.isPrint() && c != '\t'; }, QChar('?'));
     const QString shown = text.size() > 40 ? text.left(37) + "..." : text;
-    return QString("%1, line %2: %3").arg(_name).arg(_file.getPhysicalLineNumber()).arg(shown);
+    return Kyr::translate("Surface", "%1, line %2: %3")
+        .arg(_name, QString::number(_file.getPhysicalLineNumber()), shown);
   }
 
   static constexpr int shownUnknownKeys = 10;

@@ -1,5 +1,7 @@
 #include "surface/words.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QLocale>
 
 namespace Surface {
@@ -16,13 +18,13 @@ QString counted(qint64 number) {
   return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
 }
 
-QString counted(qint64 number, const QString& thing) {
-  return counted(number) + ' ' + thing + (number == 1 ? "" : "s");
+QString counted(qint64 number, const Thing& thing) {
+  return counted(number) + ' ' + Kyr::translate("Surface", number == 1 ? thing.one : thing.many);
 }
 
 QString bytes(qint64 count) {
   if (count < 10000) {
-    return counted(count, "byte");
+    return counted(count, Things::byte);
   }
   const double kibibytes = static_cast<double>(count) / 1024;
   return kibibytes < 1000 ? fixed(kibibytes, 1) + " KiB" : fixed(kibibytes / 1024, 2) + " MiB";
@@ -30,10 +32,10 @@ QString bytes(qint64 count) {
 
 QString speed(qint64 count, double seconds) {
   if (seconds < 0.002) {
-    return "in less than 2 ms";
+    return Kyr::translate("Surface", "in less than 2 ms");
   }
   const double rate = static_cast<double>(count) / 1e6 / seconds;
-  return QString("at %1 MB/s").arg(fixed(rate, rate < 10 ? 1 : 0));
+  return Kyr::translate("Surface", "at %1 MB/s").arg(fixed(rate, rate < 10 ? 1 : 0));
 }
 
 }  // namespace Surface

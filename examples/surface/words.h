@@ -1,5 +1,5 @@
 /// \file
-/// Numbers in words, the same in every locale.
+/// Numbers in words; the numbers are the same in every locale.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,28 @@ namespace Surface {
 
 /// A whole number with separators, "34,835".
 QString counted(qint64 number);
-/// A whole number of things, "1 point", "34,835 points".
-QString counted(qint64 number, const QString& thing);
+/// A word for things that are counted, as texts of the context "Surface".
+struct Thing {
+  const char* one;
+  const char* many;
+};
+namespace Things {
+constexpr Thing byte{QT_TRANSLATE_NOOP("Surface", "byte"), QT_TRANSLATE_NOOP("Surface", "bytes")};
+constexpr Thing line{QT_TRANSLATE_NOOP("Surface", "line"), QT_TRANSLATE_NOOP("Surface", "lines")};
+constexpr Thing dataLine{QT_TRANSLATE_NOOP("Surface", "data line"),
+                         QT_TRANSLATE_NOOP("Surface", "data lines")};
+constexpr Thing openEdge{QT_TRANSLATE_NOOP("Surface", "open edge"),
+                         QT_TRANSLATE_NOOP("Surface", "open edges")};
+constexpr Thing point{QT_TRANSLATE_NOOP("Surface", "point"),
+                      QT_TRANSLATE_NOOP("Surface", "points")};
+constexpr Thing triangle{QT_TRANSLATE_NOOP("Surface", "triangle"),
+                         QT_TRANSLATE_NOOP("Surface", "triangles")};
+constexpr Thing worker{QT_TRANSLATE_NOOP("Surface", "worker"),
+                       QT_TRANSLATE_NOOP("Surface", "workers")};
+}  // namespace Things
+
+/// A whole number of things in the language of the user, "1 point", "34,835 points".
+QString counted(qint64 number, const Thing& thing);
 /// A number of bytes in words, "2.29 MiB".
 QString bytes(qint64 count);
 /// How fast bytes went, "at 200 MB/s"; the clock knows milliseconds, so short times have no speed.

@@ -2,6 +2,7 @@
 
 #include "console_p.h"
 
+#include <kyr/core/KyrException.h>
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/jobs/KyrProgress.h>
@@ -121,6 +122,9 @@ Analysis analyseVisibly(const Surface::Mesh& mesh, const Surface::AnalysisOption
   const double userBefore = userSeconds();
   const Kyr::Time watch = Kyr::Time::currentTime();
   thread.start();
+  if (!thread.isRunning() && !thread.isFinished()) {
+    throw Kyr::Exception("the system starts no thread for the analysis");
+  }
   loop.exec();
   thread.wait();
   cost.wallSeconds = watch.elapsed();

@@ -15,7 +15,7 @@ struct Cost {
 
 /// Runs analyse() on a thread of its own, while this one handles its progress events: they move
 /// a bar on a terminal; elsewhere each new text is printed as a row.
-/// \throws what analyse() throws
+/// \throws what analyse() throws, and Kyr::Exception when its thread could not be started
 /// \threadsafety the main thread, which needs an application object
 Surface::Analysis analyseVisibly(const Surface::Mesh& mesh, const Surface::AnalysisOptions& options,
                                  Page& page, Cost& cost);

@@ -1,8 +1,10 @@
 #include "damage.h"
 
+#include "surface/abort.h"
 #include "surface/project.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
 
 #include <QByteArray>
 #include <QFile>
@@ -13,11 +15,12 @@ namespace Tour {
 namespace {
 
 using namespace Surface;
+using Kyr::translate;
 
 QByteArray readAll(const QString& fileName) {
   QFile file(fileName);
   if (!file.open(QIODevice::ReadOnly)) {
-    throw Kyr::Exception(QString("cannot read %1: %2").arg(fileName, file.errorString()));
+    throw Kyr::Exception(translate("Tour", "cannot read %1: %2").arg(fileName, file.errorString()));
   }
   return file.readAll();
 }
@@ -52,7 +55,7 @@ class Damages {
   Damages(const QString& fileName, Page& page)
       : _whole(readAll(fileName)), _content(readProject(fileName).content), _page(page) {
     if (!_directory.isValid()) {
-      throw Kyr::Exception("cannot make a folder for temporary files");
+      throw Kyr::Exception(translate("Tour", "cannot make a folder for temporary files"));
     }
   }
 
@@ -60,6 +63,7 @@ class Damages {
   bool noneTaken() const { return _noneTaken; }
 
   void show(const QString& what, const QByteArray& bytes) {
+    stopIfAborted();
     const QString copy = _directory.filePath("copy");
     write(copy, bytes);
     const Reading reading = readProject(copy);
@@ -70,7 +74,7 @@ class Damages {
   static void write(const QString& copy, const QByteArray& bytes) {
     QFile file(copy);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
-      throw Kyr::Exception(QString("cannot write %1: %2").arg(copy, file.errorString()));
+      throw Kyr::Exception(translate("Tour", "cannot write %1: %2").arg(copy, file.errorString()));
     }
   }
 
@@ -79,10 +83,10 @@ class Damages {
       return reading.problem;
     }
     if (reading.content == _content) {
-      return "harmless here: the content is the same";
+      return translate("Tour", "harmless here: the content is the same");
     }
     _noneTaken = false;
-    return "TAKEN FOR GOOD DATA";
+    return translate("Tour", "TAKEN FOR GOOD DATA");
   }
 
   const QByteArray _whole;
@@ -96,10 +100,10 @@ class Damages {
 
 bool showDamage(const QString& fileName, Page& page) {
   Damages damages(fileName, page);
-  damages.show("cut short", cutShort(damages.whole()));
-  damages.show("one bit flipped", withFlippedBit(damages.whole()));
-  damages.show("sent as text", asTextTransfer(damages.whole()));
-  damages.show("newer program", fromNewerProgram(damages.whole()));
+  damages.show(translate("Tour", "cut short"), cutShort(damages.whole()));
+  damages.show(translate("Tour", "one bit flipped"), withFlippedBit(damages.whole()));
+  damages.show(translate("Tour", "sent as text"), asTextTransfer(damages.whole()));
+  damages.show(translate("Tour", "newer program"), fromNewerProgram(damages.whole()));
   return damages.noneTaken();
 }
 

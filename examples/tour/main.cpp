@@ -19,8 +19,12 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/env/KyrInit.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/KyrTranslator.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/log/KyrErrorLog.h>
+#include <kyr/os/KyrOS.h>
 #include <kyr/time/KyrTime.h>
 #include <kyr/units/KyrUnits.h>
 
@@ -37,12 +41,13 @@ namespace {
 using namespace Surface;
 using namespace Tour;
 using Kyr::Time;
+using Kyr::translate;
 using Kyr::Unit;
 
 constexpr unsigned decimals = 3;  // of a millimetre, and of its square and cube
 
 struct Shown {
-  const char* name;
+  QString name;
   double value;
   Kyr::UnitLinear* kind;
   std::vector<Unit::Units_t> units;
@@ -58,138 +63,158 @@ void showUnits(Page& page, const Shown& shown) {
 }
 
 Mesh read(const Options& options, Page& page, Kyr::ErrorLog& log) {
-  page.section("Read the scan");
+  page.section(translate("Tour", "Read the scan"));
   ReadingNotes notes;
   Time watch = Time::currentTime();
   const double scale = Kyr::uLength.from(1.0, options.unit);
   Mesh mesh = readScan(options.scan, scale, log, notes);
   const double seconds = watch.elapsed();
   const qint64 size = QFileInfo(options.scan).size();
-  page.row("file", QFileInfo(options.scan).fileName());
-  page.row("holds", counted(static_cast<qint64>(mesh.points.size()), "point") + ", " +
-                        counted(static_cast<qint64>(mesh.triangles.size()), "triangle"));
-  page.row("text", QString("%1, %2, read %3")
-                       .arg(bytes(size), counted(notes.lines, "line"), speed(size, seconds)));
-  log << "read " << counted(notes.lines, "data line") << ", " << counted(notes.ignoredLines)
-      << " of them without geometry" << Kyr::END_LOG;
+  page.row(translate("Tour", "file"), QFileInfo(options.scan).fileName());
+  page.row(translate("Tour", "holds"),
+           counted(static_cast<qint64>(mesh.points.size()), Things::point) + ", " +
+               counted(static_cast<qint64>(mesh.triangles.size()), Things::triangle));
+  page.row(translate("Tour", "text"),
+           translate("Tour", "%1, %2, read %3")
+               .arg(bytes(size), counted(notes.lines, Things::line), speed(size, seconds)));
+  log << translate("Tour", "read %1, %2 of them without geometry")
+             .arg(counted(notes.lines, Things::dataLine), counted(notes.ignoredLines))
+      << Kyr::END_LOG;
   if (mesh.triangles.empty()) {
-    throw Kyr::Exception(QString("%1 holds no surface").arg(options.scan));
+    throw Kyr::Exception(translate("Tour", "%1 holds no surface").arg(options.scan));
   }
   if (options.copies > 1) {
     mesh = repeated(mesh, options.copies);
-    page.row("repeated", QString("%1 times, side by side: %2")
-                             .arg(counted(options.copies),
-                                  counted(static_cast<qint64>(mesh.points.size()), "point")));
+    page.row(translate("Tour", "repeated"),
+             translate("Tour", "%1 times, side by side: %2")
+                 .arg(counted(options.copies),
+                      counted(static_cast<qint64>(mesh.points.size()), Things::point)));
   }
   return mesh;
 }
 
 void showMeasures(const Options& options, const Mesh& mesh, Page& page, Kyr::ErrorLog& log) {
-  page.section(QString("Measure it (one unit of the file is 1 %1)")
+  page.section(translate("Tour", "Measure it (one unit of the file is 1 %1)")
                    .arg(Kyr::uLength.getUName(options.unit)));
   const Measures measures = measure(mesh);
   if (!std::isfinite(measures.area) || !std::isfinite(measures.volume)) {
-    throw Kyr::Exception(QString("%1 is too large to be measured").arg(options.scan));
+    throw Kyr::Exception(translate("Tour", "%1 is too large to be measured").arg(options.scan));
   }
   const std::vector<Unit::Units_t> lengths = {Unit::Millimetre, Unit::Micrometre, Unit::Inch,
                                               Unit::Mil};
-  showUnits(page, {"width", measures.extent[0], &Kyr::uLength, lengths});
-  showUnits(page, {"height", measures.extent[1], &Kyr::uLength, lengths});
-  showUnits(page, {"depth", measures.extent[2], &Kyr::uLength, lengths});
-  showUnits(page, {"surface",
+  showUnits(page, {translate("Tour", "width"), measures.extent[0], &Kyr::uLength, lengths});
+  showUnits(page, {translate("Tour", "height"), measures.extent[1], &Kyr::uLength, lengths});
+  showUnits(page, {translate("Tour", "depth"), measures.extent[2], &Kyr::uLength, lengths});
+  showUnits(page, {translate("Tour", "surface"),
                    measures.area,
                    &Kyr::uArea,
                    {Unit::SquareMillimetre, Unit::SquareInch, Unit::SquareMil}});
-  showUnits(page, {"volume",
+  showUnits(page, {translate("Tour", "volume"),
                    measures.volume,
                    &Kyr::uVolume,
                    {Unit::CubicMillimetre, Unit::CubicInch, Unit::Litre}});
   if (measures.openEdges > 0) {
-    log << "the surface has " << counted(static_cast<qint64>(measures.openEdges), "open edge")
-        << "; its volume is closed over the middle" << Kyr::END_LOG;
+    log << translate("Tour", "the surface has %1; its volume is closed over the middle")
+               .arg(counted(static_cast<qint64>(measures.openEdges), Things::openEdge))
+        << Kyr::END_LOG;
   }
 }
 
 void showCost(Page& page, const Analysis& analysis, const Cost& cost) {
-  page.row("jobs", counted(static_cast<qint64>(analysis.jobs)));
-  page.row("time", QString("%1 s of computing in %2 s: %3 processors busy")
-                       .arg(cost.userSeconds, 0, 'f', 3)
-                       .arg(cost.wallSeconds, 0, 'f', 3)
-                       .arg(cost.userSeconds / std::max(cost.wallSeconds, 0.001), 0, 'f', 1));
+  page.row(translate("Tour", "jobs"), counted(static_cast<qint64>(analysis.jobs)));
+  page.row(translate("Tour", "time"),
+           translate("Tour", "%1 s of computing in %2 s: %3 processors busy")
+               .arg(cost.userSeconds, 0, 'f', 3)
+               .arg(cost.wallSeconds, 0, 'f', 3)
+               .arg(cost.userSeconds / std::max(cost.wallSeconds, 0.001), 0, 'f', 1));
 }
 
 void showCurvature(Page& page, const CurvatureStatistics& statistics) {
   const std::vector<Unit::Units_t> units = {Unit::PerMillimetre, Unit::PerMetre, Unit::PerInch};
-  showUnits(page, {"mean curvature", statistics.mean, &Kyr::uCurvature, units});
-  showUnits(page, {"lowest", statistics.lowest, &Kyr::uCurvature, units});
-  showUnits(page, {"5% lie below", statistics.low, &Kyr::uCurvature, units});
-  showUnits(page, {"median", statistics.median, &Kyr::uCurvature, units});
-  showUnits(page, {"5% lie above", statistics.high, &Kyr::uCurvature, units});
-  showUnits(page, {"highest", statistics.highest, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "mean curvature"), statistics.mean, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "lowest"), statistics.lowest, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "5% lie below"), statistics.low, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "median"), statistics.median, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "5% lie above"), statistics.high, &Kyr::uCurvature, units});
+  showUnits(page, {translate("Tour", "highest"), statistics.highest, &Kyr::uCurvature, units});
 }
 
 void showAnalysis(const Options& options, const Mesh& mesh, Page& page, Kyr::ErrorLog& log) {
-  page.section(
-      QString("Analyse it on %1").arg(counted(numberOfWorkers(options.analysis), "worker")));
+  page.section(translate("Tour", "Analyse it on %1")
+                   .arg(counted(numberOfWorkers(options.analysis), Things::worker)));
   Cost cost;
   const Analysis analysis = analyseVisibly(mesh, options.analysis, page, cost);
   const CurvatureStatistics statistics = curvatureStatistics(analysis.curvature);
-  page.row("curvatures", counted(static_cast<qint64>(statistics.defined)));
+  page.row(translate("Tour", "curvatures"), counted(static_cast<qint64>(statistics.defined)));
   showCost(page, analysis, cost);
   showCurvature(page, statistics);
   if (statistics.undefined > 0) {
-    log << counted(static_cast<qint64>(statistics.undefined), "point")
-        << " without a curvature: no triangle of any area" << Kyr::END_LOG;
+    log << translate("Tour", "%1 without a curvature: no triangle of any area")
+               .arg(counted(static_cast<qint64>(statistics.undefined), Things::point))
+        << Kyr::END_LOG;
   }
 }
 
 /// Writes the project, reads it back and compares.
 bool store(const Options& options, const QString& project, const Mesh& mesh, Page& page,
            Kyr::ErrorLog& log) {
-  page.section("Keep it in a project file");
+  page.section(translate("Tour", "Keep it in a project file"));
   const std::vector<char> content = toBytes(mesh);
   const auto size = static_cast<qint64>(content.size());
   Time watch = Time::currentTime();
   writeProject(project, content);
   const double writing = watch.restart();
-  log << "wrote " << project << Kyr::END_LOG;
+  log << translate("Tour", "wrote %1").arg(project) << Kyr::END_LOG;
   const Reading back = readProject(project);
   const double reading = watch.elapsed();
   const qint64 packed = QFileInfo(project).size();
   const bool same = back.problem.isEmpty() && back.content == content;
-  page.row("file", project);
-  page.row("time of writing", back.written);
-  page.row("text", bytes(QFileInfo(options.scan).size()));
-  page.row("content", bytes(size));
-  page.row("packed",
-           QString("%1, %2% of the content")
+  page.row(translate("Tour", "file"), project);
+  page.row(translate("Tour", "time of writing"), back.written);
+  page.row(translate("Tour", "text"), bytes(QFileInfo(options.scan).size()));
+  page.row(translate("Tour", "content"), bytes(size));
+  page.row(translate("Tour", "packed"),
+           translate("Tour", "%1, %2% of the content")
                .arg(bytes(packed))
                .arg(100.0 * static_cast<double>(packed) / static_cast<double>(size), 0, 'f', 1));
-  page.row("speed", QString("written %1, read %2").arg(speed(size, writing), speed(size, reading)));
-  page.row("compared",
-           same ? QString("all %1 equal").arg(bytes(size)) : "DIFFERENT: " + back.problem);
+  page.row(
+      translate("Tour", "speed"),
+      translate("Tour", "written %1, read %2").arg(speed(size, writing), speed(size, reading)));
+  page.row(translate("Tour", "compared"),
+           same ? translate("Tour", "all %1 equal").arg(bytes(size))
+                : translate("Tour", "DIFFERENT: %1").arg(back.problem));
   return same;
 }
 
 bool tour(const Options& options, Kyr::ErrorLog& log) {
   Page page;
-  page.title(
-      QString("libKyr %1: a scan from text to a project file and back").arg(Kyr::libraryVersion()));
+  page.title(translate("Tour", "libKyr %1: a scan from text to a project file and back")
+                 .arg(Kyr::libraryVersion()));
   const Mesh mesh = read(options, page, log);
   showMeasures(options, mesh, page, log);
   showAnalysis(options, mesh, page, log);
   const QString project = options.project();
   const bool same = store(options, project, mesh, page, log);
-  page.section("What damage looks like (on copies)");
+  page.section(translate("Tour", "What damage looks like (on copies)"));
   const bool refused = showDamage(project, page);
-  log << (refused ? "no damaged copy was taken for good data" : "A DAMAGED COPY WAS TAKEN FOR GOOD")
+  log << (refused ? translate("Tour", "no damaged copy was taken for good data")
+                  : translate("Tour", "A DAMAGED COPY WAS TAKEN FOR GOOD"))
       << Kyr::END_LOG;
-  page.section("Log");
+  page.section(translate("Tour", "Log"));
   for (const QString& message : log.getLog().split('\n')) {
     page.text(message);
   }
-  page.end(same && refused ? "Everything held." : "SOMETHING DID NOT HOLD.");
+  page.end(same && refused ? translate("Tour", "Everything held.")
+                           : translate("Tour", "SOMETHING DID NOT HOLD."));
   return same && refused;
+}
+
+/// The output of most programs goes to a file, which suits those with windows; this one talks to
+/// its terminal, unless the user wants something else.
+void keepTerminal() {
+  if (Kyr::OS::getEnv("KYR_CONSOLE").isNull()) {
+    Kyr::OS::setEnv("KYR_CONSOLE", "terminal");
+  }
 }
 
 /// The tour with its end: what went wrong stands on standard error, behind the log so far.
@@ -198,22 +223,21 @@ int run(const Options& options) {
   const auto fail = [&log](int code, const QString& problem) {
     std::fflush(stdout);
     const QString text = log.isLog() ? log.getLog() + '\n' : QString();
-    std::fprintf(stderr, "%stour: %s\n", text.toLocal8Bit().constData(),
-                 problem.toLocal8Bit().constData());
+    std::fprintf(stderr, "%stour: %s\n", encoded(text).constData(), encoded(problem).constData());
     return code;
   };
   try {
     const bool held = tour(options, log);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-      throw Kyr::Exception("cannot write to standard output");
+      throw Kyr::Exception(translate("Tour", "cannot write to standard output"));
     }
     return held ? 0 : 1;
   } catch (const Aborted& aborted) {
-    return fail(3, aborted.getText() + "; nothing is half written");
+    return fail(3, translate("Tour", "%1; nothing is half written").arg(aborted.getText()));
   } catch (const Kyr::Exception& failure) {
     return fail(1, failure.getText());
   } catch (const std::exception& failure) {
-    return fail(1, QString("out of memory (%1)").arg(failure.what()));
+    return fail(1, translate("Tour", "out of memory (%1)").arg(failure.what()));
   }
 }
 
@@ -221,7 +245,16 @@ int run(const Options& options) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  const Options options = parseArguments();
+  keepTerminal();
+  QStringList arguments = QCoreApplication::arguments();
+  Kyr::KyrInit::InitLibrary(Kyr::ApplicationInspection, arguments);
+  prepareStandardStreams();
+  Kyr::KyrInit::InitTranslator(Kyr::Translator::allLanguages, {});
+  Kyr::installTranslator("Examples");
+  const Options options = parseArguments(arguments);
   const InterruptWatch watch([] { Kyr::Progress::setAbortFlag(true); });
-  return run(options);
+  const int code = run(options);
+  Kyr::KyrInit::CloseTranslator();
+  Kyr::KyrInit::CloseLibrary();
+  return code;
 }

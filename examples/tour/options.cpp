@@ -1,10 +1,11 @@
 #include "options.h"
 
+#include "console_p.h"
+
 #include <kyr/text/KyrParse.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -16,7 +17,7 @@ namespace Tour {
 namespace {
 
 [[noreturn]] void refuseUsage(const QString& problem) {
-  std::fprintf(stderr, "tour: %s\nTry tour --help.\n", problem.toLocal8Bit().constData());
+  std::fprintf(stderr, "tour: %s\nTry tour --help.\n", encoded(problem).constData());
   std::exit(2);
 }
 
@@ -46,7 +47,7 @@ QString Options::project() const {
   return QDir(directory).filePath(QFileInfo(scan).completeBaseName() + ".kyr");
 }
 
-Options parseArguments() {
+Options parseArguments(const QStringList& arguments) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Reads a scan, measures it and keeps it in a project file.");
   parser.addHelpOption();
@@ -61,7 +62,7 @@ Options parseArguments() {
   const QCommandLineOption smoothing("smoothing", "how often normals are smoothed; default 2",
                                      "passes", "2");
   parser.addOptions({unit, directory, copies, workers, smoothing});
-  if (!parser.parse(QCoreApplication::arguments())) {
+  if (!parser.parse(arguments)) {
     refuseUsage(parser.errorText());
   }
   if (parser.isSet("help")) {

@@ -7,6 +7,7 @@
 #include <kyr/units/KyrUnit.h>
 
 #include <QString>
+#include <QStringList>
 
 namespace Tour {
 
@@ -22,8 +23,8 @@ struct Options {
   QString project() const;
 };
 
-/// Reads the arguments of the application object. Wrong ones end the process with code 2 and a
+/// Reads the arguments of the program, its name first. Wrong ones end the process with code 2 and a
 /// message, a call for help ends it with code 0.
-Options parseArguments();
+Options parseArguments(const QStringList& arguments);
 
 }  // namespace Tour

@@ -1,5 +1,9 @@
 #include "page.h"
 
+#include "console_p.h"
+
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -15,7 +19,7 @@ void print(const QString& line) {
   while (printed.endsWith(' ')) {
     printed.chop(1);
   }
-  std::puts(printed.toLocal8Bit().constData());
+  std::puts(encoded(printed).constData());
 }
 
 /// Breaks a text between words into lines of at most \a width characters; a longer word
@@ -34,7 +38,7 @@ QStringList wrapped(const QString& text, int width) {
 }
 
 void draw(const QString& line) {
-  std::fputs(('\r' + line.leftJustified(pageWidth - 1)).toLocal8Bit().constData(), stdout);
+  std::fputs(encoded('\r' + line.leftJustified(pageWidth - 1)).constData(), stdout);
   std::fflush(stdout);
 }
 
@@ -90,7 +94,7 @@ void Page::progress(int percent, const QString& what) {
     const QString bar = QString(percent * barWidth / 100, '#').leftJustified(barWidth, '.');
     draw(QString("   %1 [%2] %3%").arg(what, -nameWidth * 2).arg(bar).arg(percent, 3));
   } else if (!what.isEmpty() && what != _progressText) {
-    row("working", what);
+    row(Kyr::translate("Tour", "working"), what);
     std::fflush(stdout);
   }
   _progressText = what;

@@ -80,13 +80,28 @@ EXPORT int data; EXPORT bool operator==(A, B) { return true; }
 EXPORT void g(std::vector<A>& a) { a.push_back({}); } }
 """
 
+LANGUAGES = ("en", "de", "fr", "jp", "cn", "pt")
+CATALOGUE = "<TS><context><name>Kyr_zip_err</name>%s</context></TS>"
+MESSAGE = "<message><source>a \"%1\"</source><translation%s>%s</translation></message>"
+CODE = 'f(translate("Kyr_zip_err", // note\n "a " "\\"%1\\"")); // translate("x", "y")\n'
+# The code; the state of the translation and the translation; what is complained about.
+MESSAGES = [
+    (CODE, "", "b %1", ""),
+    (CODE.replace("translate", "QT_TRANSLATE_NOOP", 1), "", "b %1", ""),
+    (CODE, ' type="unfinished"', "b %1", "Kyr_fr.ts: no translation of Kyr_zip_err: 'a \"%1\"'"),
+    (CODE, "", "", "Kyr_jp.ts: no translation of"),
+    (CODE, "", "b %2", "Kyr_de.ts: other places for arguments than"),
+    (CODE + 'translate("c", "new")', "", "%1", "Kyr_en.ts: misses c: 'new'"),
+    ("", "", "%1", "Kyr_pt.ts: nobody asks for Kyr_zip_err"),
+]
+
 RESULTS = """<testsuite><testcase name="a.A" status="run"/><testcase name="a.B" status="%s"/>
 </testsuite>"""
 # Tests of Windows, or the status of a.B; exclusions; what is complained about.
 COMPARISON = [
     (["a.A", "a.B", "w.W"], "", ""),
     (["a.A"], "# why\n\na.B  because\n", ""),
-    (["a.A", "a.B"], "a.B there, but skipped\n", ""),
+    (["a.A", "a.B"], "a.B slow\n", "line 1: a.B is tested on Windows as well"),
     (["a.A"], "", "a.B is missing on Windows and is not excluded"),
     (["a.A"], "a.B\n", "line 1: a.B has no reason"),
     (["a.A"], "a.B x\na.B y\n", "line 2: a.B stands there twice"),
@@ -95,7 +110,7 @@ COMPARISON = [
     ("notrun", "a.B skipped\n", ""),
     ("notrun", "", "a.B did not pass on Windows and"),
     ("fail", "", "a.B did not pass on Windows and"),
-    ("run", "a.B once failed\n", "line 1: a.B passes on Windows"),
+    ("run", "a.B once failed\n", "line 1: a.B is tested on Windows as well"),
 ]
 
 
@@ -136,6 +151,15 @@ class Refusals(unittest.TestCase):
     def test_platform(self):
         for change, complaint in [({}, ""), *PLATFORM]:
             self.expect_tree("check_platform.py", change, complaint)
+
+    def test_messages(self):
+        for code, state, translation, complaint in MESSAGES:
+            files = {f"messages/Examples_{each}.ts": "<TS/>" for each in LANGUAGES}
+            message = MESSAGE.replace("%s", state, 1).replace("%s", translation)
+            files |= {f"messages/Kyr_{each}.ts": CATALOGUE.replace("%s", message)
+                      for each in LANGUAGES}
+            self.expect_tree("check_messages.py", {LOW + "low.cpp": code, **files}, complaint)
+        self.expect_tree("check_messages.py", {}, "messages/Examples_cn.ts is missing")
 
     def test_comparison(self):
         names = [self.root / name for name in ("linux", "windows", "exclusions")]

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QProcess>
+
+#include <utility>
 
 namespace {
 
@@ -12,9 +15,14 @@ struct Outcome {
   QString errors;
 };
 
-Outcome tour(const QStringList& arguments, const QString& locale = "C.UTF-8") {
+Outcome tour(const QStringList& arguments, const QString& locale = "C.UTF-8",
+             const QByteArray& language = "english") {
+  const KyrTest::TempDir settings;
+  QDir(settings.path()).mkdir("v6.2.0");
+  settings.write("v6.2.0/Inspection_language.dat", "language=" + language);
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert("LC_ALL", locale);
+  environment.insert("KYR_CONFIG_DIR", settings.path());
   QProcess process;
   process.setProcessEnvironment(environment);
   process.start(KYR_TOUR, arguments);
@@ -72,6 +80,22 @@ TEST(Tour, GoodScansHold) {
       EXPECT_TRUE(run.output.contains(row.shows)) << row.fault << '\n' << run.output.toStdString();
       EXPECT_FALSE(run.output.contains('\r')) << "a bar drawn where nobody watches";
     }
+  }
+}
+
+TEST(Tour, SpeaksTheLanguageOfItsUser) {
+  const KyrTest::TempDir directory;
+  const QString scan = directory.write("scan.obj", tetrahedron);
+  QByteArray content;
+  for (const auto& [language, says] : {std::pair("english", "\nEverything held.\n"),
+                                       {"german", "\nAlles hat gehalten.\n"},
+                                       {"french", "\nTout a tenu.\n"}}) {
+    const Outcome run = tour({"--output", directory.path(), scan}, "de_DE.UTF-8", language);
+    EXPECT_TRUE(run.output.contains(says)) << run.output.toStdString() << run.errors.toStdString();
+    EXPECT_TRUE(run.output.contains("1.333 mm")) << "numbers in another language";
+    const QByteArray file = KyrTest::readFile(directory.file("scan.kyr")).mid(104);
+    EXPECT_EQ(file, content.isEmpty() ? file : content) << "a project in another language";
+    content = file;
   }
 }
 

@@ -9,6 +9,12 @@ bool standardOutputIsTerminal() {
   return isatty(STDOUT_FILENO) == 1;
 }
 
+void prepareStandardStreams() {}
+
+QByteArray encoded(const QString& text) {
+  return text.toLocal8Bit();
+}
+
 double userSeconds() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);

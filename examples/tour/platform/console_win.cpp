@@ -1,10 +1,34 @@
 #include "console_p.h"
 
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
-#include <cstdint>
-
 namespace Tour {
+
+namespace {
+
+UINT codePageBefore = 0;
+
+}  // namespace
+
+// The console keeps its code page when the program is gone.
+void prepareStandardStreams() {
+  _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
+  codePageBefore = ::GetConsoleOutputCP();
+  if (codePageBefore != 0 && codePageBefore != CP_UTF8 && ::SetConsoleOutputCP(CP_UTF8) != 0) {
+    std::atexit([] { ::SetConsoleOutputCP(codePageBefore); });
+  }
+}
+
+QByteArray encoded(const QString& text) {
+  return text.toUtf8();
+}
 
 bool standardOutputIsTerminal() {
   DWORD mode = 0;

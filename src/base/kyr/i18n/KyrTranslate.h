@@ -8,9 +8,16 @@
 
 namespace Kyr {
 
-/// Translates a user-visible text; without a catalogue the text itself, read as UTF-8.
-/// \param context names the family of the text, as "Kyr_zip_err"
-/// \param text the English source text
+/// Translates a user-visible text; without a catalogue that has it, the text itself, read as
+/// UTF-8.
+///
+/// Both arguments are literals at most places, so that tools/check_messages.py finds the text;
+/// others are marked with QT_TRANSLATE_NOOP where they stand.
+/// \param context names the family of the text, as "Kyr_zip_err"; null counts as empty
+/// \param text the English source text; null gives a null text
+/// \throws ProgError "No Translator instantiated" in an application with a user interface that
+///         has called KyrInit::InitLibrary() and has no Translator; all others, among them
+///         programs that never call it, get the text untranslated
 /// \threadsafety any thread
 KYR_EXPORT QString translate(const char* context, const char* text);
 

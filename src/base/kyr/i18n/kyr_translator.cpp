@@ -1,9 +1,267 @@
+#include <kyr/i18n/KyrTranslator.h>
+
+#include <kyr/core/KyrApplication.h>
+#include <kyr/core/KyrProgError.h>
+#include <kyr/env/KyrInit.h>
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/language_p.h>
+#include <kyr/i18n/translation_cache_p.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/text/KyrParse.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSaveFile>
+#include <QTranslator>
+
+#include <array>
+#include <atomic>
+#include <cstdio>
+#include <cstring>
 
 namespace Kyr {
 
-QString translate(const char* /*context*/, const char* text) {
+namespace {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr unsigned Create = 61, InitLanguage = 195;
+}
+
+struct Language {
+  const char* shortcut;
+  const char* name;  ///< in language files
+  const char* display;
+  unsigned primaryIdentifier;  ///< the low 10 bits of Windows language identifiers
+};
+
+/// In the order of Translator::Lang_t.
+constexpr std::array<Language, 6> languages{{
+    {"en", "english", QT_TRANSLATE_NOOP("Kyr_Translator", "language: english"), 9},
+    {"de", "german", QT_TRANSLATE_NOOP("Kyr_Translator", "language: german"), 7},
+    {"fr", "french", QT_TRANSLATE_NOOP("Kyr_Translator", "language: french"), 12},
+    {"jp", "japanese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: japanese"), 17},
+    {"cn", "chinese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: chinese"), 4},
+    {"pt", "portuguese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: portuguese"), 22},
+}};
+
+std::atomic<Translator*> theInstance{nullptr};
+
+bool isAllowed(std::size_t language, unsigned mask) {
+  return language == Translator::English || (mask >> language & 1U) != 0;
+}
+
+/// \return English for a text that is no shortcut
+Translator::Lang_t languageOf(const QString& shortcut) {
+  std::size_t found = languages.size() - 1;
+  while (found > 0 && shortcut != languages[found].shortcut) {
+    --found;
+  }
+  return static_cast<Translator::Lang_t>(found);
+}
+
+QString allowedShortcut(const QString& shortcut, unsigned mask) {
+  const auto language = static_cast<std::size_t>(languageOf(shortcut));
+  return languages[isAllowed(language, mask) ? language : 0].shortcut;  // 0: English
+}
+
+QString shortcutOfIdentifier(unsigned identifier) {
+  for (const Language& language : languages) {
+    if (language.primaryIdentifier == (identifier & 0x3FFU)) {
+      return language.shortcut;
+    }
+  }
+  return languages[Translator::English].shortcut;
+}
+
+/// The language that the installation asks for, otherwise that of the system.
+QString defaultShortcut() {
+  const unsigned installed =
+      qstringToUInt(OS::getRegistryValue(OS::RegistryUser, "InstallerLanguage"));
+  return shortcutOfIdentifier(installed != 0 ? installed : Platform::userInterfaceLanguage());
+}
+
+QString languageFileName(const QString& applicationName) {
+  return QString("%1_language.dat").arg(applicationName);
+}
+
+QString languageFileToRead(const QString& applicationName) {
+  const QString name = languageFileName(applicationName);
+  const QString own = KyrInit::getVersionConfigName(name);
+  return own.isEmpty() ? KyrInit::getSoftwareDirectory() + "/config/" + name : own;
+}
+
+QByteArray withoutEndBlanks(QByteArray text) {
+  while (text.endsWith('\n') || text.endsWith(' ') || text.endsWith('\t')) {
+    text.chop(1);
+  }
+  return text;
+}
+
+/// \param text a language's name, which becomes its shortcut; anything else stays as it is
+QString shortcutOfName(const QByteArray& text) {
+  for (const Language& language : languages) {
+    if (text == language.name) {
+      return language.shortcut;
+    }
+  }
   return QString::fromUtf8(text);
+}
+
+/// The language that a file names in its first line.
+/// \param otherwise for a file that cannot be read or names none
+QString languageInFile(const QString& fileName, const QString& otherwise) {
+  constexpr int longestLine = 1000;
+  const QByteArray prefix = "language=";
+  QFile file(fileName);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    return otherwise;
+  }
+  const QByteArray line = file.readLine(longestLine);
+  return line.startsWith(prefix) ? shortcutOfName(withoutEndBlanks(line.mid(prefix.size())))
+                                 : otherwise;
+}
+
+/// Written whole or not at all: a language that is cut off would be no language.
+bool writeLanguageFile(const QString& fileName, const QString& shortcut) {
+  QSaveFile file(fileName);
+  return file.open(QIODevice::WriteOnly) &&
+         file.write("language=" + shortcut.toUtf8() + "\n") > 0 && file.commit();
+}
+
+// Told where a name's end is, QTranslator does not look for shorter names as well.
+bool load(QTranslator& catalogue, const QString& directory, const QString& file) {
+  const QString none("");
+  return !directory.isEmpty() && catalogue.load(directory + "/" + file, none, none, none);
+}
+
+/// Programs that never started the library have no interface in the suite's sense: its tools and
+/// tests. Before the start all texts of KyrInit are empty.
+bool hasUserInterface() {
+  return !KyrInit::getConfigVersionString().isEmpty() &&
+         applicationProperties(KyrInit::getApplication()).hasUserInterface;
+}
+
+}  // namespace
+
+// ---- the language ----
+
+Translator::Translator(unsigned mask, const QString& applicationName)
+    : _changeable(true),
+      _mutex("Kyr::Translator::Translator", "kyr_translator", site::Create),
+      _cache(std::make_unique<TranslationCache>()) {
+  const QString installed = defaultShortcut();
+  const QString chosen = languageInFile(languageFileToRead(applicationName), installed);
+  initLanguage(chosen, installed, mask);
+}
+
+Translator::Translator(const QString& language)
+    : _changeable(false),
+      _mutex("Kyr::Translator::Translator", "kyr_translator", site::Create),
+      _cache(std::make_unique<TranslationCache>()) {
+  initLanguage(language, language, allLanguages);
+}
+
+// A catalogue's destructor takes it out of the Qt application, if there still is one.
+Translator::~Translator() {
+  theInstance = nullptr;
+}
+
+void Translator::initLanguage(const QString& language, const QString& defaultLanguage,
+                              unsigned mask) {
+  Translator* none = nullptr;
+  if (!theInstance.compare_exchange_strong(none, this)) {
+    throw ProgError("Kyr::Translator::initLanguage", "kyr_translator", site::InitLanguage,
+                    "trying to install second translator");
+  }
+  _languages = mask;
+  _language = allowedShortcut(language, mask);
+  _default_language = allowedShortcut(defaultLanguage, mask);
+  installTranslator("qt");
+}
+
+Translator* Translator::instance() noexcept {
+  return theInstance.load(std::memory_order_acquire);
+}
+
+Translator::Lang_t Translator::getLanguage() const {
+  return languageOf(_language);
+}
+
+Translator::Lang_t Translator::getDefaultLanguage() const {
+  return languageOf(_default_language);
+}
+
+void Translator::getAllLanguages(std::vector<QString>* shortcuts, std::vector<QString>* names) {
+  shortcuts->clear();
+  names->clear();
+  for (std::size_t language = 0; language < languages.size(); ++language) {
+    if (isAllowed(language, _languages)) {
+      shortcuts->emplace_back(languages[language].shortcut);
+      names->push_back(translate("Kyr_Translator", languages[language].display));
+    }
+  }
+}
+
+void Translator::setLanguage(Lang_t language) {
+  if (!_changeable) {
+    throw ProgError("Language is fixed", true);
+  }
+  const auto number = static_cast<unsigned>(language);
+  if (number < languages.size()) {
+    _language = languages[number].shortcut;
+  }
+  const QString file =
+      KyrInit::createVersionConfigName(languageFileName(KyrInit::getApplicationName()));
+  if (!writeLanguageFile(file, _language)) {
+    std::fprintf(stderr, "Warning: Cannot write '%s'.\n", file.toLocal8Bit().constData());
+  }
+}
+
+// ---- the texts ----
+
+void Translator::installTranslator(const char* name) {
+  const QString file = QString("%1_%2.qm").arg(name, _language);
+  auto catalogue = std::make_unique<QTranslator>();
+  if (load(*catalogue, KyrInit::getConfigDirectory(KyrInit::ConfigRoaming), file) ||
+      load(*catalogue, KyrInit::getSoftwareDirectory() + "/messages", file)) {
+    if (QCoreApplication::instance()) {
+      QCoreApplication::installTranslator(catalogue.get());
+    }
+    _translators.push_back(std::move(catalogue));
+  } else if (std::strcmp(name, "qt") != 0) {
+    std::fprintf(stderr, "Warning: Cannot load translator messages for '%s'.\n", name);
+  }
+}
+
+QString Translator::translate(const char* context, const char* text) {
+  if (!text) {
+    return {};
+  }
+  const TranslationCache::Key key(context ? context : "", text);
+  if (const QString* const known = _cache->find(key)) {
+    return *known;
+  }
+  QString translation = QCoreApplication::translate(context, text);
+  const AutoMutex lock(&_mutex);
+  _cache->store(key, translation);
+  return translation;
+}
+
+QString translate(const char* context, const char* text) {
+  if (Translator* const translator = Translator::instance()) {
+    return translator->translate(context, text);
+  }
+  if (hasUserInterface()) {
+    throw ProgError("No Translator instantiated", true);
+  }
+  return QString::fromUtf8(text);
+}
+
+void installTranslator(const char* name) {
+  if (Translator* const translator = Translator::instance()) {
+    translator->installTranslator(name);
+  }
 }
 
 }  // namespace Kyr

@@ -1,0 +1,33 @@
+# The translated texts: messages/NAME_LANGUAGE.ts becomes NAME_LANGUAGE.qm in the folder "messages"
+# beside "bin", of the build and of an installation, where the translator looks for it.
+get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+cmake_path(GET qmake PARENT_PATH qt_tools)
+# Qt's own place first: what stands in PATH may only be a switch to a Qt that is not there. A build
+# for a foreign system takes the tool of this one.
+find_program(KYR_LRELEASE lrelease PATHS "${qt_tools}" /usr/lib/qt5/bin
+  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+find_program(KYR_LRELEASE NAMES lrelease-qt5 lrelease NO_CMAKE_FIND_ROOT_PATH)
+if(NOT KYR_LRELEASE)
+  message(FATAL_ERROR "lrelease of Qt Linguist is missing; Debian has it in qttools5-dev-tools")
+endif()
+mark_as_advanced(KYR_LRELEASE)
+
+# kyr_messages(target name...): builds the catalogues of these names in all languages, together
+# with the library or program that they belong to, and sets KYR_CATALOGUES to their files.
+function(kyr_messages target)
+  set(catalogues "")
+  foreach(name IN LISTS ARGN)
+    foreach(language en de fr jp cn pt)
+      set(source "${PROJECT_SOURCE_DIR}/messages/${name}_${language}.ts")
+      set(catalogue "${PROJECT_BINARY_DIR}/messages/${name}_${language}.qm")
+      add_custom_command(OUTPUT "${catalogue}"
+        COMMAND "${CMAKE_COMMAND}" -E make_directory "${PROJECT_BINARY_DIR}/messages"
+        COMMAND "${KYR_LRELEASE}" -silent -nounfinished "${source}" -qm "${catalogue}"
+        DEPENDS "${source}" COMMENT "Compiling the texts ${name}_${language}" VERBATIM)
+      list(APPEND catalogues "${catalogue}")
+    endforeach()
+  endforeach()
+  add_custom_target(${target}_messages DEPENDS ${catalogues})
+  add_dependencies(${target} ${target}_messages)
+  set(KYR_CATALOGUES "${catalogues}" PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,107 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>KyrApplication</name>
+    <message>
+        <source>Sheet Forming</source>
+        <translation>板材成形</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>运动</translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation>检测</translation>
+    </message>
+    <message>
+        <source>Viewer</source>
+        <translation>查看器</translation>
+    </message>
+    <message>
+        <source>Deformation</source>
+        <translation>变形</translation>
+    </message>
+    <message>
+        <source>Material Test</source>
+        <translation>材料试验</translation>
+    </message>
+    <message>
+        <source>Test Rig</source>
+        <translation>试验台</translation>
+    </message>
+    <message>
+        <source>Launcher</source>
+        <translation>启动器</translation>
+    </message>
+    <message>
+        <source>Computing Server</source>
+        <translation>计算服务器</translation>
+    </message>
+    <message>
+        <source>Sensor</source>
+        <translation>传感器</translation>
+    </message>
+    <message>
+        <source>Large Structure</source>
+        <translation>大型结构</translation>
+    </message>
+    <message>
+        <source>Production Cell</source>
+        <translation>生产单元</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>德语</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>法语</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>日语</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>葡萄牙语</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>文件版本无效：%1。该文件比当前程序版本更新：%2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>未知的文件版本</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>无法读取 zip 流的文件头。</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>zip 流的文件头无效。</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>文件头无效：该文件是以 FTP 的 ASCII 模式传输的。
+必须以二进制模式传输。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,106 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>KyrApplication</name>
+    <message>
+        <source>Sheet Forming</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Viewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deformation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material Test</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test Rig</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Launcher</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Computing Server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sensor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Large Structure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Production Cell</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>German</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>French</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>Japanese</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>Chinese</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>Portuguese</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,94 @@
+#include <kyr/app/KyrNewHandler.h>
+
+#include <kyr/core/KyrProgError.h>
+
+#include <algorithm>
+
+namespace Kyr {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr const char* File = "kyr_init";
+constexpr unsigned Lock = 2080, Remove = 2130, FreeMemory = 2160;
+}  // namespace site
+
+namespace {
+
+/// With a text that is the same whichever compiler's library it is.
+class OutOfMemory : public std::bad_alloc {
+ public:
+  const char* what() const noexcept override { return "bad allocation"; }
+};
+
+}  // namespace
+
+Mutex& NewHandler::_lock = *new Mutex("Kyr::NewHandler", site::File, site::Lock);
+std::vector<NewHandler*>& NewHandler::_new_handler = *new std::vector<NewHandler*>;
+std::new_handler NewHandler::_system_new_handler = nullptr;
+
+NewHandler::~NewHandler() = default;
+
+void NewHandler::install() noexcept {
+  const std::new_handler before = std::set_new_handler(&NewHandler::freeMemory);
+  if (before != &NewHandler::freeMemory) {
+    _system_new_handler = before;
+  }
+}
+
+void NewHandler::registerThisNewHandler() {
+  addHandler(this);
+}
+
+void NewHandler::deregisterThisNewHandler() {
+  removeHandler(this);
+}
+
+// The register itself may have to grow: freeMemory() then finds the lock taken, and the lock must
+// be free again when that throws.
+void NewHandler::addHandler(NewHandler* handler) {
+  AutoMutex lock(&_lock);
+  _new_handler.push_back(handler);
+}
+
+void NewHandler::removeHandler(NewHandler* handler) {
+  AutoMutex lock(&_lock);
+  const auto end = std::remove(_new_handler.begin(), _new_handler.end(), handler);
+  const bool found = end != _new_handler.end();
+  _new_handler.erase(end, _new_handler.end());
+  lock.unlock();
+  if (!found) {
+    throw ProgError("Kyr::NewHandler::removeHandler", site::File, site::Remove, "Unknown handler");
+  }
+}
+
+bool NewHandler::askHandlers() {
+  return std::any_of(_new_handler.begin(), _new_handler.end(),
+                     [](NewHandler* handler) { return handler->freeSomeMemory(); });
+}
+
+bool NewHandler::askHandlersUnlessLocked() {
+  if (!_lock.tryLock()) {
+    return false;
+  }
+  bool freed = false;
+  try {
+    freed = askHandlers();
+  } catch (...) {
+    _lock.unlock("Kyr::NewHandler::freeMemory", site::File, site::FreeMemory);
+    throw;
+  }
+  _lock.unlock("Kyr::NewHandler::freeMemory", site::File, site::FreeMemory);
+  return freed;
+}
+
+void NewHandler::freeMemory() {
+  if (askHandlersUnlessLocked()) {
+    return;
+  }
+  if (!_system_new_handler) {
+    throw OutOfMemory();
+  }
+  _system_new_handler();
+}
+
+}  // namespace Kyr

@@ -1,0 +1,202 @@
+#include <kyr/app/crash_win_p.h>
+
+#include <algorithm>
+#include <array>
+
+#include <windows.h>
+
+#include <dbghelp.h>
+#include <tlhelp32.h>
+
+namespace Kyr {
+
+namespace {
+
+using Crash::Symbols;
+using Crash::Text;
+
+constexpr unsigned mostFrames = 100;
+
+/// The stack of a thread as it was when the thread stood still. It stands no longer than the
+/// copying takes: what reads symbols needs locks that it may hold.
+struct StackCopy {
+  std::uint32_t begin = 0;
+  std::uint32_t size = 0;
+  std::array<unsigned char, std::size_t{256} << 10> bytes{};
+
+  void take(std::uint32_t top) noexcept {
+    MEMORY_BASIC_INFORMATION memory{};
+    ::VirtualQuery(reinterpret_cast<void*>(top), &memory, sizeof memory);
+    const auto end = static_cast<std::uint32_t>(
+        reinterpret_cast<std::uintptr_t>(memory.BaseAddress) + memory.RegionSize);
+    begin = top;
+    SIZE_T count = 0;
+    ::ReadProcessMemory(::GetCurrentProcess(), reinterpret_cast<void*>(top), bytes.data(),
+                        std::min<SIZE_T>(end - top, bytes.size()), &count);
+    size = static_cast<std::uint32_t>(count);
+  }
+
+  bool holds(DWORD64 address, DWORD count) const noexcept {
+    return address >= begin && address - begin + count <= size;
+  }
+};
+StackCopy stackCopy;
+
+BOOL CALLBACK readMemory(HANDLE process, DWORD64 address, void* target, DWORD size, DWORD* count) {
+  *count = 0;
+  if (stackCopy.holds(address, size)) {
+    std::memcpy(target, stackCopy.bytes.data() + (address - stackCopy.begin), size);
+    *count = size;
+    return TRUE;
+  }
+  SIZE_T read = 0;
+  const BOOL done = ::ReadProcessMemory(
+      process, reinterpret_cast<void*>(static_cast<std::uintptr_t>(address)), target, size, &read);
+  *count = static_cast<DWORD>(read);
+  return done;
+}
+
+/// The library's functions about stacks.
+struct Walker {
+  decltype(&::StackWalk64) walk = nullptr;
+  PFUNCTION_TABLE_ACCESS_ROUTINE64 tableAccess = nullptr;
+  PGET_MODULE_BASE_ROUTINE64 moduleBase = nullptr;
+
+  bool find() noexcept {
+    walk = reinterpret_cast<decltype(walk)>(Crash::findDebugHelp("StackWalk64"));
+    tableAccess =
+        reinterpret_cast<decltype(tableAccess)>(Crash::findDebugHelp("SymFunctionTableAccess64"));
+    moduleBase = reinterpret_cast<decltype(moduleBase)>(Crash::findDebugHelp("SymGetModuleBase64"));
+    return walk && tableAccess && moduleBase;
+  }
+};
+
+ADDRESS64 flat(DWORD offset) noexcept {
+  return {offset, 0, AddrModeFlat};
+}
+
+/// A jump to where no code is has left the way back on top of the stack.
+bool returnToCaller(CONTEXT& context) noexcept {
+  DWORD caller = 0;
+  DWORD count = 0;
+  MEMORY_BASIC_INFORMATION memory{};
+  if ((::VirtualQuery(reinterpret_cast<void*>(context.Eip), &memory, sizeof memory) != 0 &&
+       memory.Type == MEM_IMAGE) ||
+      !readMemory(::GetCurrentProcess(), context.Esp, &caller, sizeof caller, &count)) {
+    return false;
+  }
+  context.Eip = caller;
+  context.Esp += sizeof caller;
+  return true;
+}
+
+void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
+                CONTEXT context) noexcept {
+  unsigned number = 0;
+  const DWORD first = context.Eip;
+  if (returnToCaller(context)) {
+    symbols.printFrame(number++, first);
+  }
+  STACKFRAME64 frame{};
+  frame.AddrPC = flat(context.Eip);
+  frame.AddrFrame = flat(context.Ebp);
+  frame.AddrStack = flat(context.Esp);
+  DWORD64 before = 0;
+  while (walker.walk(IMAGE_FILE_MACHINE_I386, ::GetCurrentProcess(), thread, &frame, &context,
+                     &readMemory, walker.tableAccess, walker.moduleBase, nullptr) &&
+         frame.AddrPC.Offset != 0 && frame.AddrStack.Offset > before) {
+    if (number == mostFrames) {
+      Crash::write(Text() << "further frames are left out\n");
+      return;
+    }
+    before = frame.AddrStack.Offset;
+    symbols.printFrame(number++, static_cast<std::uint32_t>(frame.AddrPC.Offset));
+  }
+}
+
+void printBacktrace(const Symbols& symbols, HANDLE thread, const CONTEXT& context) noexcept {
+  Walker walker;
+  const DWORD error = walker.find() ? symbols.error() : ERROR_PROC_NOT_FOUND;
+  if (error == 0) {
+    printStack(symbols, walker, thread, context);
+    return;
+  }
+  Crash::printSystemError("error getting process addresses", error);
+  symbols.printFrame(0, context.Eip);
+}
+
+/// Holds a thread for as long as its registers and its stack are being read.
+bool copyThread(HANDLE thread, CONTEXT& context) noexcept {
+  context.ContextFlags = CONTEXT_FULL;
+  if (::SuspendThread(thread) == static_cast<DWORD>(-1)) {
+    return false;
+  }
+  const bool known = ::GetThreadContext(thread, &context) != FALSE;
+  const DWORD error = ::GetLastError();
+  if (known) {
+    stackCopy.take(context.Esp);
+  }
+  ::ResumeThread(thread);
+  ::SetLastError(error);
+  return known;
+}
+
+void printThread(const Symbols& symbols, const THREADENTRY32& entry) noexcept {
+  Text heading;
+  heading << "\n\nnext thread: ";
+  heading.hexadecimal(entry.th32ThreadID) << ", priority ";
+  heading.decimal(entry.tpBasePri) << "\n";
+  Crash::write(heading);
+  const HANDLE thread =
+      ::OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
+                   entry.th32ThreadID);
+  if (!thread) {
+    Crash::printSystemError("error while getting the threadhandle", ::GetLastError());
+    return;
+  }
+  CONTEXT context{};
+  if (copyThread(thread, context)) {
+    printBacktrace(symbols, thread, context);
+  } else {
+    Crash::printSystemError("error getting the thread context", ::GetLastError());
+  }
+  ::CloseHandle(thread);
+}
+
+void printOtherThreads(const Symbols& symbols, DWORD crashing, DWORD helper) noexcept {
+  const HANDLE snapshot = ::CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+  if (snapshot == INVALID_HANDLE_VALUE) {
+    Crash::printSystemError("\nerror while enumerating threads", ::GetLastError());
+    return;
+  }
+  THREADENTRY32 entry{};
+  entry.dwSize = sizeof entry;
+  bool found = ::Thread32First(snapshot, &entry) != FALSE;
+  while (found) {
+    const DWORD id = entry.th32ThreadID;
+    if (entry.th32OwnerProcessID == ::GetCurrentProcessId() && id != crashing && id != helper &&
+        id != ::GetCurrentThreadId()) {
+      printThread(symbols, entry);
+    }
+    entry.dwSize = sizeof entry;
+    found = ::Thread32Next(snapshot, &entry) != FALSE;
+  }
+  if (::GetLastError() != ERROR_NO_MORE_FILES) {
+    Crash::printSystemError("\nerror while retrieving thread info", ::GetLastError());
+  }
+  ::CloseHandle(snapshot);
+}
+
+}  // namespace
+
+void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept {
+  Text heading;
+  heading << "\nbacktrace of the crashing thread ";
+  heading.hexadecimal(broken.thread) << ":\n";
+  write(heading);
+  const Symbols symbols;
+  printBacktrace(symbols, ::GetCurrentThread(), *broken.fault->ContextRecord);
+  printOtherThreads(symbols, broken.thread, helper);
+}
+
+}  // namespace Kyr

@@ -1,0 +1,180 @@
+#include <kyr/app/crash_handler_p.h>
+#include <kyr/app/crash_posix_p.h>
+
+#include <cstdlib>
+#include <exception>
+#include <typeinfo>
+
+#include <cxxabi.h>
+#include <dlfcn.h>
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+using namespace Crash;
+
+constexpr std::array<int, 6> faultSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP};
+
+/// After that a report that does not come to its end is given up, and so is the hook.
+constexpr unsigned patienceInSeconds = 60;
+
+// In static memory: the handler's stack is small, and there is one report in a process's life.
+Memory memory;
+Threads threads;
+Text uncaught;
+CallChain thrown;
+
+/// The thread that reports; 0 until one does.
+std::atomic<int> reporter{0};
+/// The thread that ends because of an exception, whose text is in uncaught.
+std::atomic<int> thrower{0};
+
+/// The end of a thread's own when others report.
+[[noreturn]] void waitForEnd() noexcept {
+  while (true) {
+    ::pause();
+  }
+}
+
+/// Lets one thread on. A fault while it reports ends the process.
+void becomeReporter() noexcept {
+  const int own = ::gettid();
+  int first = 0;
+  if (reporter.compare_exchange_strong(first, own)) {
+    return;
+  }
+  if (first == own) {
+    Fatal::endProcess(1);
+  }
+  waitForEnd();
+}
+
+void giveUp(int) {
+  Fatal::endProcess(1);
+}
+
+void limitTime() noexcept {
+  struct sigaction action = {};
+  action.sa_handler = giveUp;
+  ::sigaction(SIGALRM, &action, nullptr);
+  sigset_t alarm;
+  sigemptyset(&alarm);
+  sigaddset(&alarm, SIGALRM);
+  ::pthread_sigmask(SIG_UNBLOCK, &alarm, nullptr);
+  ::alarm(patienceInSeconds);
+}
+
+void describe(const siginfo_t& signal, const ucontext_t& context) noexcept {
+  const bool isUncaught = signal.si_signo == SIGABRT && thrower == ::gettid();
+  const Fault fault = classify(signal, context, memory);
+  Text text;
+  text << "caught exception: ";
+  if (isUncaught) {
+    text << uncaught.data();
+  } else if (fault.name) {
+    text << fault.name;
+  } else {
+    text.hexadecimal(fault.code);
+  }
+  if (fault.hasAddress) {
+    text << (fault.write ? " (write to" : " (read from") << " address ";
+    text.hexadecimal(fault.address) << ")";
+  }
+  text << "\nat address ";
+  text.hexadecimal(instructionPointer(context)) << "\n";
+  text.print();
+}
+
+void onFault(int, siginfo_t* signal, void* given) {
+  const auto& context = *static_cast<const ucontext_t*>(given);
+  becomeReporter();
+  limitTime();
+  memory.load();
+  describe(*signal, context);
+  threads.stop(context);
+  writeDump(*signal, threads, memory);
+  printBacktraces(threads, memory, thrown);
+  // The hook may need a lock that one of them holds.
+  threads.release();
+  limitTime();
+  Fatal::callHook();
+  Fatal::endProcess(1);
+}
+
+void installSignals() noexcept {
+  struct sigaction action = {};
+  action.sa_flags = SA_SIGINFO | SA_ONSTACK | SA_NODEFER;
+  action.sa_sigaction = onFault;
+  // Nothing must interrupt the report or end it: no timer, no full disk, no reader that has gone.
+  sigfillset(&action.sa_mask);
+  sigdelset(&action.sa_mask, SIGALRM);
+  sigdelset(&action.sa_mask, stopSignal());
+  for (const int signal : faultSignals) {
+    sigdelset(&action.sa_mask, signal);
+  }
+  for (const int signal : faultSignals) {
+    ::sigaction(signal, &action, nullptr);
+  }
+}
+
+// ---- exceptions that nobody catches -----------------------------------------------------------
+
+void nameType(Text& text) noexcept {
+  const std::type_info* type = abi::__cxa_current_exception_type();
+  int status = 0;
+  char* name = type ? abi::__cxa_demangle(type->name(), nullptr, nullptr, &status) : nullptr;
+  text << (name ? name : type ? type->name() : "unknown type");
+  std::free(name);
+}
+
+void describeException(Text& text) noexcept {
+  text.hexadecimal(uncaughtExceptionCode) << " (";
+  nameType(text);
+  try {
+    throw;
+  } catch (const std::exception& exception) {
+    text << ": " << exception.what();
+  } catch (...) {
+    // Only what derives from std::exception has a text.
+  }
+  text << ")";
+}
+
+/// abort() raises the signal, in whose handler the report is made.
+[[noreturn]] void onTerminate() {
+  int nobody = 0;
+  if (thrower.compare_exchange_strong(nobody, ::gettid())) {
+    if (std::current_exception()) {
+      describeException(uncaught);
+      findThrow(thrown);
+    } else {
+      uncaught.hexadecimal(abortCode) << " (terminated without an exception)";
+    }
+  }
+  std::abort();
+}
+
+/// Sanitizers report faults themselves, in more detail, and own the signals and their stacks.
+bool isSanitized() noexcept {
+  return ::dlsym(RTLD_DEFAULT, "__asan_init") || ::dlsym(RTLD_DEFAULT, "__tsan_init");
+}
+
+}  // namespace
+
+void Crash::install() noexcept {
+  static std::atomic<bool> installed{false};
+  if (isSanitized() || installed.exchange(true)) {
+    return;
+  }
+  findBacktraceProgram();
+  prepareStacks();
+  installSignals();
+  std::set_terminate(&onTerminate);
+}
+
+// A terminal stays open when a program in it ends.
+void Crash::setConsoleAllocated(bool) noexcept {}
+
+}  // namespace Kyr

@@ -1,0 +1,110 @@
+#include <kyr/app/crash_posix_p.h>
+#include <kyr/sync/thread_start_p.h>
+
+#include <new>
+
+#include <dlfcn.h>
+#include <pthread.h>
+#include <sys/mman.h>
+
+namespace Kyr {
+
+namespace {
+
+/// The application's fatal-error hook runs on it, too.
+constexpr std::size_t stackSize = std::size_t{256} << 10;
+constexpr std::size_t guardSize = 4096;
+
+std::atomic<bool> prepared{false};
+
+/// A stack for signals; the thread that makes it uses it until its end.
+class AlternateStack {
+ public:
+  AlternateStack() noexcept {
+    stack_t present = {};
+    if (::sigaltstack(nullptr, &present) != 0 || (present.ss_flags & SS_DISABLE) == 0) {
+      return;  // the application has given it one
+    }
+    void* memory = ::mmap(nullptr, guardSize + stackSize, PROT_READ | PROT_WRITE,
+                          MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED) {
+      return;
+    }
+    _memory = static_cast<char*>(memory);
+    ::mprotect(_memory, guardSize, PROT_NONE);
+    stack_t own = {};
+    own.ss_sp = _memory + guardSize;
+    own.ss_size = stackSize;
+    ::sigaltstack(&own, nullptr);
+  }
+
+  ~AlternateStack() {
+    if (!_memory) {
+      return;
+    }
+    stack_t present = {};
+    if (::sigaltstack(nullptr, &present) == 0 && present.ss_sp == _memory + guardSize) {
+      stack_t none = {};
+      none.ss_flags = SS_DISABLE;
+      ::sigaltstack(&none, nullptr);
+    }
+    ::munmap(_memory, guardSize + stackSize);
+  }
+
+  AlternateStack(const AlternateStack&) = delete;
+  AlternateStack& operator=(const AlternateStack&) = delete;
+
+ private:
+  char* _memory = nullptr;
+};
+
+void prepareThisThread() {
+  thread_local const AlternateStack stack;
+  static_cast<void>(stack);
+}
+
+void prepareThreadOfSuite() {
+  prepareThisThread();
+  Crash::watchThrows();
+}
+
+/// What a thread was asked to do.
+struct Task {
+  void* (*function)(void*);
+  void* argument;
+};
+
+void* runPrepared(void* given) {
+  const Task task = *static_cast<Task*>(given);
+  delete static_cast<Task*>(given);
+  prepareThisThread();
+  return task.function(task.argument);
+}
+
+}  // namespace
+
+void Crash::prepareStacks() noexcept {
+  prepareThisThread();
+  setThreadStartHook(&prepareThreadOfSuite);
+  prepared = true;
+}
+
+}  // namespace Kyr
+
+/// Stands in front of the C library's function of this name: an overflow of the stack can be
+/// reported only by a thread that was given another one in time, and threads are started by many.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): theirs are reserved
+extern "C" KYR_EXPORT int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                                         void* (*function)(void*), void* argument) noexcept {
+  static const auto create =
+      reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
+  auto* task = Kyr::prepared ? new (std::nothrow) Kyr::Task{function, argument} : nullptr;
+  if (!task) {
+    return create(thread, attributes, function, argument);
+  }
+  const int result = create(thread, attributes, &Kyr::runPrepared, task);
+  if (result != 0) {
+    delete task;
+  }
+  return result;
+}

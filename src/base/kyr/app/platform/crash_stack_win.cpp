@@ -1,0 +1,36 @@
+#include <kyr/app/crash_win_p.h>
+
+#include <atomic>
+
+#include <windows.h>
+
+namespace Kyr {
+
+namespace {
+
+/// Enough to hand the report to another thread, or to make it when there can be none.
+constexpr ULONG reserve = 128U << 10;
+
+std::atomic<bool> prepared{false};
+
+void prepareThisThread() noexcept {
+  ULONG size = reserve;
+  ::SetThreadStackGuarantee(&size);
+}
+
+}  // namespace
+
+void Crash::prepareStacks() noexcept {
+  prepared = true;
+  prepareThisThread();
+}
+
+}  // namespace Kyr
+
+/// Called by the system on each new thread, whoever starts it.
+extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, void* /*reserved*/) {
+  if (reason == DLL_THREAD_ATTACH && Kyr::prepared) {
+    Kyr::prepareThisThread();
+  }
+  return TRUE;
+}

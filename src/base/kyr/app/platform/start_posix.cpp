@@ -1,0 +1,94 @@
+#include <kyr/app/start_p.h>
+
+#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_file_p.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+/// 1024, the first message that the system leaves to programs, with its lowest byte first.
+constexpr std::array<unsigned char, 4> mainWindowStarted{0x00, 0x04, 0x00, 0x00};
+
+/// The temporary directory belongs to everybody. Another user's link or file of this name cannot
+/// be removed there, and then nothing is opened.
+int createOwnFile(const char* path) {
+  ::unlink(path);
+  return ::open(path, O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+}
+
+int openNamedFile(const char* path) {
+  return ::open(path, O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_CLOEXEC, 0666);
+}
+
+/// \return false for a name that does not fit
+bool setAddress(sockaddr_un& address, const std::string& path) {
+  address.sun_family = AF_UNIX;
+  const bool fits = path.size() < sizeof address.sun_path;
+  std::memcpy(address.sun_path, path.c_str(), fits ? path.size() + 1 : 0);
+  return fits;
+}
+
+/// A launcher that does not read must not hold up the application.
+bool sendMessage(const sockaddr_un& address) {
+  const int sender = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  const ssize_t sent = ::sendto(sender, mainWindowStarted.data(), mainWindowStarted.size(),
+                                MSG_DONTWAIT | MSG_NOSIGNAL,
+                                reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  if (sender >= 0) {
+    ::close(sender);
+  }
+  return sent == static_cast<ssize_t>(mainWindowStarted.size());
+}
+
+}  // namespace
+
+void Start::setSmallBlockThreshold() noexcept {}
+
+// The descriptor is exchanged below the stream, which so keeps its old target on failure.
+bool Start::redirectOutput(const QString& path, Target target) {
+  const std::string name = Platform::nativePath(path).native();
+  const int file =
+      target == Target::Own ? createOwnFile(name.c_str()) : openNamedFile(name.c_str());
+  std::cout.flush();
+  std::fflush(stdout);
+  const bool redirected = file >= 0 && ::dup2(file, STDOUT_FILENO) == STDOUT_FILENO;
+  if (file > STDERR_FILENO) {
+    ::close(file);
+  }
+  return redirected;
+}
+
+// Not opened by its name a second time, which may lead elsewhere by now; and two writers that
+// share one open file never overwrite each other, whatever it is.
+bool Start::redirectErrors(const QString& /*path*/) {
+  std::cerr.flush();
+  std::fflush(stderr);
+  return ::dup2(STDOUT_FILENO, STDERR_FILENO) == STDERR_FILENO;
+}
+
+bool Start::openConsole() {
+  return false;
+}
+
+// The session's folder keeps other users from listening in the launcher's place.
+bool Start::tellLauncher(const QString& name) {
+  const QString folder = OS::getEnv("XDG_RUNTIME_DIR");
+  sockaddr_un address = {};
+  return folder.startsWith('/') &&
+         setAddress(address, Platform::nativePath(folder + "/" + name).native()) &&
+         sendMessage(address);
+}
+
+}  // namespace Kyr

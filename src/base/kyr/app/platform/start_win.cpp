@@ -1,0 +1,84 @@
+#include <kyr/app/start_p.h>
+
+#include <kyr/os/os_file_p.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <string>
+
+#include <windows.h>
+
+namespace Kyr {
+
+namespace {
+
+constexpr std::size_t smallBlock = 1016;  // bytes
+constexpr SHORT consoleLines = 1000;
+constexpr UINT mainWindowStarted = WM_USER;
+static_assert(mainWindowStarted == 1024, "launchers of every version expect this number");
+
+/// Reopening closes a stream even if it then fails: so the name is tried before.
+bool canAppend(const wchar_t* path) {
+  std::FILE* const tried = _wfopen(path, L"a");
+  return tried != nullptr && std::fclose(tried) == 0;
+}
+
+/// Asks the console itself: the process's standard handles may still be what it inherited.
+void makeLong() {
+  const HANDLE console =
+      ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+  CONSOLE_SCREEN_BUFFER_INFO information{};
+  if (::GetConsoleScreenBufferInfo(console, &information)) {
+    ::SetConsoleScreenBufferSize(console, {information.dwSize.X, consoleLines});
+  }
+  ::CloseHandle(console);
+}
+
+}  // namespace
+
+// By its name: the runtime's headers do not declare it, and its later versions do not have it.
+void Start::setSmallBlockThreshold() noexcept {
+  using Function = int (*)(std::size_t);
+  const HMODULE runtime = ::GetModuleHandleW(L"msvcrt.dll");
+  const FARPROC address = runtime ? ::GetProcAddress(runtime, "_set_sbh_threshold") : nullptr;
+  if (const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(address))) {
+    function(smallBlock);
+  }
+}
+
+bool Start::redirectOutput(const QString& path, Target target) {
+  const std::wstring name = Platform::nativePath(path).native();
+  if (target == Target::Own) {
+    ::DeleteFileW(name.c_str());
+  }
+  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stdout) != nullptr;
+}
+
+bool Start::redirectErrors(const QString& path) {
+  const std::wstring name = Platform::nativePath(path).native();
+  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stderr) != nullptr;
+}
+
+bool Start::openConsole() {
+  if (!::AllocConsole()) {
+    return false;
+  }
+  ::SetConsoleTitleW(L"ORV Console");
+  _wfreopen(L"CONIN$", L"r", stdin);
+  _wfreopen(L"CONOUT$", L"a", stdout);
+  _wfreopen(L"CONOUT$", L"a", stderr);
+  makeLong();
+  return true;
+}
+
+bool Start::tellLauncher(const QString& name) {
+  const HWND window = ::FindWindowW(L"QWidget", name.toStdWString().c_str());
+  if (window == nullptr) {
+    return false;
+  }
+  ::SendMessageA(window, mainWindowStarted, 0, 0);
+  return true;
+}
+
+}  // namespace Kyr

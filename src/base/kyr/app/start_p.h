@@ -1,0 +1,33 @@
+/// \file
+/// What the start of the library asks of the platforms.
+#pragma once
+
+#include <QString>
+
+namespace Kyr::Start {
+
+/// Makes the C runtime serve blocks of up to 1016 bytes from its pools, where it has such pools.
+void setSmallBlockThreshold() noexcept;
+
+/// What is done about a file of the name before standard output goes to it.
+enum class Target {
+  Named,  ///< the user's file: written to its end
+  Own,    ///< the process's own: removed and made anew, so that nobody else reads or plants it
+};
+
+/// Sends standard output to the end of a file.
+/// \return false when the file cannot be opened; standard output then stays as it is
+bool redirectOutput(const QString& path, Target target);
+/// Sends standard error to the file that redirectOutput() has just opened.
+bool redirectErrors(const QString& path);
+
+/// Gives the process a console window of its own and its standard streams.
+/// \return false where it cannot, or the system has a terminal for that
+bool openConsole();
+
+/// Sends the message "the main window is up" to the launcher.
+/// \param name of the launcher's window, as "start_app-5"
+/// \return false when nobody received it
+bool tellLauncher(const QString& name);
+
+}  // namespace Kyr::Start

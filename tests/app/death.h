@@ -1,0 +1,46 @@
+/// \file
+/// A program that dies as it is told, and what it leaves behind.
+#pragma once
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+namespace KyrTest {
+
+/// How a program ended that wrote both its streams to a file.
+struct Death {
+  bool exited = false;
+  int code = -1;
+  QString report;  // without the line that the library greets with
+  QStringList dumps;
+};
+
+/// \param folder the program's temporary directory
+/// \param variables of its environment, as "NAME=value"
+inline Death die(const TempDir& folder, const QStringList& words,
+                 const QStringList& variables = {}) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"TMPDIR", "TEMP", "TMP", "KYR_CONFIG_DIR"}) {
+    environment.insert(name, QDir::toNativeSeparators(folder.path()));
+  }
+  const QString log = folder.file("report.txt");
+  QFile::remove(log);
+  environment.insert("KYR_CONSOLE", "file:" + log);
+  for (const QString& variable : variables) {
+    environment.insert(variable.section('=', 0, 0), variable.section('=', 1));
+  }
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.start(KYR_CRASH, words);
+  EXPECT_TRUE(process.waitForFinished(100'000)) << process.errorString().toStdString();
+  const QString text = QString::fromUtf8(readFile(log)).remove('\r');
+  return {process.exitStatus() == QProcess::NormalExit, process.exitCode(),
+          text.mid(text.indexOf('\n') + 1), QDir(folder.path()).entryList({"ORV-*.dmp"})};
+}
+
+}  // namespace KyrTest

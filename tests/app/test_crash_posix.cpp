@@ -1,0 +1,60 @@
+// Crashes where something is in their way.
+#include "support/Support.h"
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+using KyrTest::readFile;
+using KyrTest::TempDir;
+
+TEST(CrashInTheWay, IsReportedWithWhatFailed) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers report faults in the place of the library";
+#endif
+  const struct {
+    const char* prepare;  // a shell, which then becomes the program: $$ is the process's number
+    const char* shows;
+    const char* kept;  // what the file "precious" holds afterwards
+    const char* catches;
+  } rows[] = {
+      {"ln -s \"$TMPDIR/precious\" \"$TMPDIR/ORV-$$.dmp\"",
+       "error creating crashdump file: File exists\n", "gold", "a planted link that is followed"},
+      {"ln \"$TMPDIR/precious\" \"$TMPDIR/ORV-$$.dmp\"", "\nbacktrace", "gold",
+       "an old file that is overwritten in place"},
+      {"mkdir \"$TMPDIR/ORV-$$.dmp\"", "error creating crashdump file: File exists\n", "gold",
+       "a folder taken for a dump"},
+      {"export TMPDIR=/nowhere", "error creating crashdump file: No such file or directory\n",
+       "gold", "a missing folder"},
+      {"ulimit -f 1", "error writing crashdump: File too large\n", "gold", "a limit that kills"},
+      {"ulimit -v 400000", "\n#0  ", "gold", "an address space that is used up"},
+      {"mkdir \"$TMPDIR/l\"; cp \"$LIBRARY\" \"$TMPDIR/l/libKyr.so.6\"; LD_LIBRARY_PATH=$TMPDIR/l; "
+       "export LD_LIBRARY_PATH",
+       "error starting kyr-backtrace: No such file or directory\n", "gold", "a lone library"},
+      {"trap '' ABRT SEGV FPE ALRM PIPE", "EXCEPTION_INT_DIVIDE_BY_ZERO\n", "gold",
+       "signals that the process was born without"},
+  };
+  for (const auto& row : rows) {
+    const TempDir folder;
+    folder.write("precious", "gold");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("TMPDIR", folder.path());
+    environment.insert("KYR_CONSOLE", "on");
+    environment.insert("KYR_CONFIG_DIR", folder.path());
+    environment.insert("LIBRARY", KYR_LIBRARY);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start("/bin/sh", {"-c", QString(row.prepare) + "; exec " KYR_CRASH " --kind divide"});
+    EXPECT_TRUE(process.waitForFinished(100'000)) << row.catches;
+    const QByteArray report = process.readAllStandardError();
+    EXPECT_TRUE(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 1)
+        << row.catches;
+    EXPECT_TRUE(report.contains(row.shows)) << row.catches << '\n' << report.toStdString();
+    EXPECT_TRUE(report.contains("\nbacktrace of the crashing thread 0x")) << row.catches;
+    EXPECT_EQ(readFile(folder.file("precious")), row.kept) << row.catches;
+  }
+}

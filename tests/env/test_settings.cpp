@@ -1,0 +1,67 @@
+#include <kyr/env/KyrInit.h>
+#include <kyr/env/settings_p.h>
+#include <kyr/os/KyrOS.h>
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include <vector>
+
+using Kyr::KyrInit;
+using Kyr::OS;
+
+namespace {
+
+TEST(SoftwareRoot, StandsBeforeTheLastBin) {
+  const struct {
+    const char* executable;
+    const char* current;
+    const char* root;
+    const char* catches;
+  } rows[] = {
+      {"C:\\Prog\\BIN\\app.exe", "/c", "C:/Prog", "case of the letters; separators"},
+      {"/a/bin/B\"\"\xc3\x84/bin/x/app", "/c", "/a/bin/B\xc3\x84", "the first one; quotes stay"},
+      {"/\xc4\xb0\xc4\xb0/Bin/app", "/c", "/\xc4\xb0\xc4\xb0", "letters that grow in lower case"},
+      {"/bin/app", "/c", "", "the system's own root passes for none"},
+      {"/opt/cabin/app", "C:\\\"c\"", "C:/c", "a part of a name; the directory is not converted"},
+      {"/a/bin", "/c", "/c", "a program of that name"},
+      {"", "/c", "/c", "no name of the program"},
+  };
+  for (const auto& row : rows) {
+    const QString root = Kyr::Settings::softwareRoot(row.executable, row.current);
+    EXPECT_TRUE(root == row.root && !root.isNull()) << row.catches << ": " << root.toStdString();
+  }
+  EXPECT_TRUE(Kyr::Settings::softwareRoot("/opt/app", {}).isNull());
+}
+
+TEST(CrashDump, IsNamedWhereverItFits) {
+  const QString whole = OS::getTempDirectory() + QDir::separator() + "ORV-4294967295.dmp";
+  const auto size = static_cast<unsigned>(whole.size());
+  for (unsigned given = 0; given <= size + 2; ++given) {
+    std::vector<wchar_t> buffer(given + 1, L'#');
+    const bool fits = KyrInit::getProgramCrashdumpfile(4294967295U, buffer.data(), given);
+    EXPECT_EQ(fits, given > size) << given;
+    EXPECT_EQ(buffer[given], L'#') << "written behind a buffer of " << given;
+    const QString text = given > 0 ? QString::fromWCharArray(buffer.data()) : QString();
+    EXPECT_EQ(text, fits ? whole : QString());
+  }
+}
+
+TEST(Log, IsNamedByTheProcess) {
+  EXPECT_EQ(KyrInit::getProgramLogfile(0), OS::nullDevice());
+  EXPECT_EQ(KyrInit::getProgramLogfile(4294967295U),
+            OS::getTempDirectory() + QDir::separator() + "ORV-4294967295.log");
+}
+
+TEST(Settings, KnowNothingBeforeTheStart) {
+  EXPECT_TRUE(KyrInit::getConfigDirectory(KyrInit::ConfigRoaming).isEmpty());
+  EXPECT_TRUE(KyrInit::getVersionConfigName("etc").isEmpty()) << "a file of the root directory";
+  const auto unknown = KyrTest::inChild(
+      [] { KyrInit::getProfileDirectory(static_cast<KyrInit::ProfileDirectory_t>(3)); });
+  EXPECT_EQ(reportProblem(unknown, "\nInternal program error: unknown directory\n\n"), "");
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+// The language that a user of Linux finds.
+#include "app/home.h"
+
+#include <kyr/i18n/KyrTranslator.h>
+
+#include <gtest/gtest.h>
+
+using namespace Kyr;
+
+namespace {
+
+TEST(Language, ComesFromTheInstallationOrTheSystem) {
+  const struct {
+    QByteArray installed;
+    const char* variables[4];  // LC_ALL, LC_MESSAGES, LANGUAGE, LANG
+    unsigned mask;
+    const char* language;
+    const char* catches;
+  } rows[] = {
+      {"", {"", "", "", "de_DE.UTF-8"}, 63, "de", "LANG"},
+      {"", {"", "", "", "de_DE.UTF-8"}, 63 - 2, "en", "a language that is not offered"},
+      {"", {"", "", "nl:fr:de", "de"}, 63, "fr", "a list; its unknown first one"},
+      {"", {"", "pt_BR", "fr", "de"}, 63, "pt", "LC_MESSAGES behind LANGUAGE"},
+      {"", {"ja_JP.utf8", "pt", "fr", "de"}, 63, "jp", "LC_ALL behind others"},
+      {"", {"C", "", "de", "de_DE"}, 63, "en", "the others ask on"},
+      {"", {"", "", "", "zh@x"}, 63, "cn", "a modifier"},
+      {"", {"", "", "", "der_XX"}, 63, "en", "another language that begins the same"},
+      {"", {"", "", "", ""}, 63, "en", "no language at all"},
+      {"1031", {"fr", "", "", ""}, 63, "de", "the installer's language"},
+      {"3084", {"de", "", "", ""}, 63, "fr", "a variety of a language"},
+      {"17", {"de", "", "", ""}, 63, "jp", "the bare language"},
+      {"2052", {"de", "", "", ""}, 63, "cn", "Chinese"},
+      {"2070", {"de", "", "", ""}, 63, "pt", "Portuguese"},
+      {"1043", {"de", "", "", ""}, 63, "en", "a language that is not known"},
+      {"0", {"de", "", "", ""}, 63, "de", "0 is a language"},
+      {"0x407", {"fr", "", "", ""}, 63, "fr", "no decimal number"},
+  };
+  const KyrTest::Home home;
+  for (const auto& row : rows) {
+    QFile file(home.file("ORV.conf"));
+    file.open(QIODevice::WriteOnly);
+    file.write("[General]\n" +
+               (row.installed.isEmpty() ? "" : "InstallerLanguage=" + row.installed));
+    file.close();
+    KyrTest::inChild([&] {
+      home.start({{"XDG_CONFIG_HOME", home.path()},
+                  {"LC_ALL", row.variables[0]},
+                  {"LC_MESSAGES", row.variables[1]},
+                  {"LANGUAGE", row.variables[2]},
+                  {"LANG", row.variables[3]}});
+      const Translator translator(row.mask, "Motion");
+      home.say(translator.getLanguageShortcut());
+    });
+    EXPECT_EQ(home.said(), row.language) << row.catches;
+  }
+}
+
+}  // namespace

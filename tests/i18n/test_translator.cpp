@@ -1,0 +1,234 @@
+// The translator in processes with a home of their own.
+#include "app/home.h"
+
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/KyrTranslator.h>
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <algorithm>
+#include <thread>
+#include <vector>
+
+using namespace Kyr;
+using KyrTest::Home;
+using KyrTest::inChild;
+
+namespace {
+
+/// What a Qt program has; the catalogues of the build lie beside the folder of its programs.
+struct Program {
+  int count = 1;
+  char name[4] = "app";
+  char* arguments[2] = {name, nullptr};
+  const QCoreApplication application{count, arguments};
+};
+
+QString shortcuts(unsigned mask, const QString& application = "Motion") {
+  const Translator translator(mask, application);
+  return QString("%1 %2").arg(translator.getLanguageShortcut()).arg(translator.getLanguage());
+}
+
+TEST(Language, IsReadFromTheFile) {
+  const struct {
+    QByteArray file;
+    unsigned mask;
+    const char* chosen;
+    const char* catches;
+  } rows[] = {
+      {"language=french \t\n", 63, "fr 2", "blanks behind the name"},
+      {"language=jp\n", 63, "jp 3", "a shortcut, as setLanguage() writes it"},
+      {"language=chinese\r\nx", 8 | 16, "cn 4", "an end of line from another system"},
+      {"language=german", 2, "de 1", "no end of line"},
+      {"language=portuguese\nlanguage=german\n", 63, "pt 5", "a line behind the first"},
+      {"language=german" + QByteArray(2000, ' ') + "\n", 63, "de 1", "a line over 1000 bytes"},
+      {"language=" + QByteArray(1000, ' ') + "german\n", 63, "en 0", "over 1000 bytes are read"},
+      {"language=french\n", 2 | 32, "en 0", "a language that is not offered"},
+      {"language=english\n", 0, "en 0", "English needs its bit"},
+      {"language= german\n", 63, "en 0", "blanks before the name"},
+      {"language=\n", 63, "en 0", "no name at all"},
+      {"\nlanguage=german\n", 63, "en 0", "not in the first line"},
+      {"Language=german\n", 63, "en 0", "other letters"},
+      {"", 63, "en 0", "an empty file"},
+  };
+  const Home home;
+  inChild([&] {
+    home.start({{"LC_ALL", "en_US.UTF-8"}, {"KYR", home.path()}});
+    const QString own = KyrInit::createVersionConfigName("Motion_language.dat");
+    for (const auto& row : rows) {
+      QFile file(own);
+      file.open(QIODevice::WriteOnly);
+      file.write(row.file);
+      file.close();
+      home.say(shortcuts(row.mask) + "\n");
+    }
+    QDir(home.path()).mkpath("config/v6.2.0");
+    QFile::rename(own, home.file("config/Other App_language.dat"));
+    QFile shared(home.file("config/Other App_language.dat"));
+    shared.open(QIODevice::WriteOnly);
+    shared.write("language=german");
+    shared.close();
+    home.say(shortcuts(63, "Other App") + shortcuts(63, "None"));
+  });
+  const QStringList said = QString::fromStdString(home.said()).split('\n');
+  int line = 0;
+  for (const auto& row : rows) {
+    EXPECT_EQ(said.value(line++).toStdString(), row.chosen) << row.catches;
+  }
+  EXPECT_EQ(said.value(line).toStdString(), "de 1en 0") << "the file of the software directory";
+}
+
+TEST(Language, IsKeptForTheNextStart) {
+  const Home home;
+  inChild([&] {
+    home.start({{"LC_ALL", "en_US.UTF-8"}, {"KYR", QString()}});
+    const Program program;
+    KyrInit::InitTranslator(Translator::allLanguages, "Other App");
+    Translator::instance()->setLanguage(Translator::French);
+    Translator::instance()->setLanguage(static_cast<Translator::Lang_t>(6));
+    home.say(QString::number(Translator::instance()->getLanguage()) +
+             translate("Kyr_Translator", "language: german") + "|");
+    KyrInit::CloseTranslator();
+    KyrInit::InitTranslator(2 | 4, {});
+    std::vector<QString> codes(1);
+    std::vector<QString> names(1);
+    Translator::instance()->getAllLanguages(&codes, &names);
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+      home.say(codes[i] + names[i] + "|");
+    }
+    home.say(QString::number(Translator::instance()->getDefaultLanguage()));
+    QDir(home.file("config/v6.2.0")).removeRecursively();
+    QFile(home.file("config/v6.2.0")).open(QIODevice::WriteOnly);
+    Translator::instance()->setLanguage(Translator::German);
+  });
+  EXPECT_EQ(home.said(),
+            "2German|enAnglais|deAllemand|frFran\xc3\xa7"
+            "ais|0");
+  EXPECT_TRUE(KyrTest::readFile(home.file("output")).contains("Motion_language.dat'."))
+      << "nobody hears that the language is not kept";
+}
+
+TEST(Translator, IsTheOnlyOneAndKeepsAFixedLanguage) {
+  const auto second = inChild([] {
+    const Translator first("de");
+    const Translator other(63, "Motion");
+  });
+  EXPECT_EQ(reportProblem(second,
+                          KyrTest::report("trying to install second translator",
+                                          "Kyr::Translator::initLanguage", "kyr_translator", 195)),
+            "");
+  const auto fixed = inChild([] { Translator("de").setLanguage(Translator::German); });
+  EXPECT_EQ(reportProblem(fixed, "\nInternal program error: Language is fixed\n\n"), "");
+  const Translator unknown("xx");
+  EXPECT_EQ(unknown.getLanguage() + unknown.getDefaultLanguage(), 0);
+  EXPECT_EQ(Translator::instance(), &unknown);
+}
+
+TEST(Translate, WithoutATranslatorDependsOnTheApplication) {
+  EXPECT_EQ(translate("Kyr_zip_err", "\xc3\xa4"), QString(QChar(0xE4))) << "no application";
+  EXPECT_TRUE(translate("Kyr_zip_err", nullptr).isNull());
+  installTranslator("Kyr");
+  KyrInit::CloseTranslator();
+  const Home home;
+  for (const Application_t application : {ApplicationServer, ApplicationProduction}) {
+    inChild([&] {
+      home.start({}, {}, application);
+      home.say(translate("Kyr_zip_err", "text"));
+    });
+    EXPECT_EQ(home.said(), "text") << application;
+  }
+  inChild([&] {
+    home.start({}, {}, ApplicationViewer);
+    home.say(translate("Kyr_zip_err", "text"));
+  });
+  EXPECT_FALSE(QFile::exists(home.file("said")));
+  EXPECT_TRUE(KyrTest::readFile(home.file("output"))
+                  .contains("\nInternal program error: No Translator instantiated\n"));
+}
+
+TEST(Catalogues, AreThereInEveryLanguage) {
+  const Home home;
+  inChild([&] {
+    home.start({{"KYR", QString()}});
+    const Program program;
+    for (const char* language : {"en", "de", "fr", "jp", "cn", "pt"}) {
+      KyrInit::InitTranslator(language);
+      home.say(translate("Kyr_zip_err", "unknown file version") + "|" +
+               translate("Kyr_Translator", "language: chinese") + "\n");
+      KyrInit::CloseTranslator();
+    }
+    home.say(QCoreApplication::translate("Kyr_zip_err", "unknown file version"));
+  });
+  EXPECT_EQ(home.said(),
+            "unknown file version|Chinese\nunbekannte Dateiversion|Chinesisch\n"
+            "version de fichier inconnue|Chinois\n"
+            "\xe4\xb8\x8d\xe6\x98\x8e\xe3\x81\xaa\xe3\x83\x95\xe3\x82\xa1\xe3\x82\xa4\xe3\x83\xab"
+            "\xe3\x83\x90\xe3\x83\xbc\xe3\x82\xb8\xe3\x83\xa7\xe3\x83\xb3|"
+            "\xe4\xb8\xad\xe5\x9b\xbd\xe8\xaa\x9e\n"
+            "\xe6\x9c\xaa\xe7\x9f\xa5\xe7\x9a\x84\xe6\x96\x87\xe4\xbb\xb6\xe7\x89\x88\xe6\x9c\xac|"
+            "\xe4\xb8\xad\xe6\x96\x87\n"
+            "vers\xc3\xa3o de ficheiro desconhecida|Chin\xc3\xaas\nunknown file version")
+      << "a language, or what it leaves behind";
+  EXPECT_FALSE(KyrTest::readFile(home.file("output")).contains("Warning"));
+}
+
+TEST(Catalogues, OfTheUserComeFirst) {
+  const Home home;
+  inChild([&] {
+    home.start({{"KYR", QString()}});
+    const Program program;
+    const QString messages = KyrInit::getSoftwareDirectory() + "/messages/";
+    QFile::copy(messages + "Kyr_de.qm", home.file("config/Kyr_fr.qm"));
+    QFile::copy(messages + "Kyr_de.qm", home.file("config/Kyr"));
+    QFile(home.file("config/Kyr_pt.qm")).open(QIODevice::WriteOnly);
+    for (const char* language : {"fr", "pt"}) {
+      KyrInit::InitTranslator(language);
+      home.say(translate("Kyr_Translator", "language: german") + "|");
+      KyrInit::CloseTranslator();
+    }
+    home.start({{"KYR", home.path()}});
+    KyrInit::InitTranslator("cn");
+    home.say(translate("Kyr_Translator", "language: german"));
+  });
+  EXPECT_EQ(home.said(), "Deutsch|Alem\xc3\xa3o|language: german")
+      << "not the user's; a damaged one; one of a shorter name";
+  const QByteArray output = KyrTest::readFile(home.file("output")).replace("\r\n", "\n");
+  const QByteArray warning = "Warning: Cannot load translator messages for 'Kyr'.\n";
+  EXPECT_TRUE(output.endsWith(" management\n" + warning)) << output.toStdString();
+  EXPECT_EQ(output.count("Warning"), 1);
+}
+
+TEST(Translate, AnswersManyThreads) {
+  constexpr int texts = 5000;
+  constexpr int threads = 4;
+  Translator translator("en");
+  KyrTest::Gate gate;
+  std::vector<int> wrong(threads, texts);
+  const auto ask = [&](int thread) {
+    gate.await("all threads are there");
+    char text[16] = "";  // the same place for every text
+    for (int i = 0; i < 2 * texts; ++i) {
+      const QByteArray number = QByteArray::number((i * 7 + thread * 1000) % texts);
+      std::copy_n(number.constData(), number.size() + 1, text);
+      const QString answer = translator.translate(i % 2 == 0 ? "a" : "b", text);
+      wrong[static_cast<std::size_t>(thread)] -= i < texts && answer == text ? 1 : 0;
+      wrong[static_cast<std::size_t>(thread)] += i >= texts && answer != text ? 1 : 0;
+    }
+  };
+  std::vector<std::thread> crowd;
+  for (int thread = 0; thread < threads; ++thread) {
+    crowd.emplace_back(ask, thread);
+  }
+  gate.open();
+  for (std::thread& thread : crowd) {
+    thread.join();
+  }
+  EXPECT_EQ(wrong, std::vector<int>(threads, 0));
+  EXPECT_EQ(translator.translate("a", "1").constData(), translator.translate("a", "1").constData())
+      << "every answer is a text of its own";
+}
+
+}  // namespace
