@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QProcess>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -26,13 +27,16 @@ class Fighter {
   Fighter(const Fighter&) = delete;
   Fighter& operator=(const Fighter&) = delete;
 
-  void tell(const char* order) { _process.write(order); }
+  void tell(const QByteArray& order) {
+    _process.write(order);
+    _process.waitForBytesWritten();  // it would stay here until somebody waits for the answer
+  }
   QByteArray answer() {
     while (!_process.canReadLine() && _process.waitForReadyRead()) {
     }
     return _process.readLine().trimmed();
   }
-  QByteArray ask(const char* order) {
+  QByteArray ask(const QByteArray& order) {
     tell(order);
     return answer();
   }
@@ -88,13 +92,13 @@ TEST(Locking, JudgesTheLockFile) {
       {QByteArray(1 << 20, '\0'), none, true, false, false, true, "binary"},
   };
   const LockingManager manager;
-  const QString path = dir.file("scan.dat");
+  const QString path = dir.file(QString::fromUtf8("sc\xc3\xa4n.dat"));
   const QString name = manager.getLockFileName(path);
   EXPECT_EQ(name, path + ".lock");
   const auto put = [&](const QByteArray& text) {
     QFile::remove(name);
     if (!text.isNull()) {
-      dir.write("scan.dat.lock", text);
+      dir.write(QString::fromUtf8("sc\xc3\xa4n.dat.lock"), text);
     }
   };
   for (const auto& row : rows) {
@@ -141,7 +145,7 @@ TEST(Locking, NeverHasTwoOwners) {
   const KyrTest::TempDir dir;
   const QString path = dir.file("scan.dat");
   auto killed = std::make_unique<Fighter>(path);
-  EXPECT_EQ(killed->ask("try\n"), "taken");
+  EXPECT_EQ(killed->ask("0\n"), "taken");
   EXPECT_EQ(ExclusiveLock(path).getOwner().pid, killed->pid().toLongLong());
   killed->kill();
   const QByteArray stale = readFile(path + ".lock");
@@ -150,8 +154,9 @@ TEST(Locking, NeverHasTwoOwners) {
     fighters.push_back(std::make_unique<Fighter>(path));
   }
   for (int round = 0; round < 200; ++round) {
+    const auto soon = std::chrono::system_clock::now() + std::chrono::milliseconds(2);
     for (const auto& fighter : fighters) {
-      fighter->tell("try\n");
+      fighter->tell(QByteArray::number(qlonglong(soon.time_since_epoch().count())) + "\n");
     }
     int owners = 0;
     for (const auto& fighter : fighters) {

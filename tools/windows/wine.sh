@@ -35,31 +35,32 @@ stop() {
   with_libraries "$WINESERVER" -w 2>/dev/null || true
 }
 
-# The server stays after its last program: the next one starts ten times as fast. It must not
-# hold the caller's pipes open meanwhile. Windows are drawn nowhere: there may be no display.
-make_prefix() {
+# The server and what belongs to it stay after the last program: the next one starts ten times as
+# fast. They must not hold the caller's pipes open meanwhile. Windows are drawn nowhere: there may
+# be no display.
+start() {
   mkdir -p "$WINEPREFIX"
   {
     with_libraries "$WINESERVER" -p
     with_libraries "$WINELOADER" wineboot --init &&
       with_libraries "$WINELOADER" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
-  } >"$WINEPREFIX/creation.log" 2>&1 </dev/null || {
-    cat "$WINEPREFIX/creation.log" >&2
+  } >"$WINEPREFIX.log" 2>&1 </dev/null || {
+    cat "$WINEPREFIX.log" >&2
     return 1
   }
-  : >"$WINEPREFIX/complete"
 }
 
-# Only one of several programs that start at once makes the folder.
-ensure_prefix() {
-  if [ -e "$WINEPREFIX/complete" ]; then
-    with_libraries "$WINESERVER" -p >/dev/null 2>&1 </dev/null || true  # it may run already
-    return 0
-  fi
+running() {
+  [ -d "$WINEPREFIX" ] && with_libraries "$WINESERVER" -k0
+}
+
+# Only one of several programs that come at once starts it.
+ensure_started() {
+  ! running || return 0
   mkdir -p "$(dirname "$WINEPREFIX")"
   exec 9>"$WINEPREFIX.lock"
   flock 9
-  [ -e "$WINEPREFIX/complete" ] || make_prefix 9>&-
+  running || start 9>&-
   exec 9>&-
 }
 
@@ -69,10 +70,10 @@ case ${1-} in
   --fresh)
     stop
     rm -rf "$WINEPREFIX"
-    ensure_prefix
+    ensure_started
     ;;
   *)
-    ensure_prefix
+    ensure_started
     export LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu"
     exec "$WINELOADER" "$@"
     ;;

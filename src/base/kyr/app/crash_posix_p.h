@@ -5,6 +5,7 @@
 /// allocates, takes a lock or calls what might.
 #pragma once
 
+#include <kyr/app/crash_exception_p.h>
 #include <kyr/app/crash_text_p.h>
 
 #include <array>
@@ -154,11 +155,6 @@ struct Fault {
   bool write;
   std::uint64_t address;
 };
-
-/// The numbers of ends that no processor raises: that of "fatal application exit", and that
-/// under which the compiler's exceptions travel on other systems.
-constexpr std::uint32_t abortCode = 0x40000015;
-constexpr std::uint32_t uncaughtExceptionCode = 0x20474343;
 
 Fault classify(const siginfo_t& signal, const ucontext_t& context, const Memory& memory) noexcept;
 

@@ -3,9 +3,7 @@
 
 #include <cstdlib>
 #include <exception>
-#include <typeinfo>
 
-#include <cxxabi.h>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -121,33 +119,12 @@ void installSignals() noexcept {
 
 // ---- exceptions that nobody catches -----------------------------------------------------------
 
-void nameType(Text& text) noexcept {
-  const std::type_info* type = abi::__cxa_current_exception_type();
-  int status = 0;
-  char* name = type ? abi::__cxa_demangle(type->name(), nullptr, nullptr, &status) : nullptr;
-  text << (name ? name : type ? type->name() : "unknown type");
-  std::free(name);
-}
-
-void describeException(Text& text) noexcept {
-  text.hexadecimal(uncaughtExceptionCode) << " (";
-  nameType(text);
-  try {
-    throw;
-  } catch (const std::exception& exception) {
-    text << ": " << exception.what();
-  } catch (...) {
-    // Only what derives from std::exception has a text.
-  }
-  text << ")";
-}
-
 /// abort() raises the signal, in whose handler the report is made.
 [[noreturn]] void onTerminate() {
   int nobody = 0;
   if (thrower.compare_exchange_strong(nobody, ::gettid())) {
     if (std::current_exception()) {
-      describeException(uncaught);
+      appendCurrentException(uncaught);
       findThrow(thrown);
     } else {
       uncaught.hexadecimal(abortCode) << " (terminated without an exception)";
