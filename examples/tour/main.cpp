@@ -246,9 +246,9 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   keepTerminal();
+  prepareStandardStreams();
   QStringList arguments = QCoreApplication::arguments();
   Kyr::KyrInit::InitLibrary(Kyr::ApplicationInspection, arguments);
-  prepareStandardStreams();
   Kyr::KyrInit::InitTranslator(Kyr::Translator::allLanguages, {});
   Kyr::installTranslator("Examples");
   const Options options = parseArguments(arguments);

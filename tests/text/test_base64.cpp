@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <random>
 #include <string>
 #include <type_traits>
 
@@ -40,12 +39,13 @@ TEST(Base64, Texts) {
       {"\xff\xef\xbe\xfb\xef\xbe\xfb\xff\xfe", "/++++++++//+", "the last letters"},
   };
   for (const auto& row : rows) {
-    Bytes out = bytes("-");
-    Base64::encode(bytes(row.plain), &out);
-    EXPECT_EQ(text(out), std::string("-") + row.encoded) << row.fault << ", behind what is there";
-    out = bytes("-");
-    Base64::decode(bytes(row.encoded), &out);
-    EXPECT_EQ(text(out), "-" + row.plain) << row.fault << ", behind what is there";
+    // Into themselves: what is there stays, and is read where it moves to.
+    Bytes both = bytes(row.plain);
+    Base64::encode(both, &both);
+    EXPECT_EQ(text(both), row.plain + row.encoded) << row.fault;
+    both = bytes(row.encoded);
+    Base64::decode(both, &both);
+    EXPECT_EQ(text(both), row.encoded + row.plain) << row.fault;
   }
 }
 
@@ -78,22 +78,6 @@ TEST(Base64, DamagedTexts) {
   }
 }
 
-TEST(Base64, EveryLengthComesBack) {
-  std::mt19937 random(64);
-  std::string plain;
-  for (int length = 0; length < 100; ++length) {
-    Bytes both = bytes(plain);
-    Base64::encode(both, &both);
-    EXPECT_EQ(text(both).substr(0, plain.size()), plain) << "encoded into itself";
-    Bytes back = bytes(text(both).substr(plain.size()));
-    const std::size_t size = back.size();
-    EXPECT_EQ(size, (plain.size() + 2) / 3 * 4);
-    Base64::decode(back, &back);
-    EXPECT_EQ(text(back).substr(size), plain);
-    plain += static_cast<char>(random());
-  }
-}
-
 TEST(CRC16, PublishedValues) {
   EXPECT_EQ(CRC16::compute(bytes("123456789")), 0x31C3);
   EXPECT_EQ(CRC16::compute(bytes("")), 0);
@@ -101,8 +85,8 @@ TEST(CRC16, PublishedValues) {
   const Bytes whole = bytes("123456789 and the length of several strides, with some more of it");
   for (std::size_t i = 0; i <= whole.size(); ++i) {
     const auto begun = CRC16::compute(whole.data(), i);
-    EXPECT_EQ(CRC16::compute(whole.data() + i, whole.size() - i, begun), CRC16::compute(whole))
-        << i;
+    const auto ended = CRC16::compute(whole.data() + i, whole.size() - i, begun);
+    EXPECT_EQ(ended, CRC16::compute(whole)) << "in pieces, the first of " << i;
   }
 }
 

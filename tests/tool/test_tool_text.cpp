@@ -24,7 +24,7 @@ Result run(const QString& words, const QByteArray& input, const TempDir& folder)
   return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
-TEST(ToolText, Filters) {
+TEST(ToolText, AnswersOnTheCommandLine) {
   const QByteArray piece(196608, 'A');  // read at once
   const struct {
     const char* words;
@@ -54,46 +54,26 @@ TEST(ToolText, Filters) {
       {"sort", "99999999999\n99999999998\n\n", 0, "\n99999999999\n99999999998\n", "",
        "lines of one rank stay in order"},
       {"sort empty", "", 0, "", "", "nothing to sort"},
+      {"next i0001.t", "", 0, "i0006.t\n", "", "behind the last, not into a gap"},
+      {"next i1.t", "", 0, "i6.t\n", "", "in the width that was asked for"},
+      {"next i0010.t", "", 0, "i0010.t\n", "", "free and higher"},
+      {"next ./i1.t", "", 0, "./i6.t\n", "", "a directory stays"},
+      {"next new0.t", "", 0, "new0.t\n", "", "a series that is to begin"},
+      {"next j1", "", 1, "", "j1: no number is left", "the numbers are used up"},
+      {"next no/i1.t", "", 1, "", "Cannot read directory \"no/\"", "no directory"},
+      {"next i.t", "", 2, "", "\"i.t\" does not end in a number", "no number"},
+      {"next i4294967296.t", "", 2, "", "below 2^32", "too large a number"},
   };
   const TempDir folder;
-  folder.write("empty", "");
+  for (const char* const name : {"empty", "i0001.t", "i0005.t", "j4294967295"}) {
+    folder.write(name, "");
+  }
   for (const auto& row : rows) {
     const Result result = run(row.words, row.input, folder);
     EXPECT_EQ(result.code, row.code) << row.words << ": " << row.fault;
     EXPECT_EQ(result.output, row.output) << row.words << ": " << row.fault;
     EXPECT_TRUE(*row.error ? result.errors.contains(row.error) : result.errors.isEmpty())
         << row.words << ": " << row.fault << ": " << result.errors.toStdString();
-  }
-}
-
-TEST(ToolText, NextNames) {
-  const TempDir folder;
-  for (const char* const name : {"i0001.t", "i0005.t", "j4294967295"}) {
-    folder.write(name, "");
-  }
-  const struct {
-    const char* name;
-    int code;
-    QByteArray output;
-    const char* error;  // a part
-    const char* fault;
-  } rows[] = {
-      {"i0001.t", 0, "i0006.t\n", "", "behind the last, not into a gap"},
-      {"i1.t", 0, "i6.t\n", "", "in the width that was asked for"},
-      {"i0010.t", 0, "i0010.t\n", "", "free and higher"},
-      {"./i1.t", 0, "./i6.t\n", "", "a directory stays"},
-      {"new0.t", 0, "new0.t\n", "", "a series that is to begin"},
-      {"j1", 1, "", "j1: no number is left", "the numbers are used up"},
-      {"no/i1.t", 1, "", "Cannot read directory \"no/\"", "no directory"},
-      {"i.t", 2, "", "\"i.t\" does not end in a number", "no number"},
-      {"i4294967296.t", 2, "", "below 2^32", "too large a number"},
-  };
-  for (const auto& row : rows) {
-    const Result result = run(QString("next ") + row.name, "", folder);
-    EXPECT_EQ(result.code, row.code) << row.name << ": " << row.fault;
-    EXPECT_EQ(result.output, row.output) << row.name << ": " << row.fault;
-    EXPECT_TRUE(*row.error ? result.errors.contains(row.error) : result.errors.isEmpty())
-        << row.name << ": " << row.fault << ": " << result.errors.toStdString();
   }
 }
 

@@ -91,6 +91,8 @@ build_all() {
   configure_qt
   build_qt
   keep_licences
+  # shellcheck disable=SC2016 # for pkg-config to expand
+  sed -i 's|^prefix=.*|prefix=${pcfiledir}/../..|' "$prefix.new"/lib/pkgconfig/*.pc
   rm -rf "$prefix"
   mv "$prefix.new" "$prefix"
   rm -rf "$work"

@@ -78,12 +78,20 @@ class Calls : public testing::EmptyTestEventListener {
 
 // ---- in the child ---------------------------------------------------------------------------
 
+/// What the action makes the system start, a desktop for a window for instance, lives on; were it
+/// to inherit the pipes, the parent would read for ever.
+void keepFromOthers(HANDLE handle) {
+  ::SetHandleInformation(handle, HANDLE_FLAG_INHERIT, 0);
+}
+
 // Binary: tests compare what was written, not how the runtime ends its lines.
 void redirect(int descriptor, HANDLE pipe) {
-  const int opened = ::_open_osfhandle(reinterpret_cast<std::intptr_t>(pipe), _O_BINARY);
+  const int opened =
+      ::_open_osfhandle(reinterpret_cast<std::intptr_t>(pipe), _O_BINARY | _O_NOINHERIT);
   ::_dup2(opened, descriptor);
   ::_close(opened);
   ::_setmode(descriptor, _O_BINARY);
+  keepFromOthers(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor)));
 }
 
 /// The system would start a debugger or show a window, and Wine describes the fault at length on
@@ -102,6 +110,7 @@ LONG CALLBACK endAtOnce(EXCEPTION_POINTERS* fault) {
   std::setvbuf(stderr, nullptr, _IONBF, 0);
   ::SetUnhandledExceptionFilter(&endAtOnce);
   ::SetEvent(order.reached);
+  keepFromOthers(order.reached);
   action();
   std::cout.flush();
   std::fflush(nullptr);

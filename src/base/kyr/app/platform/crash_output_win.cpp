@@ -1,6 +1,5 @@
 #include <kyr/app/crash_win_p.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
