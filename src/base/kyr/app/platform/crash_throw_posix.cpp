@@ -59,8 +59,8 @@ bool Crash::findThrow(CallChain& chain) noexcept {
 
 /// Stands in front of the compiler's function of this name.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the compiler's
-extern "C" [[noreturn]] KYR_EXPORT void __cxa_throw(void* object, std::type_info* type,
-                                                    void (*destructor)(void*)) {
+extern "C" KYR_EXPORT void __cxa_throw(void* object, std::type_info* type,
+                                       void (*destructor)(void*)) {
   using Function = void (*)(void*, std::type_info*, void (*)(void*));
   static const auto next = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, "__cxa_throw"));
   Kyr::Throw& last = Kyr::lastThrow;
