@@ -77,7 +77,7 @@ void tarMemory(benchmark::State& state) {
 const std::vector<unsigned char>& plain() {
   static const std::vector<unsigned char> bytes = [] {
     const Kyr::StructVector<unsigned char> zipped = pack();
-    std::vector<unsigned char> made((fileSize + 1024) * (fileCount + 2));
+    std::vector<unsigned char> made(std::size_t{fileSize + 1024} * (fileCount + 2));
     z_stream stream{};
     inflateInit2(&stream, MAX_WBITS + 16);
     stream.next_in = const_cast<unsigned char*>(zipped.data());
