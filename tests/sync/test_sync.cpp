@@ -185,6 +185,7 @@ TEST(Condition, SignalWakesOneThreadAndBroadcastAll) {
       turns = waiting == all && woken >= awake ? turns : 0;
       QThread::yieldCurrentThread();
     }
+    const AutoMutex guard(&mutex);
     EXPECT_EQ(woken, awake);
   };
   std::list<Runner> sleepers;
