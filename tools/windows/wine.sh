@@ -37,13 +37,16 @@ stop() {
 
 # The server and what belongs to it stay after the last program: the next one starts ten times as
 # fast. They must not hold the caller's pipes open meanwhile. Windows are drawn nowhere: there may
-# be no display.
+# be no display; the desktop of a new Windows came before it was told, and goes with its server. The
+# first program makes that Windows by itself; asking for it would make two of each service.
 start() {
   mkdir -p "$WINEPREFIX"
   {
-    with_libraries "$WINESERVER" -p
-    with_libraries "$WINELOADER" wineboot --init &&
+    [ -e "$WINEPREFIX/system.reg" ] || {
       with_libraries "$WINELOADER" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
+      stop
+    }
+    with_libraries "$WINESERVER" -p
   } >"$WINEPREFIX.log" 2>&1 </dev/null || {
     cat "$WINEPREFIX.log" >&2
     return 1

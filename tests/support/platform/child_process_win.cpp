@@ -78,8 +78,8 @@ class Calls : public testing::EmptyTestEventListener {
 
 // ---- in the child ---------------------------------------------------------------------------
 
-/// What the action makes the system start, a desktop for a window for instance, lives on; were it
-/// to inherit the pipes, the parent would read for ever.
+/// What the action makes the system start lives on; were it to inherit the pipes, the parent would
+/// read for ever.
 void keepFromOthers(HANDLE handle) {
   ::SetHandleInformation(handle, HANDLE_FLAG_INHERIT, 0);
 }
@@ -106,6 +106,9 @@ LONG CALLBACK endAtOnce(EXCEPTION_POINTERS* fault) {
   std::fflush(nullptr);
   redirect(1, order.output);
   redirect(2, order.errors);
+  // Wine hands the process's standard error, inherited or not, to the desktop that it starts for
+  // the first window, and the desktop stays for as long as the parent, which reads to its end.
+  ::SetStdHandle(STD_ERROR_HANDLE, nullptr);
   // This runtime buffers what is no console, and a process that faults would lose it.
   std::setvbuf(stderr, nullptr, _IONBF, 0);
   ::SetUnhandledExceptionFilter(&endAtOnce);
