@@ -36,9 +36,11 @@ stop() {
 }
 
 # The server and what belongs to it stay after the last program: the next one starts ten times as
-# fast. They must not hold the caller's pipes open meanwhile. Windows are drawn nowhere: there may
-# be no display; the desktop of a new Windows came before it was told, and goes with its server. The
-# first program makes that Windows by itself; asking for it would make two of each service.
+# fast. What the first program or the first window starts inherits its standard streams, and whoever
+# reads them would wait for all programs of this Windows: so it is started here, and a program with a
+# window keeps the desktop. Windows are drawn nowhere: there may be no display; the desktop of a new
+# Windows came before it was told, and goes with its server. The first program makes that Windows by
+# itself; asking for it would make two of each service.
 start() {
   mkdir -p "$WINEPREFIX"
   {
@@ -47,6 +49,7 @@ start() {
       stop
     }
     with_libraries "$WINESERVER" -p
+    with_libraries "$WINELOADER" cmd /c start notepad
   } >"$WINEPREFIX.log" 2>&1 </dev/null || {
     cat "$WINEPREFIX.log" >&2
     return 1
