@@ -1,13 +1,18 @@
 // Directories, the environment, places and processors.
-#include <kyr/os/KyrOS.h>
-
 #include "support/Support.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/os/KyrOS.h>
 
 #include <gtest/gtest.h>
 
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 
 #include <array>
+#include <functional>
+#include <string>
 
 using Kyr::OS;
 
@@ -58,11 +63,73 @@ TEST(OsFile, IsCopiedAndRemoved) {
   EXPECT_FALSE(OS::unlink(dir.path()) || !OS::stat(dir.path())) << "a directory is removed";
 }
 
+/// The reason; empty when nothing was thrown.
+std::string reason(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Kyr::Exception& error) {
+    const std::string text = error.what();
+    return text.substr(text.rfind(": ") + 2);
+  }
+  return {};
+}
+
+TEST(OsFile, TellsWhatIsWrong) {
+  const KyrTest::TempDir dir;
+  const QString file = dir.write("file", "content");
+  const QString old = dir.write(letters, "old");
+  const QString missing = dir.file("missing");
+  ASSERT_TRUE(OS::mkdir(dir.file("full/below")) && OS::mkdir(dir.file("empty")));
+  constexpr auto replace = OS::ReplaceExisting;
+  const char* const noEntry = "there is no such file or directory";
+  const char* const taken = "something of this name is there already";
+  const char* const noName = "the name is empty, too long or holds a zero character";
+  const struct {
+    std::function<void()> action;
+    std::string reason;
+    const char* catches;
+  } rows[] = {
+      {[&] { OS::getStatus(missing); }, noEntry, "stat of nothing"},
+      {[&] { OS::getStatus(""); }, noName, "an empty name"},
+      {[&] { OS::listDirectory(missing); }, noEntry, "a list of nothing"},
+      {[&] { OS::makeDirectory(file); }, taken, "a file passes for a directory"},
+      {[&] { OS::makeDirectory(dir.file("empty")); }, "", "one that is there is an error"},
+      {[&] { OS::copy(missing, old); }, noEntry, "nothing is copied"},
+      {[&] { OS::copy(dir.path(), missing); }, "only plain files are copied", "a directory"},
+      {[&] { OS::copy(file, old); }, taken, "a copy replaces"},
+      {[&] { OS::copy(file, old, replace); }, "", "a copy does not replace"},
+      {[&] { OS::copy(old, old, replace); }, "", "a copy onto itself"},
+      {[&] { OS::rename(file, old); }, taken, "a renaming replaces"},
+      {[&] { OS::rename(missing, old, replace); }, noEntry, "nothing is renamed"},
+      {[&] { OS::rename(dir.file("full"), dir.file("empty"), replace); }, taken, "a directory"},
+      {[&] { OS::rename(file, file + QChar::Null); }, noName, "a zero character"},
+      {[&] { OS::rename(old, missing); }, "", "a free name"},
+      {[&] { OS::rename(file, missing, replace); }, "", "a renaming does not replace"},
+      {[&] { OS::rename(dir.file("full"), dir.file("moved")); }, "", "a directory with entries"},
+      {[&] { OS::remove(file); }, noEntry, "nothing is removed"},
+      {[&] { OS::remove(dir.file("moved")); }, "the directory is not empty", "a full one"},
+      {[&] { OS::remove(dir.file("empty")); }, "", "an empty one"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(reason(row.action), row.reason) << row.catches;
+  }
+  EXPECT_EQ(OS::listDirectory(dir.path()).join(' '), "missing moved") << "a temporary file stays";
+  EXPECT_EQ(KyrTest::readFile(missing), "content");
+  const OS::FileStatus status = OS::getStatus(missing);
+  EXPECT_TRUE(status.isFile && !status.isLink && status.size == 7);
+  EXPECT_EQ(status.modified, QFileInfo(missing).lastModified().toMSecsSinceEpoch());
+  EXPECT_TRUE(QFile::link(dir.file("moved"), dir.file("link.lnk")));
+  EXPECT_EQ(OS::getStatus(dir.file("link.lnk")).isLink,
+            OS::getStatus(dir.file("link.lnk")).isDirectory)
+      << "a link is what it leads to, but for shortcuts, which are files";
+}
+
 TEST(OsEnvironment, TellsEmptyFromUnset) {
   EXPECT_TRUE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
   EXPECT_TRUE(OS::setEnv("KYR_TEST_VARIABLE", letters));
   EXPECT_EQ(OS::getEnv("KYR_TEST_VARIABLE"), letters);
   EXPECT_EQ(qEnvironmentVariable("KYR_TEST_VARIABLE").size(), letters.size()) << "Qt sees another";
+  EXPECT_EQ(OS::getEnvironment().value("KYR_TEST_VARIABLE"), letters);
   EXPECT_TRUE(OS::setEnv("KYR_TEST_VARIABLE", ""));
   EXPECT_FALSE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
   EXPECT_TRUE(OS::unsetEnv("KYR_TEST_VARIABLE") && OS::unsetEnv("KYR_TEST_VARIABLE"));

@@ -78,7 +78,7 @@ TEST(Tool, AnswersOnTheCommandLine) {
       {"zip info nothing", 1, "$", "kyr: nothing: no such file\n", "missing file"},
       {"zip cat .", 1, "$", "is a directory", "a directory"},
       {"zip pack nothing new", 1, "$", "no such file", "nothing to pack"},
-      {"zip pack - no/folder", 1, "$", "no/folder: cannot be written", "nowhere to write"},
+      {"zip pack - no/folder", 1, "$", "no/folder: there is no such file", "nowhere to write"},
       {"zip pack - new --file-version 4294967296", 2, "$", "to 4294967295", "33 bits"},
   };
   const TempDir folder;
@@ -212,7 +212,11 @@ TEST_F(ToolZip, NoticesClosedStreams) {
        "the same"},
       {{"zip", "pack", "plain", "new"}, "012", 0, "", "not every stream is needed"},
       {{"zip", "pack", "-", "new"}, "012", 1, "", "nobody hears the complaint"},
-      {{"zip", "pack", "plain", ""}, "", 1, "kyr: : cannot be written\n", "a file without a name"},
+      {{"zip", "pack", "plain", ""},
+       "",
+       1,
+       "kyr: cannot save : the name is empty, too long or holds a zero character\n",
+       "a file without a name"},
   };
   for (const auto& row : rows) {
     QProcess tool;

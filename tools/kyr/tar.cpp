@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "input.h"
 #include "output.h"
+#include "target.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/os/KyrOS.h>
@@ -9,7 +10,6 @@
 #include <QDateTime>
 #include <QDir>
 
-#include <filesystem>
 #include <iostream>
 
 namespace KyrTool {
@@ -50,10 +50,6 @@ void showFile(const Kyr::ZippedTarReader& reader, unsigned index) {
             .arg(time, printable(reader.getName(index))));
 }
 
-std::filesystem::path pathOf(const QString& name) {
-  return name.toStdU16String();
-}
-
 /// What a file or directory is called in the archive: never by a name that leads out of the
 /// directory into which somebody extracts it.
 QString nameInArchive(const QString& path) {
@@ -75,43 +71,28 @@ void add(Kyr::ZippedTarWriter& writer, const QString& path) {
   }
 }
 
-/// \param output how failures call the archive
-void addAll(Kyr::ZippedTarWriter& writer, const Arguments& arguments, const QString& output) {
-  try {
-    for (int i = 1; i < arguments.count(); ++i) {
-      add(writer, arguments[i]);
-    }
-    writer.addEof();
-    writer.flush();
-  } catch (const Kyr::Exception& error) {
-    const QString what = error.getText();
-    throw FileError{what == output
-                        ? QString("%1: cannot be written (is the disk full?)").arg(what)
-                        : QString("%1: cannot be read, or its name in the archive has more than "
-                                  "99 bytes")
-                              .arg(printable(what))};
+void addAll(Kyr::ZippedTarWriter& writer, const Arguments& arguments) {
+  for (int i = 1; i < arguments.count(); ++i) {
+    add(writer, arguments[i]);
   }
+  writer.addEof();
+  writer.flush();
 }
 
-/// Writes beside an older archive, which stays until the new one is complete.
-void createFile(const Arguments& arguments) {
-  const QString& output = arguments[0];
-  const QString part = output + ".part";
-  try {
-    Kyr::ZippedTarWriter writer(part);
-    writer.leaveOut(output);
-    addAll(writer, arguments, part);
-  } catch (const Kyr::Exception&) {
-    throw FileError{QString("%1: cannot be written").arg(output)};
-  } catch (const FileError&) {
-    Kyr::OS::unlink(part);
-    throw;
+/// \param output takes the archive; whoever looks after it reports its failures
+void create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
+  Kyr::ZippedTarWriter writer(&output);
+  for (const QString& name : leftOut) {
+    writer.leaveOut(name);
   }
-  std::error_code error;
-  std::filesystem::rename(pathOf(part), pathOf(output), error);
-  if (error) {
-    Kyr::OS::unlink(part);
-    throw FileError{QString("%1: cannot be replaced").arg(output)};
+  try {
+    addAll(writer, arguments);
+  } catch (const Kyr::Exception& error) {
+    if (output) {
+      throw FileError{QString("%1: cannot be read, or its name in the archive has more than "
+                              "99 bytes")
+                          .arg(printable(error.getText()))};
+    }
   }
 }
 
@@ -130,11 +111,14 @@ int tarList(const Arguments& arguments) {
 
 int tarCreate(const Arguments& arguments) {
   if (arguments[0] == "-") {
-    Kyr::ZippedTarWriter writer(&std::cout);
-    addAll(writer, arguments, "standard output");
-  } else {
-    createFile(arguments);
+    create(arguments, std::cout, {});  // a failure is reported with standard output's
+    return Fine;
   }
+  Target target(arguments[0]);
+  const bool isFile = !target.temporaryName().isEmpty();
+  create(arguments, target.stream(),
+         isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
+  target.complete();
   return Fine;
 }
 

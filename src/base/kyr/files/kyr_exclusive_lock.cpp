@@ -3,7 +3,8 @@
 #include <kyr/files/KyrFilename.h>
 #include <kyr/files/lock_file_p.h>
 #include <kyr/os/KyrOS.h>
-#include <kyr/os/os_file_p.h>
+#include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_process_p.h>
 
 #include <QSysInfo>
 #include <QThread>
@@ -48,7 +49,7 @@ bool lives(const LockOwner& owner) {
   if (!owner.host.isEmpty() && owner.host.toUtf8() != hostName()) {
     return true;  // who would know
   }
-  if (!Platform::processExists(owner.pid)) {
+  if (!OS::pidExists(owner.pid)) {
     return false;
   }
   const QByteArray start = Platform::processStart(owner.pid);
@@ -70,12 +71,6 @@ bool writeFile(const QString& name, const QByteArray& text) {
   stream.write(text.constData(), text.size());
   stream.close();
   return stream.good();
-}
-
-bool replaceFile(const QString& from, const QString& to) {
-  std::error_code error;
-  std::filesystem::rename(Platform::nativePath(from), Platform::nativePath(to), error);
-  return !error;
 }
 
 /// Where an open file cannot be removed, a reader may be in the way for a moment.
@@ -125,7 +120,7 @@ bool ExclusiveLock::takeOver(const QString& ownFile) {
     case LockFile::Missing:
       return Platform::renameToFree(ownFile, _lockFile);
     case LockFile::Read:
-      return !lives(ownerIn(text)) && replaceFile(ownFile, _lockFile);
+      return !lives(ownerIn(text)) && Platform::renameOver(ownFile, _lockFile);
     case LockFile::Unreadable:
       break;
   }

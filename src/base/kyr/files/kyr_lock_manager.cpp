@@ -75,12 +75,12 @@ LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) cons
   if (pid == OS::getPid()) {
     return LockedHere;
   }
-  return pid != 0 && Platform::processExists(pid) ? LockedElsewhere : NotLocked;
+  return pid != 0 && OS::pidExists(pid) ? LockedElsewhere : NotLocked;
 }
 
 bool LockingManager::lock(const QString& path) const {
   const std::int64_t pid = getLockFilePID(path);
-  if (pid == OS::getPid() || (pid != 0 && Platform::processExists(pid))) {
+  if (pid == OS::getPid() || (pid != 0 && OS::pidExists(pid))) {
     return false;
   }
   const QString name = getLockFileName(path);
@@ -113,7 +113,7 @@ void LockingManager::removeStaleLocks(const QString& directory) const {
     }
     const QString lockFile = directory + "/" + entry;
     const std::int64_t pid = getLockFilePID(lockFile.chopped(_suffix.size()));
-    if (pid == 0 || !Platform::processExists(pid)) {
+    if (pid == 0 || !OS::pidExists(pid)) {
       OS::unlink(lockFile);
     }
   }

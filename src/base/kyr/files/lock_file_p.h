@@ -26,19 +26,6 @@ std::int64_t processOf(const QByteArray& bytes);
 
 namespace Kyr::Platform {
 
-// Platform files define these.
-
-/// Whether a process of this number runs, whoever owns it.
-bool processExists(std::int64_t pid);
-
-/// What tells a process from all others that had or will have its number.
-/// \return ASCII without blanks; empty when the system does not tell
-QByteArray processStart(std::int64_t pid);
-
-/// Gives a file of the same directory a name that nobody else has.
-/// \return false when the name is taken, whatever by
-bool renameToFree(const QString& from, const QString& to);
-
 /// Keeps the other processes of this host out that ask for the same directory's guard. The system
 /// gives it back when the process ends, however that happens.
 class DirectoryGuard {

@@ -13,6 +13,12 @@ namespace Kyr::Platform {
 /// The name as the system takes it.
 std::filesystem::path nativePath(const QString& name);
 
+/// The same in the spelling that takes every name of any length literally, where there is one.
+std::filesystem::path verbatimPath(const QString& name);
+
+/// The other way of nativePath().
+QString nameOf(const std::filesystem::path& native);
+
 /// Whether the name leads to a directory, which some systems open like a file.
 bool isDirectory(const QString& name);
 

@@ -1,7 +1,5 @@
 #include <kyr/os/KyrOS.h>
-#include <kyr/os/os_system_p.h>
 
-#include <QDir>
 #include <QThread>
 
 #include <algorithm>
@@ -12,82 +10,51 @@ namespace Kyr {
 
 namespace {
 
-constexpr int longestName = 32767;  // no system takes more
 constexpr unsigned longestTempDirectory = 4096;
 
 std::atomic<unsigned> numberOfCPUs{0};
 
-/// A zero character would end the name for the system, which then means another file.
-bool isName(const QString& name) {
-  return !name.isEmpty() && name.size() <= longestName && !name.contains(QChar::Null);
-}
+/// What one version of Windows is sold as; later builds of the same version may have other names.
+struct WindowsName {
+  unsigned major;
+  unsigned minor;
+  unsigned firstBuild;
+  const char* desktop;
+  const char* server;
+};
 
-bool isDirectory(const QString& name) {
-  OS::FileStatus status;
-  return OS::stat(name, &status) && status.isDirectory;
-}
-
-/// Whether the directory is there, be it that another process has made it meanwhile.
-bool ensureDirectory(const QString& name, bool ownerOnly) {
-  return isDirectory(name) || Platform::makeDirectory(name, ownerOnly) || isDirectory(name);
-}
+constexpr WindowsName windowsNames[] = {
+    // newest first
+    {10, 0, 26100, "11", "Server 2025"},
+    {10, 0, 22000, "11", "Server 2022"},
+    {10, 0, 20348, "10", "Server 2022"},
+    {10, 0, 17763, "10", "Server 2019"},
+    {10, 0, 0, "10", "Server 2016"},
+    {6, 3, 0, "8.1", "Server 2012 R2"},
+    {6, 2, 0, "8", "Server 2012"},
+    {6, 1, 0, "7", "Server 2008 R2"},
+    {6, 0, 0, "Vista", "Server 2008"},
+    {5, 2, 0, "XP Professional x64 Edition", "Server 2003"},
+    {5, 1, 0, "XP", "XP"},
+    {5, 0, 0, "2000", "2000 Server"},
+};
 
 }  // namespace
-
-bool OS::stat(const QString& name, FileStatus* status) {
-  FileStatus unused;
-  return isName(name) && Platform::readStatus(name, status ? *status : unused);
-}
-
-bool OS::mkdir(const QString& name, bool ownerOnly) {
-  if (!isName(name) || isDirectory(name)) {
-    return isName(name);
-  }
-  // What fails above may be a server or a drive, which nobody can make: the last one decides.
-  const QString path = QDir::fromNativeSeparators(name);
-  for (int end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {
-    ensureDirectory(path.left(end), ownerOnly);
-  }
-  return ensureDirectory(path, ownerOnly);
-}
-
-bool OS::readDirectory(const QString& name, QStringList* entries) {
-  entries->clear();
-  if (!isName(name) || !Platform::readEntries(name, *entries)) {
-    entries->clear();
-    return false;
-  }
-  entries->removeAll(".");
-  entries->removeAll("..");
-  entries->sort();
-  return true;
-}
-
-bool OS::copyFile(const QString& from, const QString& to) {
-  FileStatus status;
-  if (!stat(from, &status) || status.isDirectory || !isName(to) || stat(to)) {
-    return false;
-  }
-  const bool copied = Platform::copyFile(from, to);
-  if (!copied) {
-    Platform::removeFile(to);
-  }
-  return copied;
-}
-
-bool OS::unlink(const QString& name) {
-  return isName(name) && Platform::removeFile(name);
-}
-
-QString OS::convertSeparatorsToUnix(const QString& path) {
-  return QString(path).replace('\\', '/');
-}
 
 QString OS::getTempDirectory() {
   std::array<wchar_t, longestTempDirectory> buffer;
   return getTempDirectory(buffer.data(), longestTempDirectory)
              ? QString::fromWCharArray(buffer.data())
              : QString();
+}
+
+QString OS::getWindowsName(unsigned major, unsigned minor, unsigned build, bool isServer) {
+  for (const WindowsName& name : windowsNames) {
+    if (name.major == major && name.minor == minor && build >= name.firstBuild) {
+      return QString("Windows ") + (isServer ? name.server : name.desktop);
+    }
+  }
+  return QString(isServer ? "Windows Server %1.%2" : "Windows %1.%2").arg(major).arg(minor);
 }
 
 void OS::setNumberOfCPUs(unsigned count) noexcept {

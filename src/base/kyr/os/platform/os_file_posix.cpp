@@ -12,6 +12,16 @@ std::filesystem::path Platform::nativePath(const QString& name) {
   return (lossless ? encoded : name.toUtf8()).toStdString();
 }
 
+std::filesystem::path Platform::verbatimPath(const QString& name) {
+  return nativePath(name);
+}
+
+QString Platform::nameOf(const std::filesystem::path& native) {
+  const QByteArray bytes = QByteArray::fromStdString(native.native());
+  const QString name = QFile::decodeName(bytes);
+  return QFile::encodeName(name) == bytes ? name : QString::fromUtf8(bytes);
+}
+
 bool Platform::isDirectory(const QString& name) {
   std::error_code ignored;
   return std::filesystem::is_directory(nativePath(name), ignored);

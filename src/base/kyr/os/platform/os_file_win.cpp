@@ -87,6 +87,16 @@ std::filesystem::path Platform::nativePath(const QString& name) {
   return capacity > longestPlain ? longPath(path, capacity) : path;
 }
 
+std::filesystem::path Platform::verbatimPath(const QString& name) {
+  const std::wstring path = QDir::toNativeSeparators(name).toStdWString();
+  const DWORD capacity = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  return longPath(path, capacity);
+}
+
+QString Platform::nameOf(const std::filesystem::path& native) {
+  return QString::fromStdWString(native.native());
+}
+
 bool Platform::isDirectory(const QString& name) {
   const DWORD attributes = ::GetFileAttributesW(nativePath(name).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

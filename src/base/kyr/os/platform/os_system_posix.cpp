@@ -1,33 +1,23 @@
-#include <kyr/os/os_system_p.h>
-
+#include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
 
-#include <QFile>
 #include <QSettings>
+#include <QSysInfo>
 
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <string>
 
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Kyr {
 
 namespace {
 
-using Path = std::filesystem::path;
-
-/// The other way of Platform::nativePath().
-QString nameOf(const QByteArray& native) {
-  const QString name = QFile::decodeName(native);
-  return QFile::encodeName(name) == native ? name : QString::fromUtf8(native);
-}
-
-QString nameOf(const Path& path) {
-  return nameOf(QByteArray::fromStdString(path.native()));
-}
+using Platform::nameOf;
 
 QString withoutEndSlashes(QString path) {
   while (path.size() > 1 && path.endsWith('/')) {
@@ -50,13 +40,17 @@ const char* homeOfAccount(passwd& entry, std::array<char, 16384>& buffer) {
   return found ? found->pw_dir : nullptr;
 }
 
+std::string textOf(const char* text) {
+  return text ? text : "";
+}
+
 /// The user's home; empty for the root, and where nobody knows one.
 QString home() {
   QString path = directoryFromEnvironment("HOME");
   if (path.isEmpty()) {
     passwd entry{};
     std::array<char, 16384> buffer;
-    path = withoutEndSlashes(nameOf(QByteArray(homeOfAccount(entry, buffer))));
+    path = withoutEndSlashes(nameOf(textOf(homeOfAccount(entry, buffer))));
   }
   return path.size() > 1 && path.startsWith('/') ? path : QString();
 }
@@ -106,38 +100,6 @@ bool decode(const char* text, std::size_t length, wchar_t* buffer, unsigned size
 }
 
 }  // namespace
-
-bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
-  struct stat found = {};
-  if (::stat(nativePath(name).c_str(), &found) != 0) {
-    return false;
-  }
-  status.isDirectory = S_ISDIR(found.st_mode);
-  status.size = S_ISREG(found.st_mode) ? found.st_size : 0;
-  return true;
-}
-
-bool Platform::makeDirectory(const QString& name, bool ownerOnly) {
-  return ::mkdir(nativePath(name).c_str(), ownerOnly ? 0700 : 0777) == 0;
-}
-
-bool Platform::readEntries(const QString& name, QStringList& entries) {
-  std::error_code error;
-  std::filesystem::directory_iterator entry(nativePath(name), error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    entries.append(nameOf(entry->path().filename()));
-  }
-  return !error;
-}
-
-bool Platform::copyFile(const QString& from, const QString& to) {
-  std::error_code error;
-  return std::filesystem::copy_file(nativePath(from), nativePath(to), error);
-}
-
-bool Platform::removeFile(const QString& name) {
-  return ::unlink(nativePath(name).c_str()) == 0;
-}
 
 const char* OS::nullDevice() noexcept {
   return "/dev/null";
@@ -190,7 +152,7 @@ QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
 
 QString OS::getEnv(const char* name) {
   const QByteArray value = qgetenv(name);
-  return value.isNull() ? QString() : value.isEmpty() ? QString("") : nameOf(value);
+  return value.isNull() ? QString() : value.isEmpty() ? QString("") : nameOf(value.toStdString());
 }
 
 bool OS::setEnv(const char* name, const QString& value) {
@@ -199,6 +161,37 @@ bool OS::setEnv(const char* name, const QString& value) {
 
 bool OS::unsetEnv(const char* name) {
   return qunsetenv(name);
+}
+
+QMap<QString, QString> OS::getEnvironment() {
+  QMap<QString, QString> all;
+  for (char** entry = environ; entry && *entry; ++entry) {
+    const QString text = nameOf(std::string(*entry));
+    const int end = text.indexOf('=');
+    if (end > 0) {
+      all.insert(text.left(end), text.mid(end + 1));
+    }
+  }
+  return all;
+}
+
+QString OS::getSystemName() {
+  return QSysInfo::prettyProductName();
+}
+
+QString OS::getSystemVersion() {
+  return QSysInfo::kernelVersion();
+}
+
+QString OS::getProcessorName() {
+  std::ifstream file("/proc/cpuinfo");
+  for (std::string line; std::getline(file, line);) {
+    const QString text = QString::fromStdString(line);
+    if (text.startsWith("model name") || text.startsWith("Model")) {
+      return text.section(':', 1).simplified();
+    }
+  }
+  return {};
 }
 
 unsigned OS::getPid() noexcept {

@@ -1,9 +1,8 @@
-#include <kyr/os/os_system_p.h>
-
-#include <kyr/os/os_file_p.h>
+#include <kyr/os/KyrOS.h>
 
 #include <array>
 #include <cstdlib>
+#include <cwchar>
 #include <string>
 
 #include <shlobj.h>
@@ -46,45 +45,30 @@ QString readText(HKEY key, const std::wstring& name) {
   return result == ERROR_SUCCESS ? QString::fromWCharArray(text.c_str()) : QString();
 }
 
+QString readText(HKEY root, const wchar_t* path, const std::wstring& name) {
+  HKEY key = nullptr;
+  if (::RegOpenKeyExW(root, path, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
+    return {};
+  }
+  const QString text = readText(key, name);
+  ::RegCloseKey(key);
+  return text;
+}
+
+/// What the system tells without regard to what programs say they are made for.
+OSVERSIONINFOEXW systemVersion() {
+  OSVERSIONINFOEXW version{};
+  version.dwOSVersionInfoSize = sizeof version;
+  using Read = LONG(WINAPI*)(OSVERSIONINFOEXW*);
+  const FARPROC found = ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion");
+  const auto read = reinterpret_cast<Read>(reinterpret_cast<void*>(found));
+  if (read) {
+    read(&version);
+  }
+  return version;
+}
+
 }  // namespace
-
-bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
-  WIN32_FILE_ATTRIBUTE_DATA found{};
-  if (!::GetFileAttributesExW(nativePath(name).c_str(), GetFileExInfoStandard, &found)) {
-    return false;
-  }
-  status.isDirectory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  const std::int64_t size = std::int64_t(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
-  status.size = status.isDirectory ? 0 : size;
-  return true;
-}
-
-// The user's folders keep others out of what is made in them.
-bool Platform::makeDirectory(const QString& name, bool /*ownerOnly*/) {
-  return ::CreateDirectoryW(nativePath(name).c_str(), nullptr) != 0;
-}
-
-bool Platform::readEntries(const QString& name, QStringList& entries) {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = ::FindFirstFileW(nativePath(name + "/*").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
-    return false;
-  }
-  do {
-    entries.append(QString::fromWCharArray(found.cFileName));
-  } while (::FindNextFileW(search, &found));
-  const bool complete = ::GetLastError() == ERROR_NO_MORE_FILES;
-  ::FindClose(search);
-  return complete;
-}
-
-bool Platform::copyFile(const QString& from, const QString& to) {
-  return ::CopyFileW(nativePath(from).c_str(), nativePath(to).c_str(), TRUE) != 0;
-}
-
-bool Platform::removeFile(const QString& name) {
-  return ::DeleteFileW(nativePath(name).c_str()) != 0;
-}
 
 const char* OS::nullDevice() noexcept {
   return "NUL";
@@ -119,13 +103,7 @@ QString OS::getCurrentDirectory() {
 
 QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
   const HKEY root = scope == RegistryMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
-  HKEY key = nullptr;
-  if (::RegOpenKeyExW(root, L"Software\\ORV", 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
-    return {};
-  }
-  const QString text = readText(key, name.toStdWString());
-  ::RegCloseKey(key);
-  return text;
+  return readText(root, L"Software\\ORV", name.toStdWString());
 }
 
 QString OS::getEnv(const char* name) {
@@ -149,6 +127,43 @@ bool OS::setEnv(const char* name, const QString& value) {
 
 bool OS::unsetEnv(const char* name) {
   return _wputenv((wide(name) + L"=").c_str()) == 0;
+}
+
+QMap<QString, QString> OS::getEnvironment() {
+  QMap<QString, QString> all;
+  wchar_t* const block = ::GetEnvironmentStringsW();
+  for (const wchar_t* entry = block; entry && *entry; entry += std::wcslen(entry) + 1) {
+    const QString text = QString::fromWCharArray(entry);
+    const int end = text.indexOf('=');
+    if (end > 0) {  // the system keeps the directory of each drive under a name without a name
+      all.insert(text.left(end), text.mid(end + 1));
+    }
+  }
+  ::FreeEnvironmentStringsW(block);
+  return all;
+}
+
+QString OS::getSystemName() {
+  const OSVERSIONINFOEXW version = systemVersion();
+  const QString name =
+      getWindowsName(version.dwMajorVersion, version.dwMinorVersion, version.dwBuildNumber,
+                     version.wProductType != VER_NT_WORKSTATION);
+  const QString pack = QString::fromWCharArray(version.szCSDVersion);
+  return pack.isEmpty() ? name : name + ' ' + pack;
+}
+
+QString OS::getSystemVersion() {
+  const OSVERSIONINFOEXW version = systemVersion();
+  return QString("%1.%2.%3")
+      .arg(version.dwMajorVersion)
+      .arg(version.dwMinorVersion)
+      .arg(version.dwBuildNumber);
+}
+
+QString OS::getProcessorName() {
+  return readText(HKEY_LOCAL_MACHINE, L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0",
+                  L"ProcessorNameString")
+      .simplified();
 }
 
 unsigned OS::getPid() noexcept {

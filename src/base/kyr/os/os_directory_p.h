@@ -1,7 +1,6 @@
 /// \file
-/// What OS asks of the platforms about files and directories; names come here without zero
-/// characters. OS's members about places, the environment and processes, which nothing precedes,
-/// are defined by the platforms themselves.
+/// What OS asks of the platforms about files and directories; names come here checked. Whoever
+/// answers false leaves the reason in lastError().
 #pragma once
 
 #include <kyr/os/KyrOS.h>
@@ -21,7 +20,18 @@ bool readEntries(const QString& name, QStringList& entries);
 /// Copies a file to a name that is free.
 bool copyFile(const QString& from, const QString& to);
 
+/// Whether it is a directory, and not only a link to one.
+bool isRealDirectory(const QString& name);
+
+/// Gives something a name that nothing else has.
+/// \return false when the name is taken, whatever by
+bool renameToFree(const QString& from, const QString& to);
+/// Replaces a file that is there, in one step.
+bool renameOver(const QString& from, const QString& to);
+
 /// Removes what is no directory; never follows a link.
 bool removeFile(const QString& name);
+/// Removes a directory that is empty.
+bool removeDirectory(const QString& name);
 
 }  // namespace Kyr::Platform

@@ -1,0 +1,255 @@
+#include <kyr/files/KyrSafeFile.h>
+
+#include <kyr/core/KyrException.h>
+#include <kyr/files/safe_file_p.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_process_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <QDir>
+#include <QThread>
+
+#include <streambuf>
+
+namespace Kyr {
+
+namespace {
+
+constexpr const char* cannotSave = "cannot save %1";
+
+QString directoryOf(const QString& target) {
+  return target.left(QDir::fromNativeSeparators(target).lastIndexOf('/') + 1);
+}
+
+/// The name of the target behind all links, if it can be replaced.
+QString findTarget(const QString& name) {
+  Platform::expectName(cannotSave, name);
+  QString target;
+  if (!Platform::resolve(name, target)) {
+    Platform::fail(cannotSave, name);
+  }
+  OS::FileStatus status;
+  if (!OS::stat(target, &status)) {
+    return target;
+  }
+  if (!status.isFile) {
+    Platform::fail(cannotSave, target, "it is no file but a directory or a device");
+  }
+  if (!Platform::mayWrite(target)) {
+    Platform::fail(cannotSave, target, "it is write-protected");
+  }
+  return target;
+}
+
+/// A directory that cannot be read keeps what is left behind in it.
+void removeLeftovers(const QString& directory) {
+  QStringList entries;
+  Platform::readEntries(directory, entries);
+  for (const QString& entry : entries) {
+    if (TemporaryFile::isLeftover(entry)) {
+      Platform::removeFile(directory + entry);
+    }
+  }
+}
+
+bool renamePatiently(const QString& from, const QString& to) {
+  constexpr int attempts = 41;
+  constexpr unsigned long pause = 50;  // in milliseconds
+  bool renamed = Platform::renameOver(from, to);
+  for (int i = 1; i < attempts && !renamed && Platform::isHeldByOther(); ++i) {
+    QThread::msleep(pause);
+    renamed = Platform::renameOver(from, to);
+  }
+  return renamed;
+}
+
+}  // namespace
+
+/// Keeps count of what it writes, and the reason of the first failure.
+class SafeFile::Buffer : public std::streambuf {
+ public:
+  Buffer() { setp(_bytes.get(), _bytes.get() + size); }
+
+  bool create(const QString& name, const QString& model) { return _file.create(name, model); }
+  bool isOpen() const { return _file.isOpen(); }
+  /// Why the content is not whole; empty as long as it may be.
+  const QString& failure() const { return _failure; }
+  /// Brings everything to the disk and closes the file.
+  void complete();
+  void close();
+
+ protected:
+  int_type overflow(int_type character) override;
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override;
+  int sync() override { return drain() ? 0 : -1; }
+
+ private:
+  static constexpr int size = 65536;
+
+  bool drain();
+  bool send(const char* bytes, std::streamsize count);
+  bool expect(bool succeeded);
+  bool isWhole();
+
+  Platform::OutputFile _file;
+  std::unique_ptr<char[]> _bytes{new char[size]};
+  std::int64_t _written = 0;
+  QString _failure;
+};
+
+// The first failure counts: a system that has failed to write may forget that, and then succeed.
+bool SafeFile::Buffer::expect(bool succeeded) {
+  if (!succeeded && _failure.isEmpty()) {
+    _failure = Platform::inWords(Platform::lastError());
+  }
+  return _failure.isEmpty();
+}
+
+bool SafeFile::Buffer::send(const char* bytes, std::streamsize count) {
+  if (!_failure.isEmpty() || !expect(_file.write(bytes, static_cast<std::size_t>(count)))) {
+    return false;
+  }
+  _written += count;
+  return true;
+}
+
+bool SafeFile::Buffer::drain() {
+  const std::streamsize count = pptr() - pbase();
+  setp(pbase(), epptr());
+  return count == 0 ? _failure.isEmpty() : send(pbase(), count);
+}
+
+bool SafeFile::Buffer::isWhole() {
+  const std::int64_t onDisk = _file.size();
+  if (onDisk == _written) {
+    return true;
+  }
+  _failure = QString("%1 of %2 bytes are on the disk").arg(onDisk).arg(_written);
+  return false;
+}
+
+void SafeFile::Buffer::complete() {
+  if (drain() && expect(_file.flushToDisk()) && isWhole()) {
+    expect(_file.close());
+  }
+  close();
+}
+
+void SafeFile::Buffer::close() {
+  setp(nullptr, nullptr);
+  _file.close();
+}
+
+SafeFile::Buffer::int_type SafeFile::Buffer::overflow(int_type character) {
+  if (!isOpen() || !drain()) {
+    return traits_type::eof();
+  }
+  return traits_type::eq_int_type(character, traits_type::eof())
+             ? traits_type::not_eof(character)
+             : sputc(traits_type::to_char_type(character));
+}
+
+std::streamsize SafeFile::Buffer::xsputn(const char* bytes, std::streamsize count) {
+  if (count < size) {
+    return std::streambuf::xsputn(bytes, count);
+  }
+  return isOpen() && drain() && send(bytes, count) ? count : 0;
+}
+
+/// What stands behind the interface.
+struct SafeFile::Private {
+  /// How far the new file is.
+  enum State {
+    Writing,   ///< complete() leads to Complete
+    Complete,  ///< on the disk under its temporary name; put() leads to Over
+    Over,      ///< in its place, or gone; final
+  };
+
+  explicit Private(const QString& name);
+  void complete();
+  void put();
+
+  QString target;
+  QString temporary;
+  State state = Writing;
+  Buffer buffer;
+  std::ostream stream{&buffer};
+};
+
+SafeFile::Private::Private(const QString& name)
+    : target(findTarget(name)), temporary(TemporaryFile::besideOf(target)) {
+  removeLeftovers(directoryOf(target));
+  if (!buffer.create(temporary, target)) {
+    const QString reason = Platform::inWords(Platform::lastError());
+    if (buffer.isOpen()) {
+      buffer.close();
+      Platform::removeFile(temporary);
+    }
+    Platform::fail(cannotSave, target, reason);
+  }
+}
+
+void SafeFile::Private::complete() {
+  const bool writerIsGood = stream.good();
+  buffer.complete();
+  if (!buffer.failure().isEmpty()) {
+    Platform::fail(cannotSave, target, buffer.failure());
+  }
+  if (!writerIsGood) {
+    Platform::fail(cannotSave, target, "whatever writes the content reports a failure");
+  }
+  state = Complete;
+}
+
+void SafeFile::Private::put() {
+  if (!renamePatiently(temporary, target)) {
+    Platform::fail(cannotSave, target);
+  }
+  state = Over;
+  if (!Platform::flushDirectory(directoryOf(target))) {
+    Platform::fail("saved %1, but the disk may forget it at a power cut", target);
+  }
+}
+
+SafeFile::SafeFile(const QString& name) : _private(std::make_unique<Private>(name)) {}
+
+SafeFile::~SafeFile() {
+  discard();
+}
+
+std::ostream& SafeFile::stream() {
+  return _private->stream;
+}
+
+const QString& SafeFile::getTargetName() const {
+  return _private->target;
+}
+
+const QString& SafeFile::getTemporaryName() const {
+  return _private->temporary;
+}
+
+void SafeFile::commit(const Check& check) {
+  if (_private->state == Private::Over) {
+    Platform::fail(cannotSave, _private->target, "it was saved or discarded already");
+  }
+  if (_private->state == Private::Writing) {
+    _private->complete();
+  }
+  if (check) {
+    check(_private->temporary);
+  }
+  _private->put();
+}
+
+void SafeFile::discard() noexcept {
+  if (_private->state == Private::Over) {
+    return;
+  }
+  _private->state = Private::Over;
+  _private->buffer.close();
+  Platform::removeFile(_private->temporary);
+}
+
+}  // namespace Kyr

@@ -1,0 +1,134 @@
+#include <kyr/files/safe_file_p.h>
+
+#include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace Kyr::Platform {
+
+namespace {
+
+constexpr mode_t allPermissions = 07777;
+constexpr mode_t newFile = 0666;
+
+/// Lists of single users, which some files have; without them the simple permissions count.
+void copyAccessList(const char* model, int file) {
+  constexpr const char* name = "system.posix_acl_access";
+  std::array<char, 4096> list{};
+  const ssize_t size = ::getxattr(model, name, list.data(), list.size());
+  if (size > 0) {
+    ::fsetxattr(file, name, list.data(), static_cast<std::size_t>(size), 0);
+  }
+}
+
+/// Only root gives files away; whoever else saves owns the new file. With the owner the rights
+/// of programs to run as another user go.
+bool copyPermissions(const struct stat& old, const char* model, int file) {
+  const bool keepsOwner = ::fchown(file, old.st_uid, old.st_gid) == 0;
+  const mode_t kept = old.st_mode & (keepsOwner ? allPermissions : mode_t{0777});
+  copyAccessList(model, file);
+  return ::fchmod(file, kept) == 0;
+}
+
+bool makeAbsolute(std::filesystem::path& path) {
+  std::error_code error;
+  path = std::filesystem::absolute(path, error);
+  errno = error ? error.value() : errno;
+  return !error;
+}
+
+}  // namespace
+
+// Nobody may open the new file meanwhile who may not read the old one.
+bool OutputFile::create(const QString& name, const QString& model) {
+  struct stat old = {};
+  const std::string modelPath = nativePath(model).native();
+  const bool hasModel = ::stat(modelPath.c_str(), &old) == 0;
+  const mode_t atFirst = hasModel ? old.st_mode & mode_t{0600} : newFile;
+  const int file =
+      ::open(nativePath(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, atFirst);
+  if (file < 0) {
+    return false;
+  }
+  _handle = file;
+  return !hasModel || copyPermissions(old, modelPath.c_str(), file);
+}
+
+bool OutputFile::write(const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const ssize_t written = ::write(static_cast<int>(_handle), bytes, count);
+    if (written < 0 && errno != EINTR) {
+      return false;
+    }
+    const auto done = static_cast<std::size_t>(std::max<ssize_t>(0, written));
+    bytes += done;
+    count -= done;
+  }
+  return true;
+}
+
+bool OutputFile::flushToDisk() {
+  return ::fsync(static_cast<int>(_handle)) == 0;
+}
+
+std::int64_t OutputFile::size() const {
+  struct stat found = {};
+  return ::fstat(static_cast<int>(_handle), &found) == 0 ? std::int64_t{found.st_size} : -1;
+}
+
+bool OutputFile::close() {
+  const bool good = !isOpen() || ::close(static_cast<int>(_handle)) == 0;
+  _handle = none;
+  return good;
+}
+
+// Not by canonical(), for which all must exist.
+bool resolve(const QString& name, QString& target) {
+  constexpr int mostLinks = 40;
+  std::filesystem::path path = nativePath(name);
+  if (!makeAbsolute(path)) {
+    return false;
+  }
+  std::error_code error;
+  for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
+    if (links == mostLinks) {
+      errno = ELOOP;
+      return false;
+    }
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  target = nameOf(path);
+  return true;
+}
+
+bool mayWrite(const QString& name) {
+  return ::access(nativePath(name).c_str(), W_OK) == 0;
+}
+
+// Open files never are in the way of a renaming here.
+bool isHeldByOther() {
+  return false;
+}
+
+// Some file systems have nothing to flush for a directory, and say so.
+bool flushDirectory(const QString& directory) {
+  const int opened = ::open(nativePath(directory).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) {
+    return errno == EACCES;  // a directory that may be written, but not read
+  }
+  const bool flushed = ::fsync(opened) == 0 || errno == EINVAL || errno == ENOTSUP;
+  const KeepLastError keep;
+  ::close(opened);
+  return flushed;
+}
+
+}  // namespace Kyr::Platform

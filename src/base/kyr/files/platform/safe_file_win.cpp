@@ -1,0 +1,138 @@
+#include <kyr/files/safe_file_p.h>
+
+#include <kyr/os/os_file_p.h>
+
+#include <QDir>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+namespace Kyr::Platform {
+
+namespace {
+
+HANDLE handleOf(std::intptr_t handle) {
+  return reinterpret_cast<HANDLE>(handle);
+}
+
+/// Who may read and write the file, as far as it was set for the file itself.
+void copyAccessList(const std::wstring& model, const std::wstring& file) {
+  DWORD size = 0;
+  ::GetFileSecurityW(model.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<unsigned char> list(size);
+  if (size > 0 &&
+      ::GetFileSecurityW(model.c_str(), DACL_SECURITY_INFORMATION, list.data(), size, &size)) {
+    ::SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, list.data());
+  }
+}
+
+std::wstring fullPath(const std::wstring& path) {
+  std::wstring full(::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(::GetFullPathNameW(path.c_str(), DWORD(full.size()), full.data(), nullptr));
+  return full;
+}
+
+/// The path behind all links; empty when they lead nowhere.
+std::wstring finalPath(const std::wstring& path) {
+  const HANDLE file = ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return {};
+  }
+  std::wstring final(32768, L'\0');
+  final.resize(::GetFinalPathNameByHandleW(file, final.data(), DWORD(final.size()), 0));
+  ::CloseHandle(file);
+  return final;
+}
+
+}  // namespace
+
+bool OutputFile::create(const QString& name, const QString& model) {
+  constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+  const std::wstring path = nativePath(name).native();
+  const std::wstring modelPath = nativePath(model).native();
+  const DWORD old = ::GetFileAttributesW(modelPath.c_str());
+  const bool hasModel = old != INVALID_FILE_ATTRIBUTES;
+  const DWORD attributes = hasModel && (old & kept) != 0 ? old & kept : FILE_ATTRIBUTE_NORMAL;
+  const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_NEW, attributes, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  _handle = reinterpret_cast<std::intptr_t>(file);
+  if (hasModel) {
+    copyAccessList(modelPath, path);
+  }
+  return true;
+}
+
+bool OutputFile::write(const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const auto portion = static_cast<DWORD>(std::min<std::size_t>(count, 1U << 20U));
+    DWORD written = 0;
+    if (!::WriteFile(handleOf(_handle), bytes, portion, &written, nullptr)) {
+      return false;
+    }
+    bytes += written;
+    count -= written;
+  }
+  return true;
+}
+
+bool OutputFile::flushToDisk() {
+  return ::FlushFileBuffers(handleOf(_handle)) != 0;
+}
+
+std::int64_t OutputFile::size() const {
+  LARGE_INTEGER size{};
+  return ::GetFileSizeEx(handleOf(_handle), &size) ? std::int64_t{size.QuadPart} : -1;
+}
+
+bool OutputFile::close() {
+  const bool good = !isOpen() || ::CloseHandle(handleOf(_handle)) != 0;
+  _handle = none;
+  return good;
+}
+
+bool resolve(const QString& name, QString& target) {
+  const std::wstring path = fullPath(QDir::toNativeSeparators(name).toStdWString());
+  const DWORD attributes = ::GetFileAttributesW(nativePath(name).c_str());
+  const bool isLink =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  const std::wstring final = isLink ? finalPath(nativePath(name).native()) : path;
+  target = QDir::fromNativeSeparators(QString::fromStdWString(final));
+  return !final.empty();
+}
+
+bool mayWrite(const QString& name) {
+  const DWORD attributes = ::GetFileAttributesW(nativePath(name).c_str());
+  const bool isProtected =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  ::SetLastError(ERROR_ACCESS_DENIED);
+  return !isProtected;
+}
+
+// Virus scanners and indexers look at every new file for a moment. What is open without the right
+// to remove it is denied as if it were protected.
+bool isHeldByOther() {
+  switch (::GetLastError()) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+    case ERROR_ACCESS_DENIED:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Renaming has returned only when the disk knows.
+bool flushDirectory(const QString& /*directory*/) {
+  return true;
+}
+
+}  // namespace Kyr::Platform

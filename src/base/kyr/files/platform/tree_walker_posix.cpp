@@ -1,0 +1,150 @@
+#include <kyr/files/tree_walker_p.h>
+
+#include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <cerrno>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Kyr::Platform {
+
+namespace {
+
+constexpr std::intptr_t closed = -1;
+/// A tree may be deeper than a process may have files open.
+constexpr std::size_t mostOpen = 64;
+constexpr int toEnter = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+int descriptor(std::intptr_t handle) {
+  return static_cast<int>(handle);
+}
+
+void close(std::intptr_t& handle) {
+  if (handle != closed) {
+    const KeepLastError keep;
+    ::close(descriptor(handle));
+    handle = closed;
+  }
+}
+
+bool isEntry(const char* name) {
+  const std::string text = name;
+  return text != "." && text != "..";
+}
+
+}  // namespace
+
+TreeWalker::TreeWalker(const QString& start) {
+  const int opened = ::open(nativePath(start).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened >= 0) {
+    push(opened, {});
+  }
+}
+
+TreeWalker::~TreeWalker() {
+  for (Level& level : _levels) {
+    close(level.handle);
+  }
+}
+
+NativeName TreeWalker::nativeName(const QString& name) {
+  return nativePath(name).native();
+}
+
+bool TreeWalker::push(std::intptr_t handle, const NativeName& path) {
+  struct stat found = {};
+  if (::fstat(descriptor(handle), &found) != 0) {
+    close(handle);
+    return false;
+  }
+  if (_levels.size() >= mostOpen) {
+    close(_levels[_levels.size() - mostOpen].handle);
+  }
+  _levels.push_back({handle, found.st_dev, found.st_ino, path});
+  return true;
+}
+
+NativeName TreeWalker::pathOf(const NativeName& name) const {
+  return name;  // seen from the descriptor of its directory
+}
+
+TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
+  struct stat found = {};
+  if (::fstatat(descriptor(_levels.back().handle), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) !=
+      0) {
+    return Missing;
+  }
+  return S_ISDIR(found.st_mode) ? Directory : Other;
+}
+
+bool TreeWalker::list(std::vector<NativeName>& names) const {
+  const int copy = ::openat(descriptor(_levels.back().handle), ".", toEnter);
+  DIR* const directory = copy < 0 ? nullptr : ::fdopendir(copy);
+  if (!directory) {
+    return false;
+  }
+  errno = 0;
+  while (const dirent* const entry = ::readdir(directory)) {
+    if (isEntry(entry->d_name)) {
+      names.emplace_back(entry->d_name);
+    }
+    errno = 0;
+  }
+  const bool complete = errno == 0;
+  const KeepLastError keep;
+  ::closedir(directory);
+  return complete;
+}
+
+bool TreeWalker::removeOther(const NativeName& name) const {
+  return ::unlinkat(descriptor(_levels.back().handle), name.c_str(), 0) == 0;
+}
+
+bool TreeWalker::removeDirectory(const NativeName& name) const {
+  return ::unlinkat(descriptor(_levels.back().handle), name.c_str(), AT_REMOVEDIR) == 0;
+}
+
+bool TreeWalker::enter(const NativeName& name) {
+  const std::uint64_t device = _levels.back().device;
+  const int opened = ::openat(descriptor(_levels.back().handle), name.c_str(), toEnter);
+  if (opened < 0 || !push(opened, {})) {
+    return false;
+  }
+  if (_levels.back().device == device || _levels.size() == 2) {
+    return true;
+  }
+  close(_levels.back().handle);
+  _levels.pop_back();
+  errno = EBUSY;
+  return false;
+}
+
+bool TreeWalker::leave() {
+  const int left = descriptor(_levels.back().handle);
+  Level& above = _levels[_levels.size() - 2];
+  if (above.handle == closed) {
+    struct stat found = {};
+    above.handle = ::openat(left, "..", toEnter);
+    const bool isSame = above.handle >= 0 && ::fstat(descriptor(above.handle), &found) == 0 &&
+                        found.st_dev == above.device && found.st_ino == above.number;
+    if (!isSame) {
+      close(above.handle);
+    }
+  }
+  const bool isBack = above.handle != closed;
+  close(_levels.back().handle);
+  _levels.pop_back();
+  if (!isBack) {
+    for (Level& level : _levels) {
+      close(level.handle);
+    }
+    _levels.clear();
+  }
+  return isBack;
+}
+
+}  // namespace Kyr::Platform

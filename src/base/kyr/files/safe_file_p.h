@@ -1,0 +1,51 @@
+/// \file
+/// What safe saving asks of the platforms. Whoever answers false leaves the reason in
+/// lastError().
+#pragma once
+
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Kyr::Platform {
+
+/// A file that is being written.
+class OutputFile {
+ public:
+  OutputFile() = default;
+  ~OutputFile() { close(); }
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  /// Creates a file that is not there.
+  /// \param model the file whose permissions it gets, if that is there
+  bool create(const QString& name, const QString& model);
+  bool isOpen() const { return _handle != none; }
+  bool write(const char* bytes, std::size_t count);
+  /// Returns when the disk has everything.
+  bool flushToDisk();
+  /// \return negative on failure
+  std::int64_t size() const;
+  /// \return false when the system only now tells of a failure; it is closed even so
+  bool close();
+
+ private:
+  static constexpr std::intptr_t none = -1;
+  std::intptr_t _handle = none;
+};
+
+/// The full path of the file that a name means, behind all links; of a link that leads nowhere,
+/// the place where it leads.
+bool resolve(const QString& name, QString& target);
+
+/// Whether the user may write the file.
+bool mayWrite(const QString& name);
+
+/// Whether the last renaming failed because of another program, which may soon let go.
+bool isHeldByOther();
+
+/// Returns when the disk knows of the names in a directory; where the system can say so.
+bool flushDirectory(const QString& directory);
+
+}  // namespace Kyr::Platform

@@ -1,0 +1,153 @@
+#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_process_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <QDir>
+
+#include <cerrno>
+
+namespace Kyr {
+
+namespace {
+
+bool isDirectory(const QString& name) {
+  const Platform::KeepLastError keep;
+  OS::FileStatus status;
+  return OS::stat(name, &status) && status.isDirectory;
+}
+
+/// Whether the directory is there, be it that another process has made it meanwhile.
+bool ensureDirectory(const QString& name, bool ownerOnly) {
+  return isDirectory(name) || Platform::makeDirectory(name, ownerOnly) || isDirectory(name);
+}
+
+/// Nothing is left of a copy that failed half-way; what is there already is no such copy.
+bool copyToFree(const QString& from, const QString& to) {
+  const bool copied = Platform::copyFile(from, to);
+  if (!copied && Platform::lastError().known != EEXIST) {
+    const Platform::KeepLastError keep;
+    Platform::removeFile(to);
+  }
+  return copied;
+}
+
+bool copyOver(const QString& from, const QString& to) {
+  const QString beside = TemporaryFile::besideOf(to);
+  if (!copyToFree(from, beside)) {
+    return false;
+  }
+  const bool renamed = Platform::renameOver(beside, to);
+  if (!renamed) {
+    const Platform::KeepLastError keep;
+    Platform::removeFile(beside);
+  }
+  return renamed;
+}
+
+}  // namespace
+
+bool OS::stat(const QString& name, FileStatus* status) {
+  FileStatus unused;
+  return Platform::isName(name) && Platform::readStatus(name, status ? *status : unused);
+}
+
+OS::FileStatus OS::getStatus(const QString& name) {
+  constexpr const char* what = "cannot examine %1";
+  Platform::expectName(what, name);
+  FileStatus status;
+  if (!Platform::readStatus(name, status)) {
+    Platform::fail(what, name);
+  }
+  return status;
+}
+
+bool OS::mkdir(const QString& name, bool ownerOnly) {
+  if (!Platform::isName(name) || isDirectory(name)) {
+    return Platform::isName(name);
+  }
+  // What fails above may be a server or a drive, which nobody can make: the last one decides.
+  const QString path = QDir::fromNativeSeparators(name);
+  for (int end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {
+    ensureDirectory(path.left(end), ownerOnly);
+  }
+  return ensureDirectory(path, ownerOnly);
+}
+
+void OS::makeDirectory(const QString& name, bool ownerOnly) {
+  constexpr const char* what = "cannot make the directory %1";
+  Platform::expectName(what, name);
+  if (!mkdir(name, ownerOnly)) {
+    Platform::fail(what, name);
+  }
+}
+
+bool OS::readDirectory(const QString& name, QStringList* entries) {
+  entries->clear();
+  if (!Platform::isName(name) || !Platform::readEntries(name, *entries)) {
+    const Platform::KeepLastError keep;
+    entries->clear();
+    return false;
+  }
+  entries->removeAll(".");
+  entries->removeAll("..");
+  entries->sort();
+  return true;
+}
+
+QStringList OS::listDirectory(const QString& name) {
+  constexpr const char* what = "cannot read the directory %1";
+  Platform::expectName(what, name);
+  QStringList entries;
+  if (!readDirectory(name, &entries)) {
+    Platform::fail(what, name);
+  }
+  return entries;
+}
+
+bool OS::copyFile(const QString& from, const QString& to) {
+  FileStatus status;
+  return stat(from, &status) && !status.isDirectory && Platform::isName(to) && !stat(to) &&
+         copyToFree(from, to);
+}
+
+void OS::copy(const QString& from, const QString& to, Existing_t existing) {
+  const QString what = "cannot copy " + from + " to %1";
+  const QByteArray start = what.toUtf8();
+  Platform::expectName(start, to);
+  if (!getStatus(from).isFile) {
+    Platform::fail(start, to, "only plain files are copied");
+  }
+  if (!(existing == ReplaceExisting ? copyOver(from, to) : copyToFree(from, to))) {
+    Platform::fail(start, to);
+  }
+}
+
+void OS::rename(const QString& from, const QString& to, Existing_t existing) {
+  const QByteArray what = ("cannot rename " + from + " to %1").toUtf8();
+  Platform::expectName(what, from);
+  Platform::expectName(what, to);
+  const bool replaces = existing == ReplaceExisting && !Platform::isRealDirectory(from);
+  if (!(replaces ? Platform::renameOver(from, to) : Platform::renameToFree(from, to))) {
+    Platform::fail(what, to);
+  }
+}
+
+bool OS::unlink(const QString& name) {
+  return Platform::isName(name) && Platform::removeFile(name);
+}
+
+void OS::remove(const QString& name) {
+  constexpr const char* what = "cannot remove %1";
+  Platform::expectName(what, name);
+  const bool isDirectory = Platform::isRealDirectory(name);
+  if (!(isDirectory ? Platform::removeDirectory(name) : Platform::removeFile(name))) {
+    Platform::fail(what, name);
+  }
+}
+
+QString OS::convertSeparatorsToUnix(const QString& path) {
+  return QString(path).replace('\\', '/');
+}
+
+}  // namespace Kyr

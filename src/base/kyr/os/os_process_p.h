@@ -1,0 +1,36 @@
+/// \file
+/// How processes are told apart, and the names of files that belong to one for a while.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+
+namespace Kyr::Platform {
+
+// Platform files define these.
+
+/// What tells a process from all others that had or will have its number.
+/// \return ASCII without blanks; empty when the system does not tell
+QByteArray processStart(std::int64_t pid);
+
+/// Hands a document or an address over to the desktop.
+/// \throws Exception
+void showOnDesktop(const QString& target);
+
+}  // namespace Kyr::Platform
+
+namespace Kyr::TemporaryFile {
+
+/// The start of the name of each.
+extern const char* const prefix;
+
+/// A name in the directory of \a target that nobody else uses, and that tells who uses it.
+QString besideOf(const QString& target);
+
+/// Whether a file of this name, without directory, was left behind by a process of this host that
+/// has ended.
+bool isLeftover(const QString& name);
+
+}  // namespace Kyr::TemporaryFile

@@ -1,0 +1,111 @@
+#include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <cerrno>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+std::string native(const QString& name) {
+  return Platform::nativePath(name).native();
+}
+
+std::int64_t milliseconds(const statx_timestamp& time) {
+  return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+}
+
+/// Hands on what the C++ library found out.
+bool succeeded(const std::error_code& error) {
+  if (error) {
+    errno = error.value();
+  }
+  return !error;
+}
+
+}  // namespace
+
+Platform::SystemError Platform::lastError() {
+  return {errno, static_cast<unsigned>(errno)};
+}
+
+void Platform::setLastError(const SystemError& error) {
+  errno = error.known;
+}
+
+bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
+  const std::string path = native(name);
+  struct statx found = {};
+  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_BASIC_STATS | STATX_BTIME, &found) != 0) {
+    return false;
+  }
+  struct stat itself = {};
+  status = {};
+  status.isLink = ::lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode);
+  status.isDirectory = S_ISDIR(found.stx_mode);
+  status.isFile = S_ISREG(found.stx_mode);
+  status.size = status.isFile ? static_cast<std::int64_t>(found.stx_size) : 0;
+  status.modified = milliseconds(found.stx_mtime);
+  status.accessed = milliseconds(found.stx_atime);
+  status.created = (found.stx_mask & STATX_BTIME) != 0 ? milliseconds(found.stx_btime) : 0;
+  return true;
+}
+
+bool Platform::makeDirectory(const QString& name, bool ownerOnly) {
+  return ::mkdir(native(name).c_str(), ownerOnly ? 0700 : 0777) == 0;
+}
+
+bool Platform::readEntries(const QString& name, QStringList& entries) {
+  std::error_code error;
+  std::filesystem::directory_iterator entry(nativePath(name), error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    entries.append(nameOf(entry->path().filename()));
+  }
+  return succeeded(error);
+}
+
+bool Platform::copyFile(const QString& from, const QString& to) {
+  std::error_code error;
+  std::filesystem::copy_file(nativePath(from), nativePath(to), error);
+  return succeeded(error);
+}
+
+bool Platform::isRealDirectory(const QString& name) {
+  struct stat found = {};
+  return ::lstat(native(name).c_str(), &found) == 0 && S_ISDIR(found.st_mode);
+}
+
+// Some file systems know the one, some the other.
+bool Platform::renameToFree(const QString& from, const QString& to) {
+  const std::string source = native(from);
+  const std::string target = native(to);
+  if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) {
+    return true;
+  }
+  const bool isUnknown = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+  if (!isUnknown || ::link(source.c_str(), target.c_str()) != 0) {
+    return false;
+  }
+  ::unlink(source.c_str());
+  return true;
+}
+
+bool Platform::renameOver(const QString& from, const QString& to) {
+  return ::rename(native(from).c_str(), native(to).c_str()) == 0;
+}
+
+bool Platform::removeFile(const QString& name) {
+  return ::unlink(native(name).c_str()) == 0;
+}
+
+bool Platform::removeDirectory(const QString& name) {
+  return ::rmdir(native(name).c_str()) == 0;
+}
+
+}  // namespace Kyr

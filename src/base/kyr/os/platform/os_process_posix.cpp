@@ -1,0 +1,69 @@
+#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_process_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <QProcess>
+
+#include <cerrno>
+#include <csignal>
+#include <fstream>
+#include <limits>
+#include <string>
+
+namespace Kyr {
+
+namespace {
+
+QByteArray firstLine(const std::string& file) {
+  std::ifstream stream(file, std::ios_base::binary);
+  std::string line;
+  std::getline(stream, line);
+  return QByteArray::fromStdString(line);
+}
+
+/// The fields of a process behind its name, which may hold blanks and brackets; the first is its
+/// state. Empty where the system has no such file.
+QList<QByteArray> fieldsOf(std::int64_t pid) {
+  const QByteArray line = firstLine("/proc/" + std::to_string(pid) + "/stat");
+  const int nameEnd = line.lastIndexOf(") ");
+  return nameEnd < 0 ? QList<QByteArray>() : line.mid(nameEnd + 2).split(' ');
+}
+
+bool isPid(std::int64_t pid) {
+  return pid > 0 && pid <= std::numeric_limits<pid_t>::max();
+}
+
+}  // namespace
+
+bool OS::pidExists(std::int64_t pid) {
+  if (!isPid(pid) || (::kill(static_cast<pid_t>(pid), 0) != 0 && errno != EPERM)) {
+    return false;
+  }
+  const QByteArray state = fieldsOf(pid).value(0);
+  return state != "Z" && state != "X";  // ended, though its parent has not asked for it yet
+}
+
+// Ticks since the start of the system, and which start that was: clocks that are set do not matter.
+QByteArray Platform::processStart(std::int64_t pid) {
+  constexpr int startField = 19;
+  const QByteArray ticks = fieldsOf(pid).value(startField);
+  return ticks.isEmpty() ? ticks : ticks + '@' + firstLine("/proc/sys/kernel/random/boot_id");
+}
+
+void Platform::showOnDesktop(const QString& target) {
+  const QString opener = OS::findExecutable("xdg-open");
+  if (opener.isEmpty()) {
+    fail("cannot open %1", target, "there is no desktop: the program xdg-open is missing");
+  }
+  QProcess process;
+  process.setProgram(opener);
+  process.setArguments({target});
+  process.setStandardInputFile(QProcess::nullDevice());
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+  if (!process.startDetached()) {
+    fail("cannot open %1", target, "the program xdg-open cannot be started");
+  }
+}
+
+}  // namespace Kyr

@@ -1,0 +1,179 @@
+// A writer that dies at each of its system calls, full disks, permissions and links.
+#include "support/Support.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/files/KyrSafeFile.h>
+#include <kyr/os/KyrOS.h>
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <csignal>
+#include <iostream>
+#include <string>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/ptrace.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using Kyr::OS;
+using Kyr::SafeFile;
+using KyrTest::readFile;
+
+namespace {
+
+const QByteArray oldContent(90000, 'o');
+const QByteArray newContent(150000, 'n');
+
+void save(const QString& path) {
+  SafeFile file(path);
+  for (int i = 0; i < newContent.size(); i += 1000) {
+    file.stream().write(newContent.constData() + i, 1000);
+  }
+  file.commit();
+}
+
+/// Adds what tells the order of the calls that matter.
+void note(pid_t child, std::string& order) {
+  __ptrace_syscall_info info{};
+  ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof info, &info);
+  if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
+    order += info.entry.nr == SYS_write ? "w" : info.entry.nr == SYS_fsync ? "f" : "";
+    order += info.entry.nr == SYS_rename ? "r" : "";
+  }
+}
+
+/// Saves in a child that is killed when it has begun or ended system calls so often.
+/// \param order receives a letter for each call of write, fsync and rename
+/// \return whether it was killed; its exit code in \a code otherwise
+bool killedAtCall(const QString& path, int calls, int& code, std::string& order) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
+      ::_exit(77);
+    }
+    ::raise(SIGSTOP);
+    save(path);
+    ::_exit(0);
+  }
+  int status = 0;
+  for (int i = 0; ::waitpid(child, &status, 0) == child && WIFSTOPPED(status); ++i) {
+    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+    if (i == calls) {
+      ::kill(child, SIGKILL);
+    }
+    note(child, order);
+    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+  }
+  code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return WIFSIGNALED(status);
+}
+
+TEST(SafeFilePosix, SurvivesADeathAtEverySystemCall) {
+  const KyrTest::TempDir dir;
+  int code = 0;
+  int died = 0;
+  int olds = 0;
+  std::string order;
+  while (true) {
+    const QString path = dir.write("file", oldContent);
+    order.clear();
+    if (!killedAtCall(path, died + 1, code, order)) {
+      break;
+    }
+    ++died;
+    const QByteArray content = readFile(path);
+    ASSERT_TRUE(content == oldContent || content == newContent) << "at call " << died;
+    olds += content == oldContent ? 1 : 0;
+    SafeFile(dir.file("any")).discard();
+    ASSERT_EQ(OS::listDirectory(dir.path()), QStringList("file")) << "at call " << died;
+  }
+  if (code == 77) {
+    GTEST_SKIP() << "this system lets nobody trace its child";
+  }
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(order, "wwwfrf") << "only so a power cut does no harm";
+  EXPECT_TRUE(olds > 20 && olds < died) << olds << " of " << died << " deaths left the old file";
+}
+
+/// Mounts a disk of 64 KiB on a directory, for this process only.
+bool mountSmallDisk(const QString& directory) {
+  const uid_t user = ::getuid();
+  return ::unshare(CLONE_NEWNS | (user == 0 ? 0 : CLONE_NEWUSER)) == 0 &&
+         ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+         ::mount("small", directory.toUtf8().constData(), "tmpfs", 0, "size=64k") == 0;
+}
+
+void limitFiles(rlim_t bytes) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{bytes, bytes};
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST(SafeFilePosix, LeavesTheOldFileWhenTheDiskIsFull) {
+  const KyrTest::TempDir dir;
+  for (const int limit : {0, 1, 65535, 65536, 100000, 149999, -1}) {
+    const QString path = dir.write("file", "old");
+    const bool isDisk = limit < 0;
+    const KyrTest::Ended ended = KyrTest::inChild([&] {
+      if (isDisk && !mountSmallDisk(dir.path())) {
+        std::cout << "skipped";
+        return;
+      }
+      dir.write("file", "old");
+      if (!isDisk) {
+        limitFiles(static_cast<rlim_t>(limit));
+      }
+      try {
+        save(path);
+      } catch (const Kyr::Exception& error) {
+        std::cout << error.what() << '|' << OS::listDirectory(dir.path()).join(' ').toStdString()
+                  << '|' << readFile(path).toStdString();
+      }
+    });
+    if (isDisk && ended.output == "skipped") {
+      GTEST_SKIP() << "this system lets nobody mount a small disk";
+    }
+    EXPECT_EQ(ended.output, "cannot save " + path.toUtf8() + ": " +
+                                (isDisk ? "no space is left on the disk"
+                                        : "the file would be larger than is allowed") +
+                                "|file|old")
+        << limit << ended.errors.toStdString();
+  }
+}
+
+TEST(SafeFilePosix, KeepsPermissionsAndLinks) {
+  const KyrTest::TempDir dir;
+  ASSERT_TRUE(OS::mkdir(dir.file("far")));
+  const QString target = dir.write("far/target", "old");
+  ASSERT_TRUE(QFile::link("far/target", dir.file("near")));
+  ASSERT_TRUE(QFile::link("near", dir.file("link")));
+  ASSERT_TRUE(QFile::link("far/missing", dir.file("dangling")));
+  ASSERT_TRUE(QFile::link("loop", dir.file("loop")));
+  for (const mode_t mode : {0640U, 0600U, 0777U, 0200U}) {
+    ASSERT_EQ(::chmod(target.toUtf8().constData(), mode), 0);
+    save(dir.file("link"));
+    struct stat found = {};
+    ASSERT_EQ(::lstat(target.toUtf8().constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777U, mode);
+  }
+  EXPECT_TRUE(OS::getStatus(dir.file("link")).isLink && OS::getStatus(dir.file("near")).isLink);
+  save(dir.file("dangling"));
+  EXPECT_TRUE(OS::getStatus(dir.file("far/missing")).isFile) << "the link is replaced";
+  EXPECT_THROW(save(dir.file("loop")), Kyr::Exception);
+  EXPECT_EQ(OS::listDirectory(dir.file("far")).join(' '), "missing target");
+  const mode_t mask = ::umask(027);
+  save(dir.file("new"));
+  ::umask(mask);
+  struct stat found = {};
+  ASSERT_EQ(::stat(dir.file("new").toUtf8().constData(), &found), 0);
+  EXPECT_EQ(found.st_mode & 07777U, 0640U) << "a new file is not as any other";
+}
+
+}  // namespace
