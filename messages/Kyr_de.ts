@@ -104,4 +104,66 @@ it must be transferred by binary-ftp.</source>
 Sie muss im Binärmodus übertragen werden.</translation>
     </message>
 </context>
+<context>
+    <name>KyrChangeLog</name>
+    <message>
+        <source>new %1.</source>
+        <translation>neu: %1.</translation>
+    </message>
+    <message>
+        <source>%1 renamed to %2.</source>
+        <translation>%1 heißt jetzt %2.</translation>
+    </message>
+    <message>
+        <source>removed %1.</source>
+        <translation>%1 entfernt.</translation>
+    </message>
+    <message>
+        <source>changed semantics of %1.</source>
+        <translation>Bedeutung von %1 geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>KyrLibraryHistory</name>
+    <message>
+        <source>Reports a broken invariant and ends the process.</source>
+        <translation>Meldet eine verletzte Invariante und beendet den Prozess.</translation>
+    </message>
+    <message>
+        <source>Sorts item9 before item10.</source>
+        <translation>Sortiert item9 vor item10.</translation>
+    </message>
+    <message>
+        <source>With its kin for other numbers, the same under every locale.</source>
+        <translation>Wie die verwandten Funktionen für andere Zahlen unter jeder Ländereinstellung gleich.</translation>
+    </message>
+    <message>
+        <source>On Linux only.</source>
+        <translation>Nur unter Linux.</translation>
+    </message>
+    <message>
+        <source>Finds the next free number of a series of files.</source>
+        <translation>Findet die nächste freie Nummer einer Dateiserie.</translation>
+    </message>
+    <message>
+        <source>Gives way when its owner no longer lives.</source>
+        <translation>Gibt nach, wenn sein Besitzer nicht mehr lebt.</translation>
+    </message>
+    <message>
+        <source>Hands an exception of its work to the thread that waits for it.</source>
+        <translation>Reicht eine Ausnahme aus seiner Arbeit an den Thread weiter, der auf ihn wartet.</translation>
+    </message>
+    <message>
+        <source>Tells at which byte a file is damaged or cut short.</source>
+        <translation>Nennt das Byte, ab dem eine Datei beschädigt oder abgeschnitten ist.</translation>
+    </message>
+    <message>
+        <source>Bounded in memory by ZippedTarLimits.</source>
+        <translation>Begrenzt seinen Speicherbedarf durch ZippedTarLimits.</translation>
+    </message>
+    <message>
+        <source>libKyr %1: changes of the interface</source>
+        <translation>libKyr %1: Änderungen der Schnittstelle</translation>
+    </message>
+</context>
 </TS>

@@ -104,4 +104,66 @@ it must be transferred by binary-ftp.</source>
 Il doit être transféré en mode binaire.</translation>
     </message>
 </context>
+<context>
+    <name>KyrChangeLog</name>
+    <message>
+        <source>new %1.</source>
+        <translation>ajout de %1.</translation>
+    </message>
+    <message>
+        <source>%1 renamed to %2.</source>
+        <translation>%1 renommé en %2.</translation>
+    </message>
+    <message>
+        <source>removed %1.</source>
+        <translation>suppression de %1.</translation>
+    </message>
+    <message>
+        <source>changed semantics of %1.</source>
+        <translation>sémantique de %1 modifiée.</translation>
+    </message>
+</context>
+<context>
+    <name>KyrLibraryHistory</name>
+    <message>
+        <source>Reports a broken invariant and ends the process.</source>
+        <translation>Signale un invariant violé et met fin au processus.</translation>
+    </message>
+    <message>
+        <source>Sorts item9 before item10.</source>
+        <translation>Classe item9 avant item10.</translation>
+    </message>
+    <message>
+        <source>With its kin for other numbers, the same under every locale.</source>
+        <translation>Comme les fonctions sœurs pour d’autres nombres, identique dans toutes les langues du système.</translation>
+    </message>
+    <message>
+        <source>On Linux only.</source>
+        <translation>Sous Linux uniquement.</translation>
+    </message>
+    <message>
+        <source>Finds the next free number of a series of files.</source>
+        <translation>Trouve le prochain numéro libre d’une série de fichiers.</translation>
+    </message>
+    <message>
+        <source>Gives way when its owner no longer lives.</source>
+        <translation>Cède la place quand son propriétaire n’existe plus.</translation>
+    </message>
+    <message>
+        <source>Hands an exception of its work to the thread that waits for it.</source>
+        <translation>Transmet une exception de son travail au thread qui l’attend.</translation>
+    </message>
+    <message>
+        <source>Tells at which byte a file is damaged or cut short.</source>
+        <translation>Indique à quel octet un fichier est endommagé ou tronqué.</translation>
+    </message>
+    <message>
+        <source>Bounded in memory by ZippedTarLimits.</source>
+        <translation>Sa mémoire est limitée par ZippedTarLimits.</translation>
+    </message>
+    <message>
+        <source>libKyr %1: changes of the interface</source>
+        <translation>libKyr %1 : changements de l’interface</translation>
+    </message>
+</context>
 </TS>

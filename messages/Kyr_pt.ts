@@ -104,4 +104,66 @@ it must be transferred by binary-ftp.</source>
 Tem de ser transferido em modo binário.</translation>
     </message>
 </context>
+<context>
+    <name>KyrChangeLog</name>
+    <message>
+        <source>new %1.</source>
+        <translation>novo: %1.</translation>
+    </message>
+    <message>
+        <source>%1 renamed to %2.</source>
+        <translation>%1 renomeado para %2.</translation>
+    </message>
+    <message>
+        <source>removed %1.</source>
+        <translation>%1 removido.</translation>
+    </message>
+    <message>
+        <source>changed semantics of %1.</source>
+        <translation>semântica de %1 alterada.</translation>
+    </message>
+</context>
+<context>
+    <name>KyrLibraryHistory</name>
+    <message>
+        <source>Reports a broken invariant and ends the process.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sorts item9 before item10.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With its kin for other numbers, the same under every locale.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On Linux only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finds the next free number of a series of files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gives way when its owner no longer lives.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hands an exception of its work to the thread that waits for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tells at which byte a file is damaged or cut short.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bounded in memory by ZippedTarLimits.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>libKyr %1: changes of the interface</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
 </TS>

@@ -80,6 +80,15 @@ TEST(Tool, AnswersOnTheCommandLine) {
       {"zip pack nothing new", 1, "$", "no such file", "nothing to pack"},
       {"zip pack - no/folder", 1, "$", "no/folder: there is no such file", "nowhere to write"},
       {"zip pack - new --file-version 4294967296", 2, "$", "to 4294967295", "33 bits"},
+      {"changelog", 0, "<html lang=\"en\">", "", "a page in English"},
+      {"changelog - --group context", 0, "<h2 class=\"history\">os</h2>", "", "by context"},
+      {"changelog --group version", 0, "<h3 class=\"history\">os</h3>", "", "by version"},
+      {"changelog --group none", 0, "</h1>\n<ul>\n<li><span", "", "not grouped"},
+      {"changelog --language jp", 0, "<html lang=\"ja\">", "", "the language's name in HTML"},
+      {"changelog --language de", 0, "</span> neu: <code", "", "no catalogue was loaded"},
+      {"changelog --group size", 2, "$", "one of none, context, version", "unknown grouping"},
+      {"changelog --language es", 2, "$", "one of en, de,", "unknown language"},
+      {"changelog no/folder", 1, "$", "no/folder: there is no such file", "nowhere to write"},
   };
   const TempDir folder;
   const ScopedEnvironment locale("LC_ALL", "de_DE.UTF-8");
@@ -97,6 +106,13 @@ TEST(Tool, AnswersOnTheCommandLine) {
   EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "a failed command left a file";
   const Result longest = run({"convert", QString(30000, '1') + "x", "mm", "in"}, folder);
   EXPECT_TRUE(longest.errors.contains("1x\" is not a number\n") && longest.errors.size() < 1000);
+}
+
+TEST(Tool, WritesItsChangeLogIntoAFile) {
+  const TempDir folder;
+  folder.write("page", "older and longer" + QByteArray(100000, '.'));
+  EXPECT_EQ(run({"changelog", "page", "--language", "fr"}, folder).code, 0);
+  EXPECT_EQ(readFile(folder.file("page")), run({"changelog", "--language", "fr"}, folder).output);
 }
 
 /// Lines of text and a packed copy of it: whole, and as faults leave it.

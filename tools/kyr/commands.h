@@ -34,5 +34,7 @@ int crc16(const Arguments& arguments);
 int sortLines(const Arguments& arguments);
 /// Writes the next free name of a numbered series.
 int nextName(const Arguments& arguments);
+/// Writes the library's change log as a page.
+int changelog(const Arguments& arguments);
 
 }  // namespace KyrTool

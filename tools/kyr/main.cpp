@@ -73,6 +73,13 @@ const Command commands[] = {
     {"crc16", "FILE...", "writes the CRC-16/XMODEM of each file", 1, 10000, {}, crc16},
     {"sort", "[FILE]", "sorts lines in natural order: item9 before item10", 0, 1, {}, sortLines},
     {"next", "FILE", "names the next free file of a series, as img0007.tif", 1, 1, {}, nextName},
+    {"changelog",
+     "[OUTPUT] [--group context|version|none] [--language LANGUAGE]",
+     "renders the library's change log as a page of HTML",
+     0,
+     1,
+     {"group", "language"},
+     changelog},
 };
 
 QString usageOf(const Command& command) {

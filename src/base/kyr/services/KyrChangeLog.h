@@ -1,0 +1,155 @@
+/// \file
+/// Which elements of an interface a version brought, renamed, removed or gave another meaning.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QString>
+
+#include <vector>
+
+namespace Kyr::ChangeLog {
+
+/// The version of a package: major, minor, patch and build. A plain value.
+/// \threadsafety one thread per object
+class KYR_EXPORT VersionNumber {
+ public:
+  /// The releases that have a name; the numbers never change.
+  enum Version_t : int {
+    Version610 = 0,  ///< 6.1.0
+    Version611 = 1,  ///< 6.1.1
+    Version620 = 2,  ///< 6.2.0
+    Version700 = 3,  ///< 7.0.0
+  };
+
+  /// The version of what has none: four zeros, smaller than all others.
+  static VersionNumber invalidVersion();
+  /// The version of a package of a named release.
+  /// \param build counts the release's packages
+  /// \return the invalid version for a release outside the enumeration
+  static VersionNumber version(const Version_t& release, unsigned build);
+  static VersionNumber version610(unsigned build);
+  static VersionNumber version620(unsigned build);
+  /// Reads what toString() writes, as scanf does with "v%u.%u.%u-%u": blanks and a sign may stand
+  /// before each number, minus counts down from 2^32, and what follows the fourth is ignored.
+  /// \return the invalid version for any other text, for null, and for numbers that 32 bits do
+  ///         not hold
+  static VersionNumber fromString(const char* text);
+
+  /// As "v6.2.0-6", the same under every locale.
+  QString toString() const;
+
+  /// Compares major, then minor, then patch, then build.
+  bool operator<(const VersionNumber& other) const;
+  bool operator==(const VersionNumber& other) const;
+
+ private:
+  VersionNumber(unsigned itsMajor, unsigned itsMinor, unsigned itsPatch, unsigned itsBuild);
+
+  unsigned _major;
+  unsigned _minor;
+  unsigned _patch;
+  unsigned _build;
+};
+
+/// One change of one element. A plain value; a class derived from it makes entries with the
+/// protected functions and puts them into a Log, which keeps them without what the class adds.
+///
+/// All texts are plain: markup characters in them appear on the page as they are here.
+/// \threadsafety one thread per object
+class KYR_EXPORT LogEntry {
+ public:
+  enum Type_t : int {
+    Created = 0,           ///< the element is new
+    Renamed = 1,           ///< from here on the related element is its name
+    Removed = 2,           ///< the element is gone
+    SemanticsChanged = 3,  ///< the same name means something else
+  };
+
+  /// The area that the element belongs to; may be empty.
+  const QString& getContext() const { return _context; }
+  /// When the change happened.
+  const VersionNumber& getVersion() const { return _version; }
+  Type_t getType() const { return _type; }
+  const QString& getElement() const { return _element; }
+  /// The new name of a renamed element, empty for others.
+  const QString& getRelatedElement() const { return _relatedElement; }
+  /// What else is to say; may be empty.
+  const QString& getDescription() const { return _description; }
+
+  /// The entry as a sentence in the user's language and, one blank behind it, the description.
+  ///
+  /// In the texts "<", ">", "&" and quotes become entities, line breaks become "<br/>", and
+  /// characters that no HTML may hold become U+FFFD: the result is well-formed for every entry.
+  /// \return without a sentence for a type outside the enumeration
+  QString getHtmlText() const;
+
+ protected:
+  LogEntry(const QString& context, const VersionNumber& version, Type_t type,
+           const QString& element, const QString& relatedElement, const QString& description);
+
+  static LogEntry elementCreated(const QString& context, const VersionNumber& version,
+                                 const QString& element, const QString& description = QString());
+  static LogEntry elementRenamed(const QString& context, const VersionNumber& version,
+                                 const QString& element, const QString& newName,
+                                 const QString& description = QString());
+  static LogEntry elementRemoved(const QString& context, const VersionNumber& version,
+                                 const QString& element, const QString& description = QString());
+  static LogEntry elementSemantics(const QString& context, const VersionNumber& version,
+                                   const QString& element, const QString& description = QString());
+
+ private:
+  QString _context;
+  VersionNumber _version;
+  QString _element;
+  QString _relatedElement;
+  QString _description;
+  Type_t _type;
+};
+
+/// Entries in the order in which they were added. A plain value.
+/// \threadsafety one thread per object
+class KYR_EXPORT Log {
+ public:
+  /// How the entries are grouped. Entries that are equal in all that is compared keep their order.
+  enum Grouping_t : int {
+    NoGrouping = 0,  ///< one list in the order added; so does every value outside
+    ByContext = 1,   ///< a list for each context by name, the newest version first
+    ByVersion = 2,   ///< the newest version first, and in it a list for each context by name
+  };
+  using iterator = std::vector<LogEntry>::iterator;
+  using const_iterator = std::vector<LogEntry>::const_iterator;
+
+  /// Appends an entry.
+  /// \return this log
+  Log& addEntry(const LogEntry& entry);
+  /// Appends all entries of another log, which may be this one.
+  /// \return this log
+  Log& addLog(const Log& other);
+
+  iterator begin() { return _entries.begin(); }
+  iterator end() { return _entries.end(); }
+  const_iterator begin() const { return _entries.begin(); }
+  const_iterator end() const { return _entries.end(); }
+
+  /// The entries as a fragment of HTML: lists, with a heading of the second level before each
+  /// context or version, and of the third before each context of a version. Contexts compare by
+  /// their character codes; the one without a name comes first and has no heading.
+  /// \return a list even without entries when they are not grouped, otherwise nothing
+  QString transformToHtml(Grouping_t grouping) const;
+  /// The fragment as a page of its own, with a style for screen and paper, in UTF-8.
+  /// \param title plain text, for the first heading and the window
+  QString transformToPage(const QString& title, Grouping_t grouping) const;
+
+ private:
+  std::vector<LogEntry> _entries;
+};
+
+/// The history of this library's own interface; its contexts are the folders of the headers.
+/// \threadsafety any thread
+KYR_EXPORT Log libraryChangeLog();
+/// The title of that history's page, with the library's version, in the user's language.
+/// \threadsafety any thread
+KYR_EXPORT QString libraryChangeLogTitle();
+
+}  // namespace Kyr::ChangeLog

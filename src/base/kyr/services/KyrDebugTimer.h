@@ -1,0 +1,79 @@
+/// \file
+/// A developer's stopwatch.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Kyr {
+
+/// Measures code by marks on a line of time and by named intervals, and prints both as tables.
+///
+/// A plain value on the stack of the code that is measured; it runs from its construction on. All
+/// times are in milliseconds of the machine's performance counter.
+/// \threadsafety one thread per object
+class KYR_EXPORT DebugTimer {
+ public:
+  /// Starts the timer.
+  /// \param title stands above the tables; empty for none
+  explicit DebugTimer(const QString& title);
+
+  void setTitle(const QString& title) { _title = title; }
+  /// \param precision decimals of every time in the tables, 2 at first; at most 99 count, and
+  ///        negative ones mean 6
+  void setPrecision(int precision) { _precision = precision; }
+
+  /// Starts anew: forgets the marks, keeps the intervals and those that have begun.
+  void start();
+  /// Records how long after the start the code is here.
+  /// \throws ProgError "Timer not started"
+  void mark(const QString& name);
+  /// Begins an interval; intervals may stand inside each other.
+  void begin();
+  /// Ends the interval that began last and adds its time to those of the same label.
+  /// \param label UTF-8; null counts as empty
+  /// \throws ProgError "end without begin"
+  void end(const char* label);
+
+  /// The title and the tables of marks and of intervals by label; each only when there is
+  /// something to say. The same under every locale; names with line breaks are not treated
+  /// specially.
+  /// \throws ProgError "Timer not started"
+  QString toString() const;
+  /// Writes the tables to standard output in the local 8-bit encoding, and flushes it.
+  /// \throws ProgError "Timer not started"
+  void print() const;
+
+ private:
+  friend struct TestProbe;  // the tests' way to a timer that does not run
+  struct Mark {
+    QString name;
+    double time;  // milliseconds since the start
+  };
+  struct Interval {
+    double total = 0;  // milliseconds
+    unsigned count = 0;
+  };
+
+  double milliseconds(std::int64_t from, std::int64_t to) const;
+  QString timeText(double time) const;
+  QString marksText() const;
+  QString intervalsText() const;
+
+  QString _title;
+  int _precision = 2;
+  bool _started = false;
+  std::int64_t _startCount = 0;
+  std::int64_t _frequency;  // counts in a second
+  std::vector<Mark> _marks;
+  std::vector<std::int64_t> _begun;
+  std::map<std::string, Interval> _intervals;
+};
+
+}  // namespace Kyr

@@ -1,0 +1,154 @@
+#include <kyr/services/KyrChangeLog.h>
+
+#include <kyr/core/KyrVersion.h>
+#include <kyr/i18n/KyrTranslate.h>
+
+#include <QtGlobal>
+
+namespace Kyr::ChangeLog {
+
+namespace {
+
+constexpr const char* descriptions = "KyrLibraryHistory";  // their context in the catalogues
+
+/// The library's way to the functions that make entries.
+class LibraryEntry : public LogEntry {
+ public:
+  static LogEntry created(const char* folder, const VersionNumber& version, const char* element,
+                          const char* description) {
+    const QString text = description ? translate(descriptions, description) : QString();
+    return elementCreated(folder, version, element, text);
+  }
+};
+
+/// An element that came with a version.
+struct NewElement {
+  const char* folder;  ///< of its header
+  const char* name;    ///< in the namespace Kyr
+  const char* description = nullptr;
+};
+
+/// This code base begins with the sixth package of 6.2.0. Elements stand in the order of the
+/// rooms; tests/services/test_own_log.py misses every exported class that is not here.
+const NewElement firstElements[] = {
+    {"core", "Exception"},
+    {"core", "FileParse::Error"},
+    {"core", "FileParse::EndOfFile"},
+    {"core", "ProgError",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Reports a broken invariant and ends the process.")},
+    {"core", "setFatalErrorHook()"},
+    {"core", "StructVector<T>"},
+    {"core", "Application_t"},
+    {"core", "applicationProperties()"},
+    {"core", "libraryVersion()"},
+    {"text", "KString"},
+    {"text", "NumString", QT_TRANSLATE_NOOP("KyrLibraryHistory", "Sorts item9 before item10.")},
+    {"text", "TextCodec_t"},
+    {"text", "qstringToDouble()",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory",
+                       "With its kin for other numbers, the same under every locale.")},
+    {"text", "toQuotedShellString()"},
+    {"text", "quotePythonString()"},
+    {"text", "tokenizeRT()"},
+    {"text", "Base64"},
+    {"text", "CRC16"},
+    {"sync", "Mutex"},
+    {"sync", "AutoMutex"},
+    {"sync", "Condition"},
+    {"sync", "MutexReadWrite"},
+    {"sync", "Thread"},
+    {"sync", "SharedMemory", QT_TRANSLATE_NOOP("KyrLibraryHistory", "On Linux only.")},
+    {"os", "OS"},
+    {"os", "Process"},
+    {"time", "Time"},
+    {"log", "LogText"},
+    {"log", "ErrorLog"},
+    {"log", "OutputErrorLog"},
+    {"log", "SyncErrorLog"},
+    {"log", "SyncOutputErrorLog"},
+    {"log", "SyncSystemErrorLog"},
+    {"files", "FileParse::File"},
+    {"files", "Filename::Name"},
+    {"files", "Filename::NameWithNumber"},
+    {"files", "Filename::Series",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Finds the next free number of a series of files.")},
+    {"files", "LockingManager"},
+    {"files", "ExclusiveLock",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Gives way when its owner no longer lives.")},
+    {"files", "SafeFile"},
+    {"units", "Unit"},
+    {"units", "UnitLinear"},
+    {"units", "UnitDiff"},
+    {"units", "UnitLength"},
+    {"units", "UnitTemp"},
+    {"units", "UnitAngle"},
+    {"units", "UnitTime"},
+    {"units", "UnitStrain"},
+    {"units", "UnitPress"},
+    {"units", "UnitShutter"},
+    {"units", "UnitFigure"},
+    {"units", "UnitVelocity"},
+    {"units", "UnitAcceleration"},
+    {"units", "UnitStrainVelocity"},
+    {"units", "UnitStrainAcceleration"},
+    {"units", "UnitArea"},
+    {"units", "UnitVolume"},
+    {"units", "UnitFraction"},
+    {"units", "UnitCurvature"},
+    {"units", "UnitAngleVelocity"},
+    {"units", "UnitAngleAcceleration"},
+    {"jobs", "PoolThread"},
+    {"jobs", "PoolForThreads"},
+    {"jobs", "JobManager"},
+    {"jobs", "Worker"},
+    {"jobs", "CatchingWorker",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory",
+                       "Hands an exception of its work to the thread that waits for it.")},
+    {"jobs", "Progress"},
+    {"jobs", "GUIThreadEvent"},
+    {"jobs", "GUIThreadEventCreator"},
+    {"env", "KyrInit"},
+    {"i18n", "Translator"},
+    {"i18n", "translate()"},
+    {"pack", "Compress"},
+    {"pack", "Decompress"},
+    {"pack", "ZipOutStream"},
+    {"pack", "ZipOutStreamBuffer"},
+    {"pack", "ZipInStream",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Tells at which byte a file is damaged or cut short.")},
+    {"pack", "ZipInStreamBuffer"},
+    {"pack", "ZippedTarWriter"},
+    {"pack", "ZippedTarReader",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Bounded in memory by ZippedTarLimits.")},
+    {"services", "ChangeLog::VersionNumber"},
+    {"services", "ChangeLog::LogEntry"},
+    {"services", "ChangeLog::Log"},
+    {"services", "ChangeLog::libraryChangeLog()"},
+    {"services", "RecordManagerBase"},
+    {"services", "StructRecordVectorBase"},
+    {"services", "DebugTimer"},
+    {"app", "NewHandler"},
+    {"diagnostics", "SystemReport"},
+    {"diagnostics", "MemoryObserver"},
+    {"diagnostics", "Font"},
+    {"diagnostics", "Colour"},
+    {"diagnostics", "Sound"},
+};
+
+}  // namespace
+
+Log libraryChangeLog() {
+  const VersionNumber first = VersionNumber::version620(6);
+  Log log;
+  for (const NewElement& element : firstElements) {
+    log.addEntry(LibraryEntry::created(element.folder, first, element.name, element.description));
+  }
+  return log;
+}
+
+QString libraryChangeLogTitle() {
+  return translate("KyrLibraryHistory", "libKyr %1: changes of the interface")
+      .arg(libraryVersion());
+}
+
+}  // namespace Kyr::ChangeLog

@@ -1,0 +1,114 @@
+#include <kyr/services/KyrRecordManager.h>
+
+#include <kyr/core/KyrProgError.h>
+
+#include <new>
+
+namespace Kyr {
+
+/// Support matches reports by these numbers; they do not follow edits of this file.
+namespace site {
+constexpr unsigned Manager = 23, Registry = 61, Enter = 80, Leave = 88, ResetAll = 100;
+constexpr const char* File = "kyr_record_manager";
+}  // namespace site
+
+namespace {
+
+using Instances = std::set<StructRecordVectorBase*>;
+
+/// Room for what is there before any constructor has run and is never destroyed.
+template <class Kept>
+union Everlasting {
+  constexpr Everlasting() : nothing() {}
+  constexpr Everlasting(const char* function, const char* file, unsigned line)
+      : kept(function, file, line) {}
+  ~Everlasting() {}
+
+  char nothing;
+  Kept kept;
+};
+
+Everlasting<Mutex> lockRoom("Kyr::StructRecordVectorBase", site::File, site::Registry);
+Everlasting<Instances> instancesRoom;
+
+/// Holds the registry for as long as it lives, whatever is thrown meanwhile.
+class KYR_SCOPED_CAPABILITY Held {
+ public:
+  Held(Mutex& mutex, const char* function, unsigned line) KYR_ACQUIRE(mutex)
+      : _mutex(mutex), _function(function), _line(line) {
+    mutex.lock();
+  }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  ~Held() KYR_RELEASE() { _mutex.unlock(_function, site::File, _line); }
+
+ private:
+  Mutex& _mutex;
+  const char* _function;
+  unsigned _line;
+};
+
+}  // namespace
+
+RecordManagerBase* RecordManagerBase::_manager_base = nullptr;
+std::uint32_t RecordManagerBase::_next_record_id = 0;
+
+RecordManagerBase::RecordManagerBase() {
+  if (_manager_base) {
+    throw ProgError("Kyr::RecordManagerBase::RecordManagerBase", site::File, site::Manager,
+                    "only one manager allowed");
+  }
+  _manager_base = this;
+}
+
+RecordManagerBase::~RecordManagerBase() = default;
+
+bool RecordManagerBase::isRecording() const {
+  return false;
+}
+
+void RecordManagerBase::clearAll() {}
+
+bool RecordManagerBase::isUndoRedoAllowed() const {
+  return false;
+}
+
+bool RecordManagerBase::undo() {
+  return false;
+}
+
+bool RecordManagerBase::redo() {
+  return false;
+}
+
+Mutex& StructRecordVectorBase::_lock = lockRoom.kept;
+Instances* StructRecordVectorBase::_instances = nullptr;
+
+StructRecordVectorBase::StructRecordVectorBase() {
+  // Allocates before it locks: without memory, the handlers that are called then may well free
+  // recorded containers.
+  Instances entry{this};
+  const Held held(_lock, "Kyr::StructRecordVectorBase::StructRecordVectorBase", site::Enter);
+  if (!_instances) {
+    _instances = new (&instancesRoom.kept) Instances;
+  }
+  _instances->merge(entry);
+}
+
+StructRecordVectorBase::~StructRecordVectorBase() {
+  const Held held(_lock, "Kyr::StructRecordVectorBase::~StructRecordVectorBase", site::Leave);
+  if (_instances) {  // null if there were only copies
+    _instances->erase(this);
+  }
+}
+
+void StructRecordVectorBase::resetAllRecordingModes() {
+  const Held held(_lock, "Kyr::StructRecordVectorBase::resetAllRecordingModes", site::ResetAll);
+  if (_instances) {
+    for (StructRecordVectorBase* const instance : *_instances) {
+      instance->resetRecordingMode();
+    }
+  }
+}
+
+}  // namespace Kyr
