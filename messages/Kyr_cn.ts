@@ -166,4 +166,67 @@ it must be transferred by binary-ftp.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>第 %1 行：%2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation>“%1”不是颜色：%2</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation>红、绿、蓝和透明度是 0 到 255 的数字，或合写为 #rrggbbaa</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation>“%1”不是字体：%2</translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation>字号是 0.1 到 10000 之间的点数</translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation>字重是 1 到 1000 之间的数字，400 为正常</translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation>字重之后可以有 italic、underline、strikeout 和 fixed，每个最多一次</translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation>字体族名是一个单词，其中每个空格写作 \_</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation>“%1”不是声音：%2</translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation>音量是 0 到 100 之间的数字</translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation>重复次数是 1 到 1000000 之间的数字，0 表示不停止</translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation>文件名是一个单词，其中每个空格写作 \_</translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation>重复次数之后不能再有其他内容</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation>无法写入 %1（磁盘是否已满？）</translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation>%1 已存在，不会被替换</translation>
+    </message>
+</context>
 </TS>

@@ -166,4 +166,67 @@ Sie muss im Binärmodus übertragen werden.</translation>
         <translation>libKyr %1: Änderungen der Schnittstelle</translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation>„%1“ ist keine Farbe: %2</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation>Rot, Grün, Blau und Alpha sind Zahlen von 0 bis 255 oder zusammen #rrggbbaa</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation>„%1“ ist keine Schrift: %2</translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation>Die Größe ist eine Zahl von Punkten zwischen 0.1 und 10000, mit Dezimalpunkt</translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation>Die Stärke ist eine Zahl von 1 bis 1000; 400 ist normal</translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation>Nach der Stärke folgen italic, underline, strikeout und fixed, jedes höchstens einmal</translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation>Die Schriftfamilie ist ein einziges Wort, mit \_ für jedes Leerzeichen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation>„%1“ ist kein Klang: %2</translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation>Die Lautstärke ist eine Zahl von 0 bis 100</translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation>Die Anzahl der Wiederholungen ist eine Zahl von 1 bis 1000000 oder 0 für ohne Ende</translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation>Die Datei ist ein einziges Wort, mit \_ für jedes Leerzeichen</translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation>Nach der Anzahl der Wiederholungen darf nichts mehr folgen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation>%1 kann nicht geschrieben werden (ist der Datenträger voll?)</translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation>%1 ist schon vorhanden und wird nicht ersetzt</translation>
+    </message>
+</context>
 </TS>

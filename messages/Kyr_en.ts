@@ -165,4 +165,67 @@ it must be transferred by binary-ftp.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
 </TS>

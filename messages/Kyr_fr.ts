@@ -166,4 +166,67 @@ Il doit être transféré en mode binaire.</translation>
         <translation>libKyr %1 : changements de l’interface</translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>ligne %1 : %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation>« %1 » n&apos;est pas une couleur : %2</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation>le rouge, le vert, le bleu et l&apos;alpha sont des nombres de 0 à 255, ou ensemble #rrggbbaa</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation>« %1 » n&apos;est pas une police : %2</translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation>la taille est un nombre de points de 0.1 à 10000, avec un point décimal</translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation>la graisse est un nombre de 1 à 1000 ; 400 est la valeur normale</translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation>la graisse est suivie de italic, underline, strikeout et fixed, chacun une fois au plus</translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation>la famille est un seul mot, avec \_ pour chaque espace</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation>« %1 » n&apos;est pas un son : %2</translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation>le volume est un nombre de 0 à 100</translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation>le nombre de répétitions va de 1 à 1000000, ou 0 pour sans fin</translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation>le fichier est un seul mot, avec \_ pour chaque espace</translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation>rien ne doit suivre le nombre de répétitions</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation>%1 ne peut pas être écrit (le disque est-il plein ?)</translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation>%1 existe déjà et n&apos;est pas remplacé</translation>
+    </message>
+</context>
 </TS>

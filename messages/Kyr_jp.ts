@@ -166,4 +166,67 @@ it must be transferred by binary-ftp.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>%1 行目: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation>「%1」は色ではありません: %2</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation>赤、緑、青、アルファは 0 から 255 の数値、またはまとめて #rrggbbaa と書きます</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation>「%1」はフォントではありません: %2</translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation>サイズは 0.1 から 10000 までのポイント数です</translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation>太さは 1 から 1000 までの数値で、400 が標準です</translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation>太さの後には italic、underline、strikeout、fixed をそれぞれ一度だけ書けます</translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation>ファミリー名は一語で、空白は \_ と書きます</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation>「%1」は音ではありません: %2</translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation>音量は 0 から 100 までの数値です</translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation>繰り返し回数は 1 から 1000000 までの数値、または無限を表す 0 です</translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation>ファイル名は一語で、空白は \_ と書きます</translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation>繰り返し回数の後には何も書けません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation>%1 に書き込めません (ディスクがいっぱいではありませんか)</translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation>%1 はすでに存在するため、置き換えません</translation>
+    </message>
+</context>
 </TS>

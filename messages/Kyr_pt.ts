@@ -166,4 +166,67 @@ Tem de ser transferido em modo binário.</translation>
         <translation type="unfinished"></translation>
     </message>
 </context>
+<context>
+    <name>Kyr_diagnostics</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>linha %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no colour: %2</source>
+        <translation>«%1» não é uma cor: %2</translation>
+    </message>
+    <message>
+        <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
+        <translation>vermelho, verde, azul e alfa são números de 0 a 255, ou juntos #rrggbbaa</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no font: %2</source>
+        <translation>«%1» não é um tipo de letra: %2</translation>
+    </message>
+    <message>
+        <source>the size is a number of points from 0.1 to 10000</source>
+        <translation>o tamanho é um número de pontos de 0.1 a 10000, com ponto decimal</translation>
+    </message>
+    <message>
+        <source>the weight is a number from 1 to 1000, 400 is normal</source>
+        <translation>o peso é um número de 1 a 1000; 400 é o normal</translation>
+    </message>
+    <message>
+        <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
+        <translation>a seguir ao peso vêm italic, underline, strikeout e fixed, cada um no máximo uma vez</translation>
+    </message>
+    <message>
+        <source>the family is one word, with \_ for each of its blanks</source>
+        <translation>a família é uma só palavra, com \_ em vez de cada espaço</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no sound: %2</source>
+        <translation>«%1» não é um som: %2</translation>
+    </message>
+    <message>
+        <source>the volume is a number from 0 to 100</source>
+        <translation>o volume é um número de 0 a 100</translation>
+    </message>
+    <message>
+        <source>the repetitions are a number from 1 to 1000000, or 0 without an end</source>
+        <translation>o número de repetições vai de 1 a 1000000, ou 0 para sem fim</translation>
+    </message>
+    <message>
+        <source>the file is one word, with \_ for each of its blanks</source>
+        <translation>o ficheiro é uma só palavra, com \_ em vez de cada espaço</translation>
+    </message>
+    <message>
+        <source>nothing may follow the repetitions</source>
+        <translation>nada pode seguir-se ao número de repetições</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (is the disk full?)</source>
+        <translation>%1 não pode ser escrito (o disco está cheio?)</translation>
+    </message>
+    <message>
+        <source>%1 exists already and is not replaced</source>
+        <translation>%1 já existe e não é substituído</translation>
+    </message>
+</context>
 </TS>

@@ -74,4 +74,39 @@ TEST(ToolTar, PacksListsAndUnpacks) {
       << "leftovers";
 }
 
+TEST(ToolReport, WritesReportsAndShowsInfo) {
+  const TempDir folder;
+  folder.write("ORV-1.dmp", "memory");
+  folder.write("ORV-1.log", "said");
+  const KyrTest::ScopedEnvironment temporary("TMPDIR", folder.path().toUtf8());
+  const KyrTest::ScopedEnvironment windowsTemporary("TMP", folder.path().toUtf8());
+  const KyrTest::ScopedEnvironment settings("KYR_CONFIG_DIR", folder.file("settings").toUtf8());
+  const struct {
+    const char* words;
+    const char* said;  // its exit code, and a part of its output
+    const char* fault;
+  } rows[] = {
+      {"info", "0\n  libKyr ", "versions"},
+      {"info", "0/settings/v6.2.0 ", "directories, without a start of the library"},
+      {"info x", "2too many: \"x\"", "it takes nothing"},
+      {"report a.tgz", "0a.tgz: 11 sections, 1 logs and dumps, ", "a name"},
+      {"report a.tgz", "1a.tgz exists already and is not replaced", "an older report"},
+      {"report no/a.tgz", "1a.tgz cannot be written", "nowhere to write"},
+      {"report b.tgz --dumps 1", "0b.tgz: 11 sections, 2 logs and dumps, ", "dumps"},
+      {"report c.tgz --dumps x", "2--dumps", "no number"},
+      {"tar list a.tgz", "0/index.html\n", "a page"},
+      {"tar list a.tgz", "0/logs/ORV-1.log\n", "logs"},
+      {"tar list b.tgz", "0/logs/ORV-1.dmp\n", "the dump"},
+  };
+  for (const auto& row : rows) {
+    const Result result = run(row.words, folder);
+    const QString said = result.output + result.errors;
+    EXPECT_TRUE(result.code == row.said[0] - '0' && said.contains(row.said + 1))
+        << row.words << ": " << row.fault << ": " << said.toStdString();
+  }
+  EXPECT_TRUE(run("report", folder).output.startsWith("ORV-report-"));
+  EXPECT_EQ(QDir(folder.path()).entryList({"*.tgz", "ORV-report-*"}).size(), 3);
+  EXPECT_EQ(QDir(folder.path()).entryList({"settings"}).size(), 0) << "reports make directories";
+}
+
 }  // namespace

@@ -36,5 +36,9 @@ int sortLines(const Arguments& arguments);
 int nextName(const Arguments& arguments);
 /// Writes the library's change log as a page.
 int changelog(const Arguments& arguments);
+/// Writes an archive with what support wants to know about this machine.
+int writeReport(const Arguments& arguments);
+/// Shows versions, directories and the machine in short.
+int showInfo(const Arguments& arguments);
 
 }  // namespace KyrTool

@@ -80,6 +80,14 @@ const Command commands[] = {
      1,
      {"group", "language"},
      changelog},
+    {"report",
+     "[FILE] [--dumps N]",
+     "writes an archive for support, with the N newest dumps",
+     0,
+     1,
+     {"dumps"},
+     writeReport},
+    {"info", "", "shows versions, directories and the machine", 0, 0, {}, showInfo},
 };
 
 QString usageOf(const Command& command) {

@@ -107,13 +107,23 @@ QString& KyrInit::_configured_profile_dir = newText();
 
 // ---- the start ----
 
-void KyrInit::initConfigDirectories() {
+Settings::ConfigDirectories Settings::configDirectories() {
   const QString version = libraryVersion();
-  _config_version = "v" + version.left(version.indexOf('-'));
   const QString set = OS::convertSeparatorsToUnix(OS::getEnv("KYR_CONFIG_DIR"));
-  _roaming_cfg_dir = set.isEmpty() ? folder(OS::FolderRoamingData, "/orv") : set;
-  _nonroaming_cfg_dir = set.isEmpty() ? folder(OS::FolderLocalData, "/orv") : set;
-  _roaming_version_cfg_dir = _roaming_cfg_dir + "/" + _config_version;
+  ConfigDirectories settled;
+  settled.version = "v" + version.left(version.indexOf('-'));
+  settled.roaming = set.isEmpty() ? folder(OS::FolderRoamingData, "/orv") : set;
+  settled.nonRoaming = set.isEmpty() ? folder(OS::FolderLocalData, "/orv") : set;
+  settled.roamingVersion = settled.roaming + "/" + settled.version;
+  return settled;
+}
+
+void KyrInit::initConfigDirectories() {
+  const Settings::ConfigDirectories settled = Settings::configDirectories();
+  _config_version = settled.version;
+  _roaming_cfg_dir = settled.roaming;
+  _nonroaming_cfg_dir = settled.nonRoaming;
+  _roaming_version_cfg_dir = settled.roamingVersion;
 }
 
 // A home that cannot be written is no reason not to start.
@@ -158,11 +168,14 @@ QString Settings::softwareRoot(const QString& executable, const QString& current
   return end < 0 && root.isEmpty() ? QString() : plainPath(root);
 }
 
-void KyrInit::initSoftwareDirectory() {
+QString Settings::softwareDirectory() {
   const QString set = OS::getEnv("KYR");
-  _software_dir = set.isEmpty()
-                      ? Settings::softwareRoot(OS::getExecutable(), OS::getCurrentDirectory())
-                      : plainPath(set);
+  return set.isEmpty() ? softwareRoot(OS::getExecutable(), OS::getCurrentDirectory())
+                       : plainPath(set);
+}
+
+void KyrInit::initSoftwareDirectory() {
+  _software_dir = Settings::softwareDirectory();
   if (_software_dir.isNull()) {
     throw ProgError("Unable to determine KYR root dir", true);
   }

@@ -1,5 +1,5 @@
 /// \file
-/// The rules of the directories that tests try without the system.
+/// The rules of the directories, also for those who do not start the library.
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
@@ -15,5 +15,18 @@ namespace Kyr::Settings {
 /// \return null when neither tells it
 /// \threadsafety any thread
 KYR_EXPORT QString softwareRoot(const QString& executable, const QString& currentDirectory);
+
+/// What KyrInit::InitLibrary() settles, for those who ask without starting the library.
+struct ConfigDirectories {
+  QString version;  ///< names directories, as "v6.2.0"
+  QString roaming;
+  QString roamingVersion;
+  QString nonRoaming;
+};
+/// \threadsafety any thread
+ConfigDirectories configDirectories();
+/// \return null when nobody tells it
+/// \threadsafety any thread
+QString softwareDirectory();
 
 }  // namespace Kyr::Settings

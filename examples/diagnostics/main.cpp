@@ -1,0 +1,93 @@
+/// \file
+/// How an application keeps the look of a legend in a settings file, notices that memory runs
+/// short, and writes a report for support with a part of its own.
+///
+///   diagnostics [DIRECTORY]
+///
+/// Exit codes: 0 all is well, 1 a file is at fault.
+
+#include <kyr/core/KyrException.h>
+#include <kyr/diagnostics/KyrColour.h>
+#include <kyr/diagnostics/KyrFont.h>
+#include <kyr/diagnostics/KyrMemoryObserver.h>
+#include <kyr/diagnostics/KyrSound.h>
+#include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/text/KyrTextCodec.h>
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+
+namespace {
+
+struct Look {
+  Kyr::Font font{"DejaVu Sans", 10.5, Kyr::Font::bold};
+  Kyr::Colour background{255, 255, 255, 200};
+  Kyr::Sound whenDone{"sounds/measured twice.wav", 80};
+};
+
+void save(const Look& look, const QString& name) {
+  std::ofstream file;
+  Kyr::OS::openStdStream(file, name, Kyr::OS::OpenWrite, true);
+  for (const QString& line :
+       {QString(Kyr::getCodecForLine(Kyr::CodecUtf8)), look.font.toLine("LEGEND_FONT"),
+        look.background.toLine("LEGEND_BACKGROUND"), look.whenDone.toLine("DONE_SOUND")}) {
+    file << line.toUtf8().constData() << '\n';
+  }
+}
+
+Look load(const QString& name) {
+  using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+  const Stream stream(Kyr::OS::openFile(name, Kyr::OS::OpenRead), &std::fclose);
+  Kyr::FileParse::File file(stream.get());
+  return {Kyr::Font::read(file, "LEGEND_FONT"), Kyr::Colour::read(file, "LEGEND_BACKGROUND"),
+          Kyr::Sound::read(file, "DONE_SOUND")};
+}
+
+/// An application polls from a timer; nothing here runs by itself.
+void watchMemory() {
+  Kyr::MemoryObserver observer;
+  observer.watch(Kyr::MemoryObserver::ProcessSize, 1 << 20, [](const Kyr::MemoryUse& use) {
+    std::printf("over a MiB: %s\n", use.resident > 1 << 20 ? "yes" : "no");
+    Kyr::MemoryObserver::freeMemory();
+  });
+  observer.poll();
+  observer.poll();  // has been said
+}
+
+void writeReport(const Look& look, const QString& settings, const QString& folder) {
+  Kyr::SystemReport report;
+  report.collect();
+  report.add("Legend", [&](Kyr::SystemReport::Section& section) {
+    section.add("font", look.font.toText());
+    section.add("background", look.background.toHex());
+  });
+  report.addFile(settings, "legend.txt");
+  report.write(folder + "/" + report.name() + ".tar.gz");
+  std::printf("sections: %u, files: %u\n", unsigned(report.sections().size()),
+              unsigned(report.files().size()));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  const QString folder = QCoreApplication::arguments().value(1, ".");
+  const QString settings = folder + "/legend.txt";
+  try {
+    Kyr::OS::makeDirectory(folder);
+    save(Look(), settings);
+    const Look look = load(settings);
+    std::printf("legend: %s on %s\n", qPrintable(look.font.toText()),
+                qPrintable(look.background.toHex()));
+    watchMemory();
+    writeReport(look, settings, folder);
+    return 0;
+  } catch (const Kyr::Exception& error) {
+    std::fprintf(stderr, "diagnostics: %s\n", qPrintable(error.getText()));
+    return 1;
+  }
+}

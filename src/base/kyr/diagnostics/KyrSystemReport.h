@@ -1,0 +1,131 @@
+/// \file
+/// What support wants to know about a machine, and the archive that carries it there.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace Kyr {
+
+/// A report about the machine, the process and the suite's settings and logs.
+///
+/// An application collects what the library knows, adds sections and files of its own, and writes
+/// it all as one tar.gz that holds an index page, the same as plain text, and the files. What
+/// cannot be found out is a remark in its section; the report is never lost for it. Its texts are
+/// English, whoever writes it: support reads them. The format: docs/formats/support-archive.md.
+///
+/// Secrets are left out as far as names show them: see blankSecrets(). Files are packed as they
+/// are.
+/// \threadsafety one thread at a time per object
+class KYR_EXPORT SystemReport {
+ public:
+  /// A table of the report.
+  struct Section {
+    QString title;
+    QStringList columns;            ///< headings; empty for pairs of a name and a value
+    std::vector<QStringList> rows;  ///< cells; as many as columns, or two
+    QStringList remarks;            ///< what is missing, and why
+
+    /// Appends a pair; one without a value is left out.
+    KYR_EXPORT void add(const QString& name, const QString& value);
+  };
+
+  /// What collect() gathers; a sum of these.
+  enum Part_t : unsigned {
+    PartSystem = 1,         ///< name, version, architecture, uptime, proxies, removable media
+    PartProcessor = 2,      ///< model, number, and the number that the suite uses
+    PartMemory = 4,         ///< of the process and of the machine
+    PartDisplays = 8,       ///< screens with their modes, and graphics cards
+    PartVersions = 16,      ///< of the application, the library and what it stands on
+    PartDirectories = 32,   ///< where the suite keeps what, and how much room is left there
+    PartSettings = 64,      ///< the suite's settings in the registry or in ORV.conf
+    PartEnvironment = 128,  ///< the environment variables
+    PartModules = 256,      ///< what the process has loaded
+    PartFiles = 512,        ///< names and sizes of the files in the settings' directories
+    PartLogs = 1024,        ///< output of the suite's processes, which is packed, and their dumps
+    AllParts = 2047,
+  };
+
+  /// How much of the files of the suite's processes is packed; the newest come first.
+  struct Limits {
+    unsigned logs = 20;                ///< files
+    std::int64_t logSize = 1 << 20;    ///< bytes of each; of a longer one its end
+    unsigned dumps = 0;                ///< files; they hold memory of the process, with secrets
+    std::int64_t dumpSize = 64 << 20;  ///< bytes; a larger dump is left out
+  };
+
+  /// A file that the archive will hold.
+  struct File {
+    QString name;  ///< in the archive
+    QByteArray contents;
+    std::int64_t modified;  ///< seconds since 1970-01-01 00:00 UTC
+  };
+
+  /// An empty report of the present moment.
+  SystemReport();
+
+  /// Appends a section for each part, in the order of their numbers. Without
+  /// KyrInit::InitLibrary() the directories are those that it would settle.
+  void collect(unsigned parts = AllParts);
+  void collect(unsigned parts, const Limits& limits);
+
+  /// Appends a section that a function fills. When it throws, the section keeps what it has and
+  /// gets a remark.
+  void add(const QString& title, const std::function<void(Section&)>& fill);
+  /// Reads a file that the archive will hold; one that cannot be read, or is too large, becomes
+  /// a remark.
+  /// \param name in the archive, below "files/", at most 40 bytes of UTF-8; parts divided by "/",
+  ///        without any that leads elsewhere
+  /// \param most bytes that are accepted
+  void addFile(const QString& path, const QString& name, std::int64_t most = 16 << 20);
+  /// Adds a file that the archive will hold; one of a wrong name becomes a remark.
+  /// \param name as for addFile()
+  void addContents(const QString& name, const QByteArray& contents);
+
+  const std::vector<Section>& sections() const { return _sections; }
+  const std::vector<File>& files() const { return _files; }
+  /// What is missing of the files, and why.
+  const QStringList& remarks() const { return _remarks; }
+
+  /// The name of this report, unique on this machine: "ORV-report-2026-11-21-115110-4711", with
+  /// the local time and the process id.
+  QString name() const;
+
+  /// All sections as plain text for people. Characters without a glyph stand there as numbers.
+  QString toText() const;
+  /// The index page, a complete document of HTML that is well-formed XML.
+  QString toHtml() const;
+  /// Writes the archive. It appears complete or not at all, readable by its owner only; on
+  /// Windows the folder decides who may read it.
+  /// \param fileName never replaced when it is there
+  /// \throws Exception for people, in their language, with the name and the reason
+  void write(const QString& fileName) const;
+
+  /// The value of a variable or setting as it may leave the machine.
+  ///
+  /// Of a name that tells of a secret (TOKEN, KEY, SECRET, PASS, ...) the value is blanked, of
+  /// others whatever stands in front of an "@" as user and password do, and behind words like
+  /// "password=".
+  /// \threadsafety any thread
+  static QString blankSecrets(const QString& name, const QString& value);
+
+ private:
+  void addPart(unsigned part, const Limits& limits);
+  void addFile(const QString& name, const QByteArray& contents, std::int64_t modified);
+  QString textName(std::size_t index) const;
+  void stage(const QString& directory) const;
+
+  std::int64_t _seconds;  // when it was made
+  std::vector<Section> _sections;
+  std::vector<File> _files;
+  QStringList _remarks;
+};
+
+}  // namespace Kyr

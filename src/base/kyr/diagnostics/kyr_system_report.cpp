@@ -1,0 +1,227 @@
+#include <kyr/diagnostics/KyrSystemReport.h>
+
+#include <kyr/core/KyrException.h>
+#include <kyr/diagnostics/report_p.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZippedTar.h>
+#include <kyr/pack/tar_files_p.h>
+#include <kyr/time/KyrTime.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <exception>
+
+namespace Kyr {
+
+namespace {
+
+/// In UTF-8. The name of an archive's entry has 99 bytes, of which the report's own takes half.
+constexpr int longestName = 40;
+constexpr int longestTextName = 30;
+
+struct Part {
+  unsigned number;
+  const char* title;
+  void (*describe)(Report::Section& section);  ///< null for the logs, which need more
+};
+
+constexpr Part knownParts[] = {
+    {SystemReport::PartSystem, "System", Report::describeSystem},
+    {SystemReport::PartProcessor, "Processor", Report::describeProcessor},
+    {SystemReport::PartMemory, "Memory", Report::describeMemory},
+    {SystemReport::PartDisplays, "Displays and graphics", Report::describeDisplays},
+    {SystemReport::PartVersions, "Versions", Report::describeVersions},
+    {SystemReport::PartDirectories, "Directories", Report::describeDirectories},
+    {SystemReport::PartSettings, "Settings", Report::describeSettings},
+    {SystemReport::PartEnvironment, "Environment", Report::describeEnvironment},
+    {SystemReport::PartModules, "Loaded modules", Report::describeModules},
+    {SystemReport::PartFiles, "Files of settings", Report::describeFiles},
+    {SystemReport::PartLogs, "Logs and crash dumps", nullptr},
+};
+
+/// Whether a name stays below the folder that somebody unpacks it in, on every system.
+bool isHarmless(const QString& name) {
+  static const QRegularExpression reserved(R"([\\:*?"<>|\p{C}])");
+  const QStringList elements = name.split('/');
+  return name.toUtf8().size() <= longestName && !name.contains(reserved) &&
+         std::none_of(elements.begin(), elements.end(), [](const QString& each) {
+           return each.isEmpty() || each.endsWith('.') || each.endsWith(' ');
+         });
+}
+
+QString reasonOf(const std::exception& error) {
+  const auto* const known = dynamic_cast<const Exception*>(&error);
+  return known ? known->getText() : QString::fromLocal8Bit(error.what());
+}
+
+Exception cannotWrite(const QString& fileName) {
+  return translate("Kyr_diagnostics", "%1 cannot be written (is the disk full?)")
+      .arg(QDir::toNativeSeparators(fileName));
+}
+
+void writeFile(const QString& path, const QByteArray& contents) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() ||
+      !file.flush()) {
+    throw cannotWrite(path);
+  }
+}
+
+/// An empty file of a free name beside another, for its owner alone; removed unless it was renamed.
+/// QTemporaryFile by itself keeps the file open, in the way of a new name on Windows.
+class TemporaryName {
+ public:
+  explicit TemporaryName(const QString& fileName) {
+    QTemporaryFile file(fileName + ".XXXXXX");
+    file.setAutoRemove(false);
+    if (!file.open()) {
+      throw cannotWrite(fileName);
+    }
+    _path = file.fileName();
+  }
+  TemporaryName(const TemporaryName&) = delete;
+  TemporaryName& operator=(const TemporaryName&) = delete;
+  ~TemporaryName() { OS::unlink(_path); }
+  const QString& path() const { return _path; }
+
+ private:
+  QString _path;
+};
+
+/// Writes a directory's files to an archive.
+/// \param folder what the directory is called in the archive
+void pack(const QString& directory, const QString& folder, const QString& fileName) {
+  ZippedTarWriter archive(fileName);
+  archive.addDirectory(directory, true, folder);
+  archive.addEof();
+  archive.flush();
+}
+
+}  // namespace
+
+void SystemReport::Section::add(const QString& name, const QString& value) {
+  if (!value.isEmpty()) {
+    rows.push_back({name, value});
+  }
+}
+
+SystemReport::SystemReport() : _seconds(Time::currentTime().wholeSeconds()) {}
+
+// ---- contents ----
+
+void SystemReport::collect(unsigned parts) {
+  collect(parts, Limits());
+}
+
+void SystemReport::collect(unsigned parts, const Limits& limits) {
+  for (const Part& part : knownParts) {
+    if ((parts & part.number) == 0) {
+      continue;
+    }
+    add(part.title, [&](Section& section) {
+      part.describe ? part.describe(section) : Report::describeLogs(section, limits, _files);
+    });
+  }
+}
+
+void SystemReport::add(const QString& title, const std::function<void(Section&)>& fill) {
+  Section section;
+  section.title = title;
+  try {
+    fill(section);
+  } catch (const std::exception& error) {
+    section.remarks += "This part is not complete: " + reasonOf(error);
+  }
+  _sections.push_back(std::move(section));
+}
+
+void SystemReport::addFile(const QString& path, const QString& name, std::int64_t most) {
+  QFile file(path);
+  OS::FileStatus status;
+  if (!OS::stat(path, &status) || !status.isFile || !file.open(QIODevice::ReadOnly)) {
+    _remarks += QString("%1 cannot be read.").arg(path);
+  } else if (file.size() > most) {
+    _remarks += QString("%1 is not packed: it has %2.")
+                    .arg(path)
+                    .arg(Report::sizeText(std::uint64_t(file.size())));
+  } else {
+    addFile(name, file.read(most), status.modified / 1000);
+  }
+}
+
+void SystemReport::addContents(const QString& name, const QByteArray& contents) {
+  addFile(name, contents, _seconds);
+}
+
+void SystemReport::addFile(const QString& name, const QByteArray& contents, std::int64_t modified) {
+  const QString whole = "files/" + name;
+  const bool isThere = std::any_of(_files.begin(), _files.end(), [&](const File& each) {
+    return each.name.compare(whole, Qt::CaseInsensitive) == 0;
+  });
+  if (isThere || !isHarmless(name)) {
+    _remarks += QString("A file is not packed, as its name \"%1\" is %2.")
+                    .arg(name, isThere ? "taken" : "not possible in the archive");
+  } else {
+    _files.push_back({whole, contents, modified});
+  }
+}
+
+QString SystemReport::name() const {
+  const QDateTime local = QDateTime::fromSecsSinceEpoch(_seconds);
+  return QString("ORV-report-%1-%2").arg(local.toString("yyyy-MM-dd-HHmmss")).arg(OS::getPid());
+}
+
+// ---- the archive ----
+
+QString SystemReport::textName(std::size_t index) const {
+  static const QRegularExpression others("[^a-z0-9]+");
+  const QString title = _sections[index].title.toLower().replace(others, "-");
+  return QString("text/%1-%2.txt")
+      .arg(index + 1, 2, 10, QLatin1Char('0'))
+      .arg(title.left(longestTextName));
+}
+
+/// Writes the files of the archive into a directory.
+void SystemReport::stage(const QString& directory) const {
+  const auto put = [&](const QString& name, const QByteArray& contents, std::int64_t modified) {
+    const QString path = directory + "/" + name;
+    OS::mkdir(path.left(path.lastIndexOf('/')), true);
+    writeFile(path, contents);
+    TarFiles::setModified(path, modified);
+  };
+  put("index.html", toHtml().toUtf8(), _seconds);
+  for (std::size_t i = 0; i < _sections.size(); ++i) {
+    put(textName(i), Report::textOf(_sections[i]).toUtf8(), _seconds);
+  }
+  for (const File& file : _files) {
+    put(file.name, file.contents, file.modified);
+  }
+}
+
+void SystemReport::write(const QString& fileName) const {
+  if (OS::stat(fileName)) {
+    throw Exception(translate("Kyr_diagnostics", "%1 exists already and is not replaced")
+                        .arg(QDir::toNativeSeparators(fileName)));
+  }
+  const QTemporaryDir staging;
+  if (fileName.isEmpty() || !staging.isValid()) {
+    throw cannotWrite(fileName);
+  }
+  stage(staging.path());
+  const TemporaryName part(fileName);
+  try {
+    pack(staging.path(), name(), part.path());
+    OS::rename(part.path(), fileName, OS::KeepExisting);
+  } catch (const Exception&) {
+    throw cannotWrite(fileName);
+  }
+}
+
+}  // namespace Kyr

@@ -1,0 +1,75 @@
+#include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/diagnostics/report_posix_p.h>
+
+#include "support/Support.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Kyr;
+
+namespace {
+
+TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
+  const KyrTest::TempDir folder;
+  const KyrTest::ScopedEnvironment temporary("TMPDIR", folder.path().toUtf8());
+  const QByteArray own = folder.write("secret", "secret").toUtf8();
+  EXPECT_EQ(::symlink(own, qPrintable(folder.file("ORV-1.log"))), 0);
+  EXPECT_EQ(::link(own, qPrintable(folder.file("ORV-2.log"))), 0);
+  EXPECT_EQ(::mkfifo(qPrintable(folder.file("ORV-3.log")), 0600), 0);
+  EXPECT_EQ(::mkdir(qPrintable(folder.file("ORV-4.log")), 0700), 0);
+  folder.write("ORV-5.log", "fine");
+  if (::geteuid() == 0) {
+    EXPECT_EQ(::chown(qPrintable(folder.write("ORV-6.log", "foreign")), 1, 1), 0);
+  }
+  SystemReport report;
+  report.collect(SystemReport::PartLogs);
+  ASSERT_EQ(report.files().size(), 1U);
+  EXPECT_EQ(report.files()[0].contents, "fine");
+  EXPECT_EQ(report.sections()[0].remarks.size(), ::geteuid() == 0 ? 5 : 4);
+  const mode_t before = ::umask(0);
+  report.write(folder.file("r.tar.gz"));
+  ::umask(before);
+  struct stat found = {};
+  EXPECT_EQ(::stat(qPrintable(folder.file("r.tar.gz")), &found), 0);
+  EXPECT_EQ(found.st_mode & 0777U, 0600U);
+}
+
+TEST(ReportOnLinux, ReadsTheKernelsListsOfScreens) {
+  const KyrTest::TempDir folder;
+  const std::pair<const char*, const char*> files[] = {
+      {"class/drm/card0-HDMI-A-1/status", "connected\n"},
+      {"class/drm/card0-HDMI-A-1/modes", "1920x1080\n1280x720\n800x600\n"},
+      {"class/drm/card0-DP-1/status", "disconnected\n"},
+      {"class/drm/version", "drm 1.1.0\n"},
+      {"bus/pci/devices/0000:00:02.0/class", "0x030000\n"},
+      {"bus/pci/devices/0000:00:02.0/vendor", "0x1234\n"},
+      {"bus/pci/devices/0000:00:02.0/device", "0x5678\n"},
+      {"bus/pci/devices/0000:00:03.0/class", "0x020000\n"},
+  };
+  for (const auto& [name, contents] : files) {
+    QDir(folder.path()).mkpath(QFileInfo(name).path());
+    folder.write(name, contents);
+  }
+  EXPECT_TRUE(QFile::link("/drivers/card", folder.file("bus/pci/devices/0000:00:02.0/driver")));
+  SystemReport report;
+  report.add("Displays",
+             [&](auto& section) { Report::describeDisplaysBelow(folder.path(), section); });
+  report.add("None", [&](auto& section) { Report::describeDisplaysBelow("/missing", section); });
+  EXPECT_EQ(report.toText().toStdString(),
+            "Displays\n--------\n"
+            "  graphics card 0000:00:02.0  1234:5678, driver card\n"
+            "  connector card0-DP-1        disconnected\n"
+            "  connector card0-HDMI-A-1    connected, 1920x1080 (preferred), 2 more modes\n\n"
+            "None\n----\n  nothing found\n");
+}
+
+}  // namespace

@@ -1,0 +1,46 @@
+#include "commands.h"
+#include "output.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/os/KyrOS.h>
+
+#include <QDir>
+
+namespace KyrTool {
+
+namespace {
+
+constexpr unsigned mostDumps = 1000;
+
+QString describe(const Kyr::SystemReport& report, const QString& fileName) {
+  Kyr::OS::FileStatus status;
+  Kyr::OS::stat(fileName, &status);
+  return QString("%1: %2 sections, %3 logs and dumps, %4 bytes\n")
+      .arg(printable(QDir::toNativeSeparators(fileName)))
+      .arg(report.sections().size())
+      .arg(report.files().size())
+      .arg(status.size);
+}
+
+}  // namespace
+
+int writeReport(const Arguments& arguments) {
+  Kyr::SystemReport::Limits limits;
+  limits.dumps = arguments.number("dumps", 0, mostDumps, limits.dumps);
+  Kyr::SystemReport report;
+  const QString fileName = arguments.count() > 0 ? arguments[0] : report.name() + ".tar.gz";
+  report.collect(Kyr::SystemReport::AllParts, limits);
+  try {
+    report.write(fileName);
+  } catch (const Kyr::Exception& error) {
+    throw FileError{error.getText()};
+  }
+  print(describe(report, fileName));
+  print(
+      "It names this machine, its user and what is set; secrets are blanked as far as their\n"
+      "names tell. Unpack it and look at index.html before you pass it on.\n");
+  return Fine;
+}
+
+}  // namespace KyrTool
