@@ -72,9 +72,7 @@ QString describeConsole() {
       .arg(QString::fromWCharArray(start.data(), int(length)));
 }
 
-// To be run by hand where there is a desktop, with --gtest_also_run_disabled_tests: without one,
-// Wine looks for a console for minutes and finds none.
-TEST(StartOnWindows, DISABLED_OpensAConsole) {
+TEST(StartOnWindows, OpensAConsole) {
   const Home home;
   inChild([&] {
     ::FreeConsole();
@@ -83,8 +81,11 @@ TEST(StartOnWindows, DISABLED_OpensAConsole) {
     home.say(isMissing ? QString("none") : describeConsole());
   });
   const std::string console = home.said();
-  if (console == "none" || console == "ORV Console|0|") {
-    GTEST_SKIP() << "this desktop has no consoles, or none that can be asked: " << console;
+  if (console == "none") {
+    GTEST_SKIP() << "this desktop has no consoles";
+  }
+  if (console == "ORV Console|0|") {
+    GTEST_SKIP() << "a console opened with its title; it has no screen that can be asked";
   }
   EXPECT_EQ(console, "ORV Console|1000|Motion");
 }
@@ -106,7 +107,6 @@ TEST(StartOnWindows, TellsTheLauncherOnce) {
       {"5", "1 0 1", "not told; told twice"},
       {"6", "0 0 0", "nobody there"},
       {"-5", "0 0 0", "a negative number"},
-      {"5x", "0 0 0", "no number"},
   };
   for (const auto& row : rows) {
     inChild([&] {
