@@ -12,6 +12,31 @@ if(NOT KYR_LRELEASE)
 endif()
 mark_as_advanced(KYR_LRELEASE)
 
+# Qt's own texts, as those of its dialogues and of wrong arguments, out of the Qt of this machine.
+# Debian has them in qttranslations5-l10n; without them they stay English.
+find_path(KYR_QT_MESSAGES qtbase_de.qm PATHS "${qt_tools}/../translations" /usr/share/qt5/translations
+  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+mark_as_advanced(KYR_QT_MESSAGES)
+if(NOT KYR_QT_MESSAGES)
+  message(STATUS "Qt's own texts stay English: there is no qttranslations5-l10n")
+endif()
+
+# kyr_qt_messages(variable): copies the catalogues of Qt's own texts beside the others, under the
+# names that the translator looks for, and appends their files to the variable.
+function(kyr_qt_messages variable)
+  set(catalogues ${${variable}})
+  foreach(pair IN ITEMS de:de fr:fr jp:ja cn:zh_CN pt:pt_BR)
+    string(REGEX MATCH "^(.*):(.*)$" whole "${pair}")
+    set(source "${KYR_QT_MESSAGES}/qtbase_${CMAKE_MATCH_2}.qm")
+    if(EXISTS "${source}")
+      set(catalogue "${PROJECT_BINARY_DIR}/messages/qt_${CMAKE_MATCH_1}.qm")
+      configure_file("${source}" "${catalogue}" COPYONLY)
+      list(APPEND catalogues "${catalogue}")
+    endif()
+  endforeach()
+  set(${variable} "${catalogues}" PARENT_SCOPE)
+endfunction()
+
 # kyr_messages(target name...): builds the catalogues of these names in all languages, together
 # with the library or program that they belong to, and sets KYR_CATALOGUES to their files.
 function(kyr_messages target)

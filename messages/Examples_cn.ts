@@ -139,15 +139,15 @@
         <source>workers</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>the system starts no threads for the analysis</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Tour</name>
     <message>
         <source>cannot read %1: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>cannot make a folder for temporary files</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -380,6 +380,485 @@
     </message>
     <message>
         <source>working</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the system starts no thread for the analysis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot pack %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot make a folder in %1 for temporary files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pack it all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try tour --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--%1 takes a number from %2 to %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the project file would replace %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the archive would replace %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reads a scan, measures it, keeps it in a project file and packs it all.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an OBJ file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>what one unit of the file is; default mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>where the project file goes; default here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>where it is all packed as a tar.gz; default beside the project file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>how often the scan is repeated, side by side; default 1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>threads that analyse it; default one per processor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>how often normals are smoothed; default 2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give one OBJ file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Viewer</name>
+    <message>
+        <source>Legend of the colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mean curvature, %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curvature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mean curvature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ridges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hollows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try viewer --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no size: %1; it should look like 1280x800</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows a scan, coloured by its curvature.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an OBJ file or a project (.kyr)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>what one unit of an OBJ file is; default mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>how often the scan is shown, side by side; default 1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>of the window; default 1280x800</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give one file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no number of copies: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a screenshot needs a file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan viewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Save picture…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Oblique</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>F&amp;ront</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Botto&amp;m</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show all of the scan (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to the first view (Home)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drop a scan here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an OBJ file, or a project (.kyr)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open a scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scans and projects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not opened: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Opening %1 was aborted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 – Scan viewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the message away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scan, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measuring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the scan is too large to be measured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preparing the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the system starts no thread for it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is not enough memory for this scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Numbers of the scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit of length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit of length; areas, volumes and curvatures follow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open edges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open surface: its volume is closed over its middle.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5 % lie above</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5 % lie below</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lowest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open one to see its numbers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drag to turn  ·  Shift-drag to move  ·  Wheel to zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curvature under the mouse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress of the computation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Abort the computation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stops the computation and keeps what is shown (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curvature here  %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture of the scan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arrow keys turn it, plus and minus come nearer and go away</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -139,16 +139,16 @@
         <source>workers</source>
         <translation>Threads</translation>
     </message>
+    <message>
+        <source>the system starts no threads for the analysis</source>
+        <translation>das System startet keine Threads für die Auswertung</translation>
+    </message>
 </context>
 <context>
     <name>Tour</name>
     <message>
         <source>cannot read %1: %2</source>
         <translation>%1 kann nicht gelesen werden: %2</translation>
-    </message>
-    <message>
-        <source>cannot make a folder for temporary files</source>
-        <translation>Ein Ordner für temporäre Dateien kann nicht angelegt werden</translation>
     </message>
     <message>
         <source>cannot write %1: %2</source>
@@ -381,6 +381,485 @@
     <message>
         <source>working</source>
         <translation>in Arbeit</translation>
+    </message>
+    <message>
+        <source>the system starts no thread for the analysis</source>
+        <translation>das System startet keinen Thread für die Auswertung</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>cannot pack %1</source>
+        <translation>%1 lässt sich nicht packen</translation>
+    </message>
+    <message>
+        <source>cannot make a folder in %1 for temporary files</source>
+        <translation>in %1 lässt sich kein Ordner für temporäre Dateien anlegen</translation>
+    </message>
+    <message>
+        <source>Pack it all</source>
+        <translation>Alles packen</translation>
+    </message>
+    <message>
+        <source>Try tour --help.</source>
+        <translation>Hilfe gibt tour --help.</translation>
+    </message>
+    <message>
+        <source>--%1 takes a number from %2 to %3</source>
+        <translation>--%1 erwartet eine Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>the project file would replace %1</source>
+        <translation>die Projektdatei würde %1 ersetzen</translation>
+    </message>
+    <message>
+        <source>the archive would replace %1</source>
+        <translation>das Archiv würde %1 ersetzen</translation>
+    </message>
+    <message>
+        <source>Reads a scan, measures it, keeps it in a project file and packs it all.</source>
+        <translation>Liest einen Scan, vermisst ihn, bewahrt ihn in einer Projektdatei auf und packt alles.</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>zeigt diese Hilfe</translation>
+    </message>
+    <message>
+        <source>scan</source>
+        <translation>Scan</translation>
+    </message>
+    <message>
+        <source>an OBJ file</source>
+        <translation>eine OBJ-Datei</translation>
+    </message>
+    <message>
+        <source>what one unit of the file is; default mm</source>
+        <translation>was eine Einheit der Datei bedeutet; sonst mm</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>where the project file goes; default here</source>
+        <translation>wohin die Projektdatei kommt; sonst hierher</translation>
+    </message>
+    <message>
+        <source>directory</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>where it is all packed as a tar.gz; default beside the project file</source>
+        <translation>wohin alles als tar.gz gepackt wird; sonst neben die Projektdatei</translation>
+    </message>
+    <message>
+        <source>how often the scan is repeated, side by side; default 1</source>
+        <translation>wie oft der Scan nebeneinander wiederholt wird; sonst 1-mal</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>threads that analyse it; default one per processor</source>
+        <translation>Threads für die Auswertung; sonst einer je Prozessor</translation>
+    </message>
+    <message>
+        <source>how often normals are smoothed; default 2</source>
+        <translation>wie oft Normalen geglättet werden; sonst 2-mal</translation>
+    </message>
+    <message>
+        <source>give one OBJ file</source>
+        <translation>bitte eine OBJ-Datei angeben</translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation>keine Längeneinheit heißt %1</translation>
+    </message>
+</context>
+<context>
+    <name>Viewer</name>
+    <message>
+        <source>Legend of the colours</source>
+        <translation>Legende der Farben</translation>
+    </message>
+    <message>
+        <source>Mean curvature, %1: %2</source>
+        <translation>Mittlere Krümmung, %1: %2</translation>
+    </message>
+    <message>
+        <source>Curvature</source>
+        <translation>Krümmung</translation>
+    </message>
+    <message>
+        <source>Mean curvature</source>
+        <translation>Mittlere Krümmung</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>in %1</translation>
+    </message>
+    <message>
+        <source>ridges</source>
+        <translation>Grate</translation>
+    </message>
+    <message>
+        <source>hollows</source>
+        <translation>Mulden</translation>
+    </message>
+    <message>
+        <source>Try viewer --help.</source>
+        <translation>Hilfe gibt viewer --help.</translation>
+    </message>
+    <message>
+        <source>no size: %1; it should look like 1280x800</source>
+        <translation>keine Größe: %1; sie sollte wie 1280x800 aussehen</translation>
+    </message>
+    <message>
+        <source>Shows a scan, coloured by its curvature.</source>
+        <translation>Zeigt einen Scan, nach seiner Krümmung gefärbt.</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>zeigt diese Hilfe</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>an OBJ file or a project (.kyr)</source>
+        <translation>eine OBJ-Datei oder ein Projekt (.kyr)</translation>
+    </message>
+    <message>
+        <source>what one unit of an OBJ file is; default mm</source>
+        <translation>was eine Einheit einer OBJ-Datei bedeutet; sonst mm</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>how often the scan is shown, side by side; default 1</source>
+        <translation>wie oft der Scan nebeneinander gezeigt wird; sonst 1-mal</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation>schreibt ein Bild des Fensters und endet</translation>
+    </message>
+    <message>
+        <source>of the window; default 1280x800</source>
+        <translation>des Fensters; sonst 1280x800</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>give one file</source>
+        <translation>bitte eine Datei angeben</translation>
+    </message>
+    <message>
+        <source>no number of copies: %1</source>
+        <translation>keine Anzahl von Kopien: %1</translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation>keine Längeneinheit heißt %1</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>a screenshot needs a file</source>
+        <translation>ein Bildschirmfoto braucht eine Datei</translation>
+    </message>
+    <message>
+        <source>Scan viewer</source>
+        <translation>Scan-Betrachter</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Save picture…</source>
+        <translation>Bild &amp;speichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation>&amp;Einpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Oblique</source>
+        <translation>&amp;Schräg</translation>
+    </message>
+    <message>
+        <source>F&amp;ront</source>
+        <translation>&amp;Vorn</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Hinten</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>&amp;Links</translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght</source>
+        <translation>&amp;Rechts</translation>
+    </message>
+    <message>
+        <source>&amp;Top</source>
+        <translation>&amp;Oben</translation>
+    </message>
+    <message>
+        <source>Botto&amp;m</source>
+        <translation>&amp;Unten</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Show all of the scan (F)</source>
+        <translation>Den ganzen Scan zeigen (F)</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Back to the first view (Home)</source>
+        <translation>Zurück zur ersten Ansicht (Pos1)</translation>
+    </message>
+    <message>
+        <source>Drop a scan here</source>
+        <translation>Einen Scan hierher ziehen</translation>
+    </message>
+    <message>
+        <source>an OBJ file, or a project (.kyr)</source>
+        <translation>eine OBJ-Datei oder ein Projekt (.kyr)</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen…</translation>
+    </message>
+    <message>
+        <source>Open a scan</source>
+        <translation>Einen Scan öffnen</translation>
+    </message>
+    <message>
+        <source>Scans and projects</source>
+        <translation>Scans und Projekte</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
+    <message>
+        <source>Save the picture</source>
+        <translation>Das Bild speichern</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 wurde nicht geöffnet: %2</translation>
+    </message>
+    <message>
+        <source>Opening %1 was aborted.</source>
+        <translation>Das Öffnen von %1 wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 – Scan viewer</source>
+        <translation>%1 – Scan-Betrachter</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>Put the message away</source>
+        <translation>Meldung wegräumen</translation>
+    </message>
+    <message>
+        <source>Project, %1</source>
+        <translation>Projekt, %1</translation>
+    </message>
+    <message>
+        <source>Scan, %1</source>
+        <translation>Scan, %1</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Lese %1</translation>
+    </message>
+    <message>
+        <source>Measuring</source>
+        <translation>Vermessen</translation>
+    </message>
+    <message>
+        <source>the scan is too large to be measured</source>
+        <translation>der Scan ist zu groß, um vermessen zu werden</translation>
+    </message>
+    <message>
+        <source>Preparing the picture</source>
+        <translation>Bild vorbereiten</translation>
+    </message>
+    <message>
+        <source>the system starts no thread for it</source>
+        <translation>das System startet keinen Thread dafür</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for this scan</source>
+        <translation>für diesen Scan reicht der Speicher nicht</translation>
+    </message>
+    <message>
+        <source>Numbers of the scan</source>
+        <translation>Zahlen zum Scan</translation>
+    </message>
+    <message>
+        <source>Unit of length</source>
+        <translation>Längeneinheit</translation>
+    </message>
+    <message>
+        <source>Unit of length; areas, volumes and curvatures follow</source>
+        <translation>Längeneinheit; Flächen, Volumen und Krümmungen folgen ihr</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Einheit</translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>Dreiecke</translation>
+    </message>
+    <message>
+        <source>Open edges</source>
+        <translation>Offene Kanten</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Fläche</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Open surface: its volume is closed over its middle.</source>
+        <translation>Offene Fläche: Ihr Volumen ist über ihrer Mitte geschlossen.</translation>
+    </message>
+    <message>
+        <source>Highest</source>
+        <translation>Höchste</translation>
+    </message>
+    <message>
+        <source>5 % lie above</source>
+        <translation>5 % darüber</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>Median</translation>
+    </message>
+    <message>
+        <source>5 % lie below</source>
+        <translation>5 % darunter</translation>
+    </message>
+    <message>
+        <source>Lowest</source>
+        <translation>Niedrigste</translation>
+    </message>
+    <message>
+        <source>No scan</source>
+        <translation>Kein Scan</translation>
+    </message>
+    <message>
+        <source>Open one to see its numbers</source>
+        <translation>Öffnen Sie einen, um Zahlen zu sehen</translation>
+    </message>
+    <message>
+        <source>Drag to turn  ·  Shift-drag to move  ·  Wheel to zoom</source>
+        <translation>Ziehen dreht  ·  Ziehen mit Umschalt verschiebt  ·  Mausrad zoomt</translation>
+    </message>
+    <message>
+        <source>Curvature under the mouse</source>
+        <translation>Krümmung unter der Maus</translation>
+    </message>
+    <message>
+        <source>Progress of the computation</source>
+        <translation>Fortschritt der Berechnung</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Abort the computation</source>
+        <translation>Berechnung abbrechen</translation>
+    </message>
+    <message>
+        <source>Stops the computation and keeps what is shown (Esc)</source>
+        <translation>Hält die Berechnung an und behält, was gezeigt wird (Esc)</translation>
+    </message>
+    <message>
+        <source>Curvature here  %1</source>
+        <translation>Krümmung hier  %1</translation>
+    </message>
+    <message>
+        <source>Picture of the scan</source>
+        <translation>Bild des Scans</translation>
+    </message>
+    <message>
+        <source>Arrow keys turn it, plus and minus come nearer and go away</source>
+        <translation>Pfeiltasten drehen es, Plus und Minus holen es heran und rücken es fort</translation>
     </message>
 </context>
 </TS>

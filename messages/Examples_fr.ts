@@ -139,16 +139,16 @@
         <source>workers</source>
         <translation>threads</translation>
     </message>
+    <message>
+        <source>the system starts no threads for the analysis</source>
+        <translation>le système ne lance aucun thread pour l&apos;analyse</translation>
+    </message>
 </context>
 <context>
     <name>Tour</name>
     <message>
         <source>cannot read %1: %2</source>
         <translation>impossible de lire %1 : %2</translation>
-    </message>
-    <message>
-        <source>cannot make a folder for temporary files</source>
-        <translation>impossible de créer un dossier pour les fichiers temporaires</translation>
     </message>
     <message>
         <source>cannot write %1: %2</source>
@@ -381,6 +381,485 @@
     <message>
         <source>working</source>
         <translation>en cours</translation>
+    </message>
+    <message>
+        <source>the system starts no thread for the analysis</source>
+        <translation>le système ne lance pas de thread pour l&apos;analyse</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>impossible d&apos;écrire %1</translation>
+    </message>
+    <message>
+        <source>cannot pack %1</source>
+        <translation>impossible d&apos;archiver %1</translation>
+    </message>
+    <message>
+        <source>cannot make a folder in %1 for temporary files</source>
+        <translation>impossible de créer dans %1 un dossier pour les fichiers temporaires</translation>
+    </message>
+    <message>
+        <source>Pack it all</source>
+        <translation>Tout archiver</translation>
+    </message>
+    <message>
+        <source>Try tour --help.</source>
+        <translation>Essayez tour --help.</translation>
+    </message>
+    <message>
+        <source>--%1 takes a number from %2 to %3</source>
+        <translation>--%1 attend un nombre de %2 à %3</translation>
+    </message>
+    <message>
+        <source>the project file would replace %1</source>
+        <translation>le fichier de projet remplacerait %1</translation>
+    </message>
+    <message>
+        <source>the archive would replace %1</source>
+        <translation>l&apos;archive remplacerait %1</translation>
+    </message>
+    <message>
+        <source>Reads a scan, measures it, keeps it in a project file and packs it all.</source>
+        <translation>Lit un scan, le mesure, le conserve dans un fichier de projet et archive le tout.</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>affiche cette aide</translation>
+    </message>
+    <message>
+        <source>scan</source>
+        <translation>scan</translation>
+    </message>
+    <message>
+        <source>an OBJ file</source>
+        <translation>un fichier OBJ</translation>
+    </message>
+    <message>
+        <source>what one unit of the file is; default mm</source>
+        <translation>ce que vaut une unité du fichier ; mm par défaut</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>where the project file goes; default here</source>
+        <translation>où va le fichier de projet ; ici par défaut</translation>
+    </message>
+    <message>
+        <source>directory</source>
+        <translation>dossier</translation>
+    </message>
+    <message>
+        <source>where it is all packed as a tar.gz; default beside the project file</source>
+        <translation>où tout est archivé en tar.gz ; à côté du fichier de projet par défaut</translation>
+    </message>
+    <message>
+        <source>how often the scan is repeated, side by side; default 1</source>
+        <translation>nombre de répétitions du scan, côte à côte ; 1 par défaut</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>nombre</translation>
+    </message>
+    <message>
+        <source>threads that analyse it; default one per processor</source>
+        <translation>threads pour l&apos;analyse ; un par processeur par défaut</translation>
+    </message>
+    <message>
+        <source>how often normals are smoothed; default 2</source>
+        <translation>nombre de lissages des normales ; 2 par défaut</translation>
+    </message>
+    <message>
+        <source>give one OBJ file</source>
+        <translation>indiquez un fichier OBJ</translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation>aucune unité de longueur ne s&apos;appelle %1</translation>
+    </message>
+</context>
+<context>
+    <name>Viewer</name>
+    <message>
+        <source>Legend of the colours</source>
+        <translation>Légende des couleurs</translation>
+    </message>
+    <message>
+        <source>Mean curvature, %1: %2</source>
+        <translation>Courbure moyenne, %1 : %2</translation>
+    </message>
+    <message>
+        <source>Curvature</source>
+        <translation>Courbure</translation>
+    </message>
+    <message>
+        <source>Mean curvature</source>
+        <translation>Courbure moyenne</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>en %1</translation>
+    </message>
+    <message>
+        <source>ridges</source>
+        <translation>crêtes</translation>
+    </message>
+    <message>
+        <source>hollows</source>
+        <translation>creux</translation>
+    </message>
+    <message>
+        <source>Try viewer --help.</source>
+        <translation>Essayez viewer --help.</translation>
+    </message>
+    <message>
+        <source>no size: %1; it should look like 1280x800</source>
+        <translation>pas une taille : %1 ; il faudrait par exemple 1280x800</translation>
+    </message>
+    <message>
+        <source>Shows a scan, coloured by its curvature.</source>
+        <translation>Montre un scan, coloré selon sa courbure.</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>affiche cette aide</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>fichier</translation>
+    </message>
+    <message>
+        <source>an OBJ file or a project (.kyr)</source>
+        <translation>un fichier OBJ ou un projet (.kyr)</translation>
+    </message>
+    <message>
+        <source>what one unit of an OBJ file is; default mm</source>
+        <translation>ce que vaut une unité d&apos;un fichier OBJ ; mm par défaut</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>how often the scan is shown, side by side; default 1</source>
+        <translation>combien de fois le scan est montré, côte à côte ; 1 par défaut</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>nombre</translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation>écrit une image de la fenêtre et se termine</translation>
+    </message>
+    <message>
+        <source>of the window; default 1280x800</source>
+        <translation>de la fenêtre ; 1280x800 par défaut</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>taille</translation>
+    </message>
+    <message>
+        <source>give one file</source>
+        <translation>indiquez un seul fichier</translation>
+    </message>
+    <message>
+        <source>no number of copies: %1</source>
+        <translation>pas un nombre de copies : %1</translation>
+    </message>
+    <message>
+        <source>no unit of length is called %1</source>
+        <translation>aucune unité de longueur ne s&apos;appelle %1</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>impossible d&apos;écrire %1</translation>
+    </message>
+    <message>
+        <source>a screenshot needs a file</source>
+        <translation>une capture d&apos;écran demande un fichier</translation>
+    </message>
+    <message>
+        <source>Scan viewer</source>
+        <translation>Visionneuse de scans</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Ouvrir…</translation>
+    </message>
+    <message>
+        <source>&amp;Save picture…</source>
+        <translation>&amp;Enregistrer l&apos;image…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Vue</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <translation>A&amp;juster</translation>
+    </message>
+    <message>
+        <source>&amp;Oblique</source>
+        <translation>&amp;Oblique</translation>
+    </message>
+    <message>
+        <source>F&amp;ront</source>
+        <translation>A&amp;vant</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Arrière</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>&amp;Gauche</translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght</source>
+        <translation>D&amp;roite</translation>
+    </message>
+    <message>
+        <source>&amp;Top</source>
+        <translation>&amp;Dessus</translation>
+    </message>
+    <message>
+        <source>Botto&amp;m</source>
+        <translation>De&amp;ssous</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ajuster</translation>
+    </message>
+    <message>
+        <source>Show all of the scan (F)</source>
+        <translation>Montrer tout le scan (F)</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Vue initiale</translation>
+    </message>
+    <message>
+        <source>Back to the first view (Home)</source>
+        <translation>Revenir à la première vue (Début)</translation>
+    </message>
+    <message>
+        <source>Drop a scan here</source>
+        <translation>Déposez un scan ici</translation>
+    </message>
+    <message>
+        <source>an OBJ file, or a project (.kyr)</source>
+        <translation>un fichier OBJ ou un projet (.kyr)</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Ouvrir…</translation>
+    </message>
+    <message>
+        <source>Open a scan</source>
+        <translation>Ouvrir un scan</translation>
+    </message>
+    <message>
+        <source>Scans and projects</source>
+        <translation>Scans et projets</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>Tous les fichiers</translation>
+    </message>
+    <message>
+        <source>Save the picture</source>
+        <translation>Enregistrer l&apos;image</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 n&apos;a pas été ouvert : %2</translation>
+    </message>
+    <message>
+        <source>Opening %1 was aborted.</source>
+        <translation>L&apos;ouverture de %1 a été interrompue.</translation>
+    </message>
+    <message>
+        <source>%1 – Scan viewer</source>
+        <translation>%1 – Visionneuse de scans</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Put the message away</source>
+        <translation>Fermer le message</translation>
+    </message>
+    <message>
+        <source>Project, %1</source>
+        <translation>Projet, %1</translation>
+    </message>
+    <message>
+        <source>Scan, %1</source>
+        <translation>Scan, %1</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Lecture de %1</translation>
+    </message>
+    <message>
+        <source>Measuring</source>
+        <translation>Mesure</translation>
+    </message>
+    <message>
+        <source>the scan is too large to be measured</source>
+        <translation>le scan est trop grand pour être mesuré</translation>
+    </message>
+    <message>
+        <source>Preparing the picture</source>
+        <translation>Préparation de l&apos;image</translation>
+    </message>
+    <message>
+        <source>the system starts no thread for it</source>
+        <translation>le système ne lance pas de thread pour cela</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for this scan</source>
+        <translation>il n&apos;y a pas assez de mémoire pour ce scan</translation>
+    </message>
+    <message>
+        <source>Numbers of the scan</source>
+        <translation>Chiffres du scan</translation>
+    </message>
+    <message>
+        <source>Unit of length</source>
+        <translation>Unité de longueur</translation>
+    </message>
+    <message>
+        <source>Unit of length; areas, volumes and curvatures follow</source>
+        <translation>Unité de longueur ; aires, volumes et courbures la suivent</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Unité</translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation>Surface</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>Triangles</translation>
+    </message>
+    <message>
+        <source>Open edges</source>
+        <translation>Arêtes libres</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Largeur</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Hauteur</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Profondeur</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Aire</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Open surface: its volume is closed over its middle.</source>
+        <translation>Surface ouverte : son volume est fermé par son milieu.</translation>
+    </message>
+    <message>
+        <source>Highest</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>5 % lie above</source>
+        <translation>95e centile</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>Médiane</translation>
+    </message>
+    <message>
+        <source>5 % lie below</source>
+        <translation>5e centile</translation>
+    </message>
+    <message>
+        <source>Lowest</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>No scan</source>
+        <translation>Aucun scan</translation>
+    </message>
+    <message>
+        <source>Open one to see its numbers</source>
+        <translation>Ouvrez-en un pour voir ses chiffres</translation>
+    </message>
+    <message>
+        <source>Drag to turn  ·  Shift-drag to move  ·  Wheel to zoom</source>
+        <translation>Glisser tourne  ·  Glisser avec Maj déplace  ·  Molette zoome</translation>
+    </message>
+    <message>
+        <source>Curvature under the mouse</source>
+        <translation>Courbure sous la souris</translation>
+    </message>
+    <message>
+        <source>Progress of the computation</source>
+        <translation>Avancement du calcul</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Interrompre</translation>
+    </message>
+    <message>
+        <source>Abort the computation</source>
+        <translation>Interrompre le calcul</translation>
+    </message>
+    <message>
+        <source>Stops the computation and keeps what is shown (Esc)</source>
+        <translation>Arrête le calcul et garde ce qui est affiché (Échap)</translation>
+    </message>
+    <message>
+        <source>Curvature here  %1</source>
+        <translation>Courbure ici  %1</translation>
+    </message>
+    <message>
+        <source>Picture of the scan</source>
+        <translation>Image du scan</translation>
+    </message>
+    <message>
+        <source>Arrow keys turn it, plus and minus come nearer and go away</source>
+        <translation>les flèches le tournent, plus et moins le rapprochent et l&apos;éloignent</translation>
     </message>
 </context>
 </TS>

@@ -18,7 +18,7 @@ import xml.etree.ElementTree as xml
 from pathlib import Path
 
 # A catalogue, and where the code is that uses it.
-PARTS = {"Kyr": ("src/base/kyr",), "Examples": ("examples/surface", "examples/tour")}
+PARTS = {"Kyr": ("src/base/kyr",), "Examples": ("examples/surface", "examples/tour", "examples/viewer")}
 LANGUAGES = ("en", "de", "fr", "jp", "cn", "pt")
 LOCALES = {"en": "en", "de": "de", "fr": "fr", "jp": "ja", "cn": "zh_CN", "pt": "pt_PT"}
 # Into these everything is translated; in the others everybody needs the following.

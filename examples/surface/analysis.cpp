@@ -6,6 +6,7 @@
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrScheduler.h>
+#include <kyr/os/KyrOS.h>
 
 #include <QString>
 
@@ -242,8 +243,8 @@ void Schedule::neighbourDone(unsigned pass, unsigned chunk) {
 }  // namespace
 
 unsigned numberOfWorkers(const AnalysisOptions& options) {
-  return options.workers > 0 ? options.workers
-                             : static_cast<unsigned>(std::max(1, QThread::idealThreadCount()));
+  constexpr unsigned most = 256;  // of those that nobody asked for by their number
+  return options.workers > 0 ? options.workers : std::min(Kyr::OS::getNumberOfCPUs(), most);
 }
 
 Analysis analyse(const Mesh& mesh, const AnalysisOptions& options) {
@@ -259,7 +260,8 @@ Analysis analyse(const Mesh& mesh, const AnalysisOptions& options) {
     throw Aborted();
   }
   if (!schedule.isDone()) {
-    throw Kyr::Exception("the system starts no threads for the analysis");
+    throw Kyr::Exception(
+        Kyr::translate("Surface", "the system starts no threads for the analysis"));
   }
   schedule.allDone();
   Analysis result = survey.take(options.smoothingPasses);

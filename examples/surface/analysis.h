@@ -20,7 +20,7 @@ struct Analysis {
 };
 
 struct AnalysisOptions {
-  unsigned workers = 0;          ///< threads; 0 takes one for each processor
+  unsigned workers = 0;          ///< threads; 0 takes one for each processor, 256 at most
   unsigned smoothingPasses = 2;  ///< how often normals become the mean of their neighbourhood
   int progressMin = 0;           ///< the part of the progress scale that the analysis fills
   int progressMax = 100;

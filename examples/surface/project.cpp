@@ -1,6 +1,7 @@
 #include "surface/project.h"
 
 #include "surface/abort.h"
+#include "surface/unfinished.h"
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
@@ -14,8 +15,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 namespace Surface {
 
@@ -42,10 +41,6 @@ void put(std::vector<char>& bytes, double number) {
   static_assert(sizeof bits == sizeof number);
   std::memcpy(&bits, &number, sizeof bits);
   put(bytes, bits, 8);
-}
-
-std::filesystem::path path(const QString& fileName) {
-  return std::filesystem::u8path(fileName.toStdString());
 }
 
 /// \param text with %1 for the byte of the file and %2 for the bytes of content before it
@@ -138,22 +133,6 @@ class Bytes {
   std::uint64_t _triangles = 0;
 };
 
-/// The name of a file that does not outlive this object, unless it is renamed.
-class Unfinished {
- public:
-  explicit Unfinished(const QString& name) : _name(name) {}
-  ~Unfinished() {
-    std::error_code ignored;
-    std::filesystem::remove(path(_name), ignored);
-  }
-  Unfinished(const Unfinished&) = delete;
-  Unfinished& operator=(const Unfinished&) = delete;
-  const QString& name() const { return _name; }
-
- private:
-  const QString _name;
-};
-
 /// A damaged project must not be taken for a scan: its name counts as well as its bytes.
 bool isProject(const QString& fileName) {
   std::ifstream file;
@@ -212,7 +191,7 @@ Mesh fromBytes(const std::vector<char>& content) {
 }
 
 void writeProject(const QString& fileName, const std::vector<char>& content) {
-  const Unfinished unfinished(fileName + ".part");
+  Unfinished unfinished(fileName);
   Kyr::ZipOutStream out(unfinished.name(), projectVersion);
   for (std::size_t done = 0; done < content.size(); done += piece) {
     stopIfAborted();
@@ -220,11 +199,7 @@ void writeProject(const QString& fileName, const std::vector<char>& content) {
     out.write(content.data() + done, static_cast<std::streamsize>(size));
   }
   out.close();
-  std::error_code renamed;
-  if (out) {
-    std::filesystem::rename(path(unfinished.name()), path(fileName), renamed);
-  }
-  if (!out || renamed) {
+  if (!out || !unfinished.finish()) {
     throw Kyr::Exception(Kyr::translate("Surface", "cannot write %1").arg(fileName));
   }
 }

@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/sync/KyrThread.h>
@@ -123,7 +124,7 @@ Analysis analyseVisibly(const Surface::Mesh& mesh, const Surface::AnalysisOption
   const Kyr::Time watch = Kyr::Time::currentTime();
   thread.start();
   if (!thread.isRunning() && !thread.isFinished()) {
-    throw Kyr::Exception("the system starts no thread for the analysis");
+    throw Kyr::Exception(Kyr::translate("Tour", "the system starts no thread for the analysis"));
   }
   loop.exec();
   thread.wait();

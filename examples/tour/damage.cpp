@@ -7,6 +7,7 @@
 #include <kyr/i18n/KyrTranslate.h>
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -55,7 +56,8 @@ class Damages {
   Damages(const QString& fileName, Page& page)
       : _whole(readAll(fileName)), _content(readProject(fileName).content), _page(page) {
     if (!_directory.isValid()) {
-      throw Kyr::Exception(translate("Tour", "cannot make a folder for temporary files"));
+      throw Kyr::Exception(translate("Tour", "cannot make a folder in %1 for temporary files")
+                               .arg(QDir::tempPath()));
     }
   }
 

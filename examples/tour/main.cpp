@@ -1,11 +1,12 @@
 /// \file
-/// The tour: a real 3D scan goes from text to a compressed project file and back, and is analysed
-/// by all processors on its way.
+/// The tour: a real 3D scan goes from text to a compressed project file and back, is analysed by
+/// all processors on its way, and is packed with what became of it.
 ///
 /// Exit codes: 0 everything held; 1 a file is at fault or something did not hold; 2 wrong usage;
-/// 3 stopped with Ctrl-C: the project file is whole or was not touched.
+/// 3 stopped with Ctrl-C: project file and archive are whole or were not touched.
 
 #include "analyse.h"
+#include "archive.h"
 #include "console_p.h"
 #include "damage.h"
 #include "options.h"
@@ -15,16 +16,14 @@
 #include "surface/measure.h"
 #include "surface/project.h"
 #include "surface/scan.h"
+#include "surface/session.h"
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrVersion.h>
-#include <kyr/env/KyrInit.h>
 #include <kyr/i18n/KyrTranslate.h>
-#include <kyr/i18n/KyrTranslator.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/log/KyrErrorLog.h>
-#include <kyr/os/KyrOS.h>
 #include <kyr/time/KyrTime.h>
 #include <kyr/units/KyrUnits.h>
 
@@ -204,17 +203,11 @@ bool tour(const Options& options, Kyr::ErrorLog& log) {
   for (const QString& message : log.getLog().split('\n')) {
     page.text(message);
   }
+  page.section(translate("Tour", "Pack it all"));
+  packArchive(options, log, page);
   page.end(same && refused ? translate("Tour", "Everything held.")
                            : translate("Tour", "SOMETHING DID NOT HOLD."));
   return same && refused;
-}
-
-/// The output of most programs goes to a file, which suits those with windows; this one talks to
-/// its terminal, unless the user wants something else.
-void keepTerminal() {
-  if (Kyr::OS::getEnv("KYR_CONSOLE").isNull()) {
-    Kyr::OS::setEnv("KYR_CONSOLE", "terminal");
-  }
 }
 
 /// The tour with its end: what went wrong stands on standard error, behind the log so far.
@@ -244,17 +237,11 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  keepStandardStreams();
   const QCoreApplication application(argc, argv);
-  keepTerminal();
   prepareStandardStreams();
-  QStringList arguments = QCoreApplication::arguments();
-  Kyr::KyrInit::InitLibrary(Kyr::ApplicationInspection, arguments);
-  Kyr::KyrInit::InitTranslator(Kyr::Translator::allLanguages, {});
-  Kyr::installTranslator("Examples");
-  const Options options = parseArguments(arguments);
+  const Session session(Kyr::ApplicationInspection);
+  const Options options = parseArguments(session.arguments());
   const InterruptWatch watch([] { Kyr::Progress::setAbortFlag(true); });
-  const int code = run(options);
-  Kyr::KyrInit::CloseTranslator();
-  Kyr::KyrInit::CloseLibrary();
-  return code;
+  return run(options);
 }

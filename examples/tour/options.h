@@ -16,6 +16,7 @@ struct Options {
   QString scan;
   Kyr::Unit::Units_t unit = Kyr::Unit::Millimetre;  ///< what one unit of the scan is
   QString directory;
+  QString archive;  ///< where everything is packed in the end
   unsigned copies = 1;
   Surface::AnalysisOptions analysis;
 

@@ -20,7 +20,11 @@ void Artist::begin(const Order& order) {
   _order = order;
   _order.cancelled = &_cancelled;
   _cancelled = false;
-  startWorking();
+  if (isRunning()) {
+    startWorking();
+  } else {
+    work();
+  }
 }
 
 void Artist::cancel() {

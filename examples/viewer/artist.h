@@ -12,10 +12,11 @@
 
 namespace Viewer {
 
-/// Draws one picture in each pass of work.
+/// Draws one picture in each pass of work. Where the system has started no thread for it, begin()
+/// draws, and returns late.
 class Artist : public Kyr::PoolThread {
  public:
-  /// \param deliver called on this thread with each picture that was not cancelled
+  /// \param deliver called on the thread that draws with each picture that was not cancelled
   explicit Artist(std::function<void(std::shared_ptr<Picture>)> deliver);
   ~Artist() override;
 

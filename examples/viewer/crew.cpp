@@ -1,8 +1,7 @@
 #include "crew.h"
 
 #include <kyr/jobs/KyrThreadPool.h>
-
-#include <QThread>
+#include <kyr/os/KyrOS.h>
 
 #include <algorithm>
 
@@ -28,11 +27,15 @@ class Hand : public Kyr::PoolThread {
 };
 
 Crew::Crew(unsigned size) {
-  const unsigned count =
-      size > 0 ? size : static_cast<unsigned>(std::max(1, QThread::idealThreadCount()));
-  for (unsigned part = 0; part < count; ++part) {
-    _hands.push_back(std::make_unique<Hand>(part));
-    _hands.back()->start();
+  constexpr unsigned most = 256;  // of those that nobody asked for by their number
+  const unsigned count = size > 0 ? size : std::min(Kyr::OS::getNumberOfCPUs(), most);
+  for (unsigned part = 1; part < count; ++part) {
+    auto hand = std::make_unique<Hand>(part);
+    hand->start();
+    if (!hand->isRunning()) {
+      break;  // the system has no more threads
+    }
+    _hands.push_back(std::move(hand));
   }
 }
 
@@ -49,6 +52,7 @@ void Crew::share(const std::function<void(unsigned)>& work) {
   for (const auto& hand : _hands) {
     hand->begin(&work);
   }
+  work(0);
   for (const auto& hand : _hands) {
     hand->waitForWorking();
   }

@@ -10,16 +10,18 @@ namespace Viewer {
 
 class Hand;
 
-/// As many sleeping threads as there are processors, for work in equal parts.
+/// As many threads as there are processors, for work in equal parts: the one that shares its work,
+/// and others that sleep meanwhile.
 class Crew {
  public:
-  /// \param size how many threads, at least 1; by default one for each processor
+  /// \param size how many threads; 0 for one for each processor, 256 at most. Fewer when the system
+  ///        has no more
   explicit Crew(unsigned size = 0);
   ~Crew();
   Crew(const Crew&) = delete;
   Crew& operator=(const Crew&) = delete;
 
-  unsigned size() const { return static_cast<unsigned>(_hands.size()); }
+  unsigned size() const { return 1 + static_cast<unsigned>(_hands.size()); }
 
   /// Calls \a work for each part at the same time and returns when all are done.
   /// \param work gets the number of the part, from 0 to size() - 1; must not throw

@@ -4,6 +4,7 @@
 #include "scan.h"
 #include "theme.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QPainter>
@@ -16,6 +17,8 @@
 namespace Viewer {
 
 namespace {
+
+using Kyr::translate;
 
 constexpr int padding = 14;
 constexpr int barWidth = 16;
@@ -49,7 +52,7 @@ std::vector<double> smoothed(const std::vector<std::size_t>& counts) {
 
 Legend::Legend(QWidget* parent) : QWidget(parent) {
   setObjectName("legend");
-  setAccessibleName("Legend of the colours");
+  setAccessibleName(translate("Viewer", "Legend of the colours"));
   setAttribute(Qt::WA_TransparentForMouseEvents);
   hide();
 }
@@ -80,7 +83,7 @@ void Legend::changeUnit() {
                                          value, static_cast<unsigned>(decimals), unit, unit)});
     }
     setAccessibleDescription(
-        QString("Mean curvature, %1: %2").arg(unitText(), numbers().join(' ')));
+        translate("Viewer", "Mean curvature, %1: %2").arg(unitText(), numbers().join(' ')));
   }
   update();
 }
@@ -99,7 +102,7 @@ QStringList Legend::numbers() const {
 }
 
 QString Legend::titleText() const {
-  return _compact ? "Curvature" : "Mean curvature";
+  return _compact ? translate("Viewer", "Curvature") : translate("Viewer", "Mean curvature");
 }
 
 QString Legend::unitText() const {
@@ -160,11 +163,13 @@ void Legend::paintTitle(QPainter& painter) const {
   painter.setFont(Theme::small(font()));
   painter.setPen(Theme::dimText());
   painter.drawText(QRect(padding, padding + line + 2, width, line), Qt::AlignLeft,
-                   "in " + unitText());
+                   translate("Viewer", "in %1").arg(unitText()));
   const QRectF bar = barArea();
   const int small = QFontMetrics(painter.font()).height();
-  painter.drawText(QRectF(padding, bar.top() - small - 6, width, small), Qt::AlignLeft, "ridges");
-  painter.drawText(QRectF(padding, bar.bottom() + 6, width, small), Qt::AlignLeft, "hollows");
+  painter.drawText(QRectF(padding, bar.top() - small - 6, width, small), Qt::AlignLeft,
+                   translate("Viewer", "ridges"));
+  painter.drawText(QRectF(padding, bar.bottom() + 6, width, small), Qt::AlignLeft,
+                   translate("Viewer", "hollows"));
 }
 
 void Legend::paintHistogram(QPainter& painter) const {

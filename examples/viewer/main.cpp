@@ -9,6 +9,11 @@
 #include "theme.h"
 #include "view.h"
 
+#include "surface/session.h"
+
+#include <kyr/env/KyrInit.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/text/KyrParse.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QApplication>
@@ -19,6 +24,8 @@
 
 namespace {
 
+using Kyr::translate;
+
 struct Options {
   QString file;
   QString screenshot;
@@ -27,8 +34,12 @@ struct Options {
   unsigned copies = 1;
 };
 
+void complain(const QString& problem) {
+  std::fprintf(stderr, "viewer: %s\n", problem.toLocal8Bit().constData());
+}
+
 [[noreturn]] void refuseUsage(const QString& problem) {
-  std::fprintf(stderr, "viewer: %s\nTry viewer --help.\n", problem.toLocal8Bit().constData());
+  complain(problem + '\n' + translate("Viewer", "Try viewer --help."));
   std::exit(2);
 }
 
@@ -41,43 +52,50 @@ QSize parseSize(const QString& text) {
   const bool good = sides.size() == 2 && widthGood && heightGood && size.width() > 0 &&
                     size.height() > 0 && size.width() <= largest && size.height() <= largest;
   if (!good) {
-    refuseUsage(QString("no size: %1; it should look like 1280x800").arg(text));
+    refuseUsage(translate("Viewer", "no size: %1; it should look like 1280x800").arg(text));
   }
   return size;
 }
 
-Options parseArguments() {
+Options parseArguments(const QStringList& arguments) {
   QCommandLineParser parser;
-  parser.setApplicationDescription("Shows a scan, coloured by its curvature.");
-  parser.addHelpOption();
-  parser.addPositionalArgument("file", "an OBJ file or a project (.kyr)", "[file]");
-  const QCommandLineOption unit("unit", "what one unit of an OBJ file is; default mm", "unit",
-                                "mm");
-  const QCommandLineOption copies("copies", "shows the scan so often, side by side", "number", "1");
-  const QCommandLineOption screenshot("screenshot", "writes a picture of the window and ends",
-                                      "png");
-  const QCommandLineOption size("size", "of the window; default 1280x800", "size", "1280x800");
-  parser.addOptions({unit, copies, screenshot, size});
-  if (!parser.parse(QCoreApplication::arguments())) {
+  parser.setApplicationDescription(translate("Viewer", "Shows a scan, coloured by its curvature."));
+  const QCommandLineOption help({"h", "help"}, translate("Viewer", "shows this"));
+  const QString file = translate("Viewer", "file");
+  parser.addPositionalArgument(file, translate("Viewer", "an OBJ file or a project (.kyr)"),
+                               '[' + file + ']');
+  const QCommandLineOption unit("unit",
+                                translate("Viewer", "what one unit of an OBJ file is; default mm"),
+                                translate("Viewer", "unit"), "mm");
+  const QCommandLineOption copies(
+      "copies", translate("Viewer", "how often the scan is shown, side by side; default 1"),
+      translate("Viewer", "number"), "1");
+  const QCommandLineOption screenshot(
+      "screenshot", translate("Viewer", "writes a picture of the window and ends"), "png");
+  const QCommandLineOption size("size", translate("Viewer", "of the window; default 1280x800"),
+                                translate("Viewer", "size"), "1280x800");
+  parser.addOptions({help, unit, copies, screenshot, size});
+  if (!parser.parse(arguments)) {
     refuseUsage(parser.errorText());
   }
-  if (parser.isSet("help")) {
-    parser.showHelp();
+  if (parser.isSet(help)) {
+    std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
+    std::exit(0);
   }
   Options options;
   if (parser.positionalArguments().size() > 1) {
-    refuseUsage("give one file");
+    refuseUsage(translate("Viewer", "give one file"));
   }
   options.file = parser.positionalArguments().value(0);
   options.screenshot = parser.value(screenshot);
   options.size = parseSize(parser.value(size));
   bool counted = false;
-  options.copies = parser.value(copies).toUInt(&counted);
+  options.copies = Kyr::qstringToUInt(parser.value(copies), &counted, 10, nullptr);
   if (!counted || options.copies == 0) {
-    refuseUsage(QString("no number of copies: %1").arg(parser.value(copies)));
+    refuseUsage(translate("Viewer", "no number of copies: %1").arg(parser.value(copies)));
   }
   if (!Kyr::uLength.getUnitByName(parser.value(unit), &options.fileUnit)) {
-    refuseUsage(QString("no unit of length is called %1").arg(parser.value(unit)));
+    refuseUsage(translate("Viewer", "no unit of length is called %1").arg(parser.value(unit)));
   }
   return options;
 }
@@ -87,14 +105,13 @@ void takeScreenshot(Viewer::MainWindow& window, const QString& fileName) {
   const auto end = [&window, fileName] {
     const bool written = window.grab().save(fileName, "PNG");
     if (!written) {
-      std::fprintf(stderr, "viewer: cannot write %s\n", fileName.toLocal8Bit().constData());
+      complain(translate("Viewer", "cannot write %1").arg(fileName));
     }
     QCoreApplication::exit(written ? 0 : 1);
   };
   QObject::connect(&window, &Viewer::MainWindow::ended, &window, [&window, end](auto outcome) {
     if (outcome != Viewer::Outcome::Loaded) {
-      const QString problem = window.messages().text();
-      std::fprintf(stderr, "viewer: %s\n", problem.toLocal8Bit().constData());
+      complain(window.messages().text());
       QCoreApplication::exit(1);
       return;
     }
@@ -114,6 +131,7 @@ bool wantsScreenshot(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  Surface::keepStandardStreams();
   if (wantsScreenshot(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");  // needs no display, and nothing flashes up
   }
@@ -121,9 +139,10 @@ int main(int argc, char** argv) {
   QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
   QApplication application(argc, argv);
   QCoreApplication::setApplicationName("viewer");
-  const Options options = parseArguments();
+  const Surface::Session session(Kyr::ApplicationViewer);
+  const Options options = parseArguments(session.arguments());
   if (!options.screenshot.isEmpty() && options.file.isEmpty()) {
-    refuseUsage("a screenshot needs a file");
+    refuseUsage(translate("Viewer", "a screenshot needs a file"));
   }
   Viewer::Theme::apply(application);
   Viewer::setDisplayUnit(Kyr::Unit::Millimetre);
@@ -133,6 +152,7 @@ int main(int argc, char** argv) {
     takeScreenshot(window, options.screenshot);
   }
   window.show();
+  Kyr::KyrInit::signalMainWindowStarted();
   if (!options.file.isEmpty()) {
     window.open(options.file);
   }

@@ -6,6 +6,7 @@
 #include "status_strip.h"
 #include "view.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
 
 #include <QApplication>
@@ -26,6 +27,7 @@ namespace Viewer {
 namespace {
 
 using Kyr::Progress;
+using Kyr::translate;
 
 /// The one file that is dragged; empty for anything else.
 QString draggedFile(const QMimeData& data) {
@@ -47,9 +49,9 @@ MainWindow::MainWindow(double millimetresPerUnit, unsigned copies)
       _panel(new SidePanel),
       _strip(new StatusStrip),
       _bridge(std::make_unique<ProgressBridge>()) {
-  setWindowTitle("Scan viewer");
+  setWindowTitle(translate("Viewer", "Scan viewer"));
   setAcceptDrops(true);
-  setMinimumSize(560, 400);
+  setMinimumSize(660, 400);  // the buttons beside the legend, in every language
   resize(1280, 800);
 
   auto* const middle = new QWidget;
@@ -93,28 +95,31 @@ void MainWindow::buildMenus() {
 }
 
 void MainWindow::buildFileMenu() {
-  QMenu* const menu = menuBar()->addMenu("&File");
-  menu->addAction("&Open…", this, &MainWindow::chooseFile, QKeySequence::Open);
-  _savePicture =
-      menu->addAction("&Save picture…", this, &MainWindow::savePicture, QKeySequence::Save);
+  QMenu* const menu = menuBar()->addMenu(translate("Viewer", "&File"));
+  menu->addAction(translate("Viewer", "&Open…"), this, &MainWindow::chooseFile, QKeySequence::Open);
+  _savePicture = menu->addAction(translate("Viewer", "&Save picture…"), this,
+                                 &MainWindow::savePicture, QKeySequence::Save);
   menu->addSeparator();
-  menu->addAction("&Quit", this, &QWidget::close, QKeySequence::Quit);
+  menu->addAction(translate("Viewer", "&Quit"), this, &QWidget::close, QKeySequence::Quit);
 }
 
 void MainWindow::buildViewMenu() {
-  QMenu* const menu = menuBar()->addMenu("&View");
-  menu->addAction("&Fit", _view, &View::fit, QKeySequence(Qt::Key_F));
+  QMenu* const menu = menuBar()->addMenu(translate("Viewer", "&View"));
+  menu->addAction(translate("Viewer", "&Fit"), _view, &View::fit, QKeySequence(Qt::Key_F));
   menu->addSeparator();
   struct Entry {
-    const char* name;
+    QString name;
     Standpoint from;
     int key;
   };
   const Entry entries[] = {
-      {"&Oblique", Standpoint::Oblique, Qt::Key_Home}, {"F&ront", Standpoint::Front, Qt::Key_1},
-      {"&Back", Standpoint::Back, Qt::Key_2},          {"&Left", Standpoint::Left, Qt::Key_3},
-      {"Ri&ght", Standpoint::Right, Qt::Key_4},        {"&Top", Standpoint::Top, Qt::Key_5},
-      {"Botto&m", Standpoint::Bottom, Qt::Key_6},
+      {translate("Viewer", "&Oblique"), Standpoint::Oblique, Qt::Key_Home},
+      {translate("Viewer", "F&ront"), Standpoint::Front, Qt::Key_1},
+      {translate("Viewer", "&Back"), Standpoint::Back, Qt::Key_2},
+      {translate("Viewer", "&Left"), Standpoint::Left, Qt::Key_3},
+      {translate("Viewer", "Ri&ght"), Standpoint::Right, Qt::Key_4},
+      {translate("Viewer", "&Top"), Standpoint::Top, Qt::Key_5},
+      {translate("Viewer", "Botto&m"), Standpoint::Bottom, Qt::Key_6},
   };
   for (const Entry& entry : entries) {
     menu->addAction(
@@ -138,25 +143,26 @@ void MainWindow::buildFloatingButtons() {
     row->addWidget(button);
     return button;
   };
-  add("Fit", "Show all of the scan (F)", &View::fit)->setObjectName("fit");
-  add("Reset", "Back to the first view (Home)", [this] {
+  add(translate("Viewer", "Fit"), translate("Viewer", "Show all of the scan (F)"), &View::fit)
+      ->setObjectName("fit");
+  add(translate("Viewer", "Reset"), translate("Viewer", "Back to the first view (Home)"), [this] {
     _view->look(Standpoint::Oblique);
   })->setObjectName("reset");
 }
 
 void MainWindow::buildWelcome() {
   _welcome = new QWidget(_view);
-  auto* const title = new QLabel("Drop a scan here");
+  auto* const title = new QLabel(translate("Viewer", "Drop a scan here"));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.7);
   title->setFont(large);
   title->setAlignment(Qt::AlignCenter);
-  auto* const hint = new QLabel("an OBJ file, or a project (.kyr)");
+  auto* const hint = new QLabel(translate("Viewer", "an OBJ file, or a project (.kyr)"));
   hint->setProperty("role", "hint");
   hint->setAlignment(Qt::AlignCenter);
-  auto* const button = new QPushButton("Open…");
+  auto* const button = new QPushButton(translate("Viewer", "Open…"));
   button->setObjectName("openFirst");
-  button->setAccessibleName("Open a scan");
+  button->setAccessibleName(translate("Viewer", "Open a scan"));
   connect(button, &QPushButton::clicked, this, &MainWindow::chooseFile);
   auto* const column = new QVBoxLayout(_welcome);
   column->setSpacing(8);
@@ -181,18 +187,20 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainWindow::chooseFile() {
-  const QString path = QFileDialog::getOpenFileName(
-      this, "Open a scan", QString(), "Scans and projects (*.obj *.OBJ *.kyr);;All files (*)");
+  const QString filters = translate("Viewer", "Scans and projects") + " (*.obj *.OBJ *.kyr);;" +
+                          translate("Viewer", "All files") + " (*)";
+  const QString path =
+      QFileDialog::getOpenFileName(this, translate("Viewer", "Open a scan"), QString(), filters);
   if (!path.isEmpty()) {
     open(path);
   }
 }
 
 void MainWindow::savePicture() {
-  const QString path =
-      QFileDialog::getSaveFileName(this, "Save the picture", QString(), "PNG (*.png)");
+  const QString path = QFileDialog::getSaveFileName(this, translate("Viewer", "Save the picture"),
+                                                    QString(), "PNG (*.png)");
   if (!path.isEmpty() && !_view->grab().save(path, "PNG")) {
-    _messages->showProblem(QString("%1 could not be written.").arg(path));
+    _messages->showProblem(translate("Viewer", "%1 could not be written.").arg(path));
   }
 }
 
@@ -217,11 +225,13 @@ void MainWindow::begin(const QString& path) {
   source.copies = _copies;
   _loading = std::make_unique<Loading>(source);
   connect(_loading.get(), &QThread::finished, this, &MainWindow::end);
-  _loading->start();
+  if (!_loading->begin()) {
+    QMetaObject::invokeMethod(this, &MainWindow::end, Qt::QueuedConnection);
+  }
 }
 
 void MainWindow::end() {
-  if (!_loading || !_loading->isFinished()) {
+  if (!_loading || _loading->isRunning()) {
     return;  // the news of one that was given up when the window closed came late
   }
   _loading->wait();
@@ -241,10 +251,11 @@ void MainWindow::end() {
       showScan(loading->scan());
       break;
     case Outcome::Failed:
-      _messages->showProblem(QString("%1 was not opened: %2").arg(name, loading->problem()));
+      _messages->showProblem(
+          translate("Viewer", "%1 was not opened: %2").arg(name, loading->problem()));
       break;
     case Outcome::Aborted:
-      _messages->showNote(QString("Opening %1 was aborted.").arg(name));
+      _messages->showNote(translate("Viewer", "Opening %1 was aborted.").arg(name));
       break;
   }
   _welcome->setVisible(!_scan);
@@ -261,7 +272,7 @@ void MainWindow::showScan(const std::shared_ptr<const Scan>& scan) {
   _welcome->setVisible(!scan);
   placeOnView();
   if (scan) {
-    setWindowTitle(nameOf(scan->path) + QString::fromUtf8(" – Scan viewer"));
+    setWindowTitle(translate("Viewer", "%1 – Scan viewer").arg(nameOf(scan->path)));
     if (!scan->remarks.isEmpty()) {
       _messages->showNote(scan->remarks);
     }

@@ -1,5 +1,7 @@
 #include "message_bar.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
@@ -8,9 +10,11 @@
 
 namespace Viewer {
 
+using Kyr::translate;
+
 MessageBar::MessageBar(QWidget* parent) : QFrame(parent), _text(new QLabel) {
   setObjectName("messages");
-  setAccessibleName("Message");
+  setAccessibleName(translate("Viewer", "Message"));
   _text->setObjectName("message");
   _text->setWordWrap(true);
   _text->setTextFormat(Qt::PlainText);
@@ -18,8 +22,8 @@ MessageBar::MessageBar(QWidget* parent) : QFrame(parent), _text(new QLabel) {
   auto* const close = new QToolButton;
   close->setObjectName("dismiss");
   close->setText(QString::fromUtf8("✕"));
-  close->setAccessibleName("Put the message away");
-  close->setToolTip("Put the message away");
+  close->setAccessibleName(translate("Viewer", "Put the message away"));
+  close->setToolTip(close->accessibleName());
   connect(close, &QToolButton::clicked, this, &QWidget::hide);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(16, 9, 8, 9);

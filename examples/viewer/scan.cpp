@@ -5,6 +5,7 @@
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/log/KyrErrorLog.h>
 
@@ -20,6 +21,7 @@ namespace Viewer {
 namespace {
 
 using Kyr::Progress;
+using Kyr::translate;
 using Surface::Analysis;
 using Surface::Mesh;
 using Surface::Point;
@@ -123,12 +125,14 @@ std::vector<std::size_t> histogramOf(const std::vector<double>& values, double r
 
 QString originOf(const QString& path) {
   const QFileInfo file(path);
-  const QString kind = file.suffix().compare("kyr", Qt::CaseInsensitive) == 0 ? "Project" : "Scan";
-  return kind + ", " + Surface::bytes(file.size());
+  const bool isProject = file.suffix().compare("kyr", Qt::CaseInsensitive) == 0;
+  return (isProject ? translate("Viewer", "Project, %1") : translate("Viewer", "Scan, %1"))
+      .arg(Surface::bytes(file.size()));
 }
 
 Mesh read(const Source& source, QString& remarks) {
-  Progress::setProgressString("Reading " + QFileInfo(source.path).fileName(), true);
+  const QString name = QFileInfo(source.path).fileName();
+  Progress::setProgressString(translate("Viewer", "Reading %1").arg(name), true);
   Kyr::ErrorLog log(true);
   Surface::ReadingNotes notes;
   Mesh mesh = Surface::readSurface(source.path, source.millimetresPerUnit, log, notes);
@@ -141,14 +145,14 @@ Mesh read(const Source& source, QString& remarks) {
 }
 
 void measure(const Mesh& mesh, Scan& scan) {
-  Progress::setProgressString("Measuring", true);
+  Progress::setProgressString(translate("Viewer", "Measuring"), true);
   scan.points = mesh.points.size();
   scan.triangles = mesh.triangles.size();
   scan.measures = Surface::measure(mesh);
   const Point& extent = scan.measures.extent;
   if (!std::isfinite(scan.measures.area) || !std::isfinite(scan.measures.volume) ||
       !std::isfinite(extent[0] + extent[1] + extent[2])) {
-    throw Kyr::Exception("the scan is too large to be measured");
+    throw Kyr::Exception(translate("Viewer", "the scan is too large to be measured"));
   }
   Progress::setProgress(0, 100, afterMeasuring);
 }
@@ -164,7 +168,7 @@ std::shared_ptr<const Scan> load(const Source& source) {
   options.progressMax = afterAnalysis;
   const Analysis analysis = Surface::analyse(mesh, options);
   Progress::setProgress(0, 100, afterAnalysis);
-  Progress::setProgressString("Preparing the picture", true);
+  Progress::setProgressString(translate("Viewer", "Preparing the picture"), true);
   scan->curvature = Surface::curvatureStatistics(analysis.curvature);
   Surface::stopIfAborted();
   const std::vector<double> defined = definedOnly(analysis.curvature);
@@ -182,6 +186,15 @@ std::shared_ptr<const Scan> load(const Source& source) {
 Loading::Loading(const Source& source)
     : Thread(NoLockGUI, "Viewer::Loading::Loading", "scan", 1), _source(source) {}
 
+bool Loading::begin() {
+  start();
+  const bool begun = isRunning() || isFinished();
+  if (!begun) {
+    _problem = translate("Viewer", "the system starts no thread for it");
+  }
+  return begun;
+}
+
 void Loading::run() {
   try {
     _scan = load(_source);
@@ -191,7 +204,7 @@ void Loading::run() {
   } catch (const Kyr::Exception& failure) {
     _problem = failure.getText();
   } catch (const std::bad_alloc&) {
-    _problem = "there is not enough memory for this scan";
+    _problem = translate("Viewer", "there is not enough memory for this scan");
   }
 }
 

@@ -48,6 +48,10 @@ class Loading : public Kyr::Thread {
  public:
   explicit Loading(const Source& source);
 
+  /// Starts the thread.
+  /// \return false when the system refuses; it then counts as failed
+  bool begin();
+
   const Source& source() const { return _source; }
 
   // What follows is known when the thread has ended.

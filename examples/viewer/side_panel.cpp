@@ -4,6 +4,7 @@
 #include "scan.h"
 #include "theme.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QComboBox>
@@ -18,6 +19,8 @@
 namespace Viewer {
 
 namespace {
+
+using Kyr::translate;
 
 constexpr int panelWidth = 272;
 constexpr int sideMargin = 18;
@@ -38,7 +41,7 @@ QString curvature(const Scan& scan, double value) {
 
 SidePanel::SidePanel(QWidget* parent) : QScrollArea(parent) {
   setObjectName("numbers");
-  setAccessibleName("Numbers of the scan");
+  setAccessibleName(translate("Viewer", "Numbers of the scan"));
   setFixedWidth(panelWidth);
   setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -75,14 +78,14 @@ void SidePanel::addUnit(QVBoxLayout& column) {
   _unit = new QComboBox;
   _unit->setObjectName("unit");
   _unit->setMinimumWidth(90);
-  _unit->setAccessibleName("Unit of length");
-  _unit->setToolTip("Unit of length; areas, volumes and curvatures follow");
+  _unit->setAccessibleName(translate("Viewer", "Unit of length"));
+  _unit->setToolTip(translate("Viewer", "Unit of length; areas, volumes and curvatures follow"));
   for (const Kyr::Unit::Units_t unit : displayUnits()) {
     _unit->addItem(Kyr::uLength.getUName(unit), unit);
   }
   _unit->setCurrentIndex(_unit->findData(Kyr::uLength.getDefault()));
   connect(_unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &SidePanel::chooseUnit);
-  auto* const name = label("&Unit", "name");
+  auto* const name = label(translate("Viewer", "&Unit"), "name");
   name->setBuddy(_unit);
   auto* const row = new QHBoxLayout;
   row->addWidget(name);
@@ -118,43 +121,48 @@ void SidePanel::addRow(QVBoxLayout& column, const QString& name, const QString& 
 }
 
 void SidePanel::addSurface(QVBoxLayout& column) {
-  addSection(column, "Surface");
-  addRow(column, "Points", "points", [](const Scan& scan) { return shownCount(scan.points); });
-  addRow(column, "Triangles", "triangles",
+  addSection(column, translate("Viewer", "Surface"));
+  addRow(column, translate("Viewer", "Points"), "points",
+         [](const Scan& scan) { return shownCount(scan.points); });
+  addRow(column, translate("Viewer", "Triangles"), "triangles",
          [](const Scan& scan) { return shownCount(scan.triangles); });
-  addRow(column, "Open edges", "openEdges",
+  addRow(column, translate("Viewer", "Open edges"), "openEdges",
          [](const Scan& scan) { return shownCount(scan.measures.openEdges); });
 }
 
+void SidePanel::addExtent(QVBoxLayout& column, const QString& name, const QString& object,
+                          std::size_t axis) {
+  addRow(column, name, object,
+         [axis](const Scan& scan) { return shownValue(Kyr::uLength, scan.measures.extent[axis]); });
+}
+
 void SidePanel::addSize(QVBoxLayout& column) {
-  addSection(column, "Size");
-  const char* const names[] = {"Width", "Height", "Depth"};
-  for (std::size_t axis = 0; axis < std::size(names); ++axis) {
-    addRow(column, names[axis], QString(names[axis]).toLower(), [axis](const Scan& scan) {
-      return shownValue(Kyr::uLength, scan.measures.extent[axis]);
-    });
-  }
-  addRow(column, "Area", "area",
+  addSection(column, translate("Viewer", "Size"));
+  addExtent(column, translate("Viewer", "Width"), "width", 0);
+  addExtent(column, translate("Viewer", "Height"), "height", 1);
+  addExtent(column, translate("Viewer", "Depth"), "depth", 2);
+  addRow(column, translate("Viewer", "Area"), "area",
          [](const Scan& scan) { return shownValue(Kyr::uArea, scan.measures.area); });
-  addRow(column, "Volume", "volume",
+  addRow(column, translate("Viewer", "Volume"), "volume",
          [](const Scan& scan) { return shownValue(Kyr::uVolume, scan.measures.volume); });
-  _remark = label("Open surface: its volume is closed over its middle.", "hint");
+  _remark =
+      label(translate("Viewer", "Open surface: its volume is closed over its middle."), "hint");
   _remark->setFont(Theme::small(font()));
   _remark->setWordWrap(true);
   column.addWidget(_remark);
 }
 
 void SidePanel::addCurvature(QVBoxLayout& column) {
-  addSection(column, "Mean curvature");
-  addRow(column, "Highest", "highest",
+  addSection(column, translate("Viewer", "Mean curvature"));
+  addRow(column, translate("Viewer", "Highest"), "highest",
          [](const Scan& scan) { return curvature(scan, scan.curvature.highest); });
-  addRow(column, "5 % lie above", "high",
+  addRow(column, translate("Viewer", "5 % lie above"), "high",
          [](const Scan& scan) { return curvature(scan, scan.curvature.high); });
-  addRow(column, "Median", "median",
+  addRow(column, translate("Viewer", "Median"), "median",
          [](const Scan& scan) { return curvature(scan, scan.curvature.median); });
-  addRow(column, "5 % lie below", "low",
+  addRow(column, translate("Viewer", "5 % lie below"), "low",
          [](const Scan& scan) { return curvature(scan, scan.curvature.low); });
-  addRow(column, "Lowest", "lowest",
+  addRow(column, translate("Viewer", "Lowest"), "lowest",
          [](const Scan& scan) { return curvature(scan, scan.curvature.lowest); });
 }
 
@@ -170,11 +178,13 @@ void SidePanel::chooseUnit(int row) {
 }
 
 void SidePanel::show(const Scan* scan) {
-  const QString file = scan != nullptr ? QFileInfo(scan->path).fileName() : "No scan";
+  const QString file =
+      scan != nullptr ? QFileInfo(scan->path).fileName() : translate("Viewer", "No scan");
   const int width = panelWidth - 2 * sideMargin;
   _name->setText(QFontMetrics(_name->font()).elidedText(file, Qt::ElideMiddle, width));
   _name->setToolTip(scan != nullptr ? scan->path : QString());
-  _origin->setText(scan != nullptr ? scan->origin : "Open one to see its numbers");
+  _origin->setText(scan != nullptr ? scan->origin
+                                   : translate("Viewer", "Open one to see its numbers"));
   _remark->setVisible(scan != nullptr && scan->measures.openEdges > 0);
   for (const Shown& shown : _shown) {
     shown.label->setText(scan != nullptr ? shown.text(*scan) : none);

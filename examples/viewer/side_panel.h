@@ -42,6 +42,7 @@ class SidePanel : public QScrollArea {
   void addUnit(QVBoxLayout& column);
   void addSection(QVBoxLayout& column, const QString& caption);
   void addRow(QVBoxLayout& column, const QString& name, const QString& object, Text text);
+  void addExtent(QVBoxLayout& column, const QString& name, const QString& object, std::size_t axis);
   void addSurface(QVBoxLayout& column);
   void addSize(QVBoxLayout& column);
   void addCurvature(QVBoxLayout& column);

@@ -3,6 +3,8 @@
 #include "display_unit.h"
 #include "theme.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -14,6 +16,8 @@
 namespace Viewer {
 
 namespace {
+
+using Kyr::translate;
 
 constexpr int stripHeight = 44;
 constexpr int idlePage = 0;
@@ -37,12 +41,12 @@ StatusStrip::StatusStrip(QWidget* parent) : QStackedWidget(parent) {
 QWidget* StatusStrip::makeIdle() {
   auto* const page = new QWidget;
   page->setObjectName("strip");
-  _hint = new QLabel(QString::fromUtf8("Drag to turn  ·  Shift-drag to move  ·  Wheel to zoom"));
+  _hint = new QLabel(translate("Viewer", "Drag to turn  ·  Shift-drag to move  ·  Wheel to zoom"));
   _hint->setProperty("role", "hint");
   _hint->setFont(Theme::small(font()));
   _probe = new QLabel;
   _probe->setObjectName("probe");
-  _probe->setAccessibleName("Curvature under the mouse");
+  _probe->setAccessibleName(translate("Viewer", "Curvature under the mouse"));
   QHBoxLayout* const row = rowOf(page);
   row->addWidget(_hint);
   row->addStretch(1);
@@ -58,17 +62,17 @@ QWidget* StatusStrip::makeBusy() {
   _text->setMinimumWidth(190);
   _bar = new QProgressBar;
   _bar->setObjectName("progress");
-  _bar->setAccessibleName("Progress of the computation");
+  _bar->setAccessibleName(translate("Viewer", "Progress of the computation"));
   _bar->setRange(0, 100);
   _bar->setValue(0);
   _bar->setTextVisible(false);
   _percent = new QLabel;
   _percent->setFixedWidth(QFontMetrics(font()).horizontalAdvance("100 %"));
   _percent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  _abort = new QPushButton("Abort");
+  _abort = new QPushButton(translate("Viewer", "Abort"));
   _abort->setObjectName("abort");
-  _abort->setAccessibleName("Abort the computation");
-  _abort->setToolTip("Stops the computation and keeps what is shown (Esc)");
+  _abort->setAccessibleName(translate("Viewer", "Abort the computation"));
+  _abort->setToolTip(translate("Viewer", "Stops the computation and keeps what is shown (Esc)"));
   _abort->setShortcut(Qt::Key_Escape);
   connect(_abort, &QPushButton::clicked, this, [this] {
     _abort->setEnabled(false);
@@ -101,8 +105,8 @@ void StatusStrip::setProgress(int percent, const QString& text) {
 void StatusStrip::setProbe(float curvature) {
   _probe->setText(std::isnan(curvature)
                       ? QString()
-                      : "Curvature here  " +
-                            shownValue(Kyr::uCurvature, static_cast<double>(curvature)));
+                      : translate("Viewer", "Curvature here  %1")
+                            .arg(shownValue(Kyr::uCurvature, static_cast<double>(curvature))));
 }
 
 }  // namespace Viewer

@@ -5,6 +5,8 @@
 #include "scan.h"
 #include "theme.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -19,6 +21,8 @@ namespace Viewer {
 
 namespace {
 
+using Kyr::translate;
+
 constexpr int edge = 12;        // pixels around what lies on the picture
 constexpr int roomy = 640;      // pixels of width
 constexpr int restTime = 70;    // ms
@@ -32,8 +36,9 @@ constexpr float nothing = std::numeric_limits<float>::quiet_NaN();
 
 View::View(QWidget* parent) : QWidget(parent), _legend(new Legend(this)) {
   setObjectName("view");
-  setAccessibleName("Picture of the scan");
-  setAccessibleDescription("Arrow keys turn it, plus and minus come nearer and go away");
+  setAccessibleName(translate("Viewer", "Picture of the scan"));
+  setAccessibleDescription(
+      translate("Viewer", "Arrow keys turn it, plus and minus come nearer and go away"));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);

@@ -77,6 +77,13 @@ class Terminal(unittest.TestCase):
         self.assertNotIn(b"working", shown, "rows and a bar")
         self.assertRegex(shown, rb"\r {79}\r   curvatures", "a bar that is left behind")
 
+    def test_without_any_language_names_and_units_are_utf8(self):
+        scan = self.scan.rename(self.folder / "Möbel.obj")
+        said = subprocess.run([TOUR, "--output", self.folder, scan], stdout=subprocess.PIPE, check=True,
+                              env={"KYR_CONFIG_DIR": SETTINGS.name}).stdout.decode()
+        self.assertIn("Möbel.kyr", said)
+        self.assertIn("µm", said)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,5 +1,7 @@
 #include "support/Support.h"
 
+#include <kyr/pack/KyrZippedTar.h>
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -96,6 +98,50 @@ TEST(Tour, SpeaksTheLanguageOfItsUser) {
     const QByteArray file = KyrTest::readFile(directory.file("scan.kyr")).mid(104);
     EXPECT_EQ(file, content.isEmpty() ? file : content) << "a project in another language";
     content = file;
+  }
+}
+
+TEST(Tour, PacksWhatItHadAndMade) {
+  const KyrTest::TempDir directory;
+  const QString scan = directory.write("sc\xc3\xa4n.obj", tetrahedron);
+  const QString archive = directory.file("all.tgz");
+  for (int twice = 0; twice < 2; ++twice) {
+    const Outcome run = tour({"--output", directory.path(), "--archive", archive, scan});
+    EXPECT_EQ(run.code, 0) << run.errors.toStdString();
+  }
+  const QByteArray packed = KyrTest::readFile(archive);
+  Kyr::StructVector<unsigned char> bytes;
+  bytes.append(reinterpret_cast<const unsigned char*>(packed.constData()),
+               static_cast<std::size_t>(packed.size()));
+  const Kyr::ZippedTarReader reader(bytes);
+  ASSERT_TRUE(reader.isValid() && reader.size() == 3);
+  const auto content = [&](unsigned index) {
+    const auto& contents = reader.getContents(index);
+    return QByteArray(reinterpret_cast<const char*>(contents.data()), int(contents.size()));
+  };
+  EXPECT_EQ(reader.getName(0), QString::fromUtf8("input/sc\xc3\xa4n.obj"));
+  EXPECT_EQ(content(0), tetrahedron);
+  EXPECT_EQ(reader.getName(1), QString::fromUtf8("sc\xc3\xa4n.kyr"));
+  EXPECT_EQ(content(1), KyrTest::readFile(directory.file(QString::fromUtf8("sc\xc3\xa4n.kyr"))));
+  EXPECT_EQ(reader.getName(2), QString::fromUtf8("sc\xc3\xa4n.log"));
+  EXPECT_TRUE(content(2).startsWith("read 8 data lines")) << content(2).toStdString();
+  EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files).size(), 3) << "something is left behind";
+  const struct {
+    QString archive;
+    int code;
+    QString says;
+    const char* fault;
+  } rows[] = {
+      {directory.path(), 1, "cannot write", "a folder that is replaced"},
+      {directory.file("no/such.tgz"), 1, "no/such.tgz", "a failure that does not say where"},
+      {scan, 2, "would replace", "the scan is replaced by its archive"},
+      {directory.file(QString::fromUtf8("sc\xc3\xa4n.kyr")), 2, "would replace",
+       "so is the project"},
+  };
+  for (const auto& row : rows) {
+    const Outcome run = tour({"--output", directory.path(), "--archive", row.archive, scan});
+    EXPECT_EQ(run.code, row.code) << row.fault;
+    EXPECT_TRUE(run.errors.contains(row.says)) << row.fault << run.errors.toStdString();
   }
 }
 

@@ -1,4 +1,5 @@
 #include "Shapes.h"
+#include "Threads.h"
 
 #include "support/Support.h"
 #include "surface/project.h"
@@ -9,6 +10,9 @@
 #include "viewer/theme.h"
 #include "viewer/view.h"
 
+#include <kyr/env/KyrInit.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/KyrTranslator.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/units/KyrUnits.h>
 
@@ -358,6 +362,66 @@ TEST_F(Viewing, ThePictureFollowsMouseAndKeys) {
     EXPECT_NE(window.settledPicture(), first) << row.fault;
     window.click(row.back);
     EXPECT_EQ(window.settledPicture(), first) << row.fault << ", or there is no way back";
+  }
+}
+
+TEST_F(Viewing, ASystemWithoutThreadsIsNoReasonToHang) {
+  const QString path = write("scan.obj", curvedSquare(1));
+  KyrTest::threadsAreOut = true;
+  Window window;
+  EXPECT_EQ(window.load(path), Outcome::Failed);
+  EXPECT_TRUE(window.messages().text().contains("no thread")) << "a silent failure";
+  EXPECT_FALSE(window.isBusy());
+  KyrTest::threadsAreOut = false;
+  EXPECT_EQ(window.load(path), Outcome::Loaded);
+  EXPECT_FALSE(window.settledPicture().isNull()) << "nobody draws";
+}
+
+/// The widgets of a window whose texts find no room.
+QStringList cutOff(const QWidget& window) {
+  QStringList names;
+  for (const auto* widget : window.findChildren<QWidget*>()) {
+    const auto* const label = qobject_cast<const QLabel*>(widget);
+    const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+    const bool isText = button != nullptr || (label != nullptr && !label->wordWrap());
+    if (isText && widget->isVisible() && widget->width() < widget->sizeHint().width()) {
+      names << widget->objectName() + ' ' + (label != nullptr ? label->text() : button->text());
+    }
+  }
+  return names;
+}
+
+TEST_F(Viewing, TextsFitInEveryLanguage) {
+  const KyrTest::ScopedEnvironment console("KYR_CONSOLE", "terminal");
+  const KyrTest::ScopedEnvironment settings("KYR_CONFIG_DIR", _directory.path().toUtf8());
+  QStringList arguments{"viewer"};
+  Kyr::KyrInit::InitLibrary(Kyr::ApplicationServer, arguments);
+  const QString path = write("scan.obj", curvedSquare(-1));
+  const QString large = write("large.obj", curvedSquare(1, 60));
+  for (const auto& [language, abort] :
+       {std::pair("en", "Abort"), {"de", "Abbrechen"}, {"fr", "Interrompre"}}) {
+    Kyr::KyrInit::InitTranslator(language);
+    Kyr::installTranslator("Examples");
+    for (const QSize& size : {QSize(1, 1), QSize(1280, 800)}) {
+      setDisplayUnit(Kyr::Unit::Millimetre);
+      Window window;
+      window.resize(size);
+      EXPECT_EQ(cutOff(window).join("; ").toStdString(), "") << language << ", empty";
+      QTest::keyClick(&window.get<QComboBox>("unit"), Qt::Key_Down);  // micrometres
+      EXPECT_EQ(window.load(path), Outcome::Loaded);
+      EXPECT_EQ(cutOff(window).join("; ").toStdString(), "") << language << ", with a scan";
+      const QRect buttons = window.get<QWidget>("fit").parentWidget()->geometry();
+      EXPECT_FALSE(window.get<QWidget>("legend").geometry().intersects(buttons)) << language;
+      QSignalSpy ended(&window, &MainWindow::ended);
+      window.open(large);
+      EXPECT_EQ(window.get<QPushButton>("abort").text(), abort);
+      window.get<QLabel>("progressText")
+          .setText(Kyr::translate("Surface", "Sorting the corners of triangles"));
+      QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+      EXPECT_EQ(cutOff(window).join("; ").toStdString(), "") << language << ", at work";
+      window.outcomeOf(ended);
+    }
+    Kyr::KyrInit::CloseTranslator();
   }
 }
 

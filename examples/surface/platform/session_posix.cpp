@@ -1,0 +1,31 @@
+#include "surface/session.h"
+#include "surface/session_p.h"
+
+#include <QTextCodec>
+
+#include <cstring>
+
+#include <fcntl.h>
+#include <langinfo.h>
+#include <unistd.h>
+
+namespace Surface {
+
+// Opened for the wrong direction: to use them fails, as it does with a closed one.
+void keepStandardStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    if (::fcntl(stream, F_GETFD) == -1) {
+      // The lowest number that is free, which is this one; for the children, too.
+      ::open("/dev/null",  // NOLINT(android-cloexec-open)
+             stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+  }
+}
+
+void assumeUtf8() {
+  if (std::strcmp(::nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0) {
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+  }
+}
+
+}  // namespace Surface

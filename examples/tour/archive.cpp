@@ -1,0 +1,140 @@
+#include "archive.h"
+
+#include "surface/abort.h"
+#include "surface/unfinished.h"
+#include "surface/words.h"
+
+#include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/jobs/KyrProgress.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZippedTar.h>
+
+#include <QFileInfo>
+
+#include <fstream>
+#include <ostream>
+#include <streambuf>
+#include <vector>
+
+namespace Tour {
+
+namespace {
+
+using namespace Surface;
+using Kyr::translate;
+
+/// Passes bytes on until the user wants to stop; then it is as if the disk were full.
+class UntilAborted : public std::streambuf {
+ public:
+  explicit UntilAborted(std::streambuf* target) : _target(target) {}
+
+ protected:
+  int_type overflow(int_type character) override {
+    return Kyr::Progress::getAbortFlag() ? traits_type::eof()
+                                         : _target->sputc(traits_type::to_char_type(character));
+  }
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    return Kyr::Progress::getAbortFlag() ? 0 : _target->sputn(bytes, count);
+  }
+  int sync() override { return _target->pubsync(); }
+
+ private:
+  std::streambuf* _target;
+};
+
+Kyr::Exception cannotWrite(const QString& fileName) {
+  return Kyr::Exception(translate("Tour", "cannot write %1").arg(fileName));
+}
+
+void writeText(const QString& fileName, const QString& text) {
+  std::ofstream file;
+  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenWrite, false);
+  const QByteArray bytes = text.toUtf8();
+  file.write(bytes.constData(), bytes.size());
+  file.close();
+  if (!file) {
+    throw cannotWrite(fileName);
+  }
+}
+
+/// What goes into the archive, and what it is called there.
+struct Entry {
+  QString path;
+  QString name;
+};
+
+/// Headers of archives have no room for the longest names that files can have.
+QString shortened(const QString& name, const char* otherwise) {
+  constexpr int longest = 80;  // bytes
+  return name.toUtf8().size() <= longest ? name : QString(otherwise);
+}
+
+std::vector<Entry> entriesOf(const Options& options, const QString& logFile) {
+  const QFileInfo scan(options.scan);
+  const QString base = shortened(scan.completeBaseName(), "scan");
+  std::vector<Entry> entries;
+  if (scan.isFile()) {
+    entries.push_back({options.scan, "input/" + shortened(scan.fileName(), "scan.obj")});
+  }
+  entries.push_back({options.project(), base + ".kyr"});
+  entries.push_back({logFile, base + ".log"});
+  return entries;
+}
+
+void write(const QString& fileName, const std::vector<Entry>& entries) {
+  std::ofstream file;
+  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenWrite, false);
+  UntilAborted buffer(file.rdbuf());
+  std::ostream stream(&buffer);
+  Kyr::ZippedTarWriter writer(&stream);
+  for (const Entry& entry : entries) {
+    writer.addFile(entry.path, entry.name);
+  }
+  writer.addEof();
+  writer.flush();
+  file.close();
+  if (!file) {
+    throw cannotWrite(fileName);
+  }
+}
+
+void writeWhole(const QString& fileName, const std::vector<Entry>& entries) {
+  Unfinished archive(fileName);
+  try {
+    write(archive.name(), entries);
+  } catch (const Kyr::Exception& failure) {
+    stopIfAborted();
+    for (const Entry& entry : entries) {
+      if (failure.getText() == entry.path) {
+        throw Kyr::Exception(translate("Tour", "cannot pack %1").arg(entry.path));
+      }
+    }
+    throw cannotWrite(fileName);
+  }
+  if (!archive.finish()) {
+    throw cannotWrite(fileName);
+  }
+}
+
+QString listOf(const std::vector<Entry>& entries) {
+  QStringList lines;
+  for (const Entry& entry : entries) {
+    lines << entry.name + ", " + bytes(QFileInfo(entry.path).size());
+  }
+  return lines.join('\n');
+}
+
+}  // namespace
+
+void packArchive(const Options& options, const Kyr::ErrorLog& log, Page& page) {
+  const Unfinished logFile(options.archive + ".log");
+  writeText(logFile.name(), log.getLog() + '\n');
+  const std::vector<Entry> entries = entriesOf(options, logFile.name());
+  writeWhole(options.archive, entries);
+  page.row(translate("Tour", "file"), options.archive);
+  page.row(translate("Tour", "holds"), listOf(entries));
+  page.row(translate("Tour", "packed"), bytes(QFileInfo(options.archive).size()));
+}
+
+}  // namespace Tour
