@@ -221,8 +221,8 @@ it must be transferred by binary-ftp.</source>
         <translation>重复次数之后不能再有其他内容</translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
-        <translation>无法写入 %1（磁盘是否已满？）</translation>
+        <source>%1 cannot be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>

@@ -221,8 +221,8 @@ Sie muss im Binärmodus übertragen werden.</translation>
         <translation>Nach der Anzahl der Wiederholungen darf nichts mehr folgen</translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
-        <translation>%1 kann nicht geschrieben werden (ist der Datenträger voll?)</translation>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>

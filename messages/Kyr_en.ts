@@ -220,7 +220,7 @@ it must be transferred by binary-ftp.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
+        <source>%1 cannot be written: %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -221,8 +221,8 @@ Il doit être transféré en mode binaire.</translation>
         <translation>rien ne doit suivre le nombre de répétitions</translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
-        <translation>%1 ne peut pas être écrit (le disque est-il plein ?)</translation>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 ne peut pas être écrit : %2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>

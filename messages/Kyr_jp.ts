@@ -221,8 +221,8 @@ it must be transferred by binary-ftp.</source>
         <translation>繰り返し回数の後には何も書けません</translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
-        <translation>%1 に書き込めません (ディスクがいっぱいではありませんか)</translation>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>

@@ -221,8 +221,8 @@ Tem de ser transferido em modo binário.</translation>
         <translation>nada pode seguir-se ao número de repetições</translation>
     </message>
     <message>
-        <source>%1 cannot be written (is the disk full?)</source>
-        <translation>%1 não pode ser escrito (o disco está cheio?)</translation>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 não pode ser escrito: %2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>

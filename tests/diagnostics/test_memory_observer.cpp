@@ -86,6 +86,19 @@ TEST(Memory, LetsCallbacksChangeWhatIsWatched) {
   EXPECT_EQ(calls, "12sabcd") << "a callback that threw is not called again, those behind are";
 }
 
+TEST(Memory, LetsCallbacksPoll) {
+  MemoryObserver observer([] { return useOf(MemoryObserver::ProcessSize, 10); });
+  std::string calls;
+  for (const char name : {'1', '2', '3'}) {
+    observer.watch(MemoryObserver::ProcessSize, 1, [&, name](const MemoryUse&) {
+      calls += name;
+      observer.poll();
+    });
+  }
+  observer.poll();
+  EXPECT_EQ(calls, "123") << "one that was called meanwhile is called again";
+}
+
 TEST(Memory, RefusesUnknownNumbers) {
   const KyrTest::Ended ended = KyrTest::inChild([] {
     MemoryObserver observer;

@@ -5,10 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
+#include <iterator>
 #include <utility>
 
 #include <sys/stat.h>
@@ -41,6 +44,19 @@ TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
   struct stat found = {};
   EXPECT_EQ(::stat(qPrintable(folder.file("r.tar.gz")), &found), 0);
   EXPECT_EQ(found.st_mode & 0777U, 0600U);
+}
+
+TEST(ReportOnLinux, BlanksArgumentsToTheirEnds) {
+  const auto ended = KyrTest::inChild([] {
+    const char* words[] = {"p",       "--password", "geheim 4711", "--api-key=a b",
+                           "--token", "-geheim",    "--size",      "3"};
+    int count = int(std::size(words));
+    const QCoreApplication application(count, const_cast<char**>(words));
+    SystemReport report;
+    report.collect(SystemReport::PartVersions);
+    std::printf("%s", qPrintable(report.sections()[0].rows[1].last()));
+  });
+  EXPECT_EQ(ended.output, "--password [blanked] --api-key=[blanked] --token [blanked] --size 3");
 }
 
 TEST(ReportOnLinux, ReadsTheKernelsListsOfScreens) {

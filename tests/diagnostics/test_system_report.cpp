@@ -16,6 +16,7 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
+#include <limits>
 #include <map>
 #include <new>
 
@@ -116,7 +117,7 @@ TEST(Report, KeepsEveryTextOnThePage) {
                             "lines\nof\ntext",
                             QString("zero") + QChar(0) + "\x1b[2J\x7f\t",
                             QString(QChar(0xd800)) + "half" + QChar(0xdc00) + QChar(0xffff),
-                            QString(QChar(0x202e)) + "turned",
+                            QString(QChar(0x202e)) + "turned" + QString::fromUtf8("\U0001FFFE"),
                             QString::fromUtf8("ä"),
                             QString::fromUtf8("Größe 宋体 😀")};
   SystemReport report;
@@ -136,7 +137,7 @@ TEST(Report, KeepsEveryTextOnThePage) {
   EXPECT_TRUE(targets.contains("files/a%20b%23.txt")) << "signs of addresses";
   for (const QString& text :
        {hostile[0], hostile[1], hostile[6], QString("zero\\x00\\x1b[2J\\x7f\\x09"),
-        QString("\\xd800half\\xdc00\\xffff"), QString("\\x202eturned")}) {
+        QString("\\xd800half\\xdc00\\xffff"), QString("\\x202eturned\\x1fffe")}) {
     EXPECT_TRUE(page.contains(text)) << text.toStdString();
     EXPECT_TRUE(report.toText().contains(text)) << text.toStdString();
   }
@@ -174,7 +175,8 @@ TEST(Report, LinesUpItsTextAndSurvivesWhatFails) {
 
 TEST(Report, TakesOnlyHarmlessFiles) {
   const TempDir folder;
-  const QString file = folder.write("file", "contents");
+  const QString file = folder.write("file%2", "contents");
+  constexpr std::int64_t any = std::numeric_limits<std::int64_t>::max();
   const struct {
     QString path;
     QString name;
@@ -182,9 +184,12 @@ TEST(Report, TakesOnlyHarmlessFiles) {
     bool taken;
     const char* fault;
   } rows[] = {
-      {file, "a/b.txt", 8, true, "the plain case"},
+      {file, "a/b.txt", any, true, "the plain case"},
       {file, "A/B.txt", 8, false, "the same name on Windows"},
       {file, "c.txt", 7, false, "too large"},
+      {file, "a", 8, false, "a folder of that name"},
+      {file, "a/b.txt/c", 8, false, "a folder with the name of a file"},
+      {file, "a/Aux.b/c", 8, false, "a device of Windows"},
       {folder.file("missing"), "d.txt", 8, false, "no such file"},
       {folder.path(), "e.txt", 8, false, "a directory"},
       {file, "/f.txt", 8, false, "an absolute name"},
@@ -204,6 +209,7 @@ TEST(Report, TakesOnlyHarmlessFiles) {
     EXPECT_EQ(report.files().size() - before, row.taken ? 1U : 0U) << row.fault;
     EXPECT_EQ(report.remarks().size() - remarks, row.taken ? 0 : 1) << row.fault;
   }
+  EXPECT_EQ(report.remarks()[1], file + " is not packed: it has 8 bytes.");
   const QString target = folder.file("r.tar.gz");
   report.write(target);
   const Files files = unpack(target, report.name());
@@ -260,7 +266,9 @@ TEST(Report, CollectsWhatThereIs) {
   EXPECT_NE(valueOf(report, "v6.2.0/deep/view.conf"), "no such row");
   EXPECT_EQ(valueOf(report, "ORV-1.log"), "logs/ORV-1.log (its last 107 bytes)");
   EXPECT_EQ(valueOf(report, "ORV-2.dmp"), "not packed");
-  for (const char* const line : {"  of the machine  .*iB\n", "/libKyr.* [0-9a-f]{8,40}  0x"}) {
+  for (const char* const line :
+       {"  of the machine  .*iB\n", "t of +2\\d.* \\d.*\\d [+-]\\d\\d:\\d\\d\n",
+        "/libKyr.* [0-9a-f]{8,40}  0x"}) {
     EXPECT_TRUE(report.toText().contains(QRegularExpression(line))) << line;
   }
   const QString target = folder.file("r.tar.gz");

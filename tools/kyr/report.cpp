@@ -17,16 +17,17 @@ QString describe(const Kyr::SystemReport& report, const QString& fileName) {
   Kyr::OS::FileStatus status;
   Kyr::OS::stat(fileName, &status);
   return QString("%1: %2 sections, %3 logs and dumps, %4 bytes\n")
-      .arg(printable(QDir::toNativeSeparators(fileName)))
-      .arg(report.sections().size())
-      .arg(report.files().size())
-      .arg(status.size);
+      .arg(printable(QDir::toNativeSeparators(fileName)), QString::number(report.sections().size()),
+           QString::number(report.files().size()), QString::number(status.size));
 }
 
 }  // namespace
 
 int writeReport(const Arguments& arguments) {
   Kyr::SystemReport::Limits limits;
+  if (arguments.count() > 0 && arguments[0] == "-") {
+    throw UsageError{"a report goes into a file, not to standard output"};
+  }
   limits.dumps = arguments.number("dumps", 0, mostDumps, limits.dumps);
   Kyr::SystemReport report;
   const QString fileName = arguments.count() > 0 ? arguments[0] : report.name() + ".tar.gz";

@@ -50,8 +50,8 @@ class KYR_EXPORT MemoryObserver {
 
   /// Adds a threshold. If it has been crossed already, the next poll() calls back.
   /// \param threshold in bytes
-  /// \param callback not empty; may call every member of this object but poll(), and
-  ///        freeMemory()
+  /// \param callback not empty; may call every member of this object, poll() too, as timers do
+  ///        while it shows a message, but must not end the object
   /// \return the number for forget(); never 0
   unsigned watch(Quantity_t quantity, std::uint64_t threshold, Callback callback);
   /// Removes a threshold; its callback may do that itself.
@@ -69,6 +69,7 @@ class KYR_EXPORT MemoryObserver {
   /// Asks the registered NewHandlers for memory as a failing operator new does: in their order,
   /// until one has released something. For callbacks that want to be earlier than that.
   /// \return whether one did, or the handler returned that the process had before the library
+  /// \throws what they throw, but for std::bad_alloc
   static bool freeMemory();
 
  private:

@@ -94,8 +94,8 @@ class KYR_EXPORT SystemReport {
   /// What is missing of the files, and why.
   const QStringList& remarks() const { return _remarks; }
 
-  /// The name of this report, unique on this machine: "ORV-report-2026-11-21-115110-4711", with
-  /// the local time and the process id.
+  /// The name of this report, "ORV-report-2026-11-21-115110-4711" with the local time and the
+  /// process id: on this machine only reports that a process makes in one second share it.
   QString name() const;
 
   /// All sections as plain text for people. Characters without a glyph stand there as numbers.
@@ -105,7 +105,7 @@ class KYR_EXPORT SystemReport {
   /// Writes the archive. It appears complete or not at all, readable by its owner only; on
   /// Windows the folder decides who may read it.
   /// \param fileName never replaced when it is there
-  /// \throws Exception for people, in their language, with the name and the reason
+  /// \throws Exception for people with the name and the reason; nothing is left behind
   void write(const QString& fileName) const;
 
   /// The value of a variable or setting as it may leave the machine.

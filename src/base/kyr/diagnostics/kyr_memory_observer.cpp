@@ -93,10 +93,10 @@ MemoryUse MemoryObserver::poll() {
   return use;
 }
 
-/// The callback may add and remove watches: it runs as a copy.
+/// The callback may add and remove watches: it runs as a copy. One before it may have polled.
 void MemoryObserver::callBack(unsigned number, const MemoryUse& use) {
   const auto found = find(number);
-  if (found != _watches.end()) {
+  if (found != _watches.end() && found->armed) {
     found->armed = false;
     const Callback callback = found->callback;
     callback(use);

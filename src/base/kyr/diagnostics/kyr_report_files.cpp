@@ -13,7 +13,6 @@ namespace {
 
 constexpr int mostFiles = 500;  // of each directory
 constexpr int deepest = 4;
-constexpr std::int64_t mostBytes = 1 << 30;  // of a file, whatever the caller wants
 
 /// Names in a directory and below it; links are named, not followed.
 class Listing {

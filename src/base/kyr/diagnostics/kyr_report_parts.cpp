@@ -74,7 +74,7 @@ QString applicationText() {
 
 QString argumentsText() {
   return QCoreApplication::instance()
-             ? SystemReport::blankSecrets("", QCoreApplication::arguments().mid(1).join(' '))
+             ? Report::blankArguments(QCoreApplication::arguments().mid(1)).join(' ')
              : QString();
 }
 
@@ -100,10 +100,9 @@ void addSettings(Report::Section& section, const Report::SettingsPlace& place) {
     section.remarks += place.name + " cannot be read.";
   }
   if (keys.size() > mostRows) {
-    section.remarks += QString("%1 holds %2 values; the first %3 follow.")
-                           .arg(place.name)
-                           .arg(keys.size())
-                           .arg(mostRows);
+    section.remarks +=
+        QString("%1 holds %2 values; the first %3 follow.")
+            .arg(place.name, QString::number(keys.size()), QString::number(mostRows));
   }
   for (const QString& key : keys.mid(0, mostRows)) {
     section.rows.push_back({place.name, key, settingText(key, place.settings->value(key))});

@@ -1,4 +1,4 @@
-#include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/diagnostics/report_p.h>
 
 #include <QRegularExpression>
 
@@ -62,6 +62,24 @@ QString SystemReport::blankSecrets(const QString& name, const QString& value) {
   shown.replace(assignment, QString(R"(\1%1)").arg(blank));
   shown.replace(option, QString(R"(\1%1)").arg(blank));
   return shown.replace(pem, blank);
+}
+
+// Here the ends of values are known: a password may hold blanks, or begin with a minus.
+QStringList Report::blankArguments(const QStringList& arguments) {
+  static const QRegularExpression option(R"(\A(?:--?|/)[\w.\-]+\z)");
+  static const QRegularExpression assignment(R"(\A((?:--?|/)?[\w.\-]+)([=:])(.*)\z)",
+                                             QRegularExpression::DotMatchesEverythingOption);
+  QStringList shown;
+  bool isValue = false;
+  for (const QString& argument : arguments) {
+    const QRegularExpressionMatch assigned = assignment.match(argument);
+    shown += isValue ? QString(blank)
+             : isSecretName(assigned.captured(1))
+                 ? assigned.captured(1) + assigned.captured(2) + blank
+                 : SystemReport::blankSecrets("", argument);
+    isValue = !isValue && isSecretName(option.match(argument).captured());
+  }
+  return shown;
 }
 
 }  // namespace Kyr

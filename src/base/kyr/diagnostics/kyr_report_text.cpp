@@ -56,13 +56,12 @@ QString Report::visible(const QString& text) {
     const QChar character = text[i];
     const bool isPair =
         character.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-    if (isPair) {
-      shown += character;
-      shown += text[++i];
-    } else if (character == '\n' || (character.isPrint() && !character.isSurrogate())) {
-      shown += character;
+    const uint code =
+        isPair ? QChar::surrogateToUcs4(character, text[++i]) : uint(character.unicode());
+    if (code == '\n' || (QChar::isPrint(code) && !QChar::isSurrogate(code))) {
+      shown += QString::fromUcs4(&code, 1);
     } else {
-      shown += QString("\\x%1").arg(character.unicode(), 2, 16, QLatin1Char('0'));
+      shown += QString("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
     }
   }
   return shown;
@@ -75,7 +74,7 @@ QString Report::sizeText(std::uint64_t bytes) {
 QString Report::timeText(std::int64_t seconds) {
   const QDateTime local = QDateTime::fromSecsSinceEpoch(seconds);
   const QString text = local.toOffsetFromUtc(local.offsetFromUtc()).toString(Qt::ISODate);
-  return QString(text).replace('T', ' ').insert(19, ' ');
+  return QString(text).replace('T', ' ').replace("Z", "+00:00").insert(19, ' ');
 }
 
 QString Report::textOf(const Section& section) {

@@ -2,8 +2,10 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/diagnostics/report_p.h>
+#include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_reason_p.h>
 #include <kyr/pack/KyrZippedTar.h>
 #include <kyr/pack/tar_files_p.h>
 #include <kyr/time/KyrTime.h>
@@ -11,6 +13,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
@@ -25,6 +28,7 @@ namespace {
 /// In UTF-8. The name of an archive's entry has 99 bytes, of which the report's own takes half.
 constexpr int longestName = 40;
 constexpr int longestTextName = 30;
+constexpr std::int64_t mostOfKernelFile = 1 << 16;  // bytes
 
 struct Part {
   unsigned number;
@@ -46,9 +50,12 @@ constexpr Part knownParts[] = {
     {SystemReport::PartLogs, "Logs and crash dumps", nullptr},
 };
 
-/// Whether a name stays below the folder that somebody unpacks it in, on every system.
+/// Whether a name stays below the folder that somebody unpacks it in, on every system. Devices of
+/// Windows are in every folder, with every ending.
 bool isHarmless(const QString& name) {
-  static const QRegularExpression reserved(R"([\\:*?"<>|\p{C}])");
+  static const QRegularExpression reserved(
+      R"([\\:*?"<>|\p{C}]|(?:^|/)(?:con|prn|aux|nul|(?:com|lpt)\d) *(?:[./]|$))",
+      QRegularExpression::CaseInsensitiveOption);
   const QStringList elements = name.split('/');
   return name.toUtf8().size() <= longestName && !name.contains(reserved) &&
          std::none_of(elements.begin(), elements.end(), [](const QString& each) {
@@ -61,16 +68,22 @@ QString reasonOf(const std::exception& error) {
   return known ? known->getText() : QString::fromLocal8Bit(error.what());
 }
 
-Exception cannotWrite(const QString& fileName) {
-  return translate("Kyr_diagnostics", "%1 cannot be written (is the disk full?)")
-      .arg(QDir::toNativeSeparators(fileName));
+/// Whether both cannot be in one folder: they are equal on Windows, or one is to hold the other.
+bool areInTheWay(const QString& left, const QString& right) {
+  return (left + '/').startsWith(right + '/', Qt::CaseInsensitive) ||
+         (right + '/').startsWith(left + '/', Qt::CaseInsensitive);
+}
+
+Exception cannotWrite(const QString& fileName, const QString& reason) {
+  return translate("Kyr_diagnostics", "%1 cannot be written: %2")
+      .arg(QDir::toNativeSeparators(fileName), reason);
 }
 
 void writeFile(const QString& path, const QByteArray& contents) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() ||
       !file.flush()) {
-    throw cannotWrite(path);
+    throw cannotWrite(path, file.errorString());
   }
 }
 
@@ -82,7 +95,7 @@ class TemporaryName {
     QTemporaryFile file(fileName + ".XXXXXX");
     file.setAutoRemove(false);
     if (!file.open()) {
-      throw cannotWrite(fileName);
+      throw cannotWrite(fileName, file.errorString());
     }
     _path = file.fileName();
   }
@@ -95,13 +108,20 @@ class TemporaryName {
   QString _path;
 };
 
-/// Writes a directory's files to an archive.
+/// Writes a directory's files to an archive and brings it to the disk.
 /// \param folder what the directory is called in the archive
+/// \param fileName of a file whose permissions stay
 void pack(const QString& directory, const QString& folder, const QString& fileName) {
-  ZippedTarWriter archive(fileName);
-  archive.addDirectory(directory, true, folder);
-  archive.addEof();
-  archive.flush();
+  SafeFile file(fileName);
+  ZippedTarWriter archive(&file.stream());
+  try {
+    archive.addDirectory(directory, true, folder);
+    archive.addEof();
+    archive.flush();
+  } catch (const Exception&) {
+    file.stream().setstate(std::ios_base::badbit);  // commit() knows the reason
+  }
+  file.commit();
 }
 
 }  // namespace
@@ -145,14 +165,19 @@ void SystemReport::add(const QString& title, const std::function<void(Section&)>
 void SystemReport::addFile(const QString& path, const QString& name, std::int64_t most) {
   QFile file(path);
   OS::FileStatus status;
-  if (!OS::stat(path, &status) || !status.isFile || !file.open(QIODevice::ReadOnly)) {
-    _remarks += QString("%1 cannot be read.").arg(path);
-  } else if (file.size() > most) {
+  const bool isOpen = OS::stat(path, &status) && status.isFile && file.open(QIODevice::ReadOnly);
+  if (isOpen && file.size() > std::min(most, Report::mostBytes)) {
     _remarks += QString("%1 is not packed: it has %2.")
-                    .arg(path)
-                    .arg(Report::sizeText(std::uint64_t(file.size())));
+                    .arg(path, Report::sizeText(std::uint64_t(file.size())));
+    return;
+  }
+  // Qt sets aside whatever it is asked for. The kernel's own files say that they are empty.
+  const std::int64_t wanted = file.size() > 0 ? file.size() : std::min(most, mostOfKernelFile);
+  const QByteArray contents = isOpen ? file.read(wanted) : QByteArray();
+  if (!isOpen || file.error() != QFileDevice::NoError) {
+    _remarks += QString("%1 cannot be read.").arg(path);
   } else {
-    addFile(name, file.read(most), status.modified / 1000);
+    addFile(name, contents, status.modified / 1000);
   }
 }
 
@@ -162,9 +187,8 @@ void SystemReport::addContents(const QString& name, const QByteArray& contents) 
 
 void SystemReport::addFile(const QString& name, const QByteArray& contents, std::int64_t modified) {
   const QString whole = "files/" + name;
-  const bool isThere = std::any_of(_files.begin(), _files.end(), [&](const File& each) {
-    return each.name.compare(whole, Qt::CaseInsensitive) == 0;
-  });
+  const bool isThere = std::any_of(_files.begin(), _files.end(),
+                                   [&](const File& each) { return areInTheWay(each.name, whole); });
   if (isThere || !isHarmless(name)) {
     _remarks += QString("A file is not packed, as its name \"%1\" is %2.")
                     .arg(name, isThere ? "taken" : "not possible in the archive");
@@ -175,7 +199,8 @@ void SystemReport::addFile(const QString& name, const QByteArray& contents, std:
 
 QString SystemReport::name() const {
   const QDateTime local = QDateTime::fromSecsSinceEpoch(_seconds);
-  return QString("ORV-report-%1-%2").arg(local.toString("yyyy-MM-dd-HHmmss")).arg(OS::getPid());
+  return QString("ORV-report-%1-%2")
+      .arg(QLocale::c().toString(local, "yyyy-MM-dd-HHmmss"), QString::number(OS::getPid()));
 }
 
 // ---- the archive ----
@@ -211,16 +236,16 @@ void SystemReport::write(const QString& fileName) const {
                         .arg(QDir::toNativeSeparators(fileName)));
   }
   const QTemporaryDir staging;
-  if (fileName.isEmpty() || !staging.isValid()) {
-    throw cannotWrite(fileName);
+  if (!Platform::isName(fileName) || !staging.isValid()) {
+    throw cannotWrite(fileName, staging.isValid() ? Platform::badName : staging.errorString());
   }
   stage(staging.path());
   const TemporaryName part(fileName);
   try {
     pack(staging.path(), name(), part.path());
     OS::rename(part.path(), fileName, OS::KeepExisting);
-  } catch (const Exception&) {
-    throw cannotWrite(fileName);
+  } catch (const Exception& error) {
+    throw cannotWrite(fileName, error.getText());
   }
 }
 

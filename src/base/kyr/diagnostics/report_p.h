@@ -15,6 +15,9 @@ namespace Kyr::Report {
 
 using Section = SystemReport::Section;
 
+/// Of a file that is packed, whatever the caller wants: more does not fit into the memory.
+constexpr std::int64_t mostBytes = 1 << 30;
+
 // ---- the parts: kyr_report_parts.cpp, kyr_report_files.cpp --------------------------------------
 
 void describeSystem(Section& section);
@@ -42,6 +45,8 @@ std::vector<Directory> directories();
 
 /// The text with a number in the place of every character without a glyph, but for line feeds.
 QString visible(const QString& text);
+/// The words of a command line as they may leave the machine.
+QStringList blankArguments(const QStringList& arguments);
 /// A size for people, as "1.5 MiB".
 QString sizeText(std::uint64_t bytes);
 /// A moment in the user's time zone, as "2026-11-21 11:51:10 +00:00".
