@@ -133,6 +133,8 @@ TEST(Log, MakesAWellFormedPageOfAnything) {
     EXPECT_EQ(xml.errorString(), "") << grouping;
     EXPECT_FALSE(page.contains(QRegularExpression("[\\x00-\\x08\\x0b-\\x1f\\x7f-\\x9f\\x{fffe}]")));
     EXPECT_TRUE(page.contains(log.transformToHtml(grouping))) << grouping;
+    EXPECT_FALSE(page.contains(QRegularExpression("<title>.*<br/>.*</title>"))) << "is not drawn";
+    EXPECT_EQ(QString::fromUtf8(page.toUtf8()), page) << "half a surrogate pair";
   }
 }
 

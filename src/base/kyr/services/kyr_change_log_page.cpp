@@ -59,15 +59,15 @@ QString languageTag() {
 }  // namespace
 
 QString Log::transformToPage(const QString& title, Grouping_t grouping) const {
-  const QString text = htmlOf(title);
   const QString kind = grouping == ByContext   ? "by-context"
                        : grouping == ByVersion ? "by-version"
                                                : "in-order";
   return "<!DOCTYPE html>\n<html lang=\"" + languageTag() +
          "\">\n<head>\n<meta charset=\"utf-8\"/>\n"
          "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n<title>" +
-         text + "</title>\n<style>" + style + "</style>\n</head>\n<body class=\"" + kind +
-         "\">\n<h1>" + text + "</h1>\n" + transformToHtml(grouping) + "</body>\n</html>\n";
+         htmlOf(title.simplified()) + "</title>\n<style>" + style +
+         "</style>\n</head>\n<body class=\"" + kind + "\">\n<h1>" + htmlOf(title) + "</h1>\n" +
+         transformToHtml(grouping) + "</body>\n</html>\n";
 }
 
 }  // namespace Kyr::ChangeLog
