@@ -95,6 +95,21 @@ MESSAGES = [
     ("", "", "%1", "Kyr_pt.ts: nobody asks for Kyr_zip_err"),
 ]
 
+CLASSES = {
+    LOW + "KyrLow.h": "class KYR_EXPORT KYR_CAPABILITY(\"mutex\") Low {\n",
+    "examples/low/main.cpp": "Low low;",
+    "README.md": "`Low`\n```\n`\n```\n",
+    "docs/ARCHITECTURE.md": f"| `Low` | is low | [h](../{LOW}KyrLow.h) | [e](../examples/low) |\n",
+}
+CLASS_FAULTS = [
+    ({LOW + "KyrNew.h": "struct New : Low {\n"}, "KyrNew.h: New has no row in"),
+    ({"README.md": "`Lower`"}, "KyrLow.h: README.md does not name Low"),
+    ({"docs/ARCHITECTURE.md": CLASSES["docs/ARCHITECTURE.md"].replace("KyrLow", "KyrGone")},
+     f"there is no ../{LOW}KyrGone.h"),
+    ({LOW + "KyrLow.h": "class Lower;\n"}, "KyrLow.h does not name Low"),
+    ({"examples/low/main.cpp": "Lower low;"}, "../examples/low uses none of Low"),
+]
+
 RESULTS = """<testsuite><testcase name="a.A" status="run"/><testcase name="a.B" status="%s"/>
 </testsuite>"""
 # Tests of Windows, or the status of a.B; exclusions; what is complained about.
@@ -151,6 +166,10 @@ class Refusals(unittest.TestCase):
     def test_platform(self):
         for change, complaint in [({}, ""), *PLATFORM]:
             self.expect_tree("check_platform.py", change, complaint)
+
+    def test_classes(self):
+        for change, complaint in [({}, ""), *CLASS_FAULTS]:
+            self.expect_tree("check_classes.py", {**CLASSES, **change}, complaint)
 
     def test_messages(self):
         for code, state, translation, complaint in MESSAGES:

@@ -1,0 +1,84 @@
+/// \file
+/// Bytes in memory: compressed, as text, with a checksum, in streams and in archives.
+///
+///   packing
+
+#include <kyr/core/KyrException.h>
+#include <kyr/core/KyrStructVector.h>
+#include <kyr/pack/KyrCompress.h>
+#include <kyr/pack/KyrZipStream.h>
+#include <kyr/pack/KyrZippedTar.h>
+#include <kyr/text/KyrBase64.h>
+#include <kyr/text/KyrCRC16.h>
+
+#include <QTemporaryFile>
+
+#include <cstdio>
+#include <sstream>
+#include <string>
+
+using namespace Kyr;
+
+namespace {
+
+using Bytes = StructVector<unsigned char>;
+
+/// What a settings file may hold: a picture, say, as one line of text.
+bool goesThroughText(const Bytes& picture) {
+  Bytes packed;
+  Compress compress(&packed);
+  compress.write(picture.data(), unsigned(picture.size()));
+  compress.flush();
+  Bytes text;
+  Base64::encode(packed, &text);
+  std::printf("%u bytes as %u letters\n", unsigned(picture.size()), unsigned(text.size()));
+
+  Bytes decoded;
+  Base64::decode(text, &decoded);
+  Bytes again;
+  return Decompress(decoded).read(&again) && CRC16::compute(again) == CRC16::compute(picture);
+}
+
+/// The buffers are for who has a stream of his own; everybody else takes ZipOutStream.
+bool goesThroughStreams(const std::string& text) {
+  std::ostringstream file;
+  ZipOutStreamBuffer out(&file, 1);
+  std::ostream(&out) << text;
+  const bool isWritten = out.close();
+  std::istringstream source(file.str());
+  ZipInStreamBuffer in(&source, 1);
+  std::string again;
+  std::getline(std::istream(&in), again, '\0');
+  return isWritten && again == text && in.state() == ZipInStream::StreamComplete;
+}
+
+bool goesThroughArchives() {
+  QTemporaryFile scan;
+  if (!scan.open() || scan.write("a scan") != 6 || !scan.flush()) {
+    return false;
+  }
+  Bytes archive;
+  ZippedTarWriter writer(&archive);
+  writer.addFile(scan.fileName(), "scans/1.txt");
+  writer.addEof();
+  writer.flush();
+  ZippedTarLimits limits;
+  limits.entries = 10;  // of archives from anywhere
+  const ZippedTarReader reader(archive, limits);
+  return reader.isValid() && reader.getName(0) == "scans/1.txt" &&
+         reader.getContents(0).size() == 6;
+}
+
+}  // namespace
+
+int main() {
+  try {
+    const bool isGood = goesThroughText(Bytes(100000, 'x')) && goesThroughStreams("a project") &&
+                        goesThroughArchives();
+    std::printf(isGood ? "all came back\n" : "something was lost\n");
+    return isGood ? 0 : 1;
+  } catch (const Exception& error) {
+    std::fprintf(stderr, "packing: %s\n", qPrintable(error.getText()));
+    return 1;
+  }
+}
