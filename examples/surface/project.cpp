@@ -1,10 +1,10 @@
 #include "surface/project.h"
 
 #include "surface/abort.h"
-#include "surface/unfinished.h"
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZipStream.h>
@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <ostream>
 
 namespace Surface {
 
@@ -144,6 +145,20 @@ bool isProject(const QString& fileName) {
          QFileInfo(fileName).suffix().compare("kyr", Qt::CaseInsensitive) == 0;
 }
 
+/// A failure of the compression alone marks the file's stream as bad, too.
+void writeContent(std::ostream& file, const std::vector<char>& content) {
+  Kyr::ZipOutStream out(&file, projectVersion);
+  for (std::size_t done = 0; done < content.size(); done += piece) {
+    stopIfAborted();
+    const std::size_t size = std::min(piece, content.size() - done);
+    out.write(content.data() + done, static_cast<std::streamsize>(size));
+  }
+  out.close();
+  if (!out) {
+    file.setstate(std::ios_base::badbit);
+  }
+}
+
 Mesh readMesh(const QString& fileName) {
   const Reading reading = readProject(fileName);
   if (!reading.problem.isEmpty()) {
@@ -191,15 +206,13 @@ Mesh fromBytes(const std::vector<char>& content) {
 }
 
 void writeProject(const QString& fileName, const std::vector<char>& content) {
-  Unfinished unfinished(fileName);
-  Kyr::ZipOutStream out(unfinished.name(), projectVersion);
-  for (std::size_t done = 0; done < content.size(); done += piece) {
-    stopIfAborted();
-    const std::size_t size = std::min(piece, content.size() - done);
-    out.write(content.data() + done, static_cast<std::streamsize>(size));
-  }
-  out.close();
-  if (!out || !unfinished.finish()) {
+  try {
+    Kyr::SafeFile file(fileName);
+    writeContent(file.stream(), content);
+    file.commit();
+  } catch (const Aborted&) {
+    throw;
+  } catch (const Kyr::Exception&) {
     throw Kyr::Exception(Kyr::translate("Surface", "cannot write %1").arg(fileName));
   }
 }

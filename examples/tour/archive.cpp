@@ -1,18 +1,17 @@
 #include "archive.h"
 
 #include "surface/abort.h"
-#include "surface/unfinished.h"
 #include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
-#include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZippedTar.h>
 
 #include <QFileInfo>
+#include <QTemporaryFile>
 
-#include <fstream>
 #include <ostream>
 #include <streambuf>
 #include <vector>
@@ -47,15 +46,13 @@ Kyr::Exception cannotWrite(const QString& fileName) {
   return Kyr::Exception(translate("Tour", "cannot write %1").arg(fileName));
 }
 
-void writeText(const QString& fileName, const QString& text) {
-  std::ofstream file;
-  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenWrite, false);
+/// The tool for archives takes files only.
+void fill(QTemporaryFile& file, const QString& text) {
   const QByteArray bytes = text.toUtf8();
-  file.write(bytes.constData(), bytes.size());
-  file.close();
-  if (!file) {
-    throw cannotWrite(fileName);
+  if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
+    throw cannotWrite(file.fileTemplate());
   }
+  file.close();
 }
 
 /// What goes into the archive, and what it is called there.
@@ -82,9 +79,7 @@ std::vector<Entry> entriesOf(const Options& options, const QString& logFile) {
   return entries;
 }
 
-void write(const QString& fileName, const std::vector<Entry>& entries) {
-  std::ofstream file;
-  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenWrite, false);
+void write(std::ostream& file, const std::vector<Entry>& entries) {
   UntilAborted buffer(file.rdbuf());
   std::ostream stream(&buffer);
   Kyr::ZippedTarWriter writer(&stream);
@@ -93,16 +88,13 @@ void write(const QString& fileName, const std::vector<Entry>& entries) {
   }
   writer.addEof();
   writer.flush();
-  file.close();
-  if (!file) {
-    throw cannotWrite(fileName);
-  }
 }
 
 void writeWhole(const QString& fileName, const std::vector<Entry>& entries) {
-  Unfinished archive(fileName);
   try {
-    write(archive.name(), entries);
+    Kyr::SafeFile archive(fileName);
+    write(archive.stream(), entries);
+    archive.commit();
   } catch (const Kyr::Exception& failure) {
     stopIfAborted();
     for (const Entry& entry : entries) {
@@ -110,9 +102,6 @@ void writeWhole(const QString& fileName, const std::vector<Entry>& entries) {
         throw Kyr::Exception(translate("Tour", "cannot pack %1").arg(entry.path));
       }
     }
-    throw cannotWrite(fileName);
-  }
-  if (!archive.finish()) {
     throw cannotWrite(fileName);
   }
 }
@@ -128,9 +117,9 @@ QString listOf(const std::vector<Entry>& entries) {
 }  // namespace
 
 void packArchive(const Options& options, const Kyr::ErrorLog& log, Page& page) {
-  const Unfinished logFile(options.archive + ".log");
-  writeText(logFile.name(), log.getLog() + '\n');
-  const std::vector<Entry> entries = entriesOf(options, logFile.name());
+  QTemporaryFile logFile;
+  fill(logFile, log.getLog() + '\n');
+  const std::vector<Entry> entries = entriesOf(options, logFile.fileName());
   writeWhole(options.archive, entries);
   page.row(translate("Tour", "file"), options.archive);
   page.row(translate("Tour", "holds"), listOf(entries));

@@ -19,23 +19,24 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
   const struct {
     const char* prepare;  // a shell, which then becomes the program: $$ is the process's number
     const char* shows;
-    const char* kept;  // what the file "precious" holds afterwards
+    int dumps;  // what is called like one afterwards
     const char* catches;
   } rows[] = {
       {"ln -s \"$TMPDIR/precious\" \"$TMPDIR/ORV-$$.dmp\"",
-       "error creating crashdump file: File exists\n", "gold", "a planted link that is followed"},
-      {"ln \"$TMPDIR/precious\" \"$TMPDIR/ORV-$$.dmp\"", "\nbacktrace", "gold",
+       "error creating crashdump file: File exists\n", 1, "a planted link that is followed"},
+      {"ln \"$TMPDIR/precious\" \"$TMPDIR/ORV-$$.dmp\"", "\nbacktrace", 1,
        "an old file that is overwritten in place"},
-      {"mkdir \"$TMPDIR/ORV-$$.dmp\"", "error creating crashdump file: File exists\n", "gold",
+      {"mkdir \"$TMPDIR/ORV-$$.dmp\"", "error creating crashdump file: File exists\n", 1,
        "a folder taken for a dump"},
-      {"export TMPDIR=/nowhere", "error creating crashdump file: No such file or directory\n",
-       "gold", "a missing folder"},
-      {"ulimit -f 1", "error writing crashdump: File too large\n", "gold", "a limit that kills"},
-      {"ulimit -v 400000", "\n#0  ", "gold", "an address space that is used up"},
+      {"export TMPDIR=/nowhere", "error creating crashdump file: No such file or directory\n", 0,
+       "a missing folder"},
+      {"ulimit -f 1", "error writing crashdump: File too large\n", 0,
+       "a limit that kills; half a dump that stays"},
+      {"ulimit -v 400000", "\n#0  ", 1, "an address space that is used up"},
       {"mkdir \"$TMPDIR/l\"; cp \"$LIBRARY\" \"$TMPDIR/l/libKyr.so.6\"; LD_LIBRARY_PATH=$TMPDIR/l; "
        "export LD_LIBRARY_PATH",
-       "error starting kyr-backtrace: No such file or directory\n", "gold", "a lone library"},
-      {"trap '' ABRT SEGV FPE ALRM PIPE", "EXCEPTION_INT_DIVIDE_BY_ZERO\n", "gold",
+       "error starting kyr-backtrace: No such file or directory\n", 1, "a lone library"},
+      {"trap '' ABRT SEGV FPE ALRM PIPE", "EXCEPTION_INT_DIVIDE_BY_ZERO\n", 1,
        "signals that the process was born without"},
   };
   for (const auto& row : rows) {
@@ -55,6 +56,7 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
         << row.catches;
     EXPECT_TRUE(report.contains(row.shows)) << row.catches << '\n' << report.toStdString();
     EXPECT_TRUE(report.contains("\nbacktrace of the crashing thread 0x")) << row.catches;
-    EXPECT_EQ(readFile(folder.file("precious")), row.kept) << row.catches;
+    EXPECT_EQ(readFile(folder.file("precious")), "gold") << row.catches;
+    EXPECT_EQ(QDir(folder.path()).entryList({"ORV-*.dmp"}).size(), row.dumps) << row.catches;
   }
 }

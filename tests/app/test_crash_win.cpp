@@ -6,6 +6,7 @@
 
 #include <QRegularExpression>
 
+#include <array>
 #include <cstring>
 #include <map>
 #include <set>
@@ -57,10 +58,6 @@ struct Dump {
     }
     return entries;
   }
-  QString text(DWORD offset) const {
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData() + offset + 4),
-                              int(at<DWORD>(offset)) / 2);
-  }
 
   QByteArray bytes;
   std::map<DWORD, DWORD> streams;
@@ -100,18 +97,6 @@ TEST(CrashOnWindows, LeavesADumpThatDebuggersRead) {
   EXPECT_EQ(fault.ExceptionRecord.ExceptionCode, DWORD{EXCEPTION_ACCESS_VIOLATION});
   EXPECT_EQ(fault.ExceptionRecord.ExceptionInformation[0], 1U);  // a write
   EXPECT_EQ(dump.at<CONTEXT>(fault.ThreadContext.Rva).Eip, address);
-
-  std::set<QString> modules;
-  for (const auto& module : dump.list<MINIDUMP_MODULE>(ModuleListStream)) {
-    const QString name = QFileInfo(dump.text(module.ModuleNameRva)).fileName().toLower();
-    modules.insert(name);
-    const bool holdsFault = address - DWORD(module.BaseOfImage) < module.SizeOfImage;
-    EXPECT_EQ(holdsFault, name == "crash.exe") << name.toStdString();
-  }
-  EXPECT_TRUE(modules.count("libkyr.dll") == 1 && modules.count("qt5core.dll") == 1);
-  const auto system = dump.at<MINIDUMP_SYSTEM_INFO>(dump.streams.at(SystemInfoStream));
-  EXPECT_EQ(system.ProcessorArchitecture, PROCESSOR_ARCHITECTURE_INTEL);
-  EXPECT_EQ(system.PlatformId, DWORD{VER_PLATFORM_WIN32_NT});
 }
 
 TEST(CrashOnWindows, SaysWhatFailsAndGoesOn) {
@@ -174,14 +159,17 @@ HANDLE openConsole(const wchar_t* name) {
                        nullptr, OPEN_EXISTING, 0, nullptr);
 }
 
-/// All that a console shows.
-QString screen(HANDLE console) {
+/// Its title, its height and all that it shows.
+QString describe(HANDLE console) {
   CONSOLE_SCREEN_BUFFER_INFO buffer{};
   ::GetConsoleScreenBufferInfo(console, &buffer);
+  std::array<wchar_t, 64> title{};
+  ::GetConsoleTitleW(title.data(), DWORD(title.size()));
   std::vector<wchar_t> text(std::size_t(buffer.dwSize.X) * std::size_t(buffer.dwSize.Y));
   DWORD length = 0;
   ::ReadConsoleOutputCharacterW(console, text.data(), DWORD(text.size()), {0, 0}, &length);
-  return QString::fromWCharArray(text.data(), int(length));
+  return QString("%1|%2|").arg(QString::fromWCharArray(title.data())).arg(buffer.dwSize.Y) +
+         QString::fromWCharArray(text.data(), int(length));
 }
 
 void press(wchar_t key) {
@@ -195,17 +183,19 @@ void press(wchar_t key) {
 }
 
 /// Waits until the crashed process asks for the space key in its console.
-bool awaitQuestion(const PROCESS_INFORMATION& process) {
+/// \return what the console is then
+QString awaitQuestion(const PROCESS_INFORMATION& process) {
   ::FreeConsole();
   for (int i = 0; i < 600 && ::WaitForSingleObject(process.hProcess, 100) == WAIT_TIMEOUT; ++i) {
     if (::AttachConsole(process.dwProcessId)) {
-      if (screen(openConsole(L"CONOUT$")).contains("<press space to close this window>")) {
-        return true;
+      const QString console = describe(openConsole(L"CONOUT$"));
+      if (console.contains("<press space to close this window>")) {
+        return console;
       }
       ::FreeConsole();
     }
   }
-  return false;
+  return {};
 }
 
 TEST(CrashOnWindows, KeepsItsConsoleUntilTheUserHasReadIt) {
@@ -218,13 +208,20 @@ TEST(CrashOnWindows, KeepsItsConsoleUntilTheUserHasReadIt) {
     }
     Kyr::OS::setEnv("KYR_CONSOLE", "yes");
     Kyr::OS::setEnv("KYR_CONFIG_DIR", home.path());
+    // Streams that lead nowhere: Wine's runtime reopens none that was never open.
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE nothing = ::CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_WRITE,
+                                         &inherited, OPEN_EXISTING, 0, nullptr);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = startup.hStdOutput = startup.hStdError = nothing;
     PROCESS_INFORMATION process{};
     std::wstring command = L"\"" KYR_CRASH "\" --kind divide";
-    ::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
+    ::CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, DETACHED_PROCESS, nullptr,
                      nullptr, &startup, &process);
-    const bool asked = awaitQuestion(process);
+    const QString console = awaitQuestion(process);
+    const bool asked = console.startsWith("ORV Console|1000|Viewer 6.2.0-6 ");
     press(L'x');
     const bool waited = ::WaitForSingleObject(process.hProcess, 500) == WAIT_TIMEOUT;
     press(L' ');
@@ -238,7 +235,8 @@ TEST(CrashOnWindows, KeepsItsConsoleUntilTheUserHasReadIt) {
   if (said == "none") {
     GTEST_SKIP() << "this desktop opens no consoles";
   }
-  EXPECT_EQ(said, "1 1 1 1") << "asked, waited for the right key, ended, exit code";
+  EXPECT_EQ(said, "1 1 1 1")
+      << "the library's own console asked, waited for the right key, ended, exit code";
 }
 
 }  // namespace

@@ -104,24 +104,14 @@ TEST(Start, GoesOnWithTheStreamsThatItHasWhenTheLogCannotBeOpened) {
 
 TEST(Start, CountsProcessorsAsItIsTold) {
   const Home home;
-  const unsigned real = OS::getNumberOfCPUs();
-  const struct {
-    const char* told;
-    unsigned count;
-    const char* catches;
-  } rows[] = {
-      {"3", 3, "the number is not taken"},
-      {"3x", real, "a number with a rest"},
-      {"4294967299", real, "a number that overflows"},
-      {"", real, "an empty text is a number"},
-  };
-  for (const auto& row : rows) {
-    inChild([&] {
-      home.start({{"KYR_NUMBER_OF_CPUS", row.told}});
-      home.say(QString::number(OS::getNumberOfCPUs()));
-    });
-    EXPECT_EQ(home.said(), std::to_string(row.count)) << row.catches;
-  }
+  inChild([&] {
+    for (const char* told : {"", "3x", "3"}) {
+      home.start({{"KYR_NUMBER_OF_CPUS", told}});
+      home.say(QString::number(OS::getNumberOfCPUs()) + " ");
+    }
+  });
+  const std::string real = std::to_string(OS::getNumberOfCPUs()) + " ";
+  EXPECT_EQ(home.said(), real + real + "3 ") << "an empty text, a number with a rest, the number";
 }
 
 TEST(Start, TakesTheLaunchersNumberOutOfTheArguments) {

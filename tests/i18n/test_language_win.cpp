@@ -20,7 +20,7 @@ void registerLanguage(const wchar_t* text) {
   ::RegOverridePredefKey(HKEY_CURRENT_USER, user);
   ::RegCreateKeyExW(user, L"Software\\ORV", 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
                     nullptr, &key, nullptr);
-  const auto size = static_cast<DWORD>((wcslen(text) + 1) * sizeof(wchar_t));
+  const auto size = static_cast<DWORD>(wcslen(text) * sizeof(wchar_t));  // not with its zero
   ::RegSetValueExW(key, L"InstallerLanguage", 0, REG_SZ, reinterpret_cast<const BYTE*>(text), size);
 }
 
@@ -41,7 +41,7 @@ TEST(Language, ComesFromTheInstallationOrTheSystem) {
     std::string language;
     const char* catches;
   } rows[] = {
-      {L"1031", "de", "the installer's language"},
+      {L"1031", "de", "the installer's language; what is behind the text in memory"},
       {L"0", systemLanguage(), "0 is a language"},
       {L"", systemLanguage(), "no number"},
   };

@@ -438,6 +438,7 @@ void Crash::writeDump(const siginfo_t& signal, const Threads& threads,
   file.writeHead();
   const int error = ::close(descriptor) != 0 ? errno : 0;
   if (file.error() != 0 || error != 0) {
+    ::unlink(path.data());  // without its head it is of no use
     printSystemError("error writing crashdump", file.error() != 0 ? file.error() : error);
   }
 }

@@ -2,6 +2,7 @@
 
 #include <kyr/env/KyrInit.h>
 
+#include <algorithm>
 #include <array>
 #include <cwchar>
 
@@ -27,6 +28,8 @@ HMODULE loadFromSuite(const wchar_t* name) noexcept {
   }
   std::memcpy(path.data(), root.constData(), length * sizeof(wchar_t));
   std::wmemcpy(path.data() + length, name, size);
+  // With "/" the system would not find the folder, in which it looks for what the library needs.
+  std::replace(path.begin(), path.end(), L'/', L'\\');
   return ::LoadLibraryExW(path.data(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 static_assert(sizeof(wchar_t) == sizeof(QChar));

@@ -63,7 +63,9 @@ bool Start::redirectOutput(const QString& path, Target target) {
       target == Target::Own ? createOwnFile(name.c_str()) : openNamedFile(name.c_str());
   std::cout.flush();
   std::fflush(stdout);
-  const bool redirected = file >= 0 && ::dup2(file, STDOUT_FILENO) == STDOUT_FILENO;
+  // Where standard output was closed, the file is it already, but would be closed for children.
+  const bool redirected = file >= 0 && ::dup2(file, STDOUT_FILENO) == STDOUT_FILENO &&
+                          ::fcntl(STDOUT_FILENO, F_SETFD, 0) == 0;
   if (file > STDERR_FILENO) {
     ::close(file);
   }
