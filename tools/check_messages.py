@@ -30,6 +30,8 @@ IN_ENGLISH = ("Kyr_Translator",)
 LITERAL = r'"(?:[^"\\\n]|\\.)*"'
 LITERALS = rf"{LITERAL}(?:\s*{LITERAL})*"
 CALL = re.compile(rf"\b(?:translate|QT_TRANSLATE_NOOP)\(\s*({LITERALS})\s*,\s*({LITERALS})\s*\)")
+# A call whose text CALL cannot see, as one of two behind a question mark.
+HIDDEN = re.compile(rf"\btranslate\(\s*{LITERALS}\s*,(?!\s*{LITERALS}\s*\))[^;()]*({LITERAL})")
 # What has quotes, or slashes, without being code for CALL.
 COMMENT = re.compile(rf"//[^\n]*|/\*.*?\*/|({LITERAL}|'(?:[^'\\\n]|\\.)')", re.DOTALL)
 PLACE = re.compile(r"%L?\d{1,2}")
@@ -42,14 +44,17 @@ def unquoted(literals):
     return b"".join(ast.literal_eval("b" + each) for each in re.findall(LITERAL, escaped)).decode()
 
 
-def texts_in_code(root, folders):
-    """Pairs of context and text."""
-    found = set()
+def code_of(root, folders):
+    """Each file with its code, comments aside."""
     for folder in folders:
         for path in sorted([*(root / folder).rglob("*.h"), *(root / folder).rglob("*.cpp")]):
-            code = COMMENT.sub(lambda match: match[1] or " ", path.read_text())
-            found |= {(unquoted(context), unquoted(text)) for context, text in CALL.findall(code)}
-    return found
+            yield path, COMMENT.sub(lambda match: match[1] or " ", path.read_text())
+
+
+def texts_in_code(root, folders):
+    """Pairs of context and text."""
+    return {(unquoted(context), unquoted(text)) for _, code in code_of(root, folders)
+            for context, text in CALL.findall(code)}
 
 
 def texts_in_catalogue(path):
@@ -86,6 +91,12 @@ def breaches_of(path, language, texts):
             yield f"{path}: other places for arguments than {context}: {text!r}"
 
 
+def hidden_texts(root, folders):
+    for path, code in code_of(root, folders):
+        for text in HIDDEN.findall(code):
+            yield f"{path}: {text} is no argument by itself, so it is not collected"
+
+
 def update(root, name, folders):
     qt = Path("/usr/lib/qt5/bin/lupdate")
     for language in LANGUAGES:
@@ -105,6 +116,7 @@ def main():
     for name, folders in PARTS.items():
         if given.update:
             update(given.root, name, folders)
+        breaches += hidden_texts(given.root, folders)
         texts = texts_in_code(given.root, folders)
         for language in LANGUAGES:
             path = given.root / f"messages/{name}_{language}.ts"

@@ -92,6 +92,7 @@ MESSAGES = [
     (CODE, "", "", "Kyr_jp.ts: no translation of"),
     (CODE, "", "b %2", "Kyr_de.ts: other places for arguments than"),
     (CODE + 'translate("c", "new")', "", "%1", "Kyr_en.ts: misses c: 'new'"),
+    (CODE + 'translate("c", x ? "a" : "b")', "", "b %1", 'low.cpp: "b" is no argument by itself'),
     ("", "", "%1", "Kyr_pt.ts: nobody asks for Kyr_zip_err"),
 ]
 

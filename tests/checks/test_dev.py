@@ -22,6 +22,8 @@ INSTALL = "apt-get install -y -q --no-install-recommends"
 MACHINES = [
     ({}, "", 0, "sanitize", "", "does not explain itself"),
     ({}, "demp", 2, 'no verb "demp"', "", "takes a typing error for a verb"),
+    ({}, "check src", 2, 'check takes no argument', "", "an argument that is ignored"),
+    ({"find": ""}, "format", 1, "no sources", "", "nothing at all is taken for formatted"),
     ({"apt-get": None}, "demo", 1, "glmark2-data", "", "no help on other systems"),
     ({"id": "echo 1000"}, "format", 1, "neither root nor sudo", "", "calls apt-get without right"),
     ({"id": "echo 1000"}, "format", 1, "apt-get install clang-format-14", "", "names no package"),
@@ -43,6 +45,7 @@ class Machine:
         (root / "bin").mkdir(parents=True)
         for folder in ("src", "tests", "bench", "examples", "tools"):
             (root / folder).mkdir()
+        (root / "src/any.cpp").touch()
         shutil.copy(DEV, root / "dev")
         for name in [*REAL, "basename"]:
             (root / "bin" / name).symlink_to(shutil.which(name))
