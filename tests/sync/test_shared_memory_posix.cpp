@@ -10,6 +10,12 @@
 #include <csignal>
 #include <cstdio>
 #include <memory>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -40,6 +46,18 @@ TEST(SharedMemory, IsSeenByAnotherProcess) {
   EXPECT_TRUE(canAttach(5000, own.getId())) << "a child or a visitor took the block along";
   EXPECT_FALSE(canAttach(5001, own.getId())) << "beyond the end there is no memory";
   EXPECT_FALSE(canAttach(1, own.getId() ^ 1) || canAttach(1, -2)) << "no such block";
+}
+
+TEST(SharedMemory, KeepsToItsUserAndToItsNames) {
+  const int other = ::shm_open("/kyr-other", O_RDWR | O_CREAT, S_IRUSR | S_IWUSR);
+  const auto ended = inChild([] {
+    const SharedMemory own(1);
+    const int file = ::shm_open(("/kyr-" + std::to_string(own.getId())).c_str(), O_RDWR, 0);
+    const bool given = ::fchown(file, 1, 1) == 0;  // only root can
+    std::printf("%s", given && canAttach(1, own.getId()) ? "attached" : "");
+  });
+  EXPECT_EQ(ended.output, "") << "another user can take the memory away";
+  EXPECT_TRUE(::close(other) == 0 && ::shm_unlink("/kyr-other") == 0) << "another program's memory";
 }
 
 TEST(SharedMemory, CopiesWhatFits) {

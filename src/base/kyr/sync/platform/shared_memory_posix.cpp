@@ -35,6 +35,13 @@ class Name {
   std::array<char, 32> _text{};
 };
 
+/// Whether a name of the system, without its slash, is that of a block.
+bool isName(const std::string& name) {
+  const std::size_t start = std::string(prefix).size();
+  return name.rfind(prefix, 0) == 0 && name.size() > start &&
+         name.find_first_not_of("0123456789", start) == std::string::npos;
+}
+
 /// A file descriptor that closes itself.
 class Descriptor {
  public:
@@ -72,6 +79,16 @@ int reserveMemory(int descriptor, unsigned size) {
   return error;
 }
 
+/// Waits for whoever looks whether the file's owner lives.
+/// \return 0 or the system's error
+int lock(int descriptor) {
+  int result = ::flock(descriptor, LOCK_EX);
+  while (result != 0 && errno == EINTR) {
+    result = ::flock(descriptor, LOCK_EX);
+  }
+  return result == 0 ? 0 : errno;
+}
+
 class MappedBlock : public SharedBlock {
  public:
   MappedBlock(unsigned size, int id) : SharedBlock(id), _mappedSize(mappedSize(size)) {}
@@ -107,6 +124,9 @@ class AttachedBlock : public MappedBlock {
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
       return errno;
     }
+    if (status.st_uid != ::geteuid()) {
+      return EACCES;  // its owner could take the memory away from under who uses it
+    }
     const auto found = static_cast<std::uintmax_t>(status.st_size);
     return found < mappedSize(size) ? EINVAL : map(file.number());
   }
@@ -130,7 +150,10 @@ class CreatedBlock : public MappedBlock {
       return _error;
     }
     struct stat status = {};
-    ::flock(_file.number(), LOCK_EX);
+    const int unlocked = lock(_file.number());
+    if (unlocked != 0) {
+      return unlocked;
+    }
     if (::fstat(_file.number(), &status) != 0 || status.st_nlink == 0) {
       _hasName = false;  // taken for that of a dead process, before it was locked
       return EEXIST;
@@ -166,7 +189,7 @@ void removeAllDead() {
   std::filesystem::directory_iterator entry("/dev/shm", error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
     const std::string name = entry->path().filename().native();
-    if (name.rfind(prefix, 0) == 0) {
+    if (isName(name)) {
       removeIfDead("/" + name);
     }
   }
