@@ -2,6 +2,7 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFilename.h>
+#include <kyr/os/KyrOS.h>
 #include <kyr/time/KyrTime.h>
 
 #include <gtest/gtest.h>
@@ -10,6 +11,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringList>
+
+#include <fstream>
 
 using Kyr::Filename::Name;
 using Kyr::Filename::NameWithNumber;
@@ -154,7 +157,9 @@ TEST(Filename, Counting) {
 TEST(Filename, FilesOnDisk) {
   const TempDir folder;
   const auto before = Kyr::Time::currentTime().getSeconds();
-  const Name file(folder.write("\u00e41.tif", "x"));
+  const Name file(folder.file("\u6e2c1.tif"));
+  std::ofstream stream;
+  Kyr::OS::openStdStream(stream, file.getFullName(), Kyr::OS::OpenWrite, true);
   Kyr::Time time(1, 2);
   EXPECT_TRUE(file.exists() && file.getCreationTime(&time));
   EXPECT_NEAR(time.getSeconds(), before, 20) << "coarse clocks of file systems are allowed for";

@@ -86,6 +86,23 @@ with tempfile.TemporaryDirectory() as top:
             subprocess.run([name, f"--format={form}", "-czf", theirs, "-C", top / "tree", "."], check=True)
             compare(theirs, expected, f"{name} {form}", *tool, "tar", "extract")
 
+    with tarfile.open(theirs, "w:gz", format=tarfile.GNU_FORMAT) as tar:
+        early = tarfile.TarInfo("early")
+        early.mtime = -5
+        tar.addfile(early)
+    assert b"1969-12-31T23:59:55Z" in run("tar", "list", theirs), "times before 1970"
+
+    if len(tool) == 1:  # Wine spells names that are no Unicode in its own way
+        (top / "odd").mkdir()
+        (top / "odd/good").touch()
+        pathlib.Path(os.fsdecode(os.fsencode(top) + b"/odd/\xff")).touch()
+        lost = subprocess.run([*tool, "tar", "create", ours.name, "odd"], cwd=top, stderr=subprocess.PIPE)
+        assert lost.returncode == 1 and b"cannot be read" in lost.stderr, "a file is lost in silence"
+        assert list(pythons_view(ours)) == ["odd/good"]
+        (top / "c:x").touch()
+        run("tar", "create", ours.name, "c:x", cwd=top)
+        assert list(pythons_view(ours)) == ["x"], "a name with a drive, which nobody extracts"
+
 missing = {"tar", "bsdtar"} - set(tars)
 if missing:
     print("skipped: without", *sorted(missing), "(packages tar, libarchive-tools); Python agrees")

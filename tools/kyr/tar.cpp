@@ -43,7 +43,9 @@ FileError damaged(const QString& name) {
 }
 
 void showFile(const Kyr::ZippedTarReader& reader, unsigned index) {
-  const qint64 seconds = reader.getModificationTime(index);
+  // From the year 1 to 9999: an archive may claim anything.
+  constexpr qint64 earliest = -62135596800, latest = 253402300799;
+  const qint64 seconds = qBound(earliest, qint64(reader.getModificationTime(index)), latest);
   const QString time = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(Qt::ISODate);
   print(QString("%1  %2  %3\n")
             .arg(reader.getContents(index).size(), 10)
@@ -53,13 +55,13 @@ void showFile(const Kyr::ZippedTarReader& reader, unsigned index) {
 /// What a file or directory is called in the archive: never by a name that leads out of the
 /// directory into which somebody extracts it.
 QString nameInArchive(const QString& path) {
-  QStringList parts = QDir::cleanPath(QDir::fromNativeSeparators(path)).split('/');
-  while (parts.size() > 1 &&
-         (parts.first().isEmpty() || parts.first() == ".." || parts.first().endsWith(':'))) {
-    parts.removeFirst();
+  QString name = QDir::cleanPath(QDir::fromNativeSeparators(path));
+  for (int start = -1; start != 0;) {
+    const bool hasDrive = name.size() > 1 && name[0].isLetter() && name[1] == ':';
+    start = hasDrive ? 2 : name.startsWith('/') ? 1 : name.startsWith("../") ? 3 : 0;
+    name.remove(0, start);
   }
-  const bool isAbove = parts.first() == ".." || parts.first().isEmpty();
-  return isAbove ? QString(".") : parts.join('/');
+  return name.isEmpty() || name == ".." ? QString(".") : name;
 }
 
 void add(Kyr::ZippedTarWriter& writer, const QString& path) {
@@ -80,7 +82,8 @@ void addAll(Kyr::ZippedTarWriter& writer, const Arguments& arguments) {
 }
 
 /// \param output takes the archive; whoever looks after it reports its failures
-void create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
+/// \return what of the directories could not be read
+QStringList create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
   Kyr::ZippedTarWriter writer(&output);
   for (const QString& name : leftOut) {
     writer.leaveOut(name);
@@ -89,11 +92,19 @@ void create(const Arguments& arguments, std::ostream& output, const QStringList&
     addAll(writer, arguments);
   } catch (const Kyr::Exception& error) {
     if (output) {
-      throw FileError{QString("%1: cannot be read, or its name in the archive has more than "
-                              "99 bytes")
+      throw FileError{QString("%1: cannot be read, or does not fit: names have at most 99 "
+                              "bytes, files less than 8 GiB, times are from 1970 on")
                           .arg(printable(error.getText()))};
     }
   }
+  return writer.getUnread();
+}
+
+int reportUnread(const QStringList& unread) {
+  for (const QString& path : unread) {
+    printError(path + ": cannot be read; the archive is without it");
+  }
+  return unread.isEmpty() ? Fine : FileAtFault;
 }
 
 }  // namespace
@@ -111,15 +122,15 @@ int tarList(const Arguments& arguments) {
 
 int tarCreate(const Arguments& arguments) {
   if (arguments[0] == "-") {
-    create(arguments, std::cout, {});  // a failure is reported with standard output's
-    return Fine;
+    return reportUnread(create(arguments, std::cout, {}));  // its own failure is standard output's
   }
   Target target(arguments[0]);
   const bool isFile = !target.temporaryName().isEmpty();
-  create(arguments, target.stream(),
-         isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
+  const QStringList unread =
+      create(arguments, target.stream(),
+             isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
   target.complete();
-  return Fine;
+  return reportUnread(unread);
 }
 
 int tarExtract(const Arguments& arguments) {

@@ -4,9 +4,9 @@
 #include <kyr/text/KyrParse.h>
 #include <kyr/time/KyrTime.h>
 
-#include <QDateTime>
 #include <QFileInfo>
 
+#include <cstdint>
 #include <limits>
 
 namespace Kyr::Filename {
@@ -85,12 +85,6 @@ class Cleaner {
   int _firstSlash = -1;
 };
 
-/// Where the file system keeps no birth, the last change is the best that is known.
-QDateTime creationOf(const QFileInfo& file) {
-  const QDateTime birth = file.birthTime();
-  return birth.isValid() ? birth : file.lastModified();
-}
-
 }  // namespace
 
 Name::Name(const QString& fullName) {
@@ -162,10 +156,11 @@ bool Name::exists() const {
 }
 
 bool Name::getCreationTime(Time* time) const {
-  if (!exists()) {
+  OS::FileStatus status;
+  if (getFileName().isEmpty() || !OS::stat(getFullName(), &status)) {
     return false;
   }
-  const qint64 milliseconds = creationOf(QFileInfo(getFullName())).toMSecsSinceEpoch();
+  const std::int64_t milliseconds = status.created != 0 ? status.created : status.modified;
   if (milliseconds < 0 || milliseconds / 1000 > std::numeric_limits<unsigned>::max()) {
     return false;
   }

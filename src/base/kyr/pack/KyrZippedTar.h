@@ -52,15 +52,15 @@ class KYR_EXPORT ZippedTarWriter {
   /// Adds a plain file with the size that it has now: what it grows meanwhile is left out.
   /// \param name in the archive
   /// \throws Exception whose text is \a path when there is no such file, it cannot be read, its
-  ///         name or size does not fit into a header, or it shrinks meanwhile; in the last case
-  ///         the archive holds what was there, filled up with zeros
+  ///         name or size does not fit into a header or its time is before 1970, or it shrinks
+  ///         meanwhile; in the last case the archive holds what was there, filled up with zeros
   /// \throws Exception whose text is the archive's name, or std::bad_alloc, when the archive
   ///         cannot be written
   void addFile(const QString& path, const QString& name);
 
   /// Adds the files of a directory, sorted by code points. Entries that cannot be read are left
-  /// out, and so is the file that this object writes. A link to a file counts as that file; one
-  /// to a directory is never followed.
+  /// out and found in getUnread(). Left out are also the file that this object writes and what is
+  /// no file. A link to a file counts as that file; one to a directory is never followed.
   /// \param recursive whether subdirectories are added as well
   /// \param prefix stands before the files' names in the archive, with a "/" between them
   /// \throws Exception whose text is \a dir when it cannot be listed; the others of addFile()
@@ -81,6 +81,8 @@ class KYR_EXPORT ZippedTarWriter {
 
   /// The files added so far.
   unsigned int getFileCount() const { return _fileCount; }
+  /// The full names of the files and directories that addDirectory() could not read so far.
+  const QStringList& getUnread() const { return _unread; }
 
  private:
   bool addStream(std::ifstream& in, const QString& name, std::int64_t modified, std::int64_t size);
@@ -92,6 +94,7 @@ class KYR_EXPORT ZippedTarWriter {
 
   std::unique_ptr<TarTarget> _target;
   QStringList _leftOut;  // absolute
+  QStringList _unread;
   unsigned int _fileCount = 0;
 };
 
@@ -137,10 +140,11 @@ class KYR_EXPORT ZippedTarReader {
   std::int64_t getModificationTime(unsigned int index) const;
 
   /// Writes all files below a directory, which is made if it is missing; replaces files that are
-  /// there already. Nothing is written unless the archive is valid and all names are harmless.
+  /// there already. Nothing is written unless the archive is valid and all names are harmless and
+  /// possible here; Windows has no files called "NUL.txt", "a:b" or "a.", for example.
   /// Links to directories that stand below the directory already are followed.
-  /// \throws Exception for an archive that is not valid, for a name that leads out of the
-  ///         directory, or whose text ends with the path of a file that cannot be written
+  /// \throws Exception for an archive that is not valid, for such a name, or whose text ends with
+  ///         the path of a file that cannot be written
   void extractTo(const QString& directory) const;
 
  private:

@@ -60,17 +60,19 @@ std::int64_t sumOf(const Block& block) {
   return std::accumulate(checksum + checksumField.size, block.end(), front, add);
 }
 
-/// A number of GNU tar that is too large for octal digits: lowest byte last, the highest bit set.
+/// A number of GNU tar that octal digits cannot hold: lowest byte last, the highest bit set, and
+/// the next one for a negative number.
 std::optional<std::int64_t> binaryNumber(const QByteArray& bytes) {
-  constexpr std::uint64_t most = std::uint64_t(INT64_MAX) >> 8U;
-  std::uint64_t number = static_cast<unsigned char>(bytes[0]) & 0x7FU;
+  constexpr std::int64_t most = INT64_MAX / 256;
+  const int first = static_cast<unsigned char>(bytes[0]) & 0x7F;
+  std::int64_t number = first < 0x40 ? first : first - 0x80;
   for (const char byte : bytes.mid(1)) {
-    if (number > most) {
+    if (number > most || number < -most) {
       return {};
     }
-    number = number << 8U | static_cast<unsigned char>(byte);
+    number = number * 256 + static_cast<unsigned char>(byte);
   }
-  return static_cast<std::int64_t>(number);
+  return number;
 }
 
 bool isEnd(char character) {
@@ -165,6 +167,10 @@ Kind kindOf(const Block& block) {
       return Attributes;
     case 'S':
       return SparseFile;
+    case 'K':
+    case 'X':
+    case 'g':
+      return Aside;
     default:
       return WithContent;
   }
@@ -178,7 +184,8 @@ QByteArray nameIn(const Block& block) {
 }
 
 std::optional<std::int64_t> sizeIn(const Block& block) {
-  return numberIn(block, sizeField);
+  const std::optional<std::int64_t> size = numberIn(block, sizeField);
+  return size && *size >= 0 ? size : std::nullopt;
 }
 
 std::int64_t modifiedIn(const Block& block) {

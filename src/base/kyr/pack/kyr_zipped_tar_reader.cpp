@@ -69,8 +69,10 @@ class TarParser {
         return (_record.isSparse ? skip(count) : readFile(count)) && forget();
       case Tar::SparseFile:
         return skipSparseHeaders() && skip(count) && forget();
-      case Tar::WithContent:
+      case Tar::Aside:
         return skip(count);
+      case Tar::WithContent:
+        return skip(count) && forget();
       case Tar::WithoutContent:
         return forget();
     }
@@ -173,6 +175,12 @@ bool isHarmless(const QString& name) {
          !name.contains(QChar::Null) && std::none_of(parts.begin(), parts.end(), leadsUp);
 }
 
+/// Whether files here can have such a name; harmless ones that cannot are devices, for example.
+bool isPossible(const QString& name) {
+  const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
+  return std::all_of(parts.begin(), parts.end(), TarFiles::canBeName);
+}
+
 [[noreturn]] void refuse(const char* fault, const QString& what) {
   throw Exception(QString("%1: %2").arg(fault, what));
 }
@@ -243,6 +251,9 @@ void ZippedTarReader::extractTo(const QString& directory) const {
   for (const File& file : _files) {
     if (!isHarmless(file.name)) {
       refuse("a name in the archive leads out of the directory", file.name);
+    }
+    if (!isPossible(file.name)) {
+      refuse("this system has no files of such a name", file.name);
     }
   }
   if (!OS::mkdir(directory)) {

@@ -18,13 +18,6 @@ namespace {
 
 constexpr auto binaryInput = std::ios_base::in | std::ios_base::binary;
 
-QString absolute(const QString& name) {
-  const QString path = QDir::fromNativeSeparators(name);
-  return QDir::isAbsolutePath(path)
-             ? path
-             : QDir::fromNativeSeparators(OS::getCurrentDirectory()) + "/" + path;
-}
-
 /// Reads as much as there is, and fills the rest of the room with zeros.
 /// \return whether there was enough
 bool fill(std::ifstream& in, unsigned char* room, std::size_t count) {
@@ -108,7 +101,7 @@ void ZippedTarWriter::addDirectory(const QString& dir, bool recursive, const QSt
   if (!OS::readDirectory(dir, &entries)) {
     throw Exception(dir);
   }
-  addEntries(absolute(dir), entries, recursive, prefix);
+  addEntries(TarFiles::absolute(dir), entries, recursive, prefix);
 }
 
 void ZippedTarWriter::addEntries(const QString& dir, const QStringList& entries, bool recursive,
@@ -120,20 +113,21 @@ void ZippedTarWriter::addEntries(const QString& dir, const QStringList& entries,
 }
 
 void ZippedTarWriter::leaveOut(const QString& fileName) {
-  _leftOut.append(QDir::cleanPath(absolute(fileName)));
+  _leftOut.append(QDir::cleanPath(TarFiles::absolute(fileName)));
 }
 
 void ZippedTarWriter::addEntry(const QString& path, bool recursive, const QString& name) {
-  TarFiles::Facts facts;
-  QStringList entries;
-  if (_leftOut.contains(QDir::cleanPath(path)) || !TarFiles::examine(path, facts)) {
+  if (_leftOut.contains(QDir::cleanPath(path))) {
     return;
   }
+  TarFiles::Facts facts;
+  QStringList entries;
+  const bool isThere = TarFiles::examine(path, facts);
   const bool isToBeListed = facts.isDirectory && recursive && !facts.isLink;
   if (isToBeListed && OS::readDirectory(path, &entries)) {
     addEntries(path, entries, recursive, name);
-  } else {
-    addIfReadable(path, facts, name);
+  } else if (!isThere || isToBeListed || (facts.isFile && !addIfReadable(path, facts, name))) {
+    _unread.append(path);
   }
 }
 

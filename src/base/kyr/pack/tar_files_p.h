@@ -20,6 +20,14 @@ struct Facts {
 /// \return false when there is nothing of this name, not even a link that leads nowhere
 bool examine(const QString& name, Facts& facts);
 
+/// The name from the root on, by which it means the same from every current directory.
+/// \return with "/" as separator
+QString absolute(const QString& name);
+
+/// Whether a part of a path stands for an entry of its directory, and no other part for the same
+/// one; true also for "." and nothing.
+bool canBeName(const QString& part);
+
 /// Sets when a file was changed last; failures do not matter.
 void setModified(const QString& name, std::int64_t seconds);
 

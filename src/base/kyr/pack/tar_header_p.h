@@ -21,6 +21,7 @@ enum Kind {
   LongName,       ///< its content is the name of the next entry (GNU)
   Attributes,     ///< its content are records about the next entry (POSIX)
   SparseFile,     ///< skipped; more blocks may follow the header (GNU)
+  Aside,          ///< skipped with its content; what was said about the next entry still holds
   WithContent,    ///< skipped with its content
   WithoutContent  ///< skipped; its size field counts nothing
 };

@@ -1,6 +1,9 @@
 #include <kyr/pack/tar_files_p.h>
 
+#include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
+
+#include <QDir>
 
 #include <array>
 #include <string>
@@ -25,6 +28,14 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   facts.isDirectory = S_ISDIR(found.st_mode);
   facts.size = found.st_size;
   facts.modified = found.st_mtime;
+  return true;
+}
+
+QString TarFiles::absolute(const QString& name) {
+  return QDir::isAbsolutePath(name) ? name : OS::getCurrentDirectory() + "/" + name;
+}
+
+bool TarFiles::canBeName(const QString& /*part*/) {
   return true;
 }
 

@@ -2,6 +2,11 @@
 
 #include <kyr/os/os_file_p.h>
 
+#include <QFileInfo>
+#include <QStringList>
+
+#include <algorithm>
+
 #include <windows.h>
 
 namespace Kyr {
@@ -41,6 +46,20 @@ std::int64_t secondsOf(const FILETIME& time) {
   return combine(time.dwHighDateTime, time.dwLowDateTime) / unitsPerSecond - secondsTo1970;
 }
 
+/// These characters are no part of a name; ":" begins the name of a stream within a file.
+bool isReserved(QChar character) {
+  return character < ' ' || QString("<>:\"|?*").contains(character);
+}
+
+/// The names of devices, which stay theirs with any extension and in any directory.
+bool isDevice(const QString& part) {
+  const QString name = part.section('.', 0, 0).trimmed().toUpper();
+  const bool isNumbered = name.size() == 4 && (name.startsWith("COM") || name.startsWith("LPT"));
+  return isNumbered ? name[3].digitValue() >= 0 ||
+                          QString::fromUtf8("\u00b9\u00b2\u00b3").contains(name[3])
+                    : QStringList{"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"}.contains(name);
+}
+
 }  // namespace
 
 bool TarFiles::examine(const QString& name, Facts& facts) {
@@ -60,6 +79,18 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   facts.size = combine(found.nFileSizeHigh, found.nFileSizeLow);
   facts.modified = secondsOf(found.ftLastWriteTime);
   return true;
+}
+
+// Names may begin at the root of the current drive or in the current directory of another one.
+QString TarFiles::absolute(const QString& name) {
+  return QFileInfo(name).absoluteFilePath();
+}
+
+// Dots and blanks at the end are dropped.
+bool TarFiles::canBeName(const QString& part) {
+  return part.isEmpty() || part == "." ||
+         (!part.endsWith('.') && !part.endsWith(' ') && !isDevice(part) &&
+          std::none_of(part.begin(), part.end(), isReserved));
 }
 
 void TarFiles::setModified(const QString& name, std::int64_t seconds) {
