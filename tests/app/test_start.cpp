@@ -76,13 +76,13 @@ TEST(Start, SendsOutputWhereTheEnvironmentSays) {
     OS::setEnv("TMPDIR", home.path());
     OS::setEnv("TMP", home.path());
     std::ofstream stale;
-    OS::openStdStream(stale, KyrInit::getProgramLogfile(OS::getPid()), OS::OpenWrite, true);
+    OS::openStdStream(stale, KyrInit::getProgramLogfile(OS::getPID()), OS::OpenWrite, true);
     stale << "of an earlier process" << std::flush;
     stale.close();
     home.start({{"KYR_CONSOLE", "file:"}});
     std::fputs("error\n", stderr);
     home.start({{"KYR_CONSOLE", QString()}});
-    home.say(KyrInit::getProgramLogfile(OS::getPid()));
+    home.say(KyrInit::getProgramLogfile(OS::getPID()));
   });
   const QString own = QString::fromStdString(home.said());
   EXPECT_TRUE(OS::convertSeparatorsToUnix(own).startsWith(home.path())) << own.toStdString();

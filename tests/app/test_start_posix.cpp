@@ -104,7 +104,7 @@ TEST(StartOnLinux, WritesItsOwnFileForTheUserAlone) {
   const auto start = [&home](const auto& prepare) {
     return inChild([&] {
       OS::setEnv("TMPDIR", home.path());
-      const QString own = KyrInit::getProgramLogfile(OS::getPid());
+      const QString own = KyrInit::getProgramLogfile(OS::getPID());
       prepare(own);
       ::umask(0);
       home.start({{"KYR_CONSOLE", QString()}});

@@ -64,7 +64,7 @@ TEST(Locking, JudgesTheLockFile) {
   const QByteArray live = other.pid();
   const QByteArray dead = ended.pid();
   ended.end();
-  const QByteArray own = QByteArray::number(Kyr::OS::getPid());
+  const QByteArray own = QByteArray::number(Kyr::OS::getPID());
   const QByteArray null;
   constexpr auto none = LockingManager::NotLocked;
   constexpr auto here = LockingManager::LockedHere;

@@ -13,21 +13,12 @@
 
 using Kyr::OS;
 using Kyr::SafeFile;
+using KyrTest::failure;
 using KyrTest::readFile;
 
 namespace {
 
 const QString letters = QString::fromUtf8("M\xc3\xa4\xc3\x9f \xe6\xb8\xac");
-
-/// Why it was not saved; empty when it was.
-std::string problem(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Kyr::Exception& error) {
-    return error.what();
-  }
-  return {};
-}
 
 bool endsWith(const std::string& text, const char* end) {
   return !text.empty() && QByteArray::fromStdString(text).endsWith(end);
@@ -54,7 +45,7 @@ TEST(SafeFile, TakesThePlaceOfTheOldFile) {
     EXPECT_EQ(content, "new\r\n" + large.toStdString() + "e") << name.toStdString();
     EXPECT_EQ(OS::listDirectory(path.left(path.lastIndexOf('/'))).filter("kyr-save").size(), 0);
     EXPECT_FALSE(file.stream().put('x')) << "a write after the end is lost";
-    EXPECT_NE(problem([&] { file.commit(); }), "") << "saved twice";
+    EXPECT_NE(failure([&] { file.commit(); }), "") << "saved twice";
   }
 }
 
@@ -78,7 +69,7 @@ TEST(SafeFile, LeavesTheOldFileOnFailure) {
        "reports a failure", "a writer's failure is overlooked"},
   };
   for (const auto& row : rows) {
-    const std::string found = problem([&] {
+    const std::string found = failure([&] {
       SafeFile file(path);
       file.stream() << "new";
       row.action(file);
@@ -89,7 +80,7 @@ TEST(SafeFile, LeavesTheOldFileOnFailure) {
   }
   SafeFile file(path);
   file.stream() << "new";
-  EXPECT_NE(problem([&] { file.commit([](const QString&) { throw Kyr::Exception("x"); }); }), "");
+  EXPECT_NE(failure([&] { file.commit([](const QString&) { throw Kyr::Exception("x"); }); }), "");
   file.commit();
   EXPECT_EQ(readFile(path), "new") << "there is no second try";
 }
@@ -115,7 +106,7 @@ TEST(SafeFile, RefusesWhatCannotBeReplaced) {
     std::ofstream asRoot;
     OS::openStdStream(asRoot, locked, OS::OpenAppend, true);
     if (row.name != locked || !asRoot) {
-      EXPECT_TRUE(endsWith(problem([&] { SafeFile file(row.name); }), row.problem)) << row.catches;
+      EXPECT_TRUE(endsWith(failure([&] { SafeFile file(row.name); }), row.problem)) << row.catches;
     }
   }
   EXPECT_EQ(OS::listDirectory(dir.path()), QStringList("locked"));
@@ -128,7 +119,7 @@ TEST(SafeFile, WaitsForAReaderThatIsInTheWay) {
   OS::openStdStream(reader, path, OS::OpenRead, true);
   SafeFile file(path);
   file.stream() << "new";
-  const std::string held = problem([&] { file.commit(); });
+  const std::string held = failure([&] { file.commit(); });
   if (!held.empty()) {
     EXPECT_EQ(readFile(path), "old") << "half replaced";
     KyrTest::Gate tried;

@@ -1,4 +1,4 @@
-// The desktop, played by a program of the same name as its own.
+// The desktop, played by a program of the same name as its own, and what file systems cannot do.
 #include "support/Support.h"
 
 #include <kyr/core/KyrException.h>
@@ -9,7 +9,16 @@
 #include <QDir>
 #include <QFile>
 
+#include <cerrno>
+#include <cstddef>
+#include <iostream>
+#include <string>
+
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 using Kyr::OS;
 
@@ -50,6 +59,48 @@ TEST(SystemPosix, IsCalledAsItCallsItself) {
   const QString name = OS::getSystemName();
   EXPECT_TRUE(release.contains("PRETTY_NAME=\"" + name.toUtf8() + '"')) << name.toStdString();
   EXPECT_TRUE(KyrTest::readFile("/proc/version").contains(' ' + OS::getSystemVersion().toUtf8()));
+}
+
+TEST(SystemPosix, TellsWhyTheDirectoryAboveIsMissing) {
+  const std::string above = KyrTest::failure([] { OS::makeDirectory("/sys/kyr"); });
+  const std::string below = KyrTest::failure([] { OS::makeDirectory("/sys/kyr/below"); });
+  EXPECT_EQ(below.substr(below.rfind(": ")), above.substr(above.rfind(": ")));
+}
+
+/// From now on the kernel knows no renaming in one step to a name that must be free.
+bool forgetRenameToFree() {
+  sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+  const sock_fprog program{4, rules};
+  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+TEST(SystemPosix, KeepsWhatHasTheName) {
+  const KyrTest::TempDir dir;
+  const QString file = dir.write("file", "kept");
+  ASSERT_TRUE(OS::mkdir(dir.file("full/below")) && OS::mkdir(dir.file("empty")));
+  ASSERT_EQ(::mkfifo(dir.file("pipe").toUtf8().constData(), 0600), 0);
+  EXPECT_THROW(OS::copy(file, dir.file("pipe")), Kyr::Exception);
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    if (!forgetRenameToFree()) {
+      return;
+    }
+    for (const char* to : {"pipe", "empty", "new"}) {
+      for (const QString& from : {dir.file("full"), file}) {
+        std::cout << (KyrTest::failure([&] { OS::rename(from, dir.file(to)); }).empty() ? '+'
+                                                                                        : '-');
+      }
+    }
+    OS::rename(file, dir.file("last"));
+  });
+  if (ended.output.isEmpty()) {
+    GTEST_SKIP() << "this system lets nobody change what the kernel knows";
+  }
+  EXPECT_EQ(ended.output, "----+-");
+  EXPECT_EQ(OS::listDirectory(dir.path()).join(' '), "empty last new pipe");
 }
 
 }  // namespace

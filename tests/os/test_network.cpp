@@ -38,6 +38,8 @@ TEST(OsProxy, IsReadFromTheEnvironment) {
       {"p:1", "", "", "h:81", "http://h/", "p:1", "a port"},
       {"p:1", "", "", "h:80", "http://h/", "", "the usual port"},
   };
+  const KyrTest::ScopedEnvironment capitals[] = {
+      {"HTTP_PROXY", ""}, {"HTTPS_PROXY", ""}, {"ALL_PROXY", ""}, {"NO_PROXY", ""}};
   for (const auto& row : rows) {
     const KyrTest::ScopedEnvironment http("http_proxy", row.http);
     const KyrTest::ScopedEnvironment https("https_proxy", row.https);
@@ -45,8 +47,9 @@ TEST(OsProxy, IsReadFromTheEnvironment) {
     const KyrTest::ScopedEnvironment except("no_proxy", row.except);
     EXPECT_EQ(OS::getProxyFor(row.address, OS::getProxySettings()), row.proxy) << row.catches;
   }
-  OS::ProxySettings settings;
-  settings.http = "p:1";
+  const KyrTest::ScopedEnvironment small("http_proxy", "");
+  const KyrTest::ScopedEnvironment capital("HTTP_PROXY", "p:1");
+  OS::ProxySettings settings = OS::getProxySettings();
   settings.exceptions = QStringList{"<local>"};
   EXPECT_EQ(OS::getProxyFor("http://printer/", settings), "");
   EXPECT_EQ(OS::getProxyFor("http://a.b/", settings), "p:1");

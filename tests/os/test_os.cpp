@@ -8,7 +8,7 @@ using Kyr::OS;
 
 namespace {
 
-QByteArray afterWriting(const QString& path, OS::OpenMode_t mode, const char* text) {
+QByteArray afterWriting(const QString& path, OS::OpenMode mode, const char* text) {
   std::ofstream stream;
   OS::openStdStream(stream, path, mode, true);
   EXPECT_EQ(stream.fail(), !stream.is_open());

@@ -33,7 +33,7 @@ TEST(Process, TellsHowTheOtherEnded) {
       {{"read"}, 0, "", "", "it waits for input"},
   };
   for (const auto& row : rows) {
-    const Kyr::ProcessResult result = OS::run(other, row.arguments);
+    const Kyr::ProcessResult result = OS::run(other, row.arguments, -2);
     EXPECT_TRUE(result.exitCode == row.code && !result.crashed) << row.catches;
     EXPECT_TRUE(result.output == row.output && result.errors == row.errors)
         << row.catches << ": " << result.output.left(100).toStdString();
@@ -70,7 +70,7 @@ TEST(Process, IsSetUpWatchedAndEnded) {
   EXPECT_TRUE(stays.getResult().crashed) << "an end by force passes for a good one";
   EXPECT_THROW(OS::run(other, {"stay"}, 1), Kyr::Exception) << "the time-out is no limit";
   EXPECT_THROW(OS::run("no such program"), Kyr::Exception);
-  EXPECT_TRUE(OS::pidExists(OS::getPid()));
+  EXPECT_TRUE(OS::pidExists(OS::getPID()));
   for (const std::int64_t none : {std::int64_t{0}, std::int64_t{-1}, std::int64_t{1} << 40}) {
     EXPECT_FALSE(OS::pidExists(none)) << none;
   }

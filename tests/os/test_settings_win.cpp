@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include <string>
 
 #include <windows.h>
@@ -63,6 +65,22 @@ TEST(OsProxyWin, IsReadFromTheRegistry) {
   }
   registry.set(L"ProxyServer", L"one:3");
   EXPECT_EQ(OS::getProxySettings().https, "one:3");
+}
+
+TEST(OsFileWin, StaysWhenItsCopyFails) {
+  const KyrTest::TempDir dir;
+  const QString source = dir.write("source", "x");
+  const QString target = dir.write("target", "kept");
+  const HANDLE held = ::CreateFileW(source.toStdWString().c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  EXPECT_THROW(OS::copy(source, target), Kyr::Exception);
+  EXPECT_THROW(OS::copy(source, dir.file("new")), Kyr::Exception);
+  ::CloseHandle(held);
+  QFile(target).setPermissions(QFile::ReadOwner);
+  KyrTest::failure([&] { OS::copy(target, target, OS::ReplaceExisting); });  // Wine lets it happen
+  EXPECT_EQ(OS::listDirectory(dir.path()).join(' '), "source target") << "a copy is left";
+  EXPECT_EQ(KyrTest::readFile(target), "kept");
+  EXPECT_TRUE(OS::unlink(target)) << "other systems can";
 }
 
 TEST(OpenOnDesktopWin, StartsWhatIsSetForTheDocument) {

@@ -13,6 +13,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <thread>
 
 using Kyr::OS;
 
@@ -65,13 +66,8 @@ TEST(OsFile, IsCopiedAndRemoved) {
 
 /// The reason; empty when nothing was thrown.
 std::string reason(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Kyr::Exception& error) {
-    const std::string text = error.what();
-    return text.substr(text.rfind(": ") + 2);
-  }
-  return {};
+  const std::string text = KyrTest::failure(action);
+  return text.empty() ? text : text.substr(text.rfind(": ") + 2);
 }
 
 TEST(OsFile, TellsWhatIsWrong) {
@@ -97,6 +93,7 @@ TEST(OsFile, TellsWhatIsWrong) {
       {[&] { OS::copy(missing, old); }, noEntry, "nothing is copied"},
       {[&] { OS::copy(dir.path(), missing); }, "only plain files are copied", "a directory"},
       {[&] { OS::copy(file, old); }, taken, "a copy replaces"},
+      {[&] { OS::copy(file, dir.file("empty")); }, taken, "a directory is in the way"},
       {[&] { OS::copy(file, old, replace); }, "", "a copy does not replace"},
       {[&] { OS::copy(old, old, replace); }, "", "a copy onto itself"},
       {[&] { OS::rename(file, old); }, taken, "a renaming replaces"},
@@ -132,8 +129,24 @@ TEST(OsEnvironment, TellsEmptyFromUnset) {
   EXPECT_EQ(OS::getEnvironment().value("KYR_TEST_VARIABLE"), letters);
   EXPECT_TRUE(OS::setEnv("KYR_TEST_VARIABLE", ""));
   EXPECT_FALSE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
+  EXPECT_FALSE(OS::setEnv("KYR_TEST_VARIABLE", QString("a") + QChar::Null)) << "half a value";
+  EXPECT_FALSE(OS::setEnv("", "x") || OS::setEnv("A=B", "x") || OS::unsetEnv("A=B"));
   EXPECT_TRUE(OS::unsetEnv("KYR_TEST_VARIABLE") && OS::unsetEnv("KYR_TEST_VARIABLE"));
   EXPECT_TRUE(OS::getEnv("KYR_TEST_VARIABLE").isNull());
+}
+
+TEST(OsEnvironment, IsReadWholeWhileItChanges) {
+  std::thread writer([] {
+    for (int i = 0; i < 3000; ++i) {
+      const std::string name = "KYR_TEST_" + std::to_string(i % 100);
+      i / 100 % 2 == 0 ? OS::setEnv(name.c_str(), "x") : OS::unsetEnv(name.c_str());
+    }
+  });
+  const KyrTest::ScopedEnvironment last("KYR_TEST_LAST", "there");
+  for (int i = 0; i < 3000; ++i) {
+    EXPECT_EQ(OS::getEnvironment().value("KYR_TEST_LAST"), "there");
+  }
+  writer.join();
 }
 
 TEST(OsPlaces, AreKnown) {

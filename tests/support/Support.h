@@ -36,6 +36,9 @@ class TempDir {
 /// The whole content of a file; fails the running test when it cannot be read.
 QByteArray readFile(const QString& path);
 
+/// What the Kyr::Exception says that an action throws; empty when it throws none.
+std::string failure(const std::function<void()>& action);
+
 /// A stream of the C runtime that closes itself.
 using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 

@@ -1,6 +1,8 @@
 #include "support/Support.h"
 #include "support/support_p.h"
 
+#include <kyr/core/KyrException.h>
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -34,6 +36,15 @@ QByteArray readFile(const QString& path) {
   QFile opened(path);
   EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << path.toStdString();
   return opened.readAll();
+}
+
+std::string failure(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Kyr::Exception& error) {
+    return error.what();
+  }
+  return {};
 }
 
 void Gate::open() {

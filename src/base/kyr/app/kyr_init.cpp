@@ -42,7 +42,7 @@ void redirectStreams(const QString& path, Start::Target target) {
 
 // The null device must not be removed to make it anew, which some users could.
 void redirectToOwnFile() {
-  const unsigned pid = OS::getPid();
+  const unsigned pid = OS::getPID();
   if (ownFileOfProcess != pid) {
     ownFileOfProcess = pid;
     const QString path = KyrInit::getProgramLogfile(pid);
@@ -103,7 +103,7 @@ void KyrInit::InitLibrary(Application_t app, QStringList& arguments) {
   Crash::install();
   NewHandler::install();
   _app = app;
-  _process_id = OS::getPid();
+  _process_id = OS::getPID();
   announce(getApplicationName());
   applyNumberOfCPUs();
   initConfigDirectories();

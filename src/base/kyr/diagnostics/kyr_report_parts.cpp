@@ -155,7 +155,7 @@ void Report::describeVersions(Section& section) {
   section.add("program", applicationText());
   section.add("arguments", argumentsText());
   section.add("file", OS::convertSeparatorsToUnix(OS::getExecutable()));
-  section.add("process", QString("%1, of %2").arg(OS::getPid()).arg(bitsOf(QSysInfo::WordSize)));
+  section.add("process", QString("%1, of %2").arg(OS::getPID()).arg(bitsOf(QSysInfo::WordSize)));
   section.add("libKyr", libraryVersion());
   section.add("Qt", QString("%1, built against %2").arg(qVersion(), QT_VERSION_STR));
   section.add("zlib", QString("%1, built against %2").arg(zlibVersion(), ZLIB_VERSION));

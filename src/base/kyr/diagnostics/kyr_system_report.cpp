@@ -200,7 +200,7 @@ void SystemReport::addFile(const QString& name, const QByteArray& contents, std:
 QString SystemReport::name() const {
   const QDateTime local = QDateTime::fromSecsSinceEpoch(_seconds);
   return QString("ORV-report-%1-%2")
-      .arg(QLocale::c().toString(local, "yyyy-MM-dd-HHmmss"), QString::number(OS::getPid()));
+      .arg(QLocale::c().toString(local, "yyyy-MM-dd-HHmmss"), QString::number(OS::getPID()));
 }
 
 // ---- the archive ----

@@ -23,7 +23,7 @@ QByteArray hostName() {
 
 /// What this process writes into its lock files.
 QByteArray ownText() {
-  const unsigned pid = OS::getPid();
+  const unsigned pid = OS::getPID();
   return QByteArray::number(pid) + '\n' + startKey + Platform::processStart(pid) + '\n' + hostKey +
          hostName() + '\n';
 }
@@ -58,7 +58,7 @@ bool lives(const LockOwner& owner) {
 
 /// Not so in a forked child.
 bool isThisProcess(const LockOwner& owner) {
-  return owner.pid == OS::getPid() && owner.start.toUtf8() == Platform::processStart(owner.pid);
+  return owner.pid == OS::getPID() && owner.start.toUtf8() == Platform::processStart(owner.pid);
 }
 
 QString directoryOf(const QString& lockFile) {

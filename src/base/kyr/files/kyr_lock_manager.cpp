@@ -72,7 +72,7 @@ std::int64_t LockingManager::getLockFilePID(const QString& path) const {
 
 LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) const {
   const std::int64_t pid = getLockFilePID(path);
-  if (pid == OS::getPid()) {
+  if (pid == OS::getPID()) {
     return LockedHere;
   }
   return pid != 0 && OS::pidExists(pid) ? LockedElsewhere : NotLocked;
@@ -80,7 +80,7 @@ LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) cons
 
 bool LockingManager::lock(const QString& path) const {
   const std::int64_t pid = getLockFilePID(path);
-  if (pid == OS::getPid() || (pid != 0 && OS::pidExists(pid))) {
+  if (pid == OS::getPID() || (pid != 0 && OS::pidExists(pid))) {
     return false;
   }
   const QString name = getLockFileName(path);
@@ -90,14 +90,14 @@ bool LockingManager::lock(const QString& path) const {
   }
   std::ofstream stream;
   OS::openStdStream(stream, name, OS::OpenWrite, true);
-  stream << QByteArray::number(OS::getPid()).constData() << '\n';
+  stream << QByteArray::number(OS::getPID()).constData() << '\n';
   stream.close();
   return stream.good();
 }
 
 void LockingManager::unlock(const QString& path) const {
   const std::int64_t pid = getLockFilePID(path);
-  if (pid == 0 || pid == OS::getPid()) {
+  if (pid == 0 || pid == OS::getPID()) {
     OS::unlink(getLockFileName(path));
   }
 }

@@ -30,7 +30,7 @@ class ErrorLog;
 class KYR_EXPORT OS {
  public:
   /// What happens to a file that is opened. The numbers are part of the interface.
-  enum OpenMode_t {
+  enum OpenMode {
     OpenRead = 0,    ///< the file must exist
     OpenWrite = 2,   ///< created when missing, emptied otherwise
     OpenAppend = 4,  ///< created when missing; every write goes to the end that the file then
@@ -101,17 +101,15 @@ class KYR_EXPORT OS {
   /// \param mode OpenWrite or OpenAppend
   /// \param shared whether other processes may write the file meanwhile; only platforms that
   ///        know such a refusal honour false
-  static void openStdStream(std::ofstream& stream, const QString& name, OpenMode_t mode,
-                            bool shared);
+  static void openStdStream(std::ofstream& stream, const QString& name, OpenMode mode, bool shared);
 
   /// Opens a file for binary input; fails as for output.
   /// \param mode OpenRead
-  static void openStdStream(std::ifstream& stream, const QString& name, OpenMode_t mode,
-                            bool shared);
+  static void openStdStream(std::ifstream& stream, const QString& name, OpenMode mode, bool shared);
 
   /// Opens a binary stream of the C library; fails for the names that openStdStream() refuses.
   /// \return the open stream, which the caller closes with fclose(); null on failure
-  static FILE* openFile(const QString& name, OpenMode_t mode);
+  static FILE* openFile(const QString& name, OpenMode mode);
 
   // ---- files and directories ----
 
@@ -131,7 +129,8 @@ class KYR_EXPORT OS {
   /// \throws Exception
   static void makeDirectory(const QString& name, bool ownerOnly = false);
 
-  /// Lists the names in a directory, sorted by code points, without "." and "..".
+  /// Lists the names in a directory without "." and "..", sorted by the numbers of their UTF-16
+  /// units.
   /// \param entries emptied first; not null
   /// \return false when it cannot be read; \a entries is empty then
   static bool readDirectory(const QString& name, QStringList* entries);
@@ -202,19 +201,20 @@ class KYR_EXPORT OS {
   /// \return null when the variable is not set, otherwise not null, even if empty
   static QString getEnv(const char* name);
   /// Sets a variable for this process and those that it starts.
-  /// \return false when the system refuses
+  /// \param value without a zero character
+  /// \return false for a name that is empty or holds "=", and when the system refuses
   /// \threadsafety not while other threads read the environment past this class and Qt
   static bool setEnv(const char* name, const QString& value);
   /// \return false when the system refuses; removing what is not set succeeds
   /// \threadsafety as setEnv()
   static bool unsetEnv(const char* name);
   /// All variables that are set, by name. They may hold secrets.
-  /// \threadsafety not while other threads change the environment past this class and Qt
+  /// \threadsafety not while other threads change the environment past this class
   static QMap<QString, QString> getEnvironment();
 
   // ---- processes ----
 
-  static unsigned getPid() noexcept;
+  static unsigned getPID() noexcept;
   /// Whether a process of this number runs, whoever owns it. One that has ended is none, also
   /// while its parent has not asked for it.
   static bool pidExists(std::int64_t pid);

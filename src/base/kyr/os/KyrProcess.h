@@ -60,6 +60,7 @@ class KYR_EXPORT Process {
   bool wait(int milliseconds = -1);
   /// Asks the program to end; where it does not within \a milliseconds, ends it. Programs for
   /// Windows without a window cannot be asked.
+  /// \param milliseconds 0 or negative: ends it at once, without asking
   void terminate(int milliseconds);
 
   /// What is known after wait() gave true.

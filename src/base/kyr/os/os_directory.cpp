@@ -22,19 +22,13 @@ bool ensureDirectory(const QString& name, bool ownerOnly) {
   return isDirectory(name) || Platform::makeDirectory(name, ownerOnly) || isDirectory(name);
 }
 
-/// Nothing is left of a copy that failed half-way; what is there already is no such copy.
-bool copyToFree(const QString& from, const QString& to) {
-  const bool copied = Platform::copyFile(from, to);
-  if (!copied && Platform::lastError().known != EEXIST) {
-    const Platform::KeepLastError keep;
-    Platform::removeFile(to);
-  }
-  return copied;
+QString fromTo(const QString& from, const QString& to) {
+  return from + " to " + to;
 }
 
 bool copyOver(const QString& from, const QString& to) {
   const QString beside = TemporaryFile::besideOf(to);
-  if (!copyToFree(from, beside)) {
+  if (!Platform::copyFile(from, beside)) {
     return false;
   }
   const bool renamed = Platform::renameOver(beside, to);
@@ -66,12 +60,20 @@ bool OS::mkdir(const QString& name, bool ownerOnly) {
   if (!Platform::isName(name) || isDirectory(name)) {
     return Platform::isName(name);
   }
-  // What fails above may be a server or a drive, which nobody can make: the last one decides.
+  // What fails above may be a server or a drive, which nobody can make: the last one decides. If
+  // that has no place to be made in, the reason is the one for which the place is missing.
   const QString path = QDir::fromNativeSeparators(name);
+  Platform::SystemError above;
   for (int end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {
-    ensureDirectory(path.left(end), ownerOnly);
+    if (!ensureDirectory(path.left(end), ownerOnly) && Platform::lastError().known != ENOENT) {
+      above = Platform::lastError();
+    }
   }
-  return ensureDirectory(path, ownerOnly);
+  const bool made = ensureDirectory(path, ownerOnly);
+  if (!made && Platform::lastError().known == ENOENT && above.native != 0) {
+    Platform::setLastError(above);
+  }
+  return made;
 }
 
 void OS::makeDirectory(const QString& name, bool ownerOnly) {
@@ -107,29 +109,28 @@ QStringList OS::listDirectory(const QString& name) {
 
 bool OS::copyFile(const QString& from, const QString& to) {
   FileStatus status;
-  return stat(from, &status) && !status.isDirectory && Platform::isName(to) && !stat(to) &&
-         copyToFree(from, to);
+  return stat(from, &status) && status.isFile && Platform::isName(to) &&
+         Platform::copyFile(from, to);
 }
 
 void OS::copy(const QString& from, const QString& to, Existing_t existing) {
-  const QString what = "cannot copy " + from + " to %1";
-  const QByteArray start = what.toUtf8();
-  Platform::expectName(start, to);
+  constexpr const char* what = "cannot copy %1";
+  Platform::expectName(what, to);
   if (!getStatus(from).isFile) {
-    Platform::fail(start, to, "only plain files are copied");
+    Platform::fail(what, fromTo(from, to), "only plain files are copied");
   }
-  if (!(existing == ReplaceExisting ? copyOver(from, to) : copyToFree(from, to))) {
-    Platform::fail(start, to);
+  if (!(existing == ReplaceExisting ? copyOver(from, to) : Platform::copyFile(from, to))) {
+    Platform::fail(what, fromTo(from, to));
   }
 }
 
 void OS::rename(const QString& from, const QString& to, Existing_t existing) {
-  const QByteArray what = ("cannot rename " + from + " to %1").toUtf8();
+  constexpr const char* what = "cannot rename %1";
   Platform::expectName(what, from);
   Platform::expectName(what, to);
   const bool replaces = existing == ReplaceExisting && !Platform::isRealDirectory(from);
   if (!(replaces ? Platform::renameOver(from, to) : Platform::renameToFree(from, to))) {
-    Platform::fail(what, to);
+    Platform::fail(what, fromTo(from, to));
   }
 }
 

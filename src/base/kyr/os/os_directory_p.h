@@ -17,7 +17,8 @@ bool makeDirectory(const QString& name, bool ownerOnly);
 /// \return false when it cannot be read to its end
 bool readEntries(const QString& name, QStringList& entries);
 
-/// Copies a file to a name that is free.
+/// Copies a file to a name that nothing else has.
+/// \return false also when the name is taken, whatever by; nothing is left of a copy that failed
 bool copyFile(const QString& from, const QString& to);
 
 /// Whether it is a directory, and not only a link to one.

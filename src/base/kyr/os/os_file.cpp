@@ -21,7 +21,7 @@ void open(Stream& stream, const QString& name, std::ios_base::openmode mode, boo
 
 }  // namespace
 
-void OS::openStdStream(std::ofstream& stream, const QString& name, OpenMode_t mode, bool shared) {
+void OS::openStdStream(std::ofstream& stream, const QString& name, OpenMode mode, bool shared) {
   constexpr auto binary = std::ios_base::out | std::ios_base::binary;
   switch (mode) {
     case OpenWrite:
@@ -34,14 +34,14 @@ void OS::openStdStream(std::ofstream& stream, const QString& name, OpenMode_t mo
   stream.setstate(std::ios_base::failbit);
 }
 
-void OS::openStdStream(std::ifstream& stream, const QString& name, OpenMode_t mode, bool shared) {
+void OS::openStdStream(std::ifstream& stream, const QString& name, OpenMode mode, bool shared) {
   if (mode != OpenRead) {
     return stream.setstate(std::ios_base::failbit);
   }
   open(stream, name, std::ios_base::in | std::ios_base::binary, shared);
 }
 
-FILE* OS::openFile(const QString& name, OpenMode_t mode) {
+FILE* OS::openFile(const QString& name, OpenMode mode) {
   if (!canBeFile(name)) {
     return nullptr;
   }

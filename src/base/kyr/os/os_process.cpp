@@ -1,4 +1,5 @@
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_environment_p.h>
 #include <kyr/os/os_process_p.h>
 #include <kyr/os/os_reason_p.h>
 
@@ -8,8 +9,8 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
-#include <QSysInfo>
 
+#include <algorithm>
 #include <atomic>
 
 namespace Kyr {
@@ -24,7 +25,7 @@ QString fingerprint(const QByteArray& text) {
 }
 
 QString hostMark() {
-  return fingerprint(QSysInfo::machineHostName().toUtf8());
+  return fingerprint(Platform::processWorld());
 }
 
 /// \return empty when the system does not tell
@@ -108,6 +109,7 @@ void Process::setEnv(const QString& name, const QString& value) {
   QProcess& process = _running->process();
   QProcessEnvironment environment = process.processEnvironment();
   if (environment.isEmpty()) {
+    const QMutexLocker lock(&Platform::environmentMutex());
     environment = QProcessEnvironment::systemEnvironment();
   }
   if (value.isNull()) {
@@ -136,7 +138,8 @@ bool Process::isRunning() {
 
 bool Process::wait(int milliseconds) {
   QProcess& process = _running->process();
-  return process.state() == QProcess::NotRunning || process.waitForFinished(milliseconds) ||
+  return process.state() == QProcess::NotRunning ||
+         process.waitForFinished(std::max(-1, milliseconds)) ||
          process.state() == QProcess::NotRunning;
 }
 
@@ -145,7 +148,7 @@ void Process::terminate(int milliseconds) {
   if (milliseconds > 0) {
     process.terminate();
   }
-  if (!wait(milliseconds)) {
+  if (!wait(std::max(0, milliseconds))) {
     process.kill();
     wait();
   }
@@ -201,7 +204,7 @@ const char* const TemporaryFile::prefix = ".kyr-save-";
 QString TemporaryFile::besideOf(const QString& target) {
   static std::atomic<unsigned> count{0};
   const QString directory = target.left(QDir::fromNativeSeparators(target).lastIndexOf('/') + 1);
-  const unsigned pid = OS::getPid();
+  const unsigned pid = OS::getPID();
   return directory + prefix +
          QStringList{hostMark(), QString::number(pid), startMark(pid), QString::number(++count)}
              .join('-');

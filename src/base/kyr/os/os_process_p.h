@@ -15,6 +15,10 @@ namespace Kyr::Platform {
 /// \return ASCII without blanks; empty when the system does not tell
 QByteArray processStart(std::int64_t pid);
 
+/// What tells the processes that this one sees by their numbers from those of other hosts, and of
+/// containers on this one.
+QByteArray processWorld();
+
 /// Hands a document or an address over to the desktop.
 /// \throws Exception
 void showOnDesktop(const QString& target);
@@ -29,8 +33,8 @@ extern const char* const prefix;
 /// A name in the directory of \a target that nobody else uses, and that tells who uses it.
 QString besideOf(const QString& target);
 
-/// Whether a file of this name, without directory, was left behind by a process of this host that
-/// has ended.
+/// Whether a file of this name, without directory, was left behind by a process of this host, or
+/// container, that has ended.
 bool isLeftover(const QString& name);
 
 }  // namespace Kyr::TemporaryFile

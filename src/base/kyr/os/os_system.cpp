@@ -1,10 +1,12 @@
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_environment_p.h>
 
 #include <QThread>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cstring>
 
 namespace Kyr {
 
@@ -39,7 +41,32 @@ constexpr WindowsName windowsNames[] = {
     {5, 0, 0, "2000", "2000 Server"},
 };
 
+/// Systems differ in what they make of other names.
+bool isVariable(const char* name) {
+  return *name != '\0' && std::strchr(name, '=') == nullptr;
+}
+
 }  // namespace
+
+QMutex& Platform::environmentMutex() {
+  static QMutex mutex;
+  return mutex;
+}
+
+bool OS::setEnv(const char* name, const QString& value) {
+  const QMutexLocker lock(&Platform::environmentMutex());
+  return isVariable(name) && !value.contains(QChar::Null) && Platform::setVariable(name, value);
+}
+
+bool OS::unsetEnv(const char* name) {
+  const QMutexLocker lock(&Platform::environmentMutex());
+  return isVariable(name) && Platform::unsetVariable(name);
+}
+
+QMap<QString, QString> OS::getEnvironment() {
+  const QMutexLocker lock(&Platform::environmentMutex());
+  return Platform::readEnvironment();
+}
 
 QString OS::getTempDirectory() {
   std::array<wchar_t, longestTempDirectory> buffer;

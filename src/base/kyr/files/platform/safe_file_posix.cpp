@@ -20,23 +20,37 @@ namespace {
 constexpr mode_t allPermissions = 07777;
 constexpr mode_t newFile = 0666;
 
-/// Lists of single users, which some files have; without them the simple permissions count.
+/// Lists of single users, which some files have; without them the simple permissions count. A new
+/// file may have got the list of its directory.
 void copyAccessList(const char* model, int file) {
   constexpr const char* name = "system.posix_acl_access";
   std::array<char, 4096> list{};
   const ssize_t size = ::getxattr(model, name, list.data(), list.size());
   if (size > 0) {
     ::fsetxattr(file, name, list.data(), static_cast<std::size_t>(size), 0);
+  } else {
+    ::fremovexattr(file, name);
   }
 }
 
-/// Only root gives files away; whoever else saves owns the new file. With the owner the rights
-/// of programs to run as another user go.
+/// Only root gives files away; whoever else saves owns the new file, of the same group if he is in
+/// it. Without the owner the rights of programs to run as another user go, and another group gets
+/// no more than everybody has.
+mode_t copyOwner(const struct stat& old, int file) {
+  constexpr auto sameUser = static_cast<uid_t>(-1);
+  if (::fchown(file, old.st_uid, old.st_gid) == 0) {
+    return old.st_mode & allPermissions;
+  }
+  const bool keepsGroup = ::fchown(file, sameUser, old.st_gid) == 0;
+  const mode_t group = keepsGroup ? mode_t{0070} : (old.st_mode & mode_t{0007}) << 3U;
+  return old.st_mode & (mode_t{0707} | group);
+}
+
+/// Some file systems have no permissions that could be set.
 bool copyPermissions(const struct stat& old, const char* model, int file) {
-  const bool keepsOwner = ::fchown(file, old.st_uid, old.st_gid) == 0;
-  const mode_t kept = old.st_mode & (keepsOwner ? allPermissions : mode_t{0777});
+  const mode_t kept = copyOwner(old, file);
   copyAccessList(model, file);
-  return ::fchmod(file, kept) == 0;
+  return ::fchmod(file, kept) == 0 || errno == ENOTSUP || errno == ENOSYS;
 }
 
 bool makeAbsolute(std::filesystem::path& path) {

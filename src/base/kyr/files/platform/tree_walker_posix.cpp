@@ -82,9 +82,10 @@ TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
 }
 
 bool TreeWalker::list(std::vector<NativeName>& names) const {
-  const int copy = ::openat(descriptor(_levels.back().handle), ".", toEnter);
-  DIR* const directory = copy < 0 ? nullptr : ::fdopendir(copy);
+  std::intptr_t copy = ::openat(descriptor(_levels.back().handle), ".", toEnter);
+  DIR* const directory = copy == closed ? nullptr : ::fdopendir(descriptor(copy));
   if (!directory) {
+    close(copy);
     return false;
   }
   errno = 0;

@@ -46,7 +46,8 @@ bool isRemovable(const char* device) {
   if (folder.empty()) {
     return false;
   }
-  const fs::path disk = fs::exists(folder / "partition") ? folder.parent_path() : folder;
+  std::error_code error;
+  const fs::path disk = fs::exists(folder / "partition", error) ? folder.parent_path() : folder;
   return firstWord(disk / "removable") == "1" || firstWord(disk / "device/type") == "SD" ||
          folder.native().find("/usb") != std::string::npos;
 }

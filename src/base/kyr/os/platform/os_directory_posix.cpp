@@ -21,6 +21,28 @@ std::int64_t milliseconds(const statx_timestamp& time) {
   return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
 }
 
+/// Between the two steps somebody else may take the name.
+bool renameAfterLook(const char* source, const char* target) {
+  struct stat found = {};
+  const bool isTaken = ::lstat(target, &found) == 0;
+  errno = EEXIST;
+  return !isTaken && ::rename(source, target) == 0;
+}
+
+/// By a second name for a while, where the file system knows such names.
+bool renameInSteps(const char* source, const char* target) {
+  if (::link(source, target) != 0) {
+    const bool isUnknown = errno == EPERM || errno == ENOTSUP || errno == ENOSYS;
+    return isUnknown && renameAfterLook(source, target);
+  }
+  const bool isGone = ::unlink(source) == 0;
+  if (!isGone) {
+    const Platform::KeepLastError keep;
+    ::unlink(target);
+  }
+  return isGone;
+}
+
 /// Hands on what the C++ library found out.
 bool succeeded(const std::error_code& error) {
   if (error) {
@@ -32,11 +54,12 @@ bool succeeded(const std::error_code& error) {
 }  // namespace
 
 Platform::SystemError Platform::lastError() {
-  return {errno, static_cast<unsigned>(errno)};
+  const int known = errno == EDQUOT ? ENOSPC : errno;
+  return {known, static_cast<unsigned>(errno)};
 }
 
 void Platform::setLastError(const SystemError& error) {
-  errno = error.known;
+  errno = static_cast<int>(error.native);
 }
 
 bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
@@ -70,9 +93,20 @@ bool Platform::readEntries(const QString& name, QStringList& entries) {
   return succeeded(error);
 }
 
+// The name is taken first: a copy that fails must not remove what somebody else has put there.
 bool Platform::copyFile(const QString& from, const QString& to) {
+  const std::string target = native(to);
+  const int taken = ::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (taken < 0) {
+    return false;
+  }
+  ::close(taken);
   std::error_code error;
-  std::filesystem::copy_file(nativePath(from), nativePath(to), error);
+  std::filesystem::copy_file(nativePath(from), target,
+                             std::filesystem::copy_options::overwrite_existing, error);
+  if (error) {
+    ::unlink(target.c_str());
+  }
   return succeeded(error);
 }
 
@@ -81,7 +115,7 @@ bool Platform::isRealDirectory(const QString& name) {
   return ::lstat(native(name).c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
-// Some file systems know the one, some the other.
+// Not every file system can do it in one step.
 bool Platform::renameToFree(const QString& from, const QString& to) {
   const std::string source = native(from);
   const std::string target = native(to);
@@ -89,11 +123,7 @@ bool Platform::renameToFree(const QString& from, const QString& to) {
     return true;
   }
   const bool isUnknown = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
-  if (!isUnknown || ::link(source.c_str(), target.c_str()) != 0) {
-    return false;
-  }
-  ::unlink(source.c_str());
-  return true;
+  return isUnknown && renameInSteps(source.c_str(), target.c_str());
 }
 
 bool Platform::renameOver(const QString& from, const QString& to) {

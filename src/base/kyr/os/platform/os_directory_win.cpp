@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cwchar>
+#include <string>
 
 #include <windows.h>
 
@@ -163,7 +164,7 @@ bool Platform::readEntries(const QString& name, QStringList& entries) {
   WIN32_FIND_DATAW found{};
   const HANDLE search = ::FindFirstFileW(nativePath(name + "/*").c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) {
-    return false;
+    return ::GetLastError() == ERROR_FILE_NOT_FOUND;  // the root of an empty drive
   }
   do {
     entries.append(QString::fromWCharArray(found.cFileName));
@@ -174,8 +175,21 @@ bool Platform::readEntries(const QString& name, QStringList& entries) {
   return complete;
 }
 
+// The name is taken first: a copy that fails must not remove what somebody else has put there.
 bool Platform::copyFile(const QString& from, const QString& to) {
-  return ::CopyFileW(nativePath(from).c_str(), nativePath(to).c_str(), TRUE) != 0;
+  const std::wstring target = nativePath(to).native();
+  const HANDLE taken = ::CreateFileW(target.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (taken == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  ::CloseHandle(taken);
+  const bool copied = ::CopyFileW(nativePath(from).c_str(), target.c_str(), FALSE) != 0;
+  if (!copied) {
+    const KeepLastError keep;
+    removeFile(to);
+  }
+  return copied;
 }
 
 bool Platform::isRealDirectory(const QString& name) {
@@ -192,12 +206,18 @@ bool Platform::renameOver(const QString& from, const QString& to) {
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
-// Links to directories are directories to this system.
+// Links to directories are directories to this system. Files that must not be written can be
+// removed, as on other systems.
 bool Platform::removeFile(const QString& name) {
   const DWORD attributes = attributesOf(name);
-  const bool isDirectory = has(attributes, FILE_ATTRIBUTE_DIRECTORY);
-  return isDirectory && isLink(name, attributes) ? removeDirectory(name)
-                                                 : ::DeleteFileW(nativePath(name).c_str()) != 0;
+  if (has(attributes, FILE_ATTRIBUTE_DIRECTORY) && isLink(name, attributes)) {
+    return removeDirectory(name);
+  }
+  const std::wstring path = nativePath(name).native();
+  if (has(attributes, FILE_ATTRIBUTE_READONLY) && !has(attributes, FILE_ATTRIBUTE_DIRECTORY)) {
+    ::SetFileAttributesW(path.c_str(), attributes & ~DWORD(FILE_ATTRIBUTE_READONLY));
+  }
+  return ::DeleteFileW(path.c_str()) != 0;
 }
 
 bool Platform::removeDirectory(const QString& name) {

@@ -3,9 +3,11 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QProcess>
+#include <QSysInfo>
 
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -48,6 +50,12 @@ QByteArray Platform::processStart(std::int64_t pid) {
   constexpr int startField = 19;
   const QByteArray ticks = fieldsOf(pid).value(startField);
   return ticks.isEmpty() ? ticks : ticks + '@' + firstLine("/proc/sys/kernel/random/boot_id");
+}
+
+QByteArray Platform::processWorld() {
+  std::error_code error;
+  const std::string numbers = std::filesystem::read_symlink("/proc/self/ns/pid", error).native();
+  return QSysInfo::machineHostName().toUtf8() + ' ' + QByteArray::fromStdString(numbers);
 }
 
 void Platform::showOnDesktop(const QString& target) {

@@ -3,6 +3,7 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QDir>
+#include <QSysInfo>
 
 #include <limits>
 #include <string>
@@ -54,6 +55,10 @@ QByteArray Platform::processStart(std::int64_t pid) {
     return {};
   }
   return QByteArray::number(quint64(start.dwHighDateTime) << 32 | start.dwLowDateTime);
+}
+
+QByteArray Platform::processWorld() {
+  return QSysInfo::machineHostName().toUtf8();
 }
 
 void Platform::showOnDesktop(const QString& target) {

@@ -1,4 +1,5 @@
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_environment_p.h>
 #include <kyr/os/os_file_p.h>
 
 #include <QSettings>
@@ -155,15 +156,15 @@ QString OS::getEnv(const char* name) {
   return value.isNull() ? QString() : value.isEmpty() ? QString("") : nameOf(value.toStdString());
 }
 
-bool OS::setEnv(const char* name, const QString& value) {
-  return qputenv(name, QByteArray::fromStdString(Platform::nativePath(value).native()));
+bool Platform::setVariable(const char* name, const QString& value) {
+  return qputenv(name, QByteArray::fromStdString(nativePath(value).native()));
 }
 
-bool OS::unsetEnv(const char* name) {
+bool Platform::unsetVariable(const char* name) {
   return qunsetenv(name);
 }
 
-QMap<QString, QString> OS::getEnvironment() {
+QMap<QString, QString> Platform::readEnvironment() {
   QMap<QString, QString> all;
   for (char** entry = environ; entry && *entry; ++entry) {
     const QString text = nameOf(std::string(*entry));
@@ -194,7 +195,7 @@ QString OS::getProcessorName() {
   return {};
 }
 
-unsigned OS::getPid() noexcept {
+unsigned OS::getPID() noexcept {
   return static_cast<unsigned>(::getpid());
 }
 

@@ -1,4 +1,5 @@
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_environment_p.h>
 
 #include <array>
 #include <cstdlib>
@@ -108,28 +109,32 @@ QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
 
 QString OS::getEnv(const char* name) {
   const std::wstring wideName = wide(name);
-  const DWORD capacity = ::GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
-  if (capacity == 0) {
+  DWORD needed = ::GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
+  if (needed == 0) {
     return {};
   }
-  std::wstring value(capacity, L'\0');
-  value.resize(::GetEnvironmentVariableW(wideName.c_str(), value.data(), capacity));
+  std::wstring value;
+  while (needed > value.size()) {  // it may have grown meanwhile
+    value.resize(needed);
+    needed = ::GetEnvironmentVariableW(wideName.c_str(), value.data(), DWORD(value.size()));
+  }
+  value.resize(needed);
   return value.empty() ? QString("") : QString::fromStdWString(value);
 }
 
 // The C runtime has a copy of the environment; it takes an empty value for none.
-bool OS::setEnv(const char* name, const QString& value) {
+bool Platform::setVariable(const char* name, const QString& value) {
   const std::wstring wideName = wide(name);
   const std::wstring wideValue = value.toStdWString();
   return _wputenv((wideName + L"=" + wideValue).c_str()) == 0 &&
          ::SetEnvironmentVariableW(wideName.c_str(), wideValue.c_str()) != 0;
 }
 
-bool OS::unsetEnv(const char* name) {
+bool Platform::unsetVariable(const char* name) {
   return _wputenv((wide(name) + L"=").c_str()) == 0;
 }
 
-QMap<QString, QString> OS::getEnvironment() {
+QMap<QString, QString> Platform::readEnvironment() {
   QMap<QString, QString> all;
   wchar_t* const block = ::GetEnvironmentStringsW();
   for (const wchar_t* entry = block; entry && *entry; entry += std::wcslen(entry) + 1) {
@@ -166,7 +171,7 @@ QString OS::getProcessorName() {
       .simplified();
 }
 
-unsigned OS::getPid() noexcept {
+unsigned OS::getPID() noexcept {
   return static_cast<unsigned>(::GetCurrentProcessId());
 }
 
