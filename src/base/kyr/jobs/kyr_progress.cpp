@@ -2,6 +2,7 @@
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
+#include <kyr/sync/site_lock_p.h>
 
 #include <QCoreApplication>
 
@@ -24,23 +25,6 @@ constexpr unsigned Reset = 87, WrongRange = 117, WrongValue = 120, SetProgress =
 namespace {
 
 constexpr double textPause = 0.2;  // seconds
-
-/// Holds a mutex for a scope that an exception may leave, and names the site that unlocks it.
-class KYR_SCOPED_CAPABILITY Held {
- public:
-  Held(Mutex& mutex, const char* function, unsigned line) KYR_ACQUIRE(mutex)
-      : _mutex(mutex), _function(function), _line(line) {
-    mutex.lock();
-  }
-  Held(const Held&) = delete;
-  Held& operator=(const Held&) = delete;
-  ~Held() KYR_RELEASE() { _mutex.unlock(_function, site::File, _line); }
-
- private:
-  Mutex& _mutex;
-  const char* _function;
-  unsigned _line;
-};
 
 bool isNoRange(int min, int max) {
   return min == -1 || max == -1;
@@ -99,32 +83,34 @@ std::vector<GUIThreadEventCreator*>& Progress::_event_creators =
     *new std::vector<GUIThreadEventCreator*>;
 
 unsigned Progress::getProgress() {
-  const Held held(_mutex_progress, "Kyr::Progress::getProgress", site::Value);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgress", site::File, site::Value);
   return _value;
 }
 
 int Progress::getProgressMin() {
-  const Held held(_mutex_progress, "Kyr::Progress::getProgressMin", site::Min);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressMin", site::File, site::Min);
   return _min;
 }
 
 int Progress::getProgressMax() {
-  const Held held(_mutex_progress, "Kyr::Progress::getProgressMax", site::Max);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressMax", site::File, site::Max);
   return _max;
 }
 
 QString Progress::getProgressString() {
-  const Held held(_mutex_progress, "Kyr::Progress::getProgressString", site::String);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressString", site::File,
+                        site::String);
   return _text;
 }
 
 int Progress::getOverallProgress() {
-  const Held held(_mutex_progress, "Kyr::Progress::getOverallProgress", site::Overall);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getOverallProgress", site::File,
+                        site::Overall);
   return _overall;
 }
 
 Progress::State Progress::getState() {
-  const Held held(_mutex_progress, "Kyr::Progress::getState", site::GetState);
+  const SiteLock locked(_mutex_progress, "Kyr::Progress::getState", site::File, site::GetState);
   return {_value, _min, _max, _overall, _text};
 }
 
@@ -154,7 +140,8 @@ void Progress::setProgress(int min, int max, unsigned value) {
 void Progress::setProgressString(const QString& text, bool force) {
   bool changed = false;
   {
-    const Held held(_mutex_progress, "Kyr::Progress::setProgressString", site::SetString);
+    const SiteLock locked(_mutex_progress, "Kyr::Progress::setProgressString", site::File,
+                          site::SetString);
     if (text != _text) {
       const bool mayWait = _text_time_set && !text.isEmpty() && !_text.isEmpty() && !force;
       const Time now = Time::currentTime();
@@ -174,7 +161,7 @@ void Progress::setProgressString(const QString& text, bool force) {
 void Progress::reset() {
   bool changed = false;
   {
-    const Held held(_mutex_progress, "Kyr::Progress::reset", site::Reset);
+    const SiteLock locked(_mutex_progress, "Kyr::Progress::reset", site::File, site::Reset);
     changed = _value != 0 || !_text.isEmpty();
     _value = 0;
     _min = 0;
@@ -190,7 +177,7 @@ void Progress::reset() {
 void Progress::splitProgress(int min, int max, unsigned steps) {
   constexpr const char* function = "Kyr::Progress::splitProgress";
   if (isNoRange(min, max)) {
-    const Held held(_split_mutex, function, site::SplitOff);
+    const SiteLock locked(_split_mutex, function, site::File, site::SplitOff);
     _split_min = -1;
     _split_max = -1;
     return;
@@ -198,7 +185,7 @@ void Progress::splitProgress(int min, int max, unsigned steps) {
   if (!isRange(min, max)) {
     throw ProgError(function, site::File, site::WrongSplit, "invalid progress range");
   }
-  const Held held(_split_mutex, function, site::Split);
+  const SiteLock locked(_split_mutex, function, site::File, site::Split);
   _split_min = min;
   _split_max = max;
   _split_steps = std::max(steps, 1U);
@@ -207,7 +194,8 @@ void Progress::splitProgress(int min, int max, unsigned steps) {
 }
 
 void Progress::addProgressSteps(unsigned steps) {
-  const Held held(_split_mutex, "Kyr::Progress::addProgressSteps", site::AddSteps);
+  const SiteLock locked(_split_mutex, "Kyr::Progress::addProgressSteps", site::File,
+                        site::AddSteps);
   // In 64 bits, because a wrapped sum or product would move the bar back.
   const std::uint64_t done = std::uint64_t{_steps_done} + steps;
   _steps_done = static_cast<unsigned>(std::min<std::uint64_t>(done, _split_steps - 1));
@@ -217,37 +205,42 @@ void Progress::addProgressSteps(unsigned steps) {
 }
 
 void Progress::setAbortFlag(bool abort) {
-  const Held held(_abort_mutex, "Kyr::Progress::setAbortFlag", site::SetAbort);
+  const SiteLock locked(_abort_mutex, "Kyr::Progress::setAbortFlag", site::File, site::SetAbort);
   _abort = abort;
 }
 
 bool Progress::getAbortFlag() {
-  const Held held(_abort_mutex, "Kyr::Progress::getAbortFlag", site::GetAbort);
+  const SiteLock locked(_abort_mutex, "Kyr::Progress::getAbortFlag", site::File, site::GetAbort);
   return _abort;
 }
 
 void Progress::setCreateGUIEvents(bool on) {
-  const Held held(_event_mutex, "Kyr::Progress::setCreateGUIEvents", site::SetCreate);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::setCreateGUIEvents", site::File,
+                        site::SetCreate);
   _create_events = on ? _create_events + 1 : std::max(_create_events - 1, 0);
 }
 
 bool Progress::isCreateGUIEventAllowed() {
-  const Held held(_event_mutex, "Kyr::Progress::isCreateGUIEventAllowed", site::IsCreate);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::isCreateGUIEventAllowed", site::File,
+                        site::IsCreate);
   return _create_events > 0;
 }
 
 void Progress::setEventReceiver(QObject* receiver) {
-  const Held held(_event_mutex, "Kyr::Progress::setEventReceiver", site::SetReceiver);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::setEventReceiver", site::File,
+                        site::SetReceiver);
   _event_receiver = receiver;
 }
 
 void Progress::registerGUIEventCreator(GUIThreadEventCreator* creator) {
-  const Held held(_event_mutex, "Kyr::Progress::registerGUIEventCreator", site::Register);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::registerGUIEventCreator", site::File,
+                        site::Register);
   _event_creators.push_back(creator);
 }
 
 void Progress::deregisterGUIEventCreator(GUIThreadEventCreator* creator) {
-  const Held held(_event_mutex, "Kyr::Progress::deregisterGUIEventCreator", site::Deregister);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::deregisterGUIEventCreator", site::File,
+                        site::Deregister);
   const auto found = std::find(_event_creators.begin(), _event_creators.end(), creator);
   if (found != _event_creators.end()) {
     _event_creators.erase(found);
@@ -255,7 +248,8 @@ void Progress::deregisterGUIEventCreator(GUIThreadEventCreator* creator) {
 }
 
 void Progress::destroyGUIEventCreators() {
-  const Held held(_event_mutex, "Kyr::Progress::destroyGUIEventCreators", site::Destroy);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::destroyGUIEventCreators", site::File,
+                        site::Destroy);
   for (const GUIThreadEventCreator* creator : _event_creators) {
     delete creator;
   }
@@ -263,7 +257,7 @@ void Progress::destroyGUIEventCreators() {
 }
 
 void Progress::createGUIEvents() {
-  const Held held(_event_mutex, "Kyr::Progress::createGUIEvents", site::Create);
+  const SiteLock locked(_event_mutex, "Kyr::Progress::createGUIEvents", site::File, site::Create);
   if (_create_events <= 0 || !_event_receiver) {
     return;
   }

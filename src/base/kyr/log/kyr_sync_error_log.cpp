@@ -2,6 +2,7 @@
 #include <kyr/log/log_output_p.h>
 
 #include <kyr/os/KyrOS.h>
+#include <kyr/sync/site_lock_p.h>
 
 namespace Kyr {
 
@@ -13,23 +14,6 @@ constexpr const char* File = "kyr_sync_error_log";
 }  // namespace site
 
 namespace {
-
-/// Holds the lock of a log for one operation, also when memory runs out in it.
-class KYR_SCOPED_CAPABILITY SiteLock {
- public:
-  SiteLock(Mutex& mutex, const char* function, unsigned line) KYR_ACQUIRE(mutex)
-      : _mutex(mutex), _function(function), _line(line) {
-    mutex.lock();
-  }
-  ~SiteLock() KYR_RELEASE() { _mutex.unlock(_function, site::File, _line); }
-  SiteLock(const SiteLock&) = delete;
-  SiteLock& operator=(const SiteLock&) = delete;
-
- private:
-  Mutex& _mutex;
-  const char* const _function;
-  const unsigned _line;
-};
 
 void appendToFile(const QString& fileName, const QString& message) {
   std::ofstream file;
@@ -47,18 +31,18 @@ SyncErrorLog::SyncErrorLog(bool append) : _append(append) {}
 SyncErrorLog::~SyncErrorLog() = default;
 
 void SyncErrorLog::clear() {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::clear", site::Clear);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::clear", site::File, site::Clear);
   _message.clear();
   _log.clear();
 }
 
 QString SyncErrorLog::getLog() const {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::getLog", site::GetLog);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::getLog", site::File, site::GetLog);
   return _log.text();
 }
 
 bool SyncErrorLog::isLog() const {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::isLog", site::IsLog);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::isLog", site::File, site::IsLog);
   return !_log.isEmpty();
 }
 
@@ -68,25 +52,25 @@ void SyncErrorLog::appendLine() {
 }
 
 SyncErrorLog& SyncErrorLog::addUInt64(unsigned long long value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addUInt64", site::AddUInt64);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addUInt64", site::File, site::AddUInt64);
   _message += QString::number(value);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addInt64(long long value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addInt64", site::AddInt64);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addInt64", site::File, site::AddInt64);
   _message += QString::number(value);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addDouble(double value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addDouble", site::AddDouble);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addDouble", site::File, site::AddDouble);
   _message += QString::number(value, 'g', 6);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addChar(char value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addChar", site::AddChar);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addChar", site::File, site::AddChar);
   if (value == END_LOG) {
     appendLine();
   } else {
@@ -96,13 +80,13 @@ SyncErrorLog& SyncErrorLog::addChar(char value) {
 }
 
 SyncErrorLog& SyncErrorLog::addString(const QString& text) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addString", site::AddString);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addString", site::File, site::AddString);
   _message.append(text.constData(), text.size());  // as ErrorLog does
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addPointer(const void* address) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addPointer", site::AddPointer);
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addPointer", site::File, site::AddPointer);
   _message += LogOutput::addressText(address);
   return *this;
 }

@@ -1,6 +1,7 @@
 #include <kyr/services/KyrRecordManager.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/sync/site_lock_p.h>
 
 #include <new>
 
@@ -30,23 +31,6 @@ union Everlasting {
 
 Everlasting<Mutex> lockRoom("Kyr::StructRecordVectorBase", site::File, site::Registry);
 Everlasting<Instances> instancesRoom;
-
-/// Holds the registry for as long as it lives, whatever is thrown meanwhile.
-class KYR_SCOPED_CAPABILITY Held {
- public:
-  Held(Mutex& mutex, const char* function, unsigned line) KYR_ACQUIRE(mutex)
-      : _mutex(mutex), _function(function), _line(line) {
-    mutex.lock();
-  }
-  Held(const Held&) = delete;
-  Held& operator=(const Held&) = delete;
-  ~Held() KYR_RELEASE() { _mutex.unlock(_function, site::File, _line); }
-
- private:
-  Mutex& _mutex;
-  const char* _function;
-  unsigned _line;
-};
 
 }  // namespace
 
@@ -88,7 +72,8 @@ StructRecordVectorBase::StructRecordVectorBase() {
   // Allocates before it locks: without memory, the handlers that are called then may well free
   // recorded containers.
   Instances entry{this};
-  const Held held(_lock, "Kyr::StructRecordVectorBase::StructRecordVectorBase", site::Enter);
+  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::StructRecordVectorBase", site::File,
+                        site::Enter);
   if (!_instances) {
     _instances = new (&instancesRoom.kept) Instances;
   }
@@ -96,14 +81,16 @@ StructRecordVectorBase::StructRecordVectorBase() {
 }
 
 StructRecordVectorBase::~StructRecordVectorBase() {
-  const Held held(_lock, "Kyr::StructRecordVectorBase::~StructRecordVectorBase", site::Leave);
+  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::~StructRecordVectorBase", site::File,
+                        site::Leave);
   if (_instances) {  // null if there were only copies
     _instances->erase(this);
   }
 }
 
 void StructRecordVectorBase::resetAllRecordingModes() {
-  const Held held(_lock, "Kyr::StructRecordVectorBase::resetAllRecordingModes", site::ResetAll);
+  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::resetAllRecordingModes", site::File,
+                        site::ResetAll);
   if (_instances) {
     for (StructRecordVectorBase* const instance : *_instances) {
       instance->resetRecordingMode();
