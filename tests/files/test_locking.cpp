@@ -84,6 +84,7 @@ TEST(Locking, JudgesTheLockFile) {
       {dead + "\n", none, true, true, false, true, "bows to the dead"},
       {live + "\nstart x\n", there, false, true, true, true, "a number is used again"},
       {dead + "\nhost x\n", none, true, true, false, false, "judges another host"},
+      {dead + "\nspace x\n", none, true, true, false, false, "judges another container"},
       {"text", none, true, false, false, true, "text is a number"},
       {"", none, true, false, false, true, "an empty file is a lock"},
       {" " + own + "abc", here, false, false, true, false, "no rest allowed"},

@@ -65,7 +65,7 @@ struct LockOwner {
 /// other; only among objects of this class the promise holds. The file appears complete or not at
 /// all. A lock is stale when its process has ended, and also when the number meanwhile belongs to
 /// another process; processes that find a stale one take turns in replacing it. The lock of
-/// another host is never taken for stale.
+/// another host, or of another container on this one, is never taken for stale.
 /// \threadsafety one thread per object; objects of one path exclude each other across threads too
 class KYR_EXPORT ExclusiveLock {
  public:

@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* startKey = "start ";
 constexpr const char* hostKey = "host ";
+constexpr const char* spaceKey = "space ";
 
 QByteArray hostName() {
   return QSysInfo::machineHostName().toUtf8();
@@ -25,7 +26,7 @@ QByteArray hostName() {
 QByteArray ownText() {
   const unsigned pid = OS::getPID();
   return QByteArray::number(pid) + '\n' + startKey + Platform::processStart(pid) + '\n' + hostKey +
-         hostName() + '\n';
+         hostName() + '\n' + spaceKey + Platform::processSpace() + '\n';
 }
 
 /// The rest of the line that begins with \a key.
@@ -42,11 +43,20 @@ LockOwner ownerIn(const QByteArray& text) {
   return {LockFile::processOf(text), valueOf(text, startKey), valueOf(text, hostKey)};
 }
 
-bool lives(const LockOwner& owner) {
+/// Whether the number of a lock's process is that of another one here, or of none.
+bool isElsewhere(const QByteArray& text) {
+  const QByteArray host = valueOf(text, hostKey).toUtf8();
+  const QByteArray space = valueOf(text, spaceKey).toUtf8();
+  return (!host.isEmpty() && host != hostName()) ||
+         (!space.isEmpty() && space != Platform::processSpace());
+}
+
+bool lives(const QByteArray& text) {
+  const LockOwner owner = ownerIn(text);
   if (owner.pid == 0) {
     return false;
   }
-  if (!owner.host.isEmpty() && owner.host.toUtf8() != hostName()) {
+  if (isElsewhere(text)) {
     return true;  // who would know
   }
   if (!OS::pidExists(owner.pid)) {
@@ -120,7 +130,7 @@ bool ExclusiveLock::takeOver(const QString& ownFile) {
     case LockFile::Missing:
       return Platform::renameToFree(ownFile, _lockFile);
     case LockFile::Read:
-      return !lives(ownerIn(text)) && Platform::renameOver(ownFile, _lockFile);
+      return !lives(text) && Platform::renameOver(ownFile, _lockFile);
     case LockFile::Unreadable:
       break;
   }

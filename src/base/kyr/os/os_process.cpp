@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <atomic>
@@ -25,7 +26,7 @@ QString fingerprint(const QByteArray& text) {
 }
 
 QString hostMark() {
-  return fingerprint(Platform::processWorld());
+  return fingerprint(QSysInfo::machineHostName().toUtf8() + ' ' + Platform::processSpace());
 }
 
 /// \return empty when the system does not tell

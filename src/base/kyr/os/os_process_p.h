@@ -15,9 +15,10 @@ namespace Kyr::Platform {
 /// \return ASCII without blanks; empty when the system does not tell
 QByteArray processStart(std::int64_t pid);
 
-/// What tells the processes that this one sees by their numbers from those of other hosts, and of
-/// containers on this one.
-QByteArray processWorld();
+/// Where on this host the numbers of processes mean the same as for this one: a container has its
+/// own.
+/// \return empty when the system has one such space, or does not tell
+QByteArray processSpace();
 
 /// Hands a document or an address over to the desktop.
 /// \throws Exception

@@ -3,7 +3,6 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QProcess>
-#include <QSysInfo>
 
 #include <cerrno>
 #include <csignal>
@@ -52,10 +51,10 @@ QByteArray Platform::processStart(std::int64_t pid) {
   return ticks.isEmpty() ? ticks : ticks + '@' + firstLine("/proc/sys/kernel/random/boot_id");
 }
 
-QByteArray Platform::processWorld() {
+QByteArray Platform::processSpace() {
   std::error_code error;
-  const std::string numbers = std::filesystem::read_symlink("/proc/self/ns/pid", error).native();
-  return QSysInfo::machineHostName().toUtf8() + ' ' + QByteArray::fromStdString(numbers);
+  const std::string space = std::filesystem::read_symlink("/proc/self/ns/pid", error).native();
+  return QByteArray::fromStdString(space);
 }
 
 void Platform::showOnDesktop(const QString& target) {

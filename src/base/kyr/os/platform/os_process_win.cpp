@@ -3,7 +3,6 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QDir>
-#include <QSysInfo>
 
 #include <limits>
 #include <string>
@@ -57,8 +56,8 @@ QByteArray Platform::processStart(std::int64_t pid) {
   return QByteArray::number(quint64(start.dwHighDateTime) << 32 | start.dwLowDateTime);
 }
 
-QByteArray Platform::processWorld() {
-  return QSysInfo::machineHostName().toUtf8();
+QByteArray Platform::processSpace() {
+  return {};
 }
 
 void Platform::showOnDesktop(const QString& target) {
