@@ -15,6 +15,7 @@ using Kyr::Process;
 namespace {
 
 const QString other = KYR_OTHER_PROGRAM;
+const QString endless = KYR_ENDLESS_PROGRAM;
 
 TEST(Process, TellsHowTheOtherEnded) {
   const struct {
@@ -57,7 +58,7 @@ TEST(Process, IsSetUpWatchedAndEnded) {
     EXPECT_TRUE(asked.wait());
     EXPECT_EQ(asked.getResult().output, value.isNull() ? "not set" : "own");
   }
-  Process stays(other, {"stay"});
+  Process stays(endless);
   EXPECT_FALSE(stays.isRunning() || stays.getPid() != 0);
   EXPECT_THROW(stays.getResult(), Kyr::Exception);
   stays.start();
@@ -68,7 +69,7 @@ TEST(Process, IsSetUpWatchedAndEnded) {
   stays.terminate(1);
   EXPECT_FALSE(stays.isRunning() || OS::pidExists(pid));
   EXPECT_TRUE(stays.getResult().crashed) << "an end by force passes for a good one";
-  EXPECT_THROW(OS::run(other, {"stay"}, 1), Kyr::Exception) << "the time-out is no limit";
+  EXPECT_THROW(OS::run(endless, {}, 1), Kyr::Exception) << "the time-out is no limit";
   EXPECT_THROW(OS::run("no such program"), Kyr::Exception);
   EXPECT_TRUE(OS::pidExists(OS::getPID()));
   for (const std::int64_t none : {std::int64_t{0}, std::int64_t{-1}, std::int64_t{1} << 40}) {
