@@ -136,13 +136,13 @@ TEST(OsEnvironment, TellsEmptyFromUnset) {
 }
 
 TEST(OsEnvironment, IsReadWholeWhileItChanges) {
+  const KyrTest::ScopedEnvironment last("KYR_TEST_LAST", "there");
   std::thread writer([] {
     for (int i = 0; i < 3000; ++i) {
       const std::string name = "KYR_TEST_" + std::to_string(i % 100);
       i / 100 % 2 == 0 ? OS::setEnv(name.c_str(), "x") : OS::unsetEnv(name.c_str());
     }
   });
-  const KyrTest::ScopedEnvironment last("KYR_TEST_LAST", "there");
   for (int i = 0; i < 3000; ++i) {
     EXPECT_EQ(OS::getEnvironment().value("KYR_TEST_LAST"), "there");
   }

@@ -3,14 +3,15 @@
 #pragma once
 
 #include <QMap>
-#include <QMutex>
 #include <QString>
+
+#include <mutex>
 
 namespace Kyr::Platform {
 
 /// Held by whoever changes the environment or reads all of it: the C library leaves that to its
 /// users.
-QMutex& environmentMutex();
+std::mutex& environmentMutex();
 
 // Platform files define these.
 

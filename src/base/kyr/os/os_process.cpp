@@ -110,7 +110,7 @@ void Process::setEnv(const QString& name, const QString& value) {
   QProcess& process = _running->process();
   QProcessEnvironment environment = process.processEnvironment();
   if (environment.isEmpty()) {
-    const QMutexLocker lock(&Platform::environmentMutex());
+    const std::lock_guard<std::mutex> lock(Platform::environmentMutex());
     environment = QProcessEnvironment::systemEnvironment();
   }
   if (value.isNull()) {

@@ -48,23 +48,23 @@ bool isVariable(const char* name) {
 
 }  // namespace
 
-QMutex& Platform::environmentMutex() {
-  static QMutex mutex;
+std::mutex& Platform::environmentMutex() {
+  static std::mutex mutex;
   return mutex;
 }
 
 bool OS::setEnv(const char* name, const QString& value) {
-  const QMutexLocker lock(&Platform::environmentMutex());
+  const std::lock_guard<std::mutex> lock(Platform::environmentMutex());
   return isVariable(name) && !value.contains(QChar::Null) && Platform::setVariable(name, value);
 }
 
 bool OS::unsetEnv(const char* name) {
-  const QMutexLocker lock(&Platform::environmentMutex());
+  const std::lock_guard<std::mutex> lock(Platform::environmentMutex());
   return isVariable(name) && Platform::unsetVariable(name);
 }
 
 QMap<QString, QString> OS::getEnvironment() {
-  const QMutexLocker lock(&Platform::environmentMutex());
+  const std::lock_guard<std::mutex> lock(Platform::environmentMutex());
   return Platform::readEnvironment();
 }
 
