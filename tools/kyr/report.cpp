@@ -16,7 +16,7 @@ constexpr unsigned mostDumps = 1000;
 QString describe(const Kyr::SystemReport& report, const QString& fileName) {
   Kyr::OS::FileStatus status;
   Kyr::OS::stat(fileName, &status);
-  return QString("%1: %2 sections, %3 logs and dumps, %4 bytes\n")
+  return QString("%1: %2 sections, logs and dumps: %3, %4 bytes\n")
       .arg(printable(QDir::toNativeSeparators(fileName)), QString::number(report.sections().size()),
            QString::number(report.files().size()), QString::number(status.size));
 }
