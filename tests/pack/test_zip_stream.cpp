@@ -1,6 +1,9 @@
 #include "pack/Bytes.h"
 #include "support/Support.h"
 
+#include <kyr/files/KyrSafeFile.h>
+#include <kyr/pack/KyrZippedTar.h>
+
 #include <gtest/gtest.h>
 
 using Kyr::ZipInStream;
@@ -108,6 +111,21 @@ bool arrives(ZipOutStream& out, const std::string& plain) {
   out.close();
   EXPECT_EQ(out.good(), good) << "closing again forgets the failure";
   return good;
+}
+
+TEST(ZipOutStream, IsNotSavedBeforeItIsClosed) {
+  const KyrTest::TempDir dir;
+  const QString path = dir.write("part", "old");
+  Kyr::SafeFile file(path);
+  const auto commit = [&file] { file.commit(); };
+  ZipOutStream zip(&file.stream(), 1);
+  EXPECT_NE(KyrTest::failure(commit), "") << "a stream without its end replaces a whole file";
+  zip.close();
+  Kyr::ZippedTarWriter tar(&file.stream());
+  EXPECT_NE(KyrTest::failure(commit), "") << "an archive without its end replaces a whole file";
+  EXPECT_EQ(KyrTest::readFile(path), "old");
+  tar.flush();
+  EXPECT_EQ(KyrTest::failure(commit), "") << "a refusal is final";
 }
 
 TEST(ZipOutStream, ATargetThatFailsAtAnyByteIsNoticed) {

@@ -53,14 +53,16 @@ class KYR_EXPORT SafeFile {
   const QString& getTargetName() const;
   const QString& getTemporaryName() const;
 
-  /// Puts the new file in the place of the old one. Close before whatever uses stream().
+  /// Puts the new file in the place of the old one. Close before whatever uses stream(): a
+  /// ZipOutStream or ZippedTarWriter that is still open, or has failed, is refused.
   ///
   /// If another program holds the target, tries for two seconds; afterwards the new file still is
   /// complete, and commit() may be called again.
   /// \param check is called when all is on the disk; by default nothing but the size is checked
-  /// \throws Exception with the name and the reason: not all was written, the check refused, or the
-  ///         target cannot be replaced; it then is unchanged. Only if the message begins with
-  ///         "saved" it is the new one, but may not survive a power cut
+  /// \throws Exception with the name and the reason: not all was written, or the target cannot be
+  ///         replaced; it then is unchanged, as it is when \a check throws, which comes out as it
+  ///         is. Only if the message begins with "saved" it is the new one, but may not survive a
+  ///         power cut
   void commit(const Check& check = {});
 
   /// Removes the temporary file. After commit() it does nothing.

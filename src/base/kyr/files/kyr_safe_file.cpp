@@ -2,6 +2,7 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/safe_file_p.h>
+#include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_directory_p.h>
 #include <kyr/os/os_process_p.h>
@@ -192,6 +193,9 @@ SafeFile::Private::Private(const QString& name)
 
 void SafeFile::Private::complete() {
   const bool writerIsGood = stream.good();
+  if (writerIsGood && Unfinished::isMarked(stream)) {
+    Platform::fail(cannotSave, target, "what compresses the content was not closed, or failed");
+  }
   buffer.complete();
   if (!buffer.failure().isEmpty()) {
     Platform::fail(cannotSave, target, buffer.failure());

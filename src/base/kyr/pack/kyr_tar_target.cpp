@@ -1,6 +1,7 @@
 #include <kyr/pack/tar_target_p.h>
 
 #include <kyr/core/KyrException.h>
+#include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/deflate_engine_p.h>
 
@@ -55,7 +56,9 @@ class MemoryTarget : public TarTarget {
 class StreamTarget : public TarTarget {
  public:
   StreamTarget(std::ostream* target, const QString& name)
-      : _target(target), _name(name), _engine(Container::Gzip) {}
+      : _target(target), _name(name), _engine(Container::Gzip) {
+    Unfinished::mark(*_target);
+  }
 
  private:
   static constexpr unsigned pieceSize = 65536;
@@ -65,6 +68,7 @@ class StreamTarget : public TarTarget {
     run(nullptr, 0, true);
     settle();
     expect(_target->good());
+    Unfinished::clear(*_target);
   }
   virtual void settle() { _target->flush(); }
 

@@ -1,3 +1,4 @@
+#include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/pack/deflate_engine_p.h>
@@ -42,6 +43,7 @@ void ZipOutStreamBuffer::start(unsigned fileVersion) {
   _engine = std::make_unique<DeflateEngine>(Container::Zlib);
   provideRoom();
   setp(_putArea.get(), _putArea.get() + blockSize);
+  Unfinished::mark(*_target);
   _failed = false;
 }
 
@@ -50,8 +52,11 @@ bool ZipOutStreamBuffer::isOpen() const {
 }
 
 bool ZipOutStreamBuffer::close() {
-  if (isOpen() && !(finish() && settleTarget())) {
-    _failed = true;
+  if (isOpen()) {
+    _failed = !(finish() && settleTarget());
+    if (!_failed) {
+      Unfinished::clear(*_target);
+    }
   }
   release();
   return !_failed;

@@ -1,0 +1,27 @@
+#include <kyr/files/unfinished_p.h>
+
+namespace Kyr::Unfinished {
+
+namespace {
+
+/// The word of every stream that counts its marks.
+long& marks(std::ostream& stream) {
+  static const int index = std::ios_base::xalloc();
+  return stream.iword(index);
+}
+
+}  // namespace
+
+void mark(std::ostream& stream) {
+  ++marks(stream);
+}
+
+void clear(std::ostream& stream) {
+  --marks(stream);
+}
+
+bool isMarked(std::ostream& stream) {
+  return marks(stream) != 0;
+}
+
+}  // namespace Kyr::Unfinished
