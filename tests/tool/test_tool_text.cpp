@@ -60,7 +60,8 @@ TEST(ToolText, AnswersOnTheCommandLine) {
       {"next ./i1.t", "", 0, "./i6.t\n", "", "a directory stays"},
       {"next new0.t", "", 0, "new0.t\n", "", "a series that is to begin"},
       {"next j1", "", 1, "", "j1: no number is left", "the numbers are used up"},
-      {"next no/i1.t", "", 1, "", "Cannot read directory \"no/\"", "no directory"},
+      {"next no/i1.t", "", 1, "", "cannot read the directory no/: there is no such",
+       "no directory"},
       {"next i.t", "", 2, "", "\"i.t\" does not end in a number", "no number"},
       {"next i4294967296.t", "", 2, "", "below 2^32", "too large a number"},
   };

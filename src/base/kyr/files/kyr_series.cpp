@@ -3,8 +3,6 @@
 #include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrParse.h>
 
-#include <QStringList>
-
 #include <algorithm>
 #include <limits>
 #include <tuple>
@@ -39,14 +37,6 @@ bool precedes(const Member& left, const Member& right) {
          std::tie(right.number, left.digits, right.fileName);
 }
 
-QStringList entriesOf(const QString& directory) {
-  QStringList entries;
-  if (!OS::readDirectory(directory + "/", &entries)) {
-    throw Exception(QString("Cannot read directory \"%1\"").arg(directory + "/"));
-  }
-  return entries;
-}
-
 }  // namespace
 
 Series::Series(const NameWithNumber& example, Qt::CaseSensitivity sensitivity) {
@@ -55,7 +45,7 @@ Series::Series(const NameWithNumber& example, Qt::CaseSensitivity sensitivity) {
   }
   const Pattern pattern = {example.getBaseNameNoNumber(), example.getExtension(), sensitivity};
   Member member = {};
-  for (const QString& name : entriesOf(example.getDirectory())) {
+  for (const QString& name : OS::listDirectory(example.getDirectory() + "/")) {
     if (pattern.read(name, &member)) {
       _members.push_back(member);
     }
