@@ -13,6 +13,7 @@
 #include <kyr/env/KyrInit.h>
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <cstdio>
 #include <cstdlib>
@@ -36,6 +37,27 @@ struct Options {
   std::exit(2);
 }
 
+/// The parser asks the application object for the program's name; nothing else here wants one.
+[[noreturn]] void showHelp(const QCommandLineParser& parser, const QString& program) {
+  QByteArray name = program.toLocal8Bit();
+  int count = 1;
+  char* words[] = {name.data(), nullptr};
+  const QCoreApplication application(count, words);
+  std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
+  std::exit(0);
+}
+
+const Crash::Fault* findFault(const QCommandLineParser& parser) {
+  if (parser.value("kind").isEmpty()) {
+    refuseUsage("--kind is missing");
+  }
+  const Crash::Fault* const fault = Crash::findFault(parser.value("kind"));
+  if (!fault) {
+    refuseUsage("no kind is called \"" + parser.value("kind") + "\"");
+  }
+  return fault;
+}
+
 Options parse(const QStringList& arguments) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Dies in one of these ways:\n" + Crash::listOfFaults());
@@ -51,14 +73,13 @@ Options parse(const QStringList& arguments) {
     refuseUsage(parser.errorText());
   }
   if (parser.isSet(help)) {
-    std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
-    std::exit(0);
+    showHelp(parser, arguments.first());
+  }
+  if (!parser.positionalArguments().isEmpty()) {
+    refuseUsage("\"" + parser.positionalArguments().first() + "\" is no option");
   }
   Options options;
-  options.fault = Crash::findFault(parser.value(kind));
-  if (!options.fault) {
-    refuseUsage("no kind is called \"" + parser.value(kind) + "\"");
-  }
+  options.fault = findFault(parser);
   bool isNumber = false;
   options.threads = parser.value(threads).toInt(&isNumber);
   if (!isNumber || options.threads < 0 || options.threads > mostThreads) {

@@ -2,9 +2,9 @@
 /// How an application keeps the look of a legend in a settings file, notices that memory runs
 /// short, and writes a report for support with a part of its own.
 ///
-///   diagnostics [DIRECTORY]
+///   diagnostics DIRECTORY
 ///
-/// Exit codes: 0 all is well, 1 a file is at fault.
+/// Exit codes: 0 all is well, 1 a file is at fault, 2 wrong usage.
 
 #include <kyr/core/KyrException.h>
 #include <kyr/diagnostics/KyrColour.h>
@@ -12,13 +12,13 @@
 #include <kyr/diagnostics/KyrMemoryObserver.h>
 #include <kyr/diagnostics/KyrSound.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/files/KyrSafeFile.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrTextCodec.h>
 
 #include <QCoreApplication>
 
 #include <cstdio>
-#include <fstream>
 #include <memory>
 
 namespace {
@@ -30,13 +30,13 @@ struct Look {
 };
 
 void save(const Look& look, const QString& name) {
-  std::ofstream file;
-  Kyr::OS::openStdStream(file, name, Kyr::OS::OpenWrite, true);
+  Kyr::SafeFile file(name);
   for (const QString& line :
        {QString(Kyr::getCodecForLine(Kyr::CodecUtf8)), look.font.toLine("LEGEND_FONT"),
         look.background.toLine("LEGEND_BACKGROUND"), look.whenDone.toLine("DONE_SOUND")}) {
-    file << line.toUtf8().constData() << '\n';
+    file.stream() << line.toUtf8().constData() << '\n';
   }
+  file.commit();
 }
 
 Look load(const QString& name) {
@@ -75,7 +75,12 @@ void writeReport(const Look& look, const QString& settings, const QString& folde
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  const QString folder = QCoreApplication::arguments().value(1, ".");
+  const QStringList words = QCoreApplication::arguments();
+  if (words.size() != 2 || words[1].startsWith('-')) {
+    std::fprintf(stderr, "usage: diagnostics DIRECTORY, which receives settings and a report\n");
+    return 2;
+  }
+  const QString& folder = words[1];
   const QString settings = folder + "/legend.txt";
   try {
     Kyr::OS::makeDirectory(folder);

@@ -1,6 +1,10 @@
-// Keeps a measurement safely, lists its directory, and removes that again.
-//
-//     files DIRECTORY
+/// \file
+/// Keeps a measurement safely, lists its directory, and removes that again.
+///
+///   files DIRECTORY
+///
+/// Exit codes: 0 all is well, 1 something failed, 2 wrong usage.
+
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/log/KyrErrorLog.h>
@@ -62,7 +66,7 @@ bool run(const QString& directory) {
 }  // namespace
 
 int main(int count, char** words) {
-  if (count != 2 || OS::stat(QString::fromLocal8Bit(words[1]))) {
+  if (count != 2 || words[1][0] == '-' || OS::stat(QString::fromLocal8Bit(words[1]))) {
     std::cerr << "usage: files DIRECTORY, which must not be there yet\n";
     return 2;
   }

@@ -61,9 +61,13 @@ void quote() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc != 2 || argv[1][0] == '-') {
+    std::fprintf(stderr, "usage: names DIRECTORY, which receives three files\n");
+    return 2;
+  }
   try {
     sortNames();
-    makeSeries(argc > 1 ? QFile::decodeName(argv[1]) : QString("series"));
+    makeSeries(QFile::decodeName(argv[1]));
     quote();
     return 0;
   } catch (const Exception& error) {

@@ -74,9 +74,13 @@ int own(const QString& project) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const QStringList words = QCoreApplication::arguments();
-  const QString folder = words.value(1, ".");
+  if (words.size() < 2 || words.size() > 3 || words[1].startsWith('-')) {
+    std::fprintf(stderr, "usage: sharing DIRECTORY, which receives a log\n");
+    return 2;
+  }
+  const QString& folder = words[1];
   try {
-    if (words.size() > 2) {
+    if (words.size() == 3) {
       return lookOn(folder, words[2].toInt());
     }
     OS::makeDirectory(folder);
