@@ -36,7 +36,8 @@ endif()
 # The translator looks for them beside "bin".
 install(FILES ${KYR_CATALOGUES} DESTINATION messages)
 
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  FILES_MATCHING PATTERN "*.md")
+# In the folders of the sources: headers and texts name each other by these.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
-  DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+  "${PROJECT_SOURCE_DIR}/CONTRIBUTING.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")

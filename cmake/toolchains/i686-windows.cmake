@@ -26,7 +26,8 @@ endif()
 set(KYR_WINDOWS_QT "${KYR_WINDOWS_QT}" CACHE PATH "Qt for 32-bit Windows")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KYR_WINDOWS_QT)
 
-set(CMAKE_FIND_ROOT_PATH /usr/${_kyr_triplet} "${KYR_WINDOWS_QT}")
+# Behind what the caller names, as the folder of this library's package.
+list(APPEND CMAKE_FIND_ROOT_PATH /usr/${_kyr_triplet} "${KYR_WINDOWS_QT}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -72,7 +72,7 @@ endif()
 # A CMake project. Who builds for a foreign system finds packages below that system's root only.
 if(toolchain)
   set(places -D "CMAKE_TOOLCHAIN_FILE=${toolchain}" -D "KYR_WINDOWS_QT=${qt}"
-    -D "Kyr_DIR=${root}/${libdir}/cmake/Kyr")
+    -D "CMAKE_FIND_ROOT_PATH=${root}")
 else()
   set(places -D "CMAKE_PREFIX_PATH=${root}")
 endif()
