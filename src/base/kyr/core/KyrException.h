@@ -28,7 +28,8 @@ class KYR_EXPORT Exception : public std::logic_error {
 
 namespace FileParse {
 
-/// A text file does not hold what its reader asked for.
+/// A text file does not hold what its reader asked for. FileParse::File throws it without a
+/// message: whoever reports it adds the names of file and line, see there.
 class KYR_EXPORT Error : public Exception {
  public:
   Error();

@@ -40,6 +40,10 @@ class KYR_EXPORT KyrInit {
   /// Starts the library: standard streams, crash and memory handlers, number of processors,
   /// directories, and the number that the launcher gave.
   ///
+  /// Standard output and error are unbuffered from here on, and the first line of output names the
+  /// application and the version. With an application object, Qt looks for its plugins in lib of
+  /// the software directory, and nowhere else.
+  ///
   /// The environment variable KYR_CONSOLE says where standard output and error go: unset or
   /// "file:" to a file of the process in the temporary directory, emptied; "file:" and a name to
   /// the end of that file; any other text to a console window, which on Linux is the terminal
@@ -57,7 +61,8 @@ class KYR_EXPORT KyrInit {
   /// events, resets the progress and deletes the difference units.
   static void CloseLibrary();
 
-  /// Creates the process-wide translator for a fixed language and installs its texts "Kyr".
+  /// Creates the process-wide translator for a fixed language and installs its texts "Kyr"; those
+  /// of the application follow with installTranslator().
   /// \param language shortcut of two letters, as "de"
   /// \throws ProgError "trying to install second translator"
   static void InitTranslator(const QString& language);
@@ -80,7 +85,9 @@ class KYR_EXPORT KyrInit {
   static const QString& getConfigDirectory(ConfigDirectory which);
   /// \throws ProgError "unknown directory" for a value outside the enumeration
   static const QString& getProfileDirectory(ProfileDirectory_t which);
-  /// Where the software is installed: bin, lib, messages and config are folders of it.
+  /// Where the software is installed: bin, lib, messages and config are folders of it. The
+  /// variable KYR names it; otherwise it is the folder with the "bin" in which the program lies,
+  /// and for a program that lies in none the current directory.
   static const QString& getSoftwareDirectory();
   /// The version that names directories, as "v6.2.0".
   static QString getConfigVersionString();

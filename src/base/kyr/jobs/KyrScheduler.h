@@ -40,7 +40,8 @@ class KYR_EXPORT JobManager {
   JobManager(const JobManager&) = delete;
   JobManager& operator=(const JobManager&) = delete;
 
-  /// Starts the threads of all workers with the priority of the calling one.
+  /// Starts the threads of all workers with the priority of the calling one; without any worker
+  /// nothing is done, and waitForWorker() returns at once.
   /// \threadsafety the controlling thread
   void startAllWorker();
   /// Waits until the threads of all workers have ended; without a time limit.
