@@ -861,5 +861,9 @@
         <source>Arrow keys turn it, plus and minus come nearer and go away</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

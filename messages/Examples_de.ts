@@ -803,7 +803,7 @@
     </message>
     <message>
         <source>5 % lie above</source>
-        <translation>5 % darüber</translation>
+        <translation>5&#xa0;% darüber</translation>
     </message>
     <message>
         <source>Median</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>5 % lie below</source>
-        <translation>5 % darunter</translation>
+        <translation>5&#xa0;% darunter</translation>
     </message>
     <message>
         <source>Lowest</source>
@@ -860,6 +860,10 @@
     <message>
         <source>Arrow keys turn it, plus and minus come nearer and go away</source>
         <translation>Pfeiltasten drehen es, Plus und Minus holen es heran und rücken es fort</translation>
+    </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation>Es gibt keinen Bildschirm für ein Fenster; mit --screenshot braucht es keinen.</translation>
     </message>
 </context>
 </TS>

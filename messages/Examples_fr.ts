@@ -436,7 +436,7 @@
     </message>
     <message>
         <source>what one unit of the file is; default mm</source>
-        <translation>ce que vaut une unité du fichier ; mm par défaut</translation>
+        <translation>ce que vaut une unité du fichier&#xa0;; mm par défaut</translation>
     </message>
     <message>
         <source>unit</source>
@@ -444,7 +444,7 @@
     </message>
     <message>
         <source>where the project file goes; default here</source>
-        <translation>où va le fichier de projet ; ici par défaut</translation>
+        <translation>où va le fichier de projet&#xa0;; ici par défaut</translation>
     </message>
     <message>
         <source>directory</source>
@@ -452,11 +452,11 @@
     </message>
     <message>
         <source>where it is all packed as a tar.gz; default beside the project file</source>
-        <translation>où tout est archivé en tar.gz ; à côté du fichier de projet par défaut</translation>
+        <translation>où tout est archivé en tar.gz&#xa0;; à côté du fichier de projet par défaut</translation>
     </message>
     <message>
         <source>how often the scan is repeated, side by side; default 1</source>
-        <translation>nombre de répétitions du scan, côte à côte ; 1 par défaut</translation>
+        <translation>nombre de répétitions du scan, côte à côte&#xa0;; 1 par défaut</translation>
     </message>
     <message>
         <source>number</source>
@@ -464,11 +464,11 @@
     </message>
     <message>
         <source>threads that analyse it; default one per processor</source>
-        <translation>threads pour l&apos;analyse ; un par processeur par défaut</translation>
+        <translation>threads pour l&apos;analyse&#xa0;; un par processeur par défaut</translation>
     </message>
     <message>
         <source>how often normals are smoothed; default 2</source>
-        <translation>nombre de lissages des normales ; 2 par défaut</translation>
+        <translation>nombre de lissages des normales&#xa0;; 2 par défaut</translation>
     </message>
     <message>
         <source>give one OBJ file</source>
@@ -487,7 +487,7 @@
     </message>
     <message>
         <source>Mean curvature, %1: %2</source>
-        <translation>Courbure moyenne, %1 : %2</translation>
+        <translation>Courbure moyenne, %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Curvature</source>
@@ -515,7 +515,7 @@
     </message>
     <message>
         <source>no size: %1; it should look like 1280x800</source>
-        <translation>pas une taille : %1 ; il faudrait par exemple 1280x800</translation>
+        <translation>pas une taille&#xa0;: %1&#xa0;; il faudrait par exemple 1280x800</translation>
     </message>
     <message>
         <source>Shows a scan, coloured by its curvature.</source>
@@ -535,7 +535,7 @@
     </message>
     <message>
         <source>what one unit of an OBJ file is; default mm</source>
-        <translation>ce que vaut une unité d&apos;un fichier OBJ ; mm par défaut</translation>
+        <translation>ce que vaut une unité d&apos;un fichier OBJ&#xa0;; mm par défaut</translation>
     </message>
     <message>
         <source>unit</source>
@@ -543,7 +543,7 @@
     </message>
     <message>
         <source>how often the scan is shown, side by side; default 1</source>
-        <translation>combien de fois le scan est montré, côte à côte ; 1 par défaut</translation>
+        <translation>combien de fois le scan est montré, côte à côte&#xa0;; 1 par défaut</translation>
     </message>
     <message>
         <source>number</source>
@@ -555,7 +555,7 @@
     </message>
     <message>
         <source>of the window; default 1280x800</source>
-        <translation>de la fenêtre ; 1280x800 par défaut</translation>
+        <translation>de la fenêtre&#xa0;; 1280x800 par défaut</translation>
     </message>
     <message>
         <source>size</source>
@@ -567,7 +567,7 @@
     </message>
     <message>
         <source>no number of copies: %1</source>
-        <translation>pas un nombre de copies : %1</translation>
+        <translation>pas un nombre de copies&#xa0;: %1</translation>
     </message>
     <message>
         <source>no unit of length is called %1</source>
@@ -687,7 +687,7 @@
     </message>
     <message>
         <source>%1 was not opened: %2</source>
-        <translation>%1 n&apos;a pas été ouvert : %2</translation>
+        <translation>%1 n&apos;a pas été ouvert&#xa0;: %2</translation>
     </message>
     <message>
         <source>Opening %1 was aborted.</source>
@@ -747,7 +747,7 @@
     </message>
     <message>
         <source>Unit of length; areas, volumes and curvatures follow</source>
-        <translation>Unité de longueur ; aires, volumes et courbures la suivent</translation>
+        <translation>Unité de longueur&#xa0;; aires, volumes et courbures la suivent</translation>
     </message>
     <message>
         <source>&amp;Unit</source>
@@ -795,7 +795,7 @@
     </message>
     <message>
         <source>Open surface: its volume is closed over its middle.</source>
-        <translation>Surface ouverte : son volume est fermé par son milieu.</translation>
+        <translation>Surface ouverte&#xa0;: son volume est fermé par son milieu.</translation>
     </message>
     <message>
         <source>Highest</source>
@@ -860,6 +860,10 @@
     <message>
         <source>Arrow keys turn it, plus and minus come nearer and go away</source>
         <translation>les flèches le tournent, plus et moins le rapprochent et l&apos;éloignent</translation>
+    </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation>Il n&apos;y a pas d&apos;écran pour une fenêtre&#xa0;; avec --screenshot il n&apos;en faut pas.</translation>
     </message>
 </context>
 </TS>

@@ -1,7 +1,8 @@
 /// \file
 /// The viewer: a scan as a picture, coloured by its curvature.
 ///
-/// Exit codes: 0 closed, or the screenshot is written; 1 no screenshot; 2 wrong usage.
+/// Exit codes: 0 closed, or the screenshot is written; 1 no screenshot, or no display; 2 wrong
+/// usage.
 
 #include "display_unit.h"
 #include "main_window.h"
@@ -119,20 +120,33 @@ void takeScreenshot(Viewer::MainWindow& window, const QString& fileName) {
   });
 }
 
-bool wantsScreenshot(int argc, char** argv) {
+/// Whether an argument begins with a text.
+bool isGiven(const char* start, int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    if (QByteArray(argv[i]).startsWith("--screenshot")) {
+    if (QByteArray(argv[i]).startsWith(start)) {
       return true;
     }
   }
   return false;
 }
 
+/// Whether nobody says where a window could be shown; Qt would abort the process.
+bool isHeadless(int argc, char** argv) {
+  for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
+    if (!qEnvironmentVariableIsEmpty(variable)) {
+      return false;
+    }
+  }
+  return !isGiven("-platform", argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   Surface::keepStandardStreams();
-  if (wantsScreenshot(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  const bool headless = isHeadless(argc, argv);
+  if (headless ||
+      (isGiven("--screenshot", argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))) {
     qputenv("QT_QPA_PLATFORM", "offscreen");  // needs no display, and nothing flashes up
   }
   QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
@@ -143,6 +157,10 @@ int main(int argc, char** argv) {
   const Options options = parseArguments(session.arguments());
   if (!options.screenshot.isEmpty() && options.file.isEmpty()) {
     refuseUsage(translate("Viewer", "a screenshot needs a file"));
+  }
+  if (headless && options.screenshot.isEmpty()) {
+    complain(translate("Viewer", "there is no display for a window; --screenshot needs none"));
+    return 1;
   }
   Viewer::Theme::apply(application);
   Viewer::setDisplayUnit(Kyr::Unit::Millimetre);

@@ -443,12 +443,17 @@ TEST_F(Viewing, ScreenshotsComeFromTheCommandLine) {
       {{"--screenshot", png, "--size", "8x", scan}, 2, "8x", "half a size"},
       {{"--screenshot", png, "--copies", "0", scan}, 2, "copies", "no copy at all"},
       {{"--screenshot", png, "--unit", "furlong", scan}, 2, "furlong", "an unknown unit"},
+      {{scan}, 1, "there is no display", "a dump of the process instead of a word"},
   };
   for (const Row& row : rows) {
     QFile::remove(png);
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("ASAN_OPTIONS", "detect_leaks=0");  // of the offscreen platform's screen
+    for (const char* display :
+         {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
+      environment.remove(display);
+    }
     process.setProcessEnvironment(environment);
     process.start(KYR_VIEWER, row.arguments);
     ASSERT_TRUE(process.waitForFinished(patience)) << row.fault;
