@@ -1,4 +1,5 @@
 // Links, permissions, very deep trees, and somebody who exchanges directories for links.
+#include "files/Mounts.h"
 #include "support/Support.h"
 
 #include <kyr/log/KyrErrorLog.h>
@@ -14,6 +15,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -38,6 +40,25 @@ TEST(DeleteDirectoryPosix, StaysInTheTree) {
   EXPECT_TRUE(OS::deleteDirectoryRecursion(dir.file("tree"), nullptr));
   EXPECT_TRUE(OS::deleteDirectoryRecursion(dir.file("link"), nullptr));
   EXPECT_EQ(OS::listDirectory(dir.path()), QStringList("outside"));
+  EXPECT_EQ(KyrTest::readFile(kept), "kept");
+}
+
+TEST(DeleteDirectoryPosix, LeavesAloneWhatIsMountedInside) {
+  const KyrTest::TempDir dir;
+  ASSERT_TRUE(OS::mkdir(dir.file("tree/mount")) && OS::mkdir(dir.file("outside")));
+  const QString kept = dir.write("outside/kept", "kept");
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    const bool isMounted = KyrTest::mayMount() &&
+                           ::mount(path(dir, "outside").c_str(), path(dir, "tree/mount").c_str(),
+                                   nullptr, MS_BIND, nullptr) == 0;
+    Kyr::ErrorLog log;
+    const bool isGone = isMounted && OS::deleteDirectoryRecursion(dir.file("tree"), &log);
+    std::cout << isMounted << isGone << QString(log.getLog()).count("tree/mount");
+  });
+  if (ended.output.startsWith('0')) {
+    GTEST_SKIP() << "this system lets nobody mount a directory";
+  }
+  EXPECT_EQ(ended.output, "101");
   EXPECT_EQ(KyrTest::readFile(kept), "kept");
 }
 

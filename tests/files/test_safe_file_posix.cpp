@@ -1,4 +1,5 @@
 // A writer that dies at each of its system calls, full disks, permissions and links.
+#include "files/Mounts.h"
 #include "support/Support.h"
 
 #include <kyr/core/KyrException.h>
@@ -10,7 +11,6 @@
 #include <QFile>
 
 #include <csignal>
-#include <fstream>
 #include <iostream>
 #include <string>
 
@@ -105,22 +105,9 @@ TEST(SafeFilePosix, SurvivesADeathAtEverySystemCall) {
   EXPECT_TRUE(olds > 20 && olds < died) << olds << " of " << died << " deaths left the old file";
 }
 
-/// Enters a space of one's own for mounts; who is not root stays who he is, but may mount there.
-bool mayMount() {
-  const QByteArray user = QByteArray::number(::getuid());
-  const QByteArray group = QByteArray::number(::getgid());
-  if (user == "0" || ::unshare(CLONE_NEWNS | CLONE_NEWUSER) != 0) {
-    return user == "0" && ::unshare(CLONE_NEWNS) == 0;
-  }
-  std::ofstream("/proc/self/setgroups") << "deny";
-  std::ofstream("/proc/self/uid_map") << (user + ' ' + user + " 1").constData();
-  std::ofstream("/proc/self/gid_map") << (group + ' ' + group + " 1").constData();
-  return QByteArray::number(::getuid()) == user;
-}
-
 /// Mounts a disk of 64 KiB on a directory, for this process only.
 bool mountSmallDisk(const QString& directory) {
-  return mayMount() && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+  return KyrTest::mayMount() &&
          ::mount("small", directory.toUtf8().constData(), "tmpfs", 0, "size=64k") == 0;
 }
 

@@ -40,7 +40,7 @@ class TreeWalker {
   bool removeOther(const NativeName& name) const;
   bool removeDirectory(const NativeName& name) const;
 
-  /// Goes down into a directory, if it is one, no link to one, and of the same file system.
+  /// Goes down into a directory, if it is one, no link to one, and nothing is mounted there.
   bool enter(const NativeName& name);
   /// Goes back up.
   /// \return false when the way back is lost; the walker then is not open any more
@@ -50,7 +50,7 @@ class TreeWalker {
   /// A directory that it stands in or has come through.
   struct Level {
     std::intptr_t handle = 0;  ///< negative: closed, to save descriptors
-    std::uint64_t device = 0;
+    std::uint64_t device = 0;  ///< with the number, no other directory has the same
     std::uint64_t number = 0;
     NativeName path;  ///< only where entries have no other address
   };

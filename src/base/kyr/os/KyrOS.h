@@ -159,7 +159,7 @@ class KYR_EXPORT OS {
 
   /// Removes a directory with everything in it. Goes on after a failure. Removes links, never
   /// what they lead to, also when somebody exchanges directories for links meanwhile; leaves
-  /// other file systems alone that are mounted inside. A link to a directory is only removed.
+  /// alone what is mounted inside. A link to a directory is only removed.
   /// \param log receives one message for each entry that stays, with its path and the reason; a
   ///        directory that stays only because an entry does has none. May be null
   /// \return whether nothing is left; true also when there was nothing

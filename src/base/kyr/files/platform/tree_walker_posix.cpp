@@ -8,6 +8,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace Kyr::Platform {
@@ -29,6 +30,25 @@ void close(std::intptr_t& handle) {
     ::close(descriptor(handle));
     handle = closed;
   }
+}
+
+/// Where a directory is.
+struct Place {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;
+};
+
+/// A directory that is mounted a second time has the same device, but not the same mount.
+bool findPlace(int directory, Place& place) {
+  struct statx found = {};
+  if (::statx(directory, "", AT_EMPTY_PATH, STATX_INO | STATX_MNT_ID, &found) != 0) {
+    return false;
+  }
+  const bool isMountKnown = (found.stx_mask & STATX_MNT_ID) != 0;
+  place.device =
+      isMountKnown ? found.stx_mnt_id : makedev(found.stx_dev_major, found.stx_dev_minor);
+  place.number = found.stx_ino;
+  return true;
 }
 
 bool isEntry(const char* name) {
@@ -56,15 +76,15 @@ NativeName TreeWalker::nativeName(const QString& name) {
 }
 
 bool TreeWalker::push(std::intptr_t handle, const NativeName& path) {
-  struct stat found = {};
-  if (::fstat(descriptor(handle), &found) != 0) {
+  Place place;
+  if (!findPlace(descriptor(handle), place)) {
     close(handle);
     return false;
   }
   if (_levels.size() >= mostOpen) {
     close(_levels[_levels.size() - mostOpen].handle);
   }
-  _levels.push_back({handle, found.st_dev, found.st_ino, path});
+  _levels.push_back({handle, place.device, place.number, path});
   return true;
 }
 
@@ -128,10 +148,10 @@ bool TreeWalker::leave() {
   const int left = descriptor(_levels.back().handle);
   Level& above = _levels[_levels.size() - 2];
   if (above.handle == closed) {
-    struct stat found = {};
+    Place place;
     above.handle = ::openat(left, "..", toEnter);
-    const bool isSame = above.handle >= 0 && ::fstat(descriptor(above.handle), &found) == 0 &&
-                        found.st_dev == above.device && found.st_ino == above.number;
+    const bool isSame = above.handle >= 0 && findPlace(descriptor(above.handle), place) &&
+                        place.device == above.device && place.number == above.number;
     if (!isSame) {
       close(above.handle);
     }
