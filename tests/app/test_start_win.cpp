@@ -1,5 +1,6 @@
 // What a user of Windows finds after the start.
 #include "app/home.h"
+#include "app/registry.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,17 @@ TEST(StartOnWindows, FindsTheFoldersOfTheUser) {
   EXPECT_EQ(folder(OS::FolderRoamingData), unixPath("APPDATA"));
   EXPECT_EQ(folder(OS::FolderLocalData), unixPath("LOCALAPPDATA"));
   EXPECT_EQ(folder(OS::FolderCommonData), unixPath("ALLUSERSPROFILE"));
+}
+
+TEST(StartOnWindows, ReadsTheProfileDirectoryFromTheMachinesRegistry) {
+  const Home home;
+  inChild([&] {
+    KyrTest::registerValue(OS::RegistryMachine, L"ProfileDirectory", L"D:\\Pr\u00fcfung");
+    home.start({{"KYR_PROFILE_DIR", "E:/else"}});
+    home.say(KyrInit::getProfileDirectory(KyrInit::ProfileOfVersion) + " " +
+             KyrInit::getProfileDirectory(KyrInit::ProfileConfigured));
+  });
+  EXPECT_EQ(home.said(), "D:/Pr\xc3\xbc\x66ung/v6.2.0 D:/Pr\xc3\xbc\x66ung");
 }
 
 int messages = 0;
