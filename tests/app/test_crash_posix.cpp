@@ -49,7 +49,8 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
     environment.insert("LIBRARY", KYR_LIBRARY);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start("/bin/sh", {"-c", QString(row.prepare) + "; exec " KYR_CRASH " --kind divide"});
+    process.start("/bin/sh",
+                  {"-c", QString(row.prepare) + "; exec \"" KYR_CRASH "\" --kind divide"});
     EXPECT_TRUE(process.waitForFinished(100'000)) << row.catches;
     const QByteArray report = process.readAllStandardError();
     EXPECT_TRUE(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 1)
