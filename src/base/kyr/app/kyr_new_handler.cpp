@@ -1,6 +1,7 @@
 #include <kyr/app/KyrNewHandler.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/forever_p.h>
 
 #include <algorithm>
 
@@ -20,10 +21,13 @@ class OutOfMemory : public std::bad_alloc {
   const char* what() const noexcept override { return "bad allocation"; }
 };
 
+Forever<Mutex> lockRoom("Kyr::NewHandler", site::File, site::Lock);
+Forever<std::vector<NewHandler*>> handlersRoom;
+
 }  // namespace
 
-Mutex& NewHandler::_lock = *new Mutex("Kyr::NewHandler", site::File, site::Lock);
-std::vector<NewHandler*>& NewHandler::_new_handler = *new std::vector<NewHandler*>;
+Mutex& NewHandler::_lock = lockRoom.object;
+std::vector<NewHandler*>& NewHandler::_new_handler = handlersRoom.object;
 std::new_handler NewHandler::_system_new_handler = nullptr;
 
 NewHandler::~NewHandler() = default;

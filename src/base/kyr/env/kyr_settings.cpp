@@ -3,6 +3,7 @@
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
@@ -17,9 +18,17 @@ namespace {
 
 constexpr int longestTempDirectory = 260;
 
-QString& newText() {
-  return *new QString;
-}
+struct Texts {
+  QString configVersion;
+  QString roamingDirectory;
+  QString roamingVersionDirectory;
+  QString nonRoamingDirectory;
+  QString softwareDirectory;
+  QString profileDirectory;
+  QString versionProfileDirectory;
+  QString configuredProfileDirectory;
+};
+Forever<Texts> textsRoom;
 
 QString folder(OS::SpecialFolder_t which, const char* below) {
   return OS::convertSeparatorsToUnix(OS::getSpecialFolder(which) + below);
@@ -96,14 +105,14 @@ unsigned KyrInit::_process_id = 0;
 int KyrInit::_start_app_socket = -1;
 bool KyrInit::_main_window_started = false;
 bool KyrInit::_version_cfg_dir_is_new = false;
-QString& KyrInit::_config_version = newText();
-QString& KyrInit::_roaming_cfg_dir = newText();
-QString& KyrInit::_roaming_version_cfg_dir = newText();
-QString& KyrInit::_nonroaming_cfg_dir = newText();
-QString& KyrInit::_software_dir = newText();
-QString& KyrInit::_profile_dir = newText();
-QString& KyrInit::_version_profile_dir = newText();
-QString& KyrInit::_configured_profile_dir = newText();
+QString& KyrInit::_config_version = textsRoom.object.configVersion;
+QString& KyrInit::_roaming_cfg_dir = textsRoom.object.roamingDirectory;
+QString& KyrInit::_roaming_version_cfg_dir = textsRoom.object.roamingVersionDirectory;
+QString& KyrInit::_nonroaming_cfg_dir = textsRoom.object.nonRoamingDirectory;
+QString& KyrInit::_software_dir = textsRoom.object.softwareDirectory;
+QString& KyrInit::_profile_dir = textsRoom.object.profileDirectory;
+QString& KyrInit::_version_profile_dir = textsRoom.object.versionProfileDirectory;
+QString& KyrInit::_configured_profile_dir = textsRoom.object.configuredProfileDirectory;
 
 // ---- the start ----
 

@@ -1,6 +1,7 @@
 #include <kyr/jobs/KyrProgress.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/sync/site_lock_p.h>
 
@@ -51,22 +52,25 @@ unsigned bound(int a, int b, unsigned parts, unsigned part) {
   return (static_cast<unsigned>(b) - first) * part / parts + first;
 }
 
+Forever<Mutex> progressLock("Kyr::Progress::_mutex_progress", site::File, site::ProgressMutex);
+Forever<Mutex> splitLock("Kyr::Progress::_split_mutex", site::File, site::SplitMutex);
+Forever<Mutex> abortLock("Kyr::Progress::_abort_mutex", site::File, site::AbortMutex);
+Forever<Mutex> eventLock("Kyr::Progress::_event_mutex", site::File, site::EventMutex);
+Forever<QString> textRoom;
+Forever<std::vector<GUIThreadEventCreator*>> creatorsRoom;
+
 }  // namespace
 
-Mutex& Progress::_mutex_progress =
-    *new Mutex("Kyr::Progress::_mutex_progress", site::File, site::ProgressMutex);
-Mutex& Progress::_split_mutex =
-    *new Mutex("Kyr::Progress::_split_mutex", site::File, site::SplitMutex);
-Mutex& Progress::_abort_mutex =
-    *new Mutex("Kyr::Progress::_abort_mutex", site::File, site::AbortMutex);
-Mutex& Progress::_event_mutex =
-    *new Mutex("Kyr::Progress::_event_mutex", site::File, site::EventMutex);
+Mutex& Progress::_mutex_progress = progressLock.object;
+Mutex& Progress::_split_mutex = splitLock.object;
+Mutex& Progress::_abort_mutex = abortLock.object;
+Mutex& Progress::_event_mutex = eventLock.object;
 
 unsigned Progress::_value = 0;
 int Progress::_min = -1;
 int Progress::_max = -1;
 int Progress::_overall = -1;
-QString& Progress::_text = *new QString;
+QString& Progress::_text = textRoom.object;
 bool Progress::_text_time_set = false;
 Time Progress::_text_time;
 
@@ -79,8 +83,7 @@ bool Progress::_abort = false;
 
 int Progress::_create_events = 0;
 QObject* Progress::_event_receiver = nullptr;
-std::vector<GUIThreadEventCreator*>& Progress::_event_creators =
-    *new std::vector<GUIThreadEventCreator*>;
+std::vector<GUIThreadEventCreator*>& Progress::_event_creators = creatorsRoom.object;
 
 unsigned Progress::getProgress() {
   const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgress", site::File, site::Value);

@@ -1,6 +1,7 @@
 #include <kyr/jobs/KyrThreadPool.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/forever_p.h>
 
 #include <new>
 #include <utility>
@@ -81,8 +82,14 @@ void PoolThread::run() {
   }
 }
 
+namespace {
+
+Forever<Mutex> lockRoom("Kyr::PoolForThreads::_m", site::File, site::PoolMutex);
+
+}  // namespace
+
 PoolForThreads* PoolForThreads::_pool = nullptr;
-Mutex& PoolForThreads::_m = *new Mutex("Kyr::PoolForThreads::_m", site::File, site::PoolMutex);
+Mutex& PoolForThreads::_m = lockRoom.object;
 
 PoolForThreads::PoolForThreads() = default;
 PoolForThreads::~PoolForThreads() = default;

@@ -1,9 +1,8 @@
 #include <kyr/services/KyrRecordManager.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/sync/site_lock_p.h>
-
-#include <new>
 
 namespace Kyr {
 
@@ -17,20 +16,13 @@ namespace {
 
 using Instances = std::set<StructRecordVectorBase*>;
 
-/// Room for what is there before any constructor has run and is never destroyed.
-template <class Kept>
-union Everlasting {
-  constexpr Everlasting() : nothing() {}
-  constexpr Everlasting(const char* function, const char* file, unsigned line)
-      : kept(function, file, line) {}
-  ~Everlasting() {}
+Forever<Mutex> lockRoom("Kyr::StructRecordVectorBase", site::File, site::Registry);
 
-  char nothing;
-  Kept kept;
-};
-
-Everlasting<Mutex> lockRoom("Kyr::StructRecordVectorBase", site::File, site::Registry);
-Everlasting<Instances> instancesRoom;
+/// Made by the first container, which may come before any constructor of this file.
+Instances* newInstances() {
+  static Forever<Instances> room;
+  return &room.object;
+}
 
 }  // namespace
 
@@ -65,7 +57,7 @@ bool RecordManagerBase::redo() {
   return false;
 }
 
-Mutex& StructRecordVectorBase::_lock = lockRoom.kept;
+Mutex& StructRecordVectorBase::_lock = lockRoom.object;
 Instances* StructRecordVectorBase::_instances = nullptr;
 
 StructRecordVectorBase::StructRecordVectorBase() {
@@ -75,7 +67,7 @@ StructRecordVectorBase::StructRecordVectorBase() {
   const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::StructRecordVectorBase", site::File,
                         site::Enter);
   if (!_instances) {
-    _instances = new (&instancesRoom.kept) Instances;
+    _instances = newInstances();
   }
   _instances->merge(entry);
 }
