@@ -1,12 +1,14 @@
 #include "support/Support.h"
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/sync/KyrSharedMemory.h>
 #include <kyr/sync/KyrThread.h>
 
 #include <gtest/gtest.h>
 
 #include <QPointer>
 
+#include <cstdlib>
 #include <functional>
 #include <list>
 #include <memory>
@@ -27,6 +29,7 @@ struct TestProbe {
     const AutoMutex guard(&lock._internal);
     return lock._sleepers;
   }
+  static bool listIsFree() { return SharedMemory::_m_shm_obj.tryLock(); }
   static QMutex& internal(MutexReadWrite& lock) { return lock._internal; }
   struct CopiedThread : Thread {
     CopiedThread() : Thread(NoLockGUI, "f", "g", 1) {}
@@ -101,6 +104,11 @@ void unlockTooOften(void (MutexReadWrite::*unlock)(const char*, const char*, uns
     std::fputs(TestProbe::internal(lock).tryLock() ? "left free;" : "left locked;", stderr);
   });
   (lock.*unlock)("f", "g", 5);
+}
+
+TEST(SharedMemory, MayBeInUseWhenTheProcessEnds) {
+  const auto ended = KyrTest::inChild([] { std::exit(TestProbe::listIsFree() ? 9 : 1); });
+  EXPECT_EQ(std::pair(ended.code, ended.errors), std::pair(9, QByteArray()));
 }
 
 }  // namespace

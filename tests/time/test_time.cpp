@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 
 #include <cmath>
+#include <cstdlib>
 #include <ctime>
 #include <tuple>
 
@@ -112,6 +113,11 @@ TEST(Time, LocalTime) {
   EXPECT_EQ(Time(4294967295, 0).getTimeString(false), "Sun Feb 07 07:28:15 2106");
   const QString date = Time(1265353057, 0).getDateString().remove(QRegularExpression("\\b0"));
   EXPECT_EQ(date, german.ok() ? "5.2.2010" : "2/5/10") << "with zeros or without";
+}
+
+TEST(Time, MayBeInUseWhenTheProcessEnds) {
+  const auto ended = KyrTest::inChild([] { Time::lock.lock(), std::exit(9); });
+  EXPECT_EQ(std::pair(ended.code, ended.errors), std::pair(9, QByteArray()));
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ class KYR_EXPORT SharedMemory {
   static void freeSharedMemoryResources();
 
  private:
+  friend struct TestProbe;  // the tests' way to the lock
   void enter();
   void leave();
 
@@ -70,8 +71,9 @@ class KYR_EXPORT SharedMemory {
   unsigned _reserved = 0;
   std::shared_ptr<SharedBlock> _block;  // changed under _m_shm_obj, read there by others
 
-  // The registry: a list through the objects, as it must not need the heap.
-  static Mutex _m_shm_obj;
+  // The registry: a list through the objects, as it must not need the heap. Its lock is never
+  // destroyed.
+  static Mutex& _m_shm_obj;
   static SharedMemory* _first KYR_GUARDED_BY(_m_shm_obj);
   SharedMemory* _previous = nullptr;
   SharedMemory* _next = nullptr;

@@ -1,5 +1,6 @@
 #include <kyr/sync/KyrSharedMemory.h>
 
+#include <kyr/core/forever_p.h>
 #include <kyr/core/prog_error_p.h>
 #include <kyr/sync/shared_memory_p.h>
 
@@ -20,9 +21,11 @@ constexpr int created = -1;
 /// Long enough for whoever changes the list; a dying process must not hang.
 constexpr int longestWait = 1000;
 
+Forever<Mutex> lockRoom("Kyr::SharedMemory", site::File, site::Registry);
+
 }  // namespace
 
-Mutex SharedMemory::_m_shm_obj("Kyr::SharedMemory", site::File, site::Registry);
+Mutex& SharedMemory::_m_shm_obj = lockRoom.object;
 SharedMemory* SharedMemory::_first = nullptr;
 
 SharedMemory::SharedMemory(unsigned size) : SharedMemory(size, created) {}

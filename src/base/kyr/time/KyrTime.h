@@ -18,8 +18,8 @@ class KString;
 /// \threadsafety one thread per object, except where a function says more
 class KYR_EXPORT Time {
  public:
-  /// Serialises conversions by the C runtime that share its buffers.
-  static Mutex lock;
+  /// Serialises conversions by the C runtime that share its buffers. Never destroyed.
+  static Mutex& lock;
 
   /// 0 seconds, 0 microseconds.
   Time() = default;

@@ -3,6 +3,7 @@
 #include <kyr/time/time_local_p.h>
 
 #include <kyr/core/KyrException.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/text/KyrString.h>
 
 #include <algorithm>
@@ -20,9 +21,9 @@ namespace site {
 constexpr unsigned Lock = 31;
 }
 
-Mutex Time::lock("Kyr::Time::lock", "kyr_time", site::Lock);
-
 namespace {
+
+Forever<Mutex> lockRoom("Kyr::Time::lock", "kyr_time", site::Lock);
 
 std::atomic<Clock::Source> clockSource{nullptr};
 
@@ -132,6 +133,8 @@ std::int64_t momentOf(const Stamp& stamp, long year) {
 }
 
 }  // namespace
+
+Mutex& Time::lock = lockRoom.object;
 
 Clock::Source Clock::setSource(Source source) noexcept {
   return clockSource.exchange(source);
