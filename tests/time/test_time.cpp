@@ -109,6 +109,11 @@ TEST(Time, LocalTime) {
   const KyrTest::ScopedLocale german("de_DE.UTF-8");
   EXPECT_EQ(secondsOf("2010:02:05 07:57:37"), 1265353057) << "one hour east in winter";
   EXPECT_EQ(secondsOf("2010:08:05 07:57:37"), 1280987857) << "two hours in summer";
+  for (const char* before : {"2010:08:05 07:57:37", "2010:02:05 07:57:37"}) {
+    secondsOf(before);
+    EXPECT_EQ(secondsOf("2010:10:31 02:30:00"), 1288488600) << "the hour that comes twice";
+    EXPECT_EQ(secondsOf("2010:03:28 02:30:00"), 1269739800) << "the hour that is missing";
+  }
   EXPECT_EQ(Time(1265353057, 123000).getTimeString(true), "Fri Feb 05 07:57:37 2010, 123000 us");
   EXPECT_EQ(Time(4294967295, 0).getTimeString(false), "Sun Feb 07 07:28:15 2106");
   const QString date = Time(1265353057, 0).getDateString().remove(QRegularExpression("\\b0"));

@@ -48,7 +48,9 @@ class KYR_EXPORT Time {
   ///
   /// Blanks and tabs may stand before every number and colon, a missing number counts as 0, and
   /// text after the seconds is ignored. A day beyond its month's end runs on into the next
-  /// month; so do negative hours, minutes and seconds into what is before. A moment before
+  /// month; so do negative hours, minutes and seconds into what is before. A stamp in the hour
+  /// that comes twice in autumn, and in the one that is missing in spring, is in standard time:
+  /// 02:30 is then half an hour after the clock was put back, or on. A moment before
   /// 1970 or after 3000 is read with the year 1970, and as 0 s if it is before 1970 even so.
   /// \throws Exception "Wrong timeformat" for other separators, a month outside 1 to 12, a day
   ///         outside 1 to 31, hours above 23, minutes or seconds above 59; the object is unchanged

@@ -112,23 +112,51 @@ Stamp readStamp(const char* text) {
   return stamp;
 }
 
-int toInt(long value) {
-  return static_cast<int>(std::max<long>(value, INT_MIN));
+/// The days from 1970-01-01 to the first of a month.
+/// \param year from 0
+/// \param month from 1 to 12
+std::int64_t daysBefore(std::int64_t year, long month) {
+  // Years begin in March here: the leap day is their last one.
+  const std::int64_t marchYear = month > 2 ? year : year - 1;
+  const std::int64_t era = (marchYear + 400) / 400 - 1;
+  const std::int64_t yearOfEra = marchYear - era * 400;
+  const std::int64_t dayOfYear = (153 * ((month + 9) % 12) + 2) / 5;
+  return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
+}
+
+/// The moment of a stamp where local time is UTC.
+std::int64_t secondsInUtc(const Stamp& stamp, long year) {
+  const auto few = [](long number) { return std::int64_t(std::max<long>(number, INT_MIN)); };
+  const std::int64_t days = daysBefore(std::clamp(year, 0L, 9999L), stamp.month) + stamp.day - 1;
+  return days * 86400 + few(stamp.hour) * 3600 + few(stamp.minute) * 60 + few(stamp.second);
+}
+
+constexpr std::int64_t endOfYear3000 = 32535215999;
+
+/// How far local time is ahead of UTC at a moment.
+std::int64_t secondsAhead(std::int64_t moment) {
+  const std::int64_t known = std::clamp<std::int64_t>(moment, 0, endOfYear3000);
+  const std::tm fields = Platform::localFields(known);
+  const Stamp local{fields.tm_year + 1900L, fields.tm_mon + 1L, fields.tm_mday,
+                    fields.tm_hour,         fields.tm_min,      fields.tm_sec};
+  return secondsInUtc(local, local.year) - known;
+}
+
+/// The moment of a local time. Not the C runtime's mktime(): which of the two moments it takes
+/// in an hour that comes twice depends on what it converted before.
+std::int64_t momentOfLocal(std::int64_t inUtc) {
+  constexpr std::int64_t day = 86400;
+  const std::int64_t before = secondsAhead(inUtc - day);
+  const std::int64_t after = secondsAhead(inUtc + day);
+  // In autumn the clock is behind afterwards and both fit in the hour that comes twice; the hour
+  // that is missing in spring fits neither, and counts as before the change: as standard time.
+  return secondsAhead(inUtc - after) == after ? inUtc - after : inUtc - before;
 }
 
 /// Runtimes differ in how far they go, so the library sets the limits: 1970 to 3000.
 /// \return -1 beyond them
 std::int64_t momentOf(const Stamp& stamp, long year) {
-  constexpr std::int64_t endOfYear3000 = 32535215999;
-  std::tm fields{};
-  fields.tm_sec = toInt(stamp.second);
-  fields.tm_min = toInt(stamp.minute);
-  fields.tm_hour = toInt(stamp.hour);
-  fields.tm_mday = static_cast<int>(stamp.day);
-  fields.tm_mon = static_cast<int>(stamp.month) - 1;
-  fields.tm_year = static_cast<int>(std::clamp(year, 0L, 9999L)) - 1900;
-  fields.tm_isdst = -1;
-  const std::int64_t moment = Platform::momentOf(fields);
+  const std::int64_t moment = momentOfLocal(secondsInUtc(stamp, year));
   return moment < 0 || moment > endOfYear3000 ? -1 : moment;
 }
 

@@ -1,5 +1,5 @@
 /// \file
-/// Conversions between moments and local time, where the C runtimes differ.
+/// Moments as local time, where the C runtimes differ.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,7 @@
 
 namespace Kyr::Platform {
 
-/// The local time of a moment from 1970 to 2106, for which no runtime fails.
+/// The local time of a moment from 1970 to 3000, for which no runtime fails.
 std::tm localFields(std::int64_t seconds);
-
-/// The moment of a local time; fields beyond their ranges count on into their neighbours.
-/// \return -1 when the runtime cannot tell
-std::int64_t momentOf(std::tm fields);
 
 }  // namespace Kyr::Platform

@@ -14,8 +14,4 @@ std::tm Platform::localFields(std::int64_t seconds) {
   return fields;
 }
 
-std::int64_t Platform::momentOf(std::tm fields) {
-  return std::mktime(&fields);
-}
-
 }  // namespace Kyr

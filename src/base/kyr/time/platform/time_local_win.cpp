@@ -13,9 +13,4 @@ std::tm Platform::localFields(std::int64_t seconds) {
   return fields;
 }
 
-std::int64_t Platform::momentOf(std::tm fields) {
-  _tzset();
-  return _mktime64(&fields);
-}
-
 }  // namespace Kyr
