@@ -53,6 +53,10 @@ TEST(Start, SettlesDirectories) {
                  .join("|"));
     home.start({}, {}, ApplicationViewer);
     home.say("|" + profile(KyrInit::ProfileInUse) + profile(KyrInit::ProfileConfigured));
+    home.start({{"KYR", QString()}});
+    const QString unset = KyrInit::getSoftwareDirectory();
+    home.start({{"KYR", "\"\""}});
+    home.say(KyrInit::getSoftwareDirectory() == unset ? "" : "an empty text in quotes");
   });
   EXPECT_EQ(home.said(), QString("%1|%1/v6.2.0|%1|/p|/p/v6.2.0|/a b/c|v6.2.0|Motion|/a b/c/lib|")
                              .arg(config)

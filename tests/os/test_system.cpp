@@ -163,6 +163,8 @@ TEST(OsProcessors, AreCountedOrSet) {
   const unsigned real = OS::getNumberOfCPUs();
   OS::setNumberOfCPUs(7);
   EXPECT_EQ(OS::getNumberOfCPUs(), 7U);
+  OS::setNumberOfCPUs(4294967295U);
+  EXPECT_EQ(OS::getNumberOfCPUs(), 1024U) << "as many threads as no machine starts";
   OS::setNumberOfCPUs(0);
   EXPECT_TRUE(OS::getNumberOfCPUs() == real && real > 0);
 }

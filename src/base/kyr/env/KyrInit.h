@@ -48,7 +48,8 @@ class KYR_EXPORT KyrInit {
   /// "file:" to a file of the process in the temporary directory, emptied; "file:" and a name to
   /// the end of that file; any other text to a console window, which on Linux is the terminal
   /// as it is. KYR_NUMBER_OF_CPUS, KYR_CONFIG_DIR, KYR_PROFILE_DIR and KYR take the place of
-  /// what the system says; the last three count as unset when they are empty.
+  /// what the system says; the last three count as unset when they are empty, and KYR also when
+  /// it holds nothing but quotes.
   ///
   /// A second call reads everything anew, for instance after CloseLibrary(). The process's own
   /// file of output is then kept, and handlers are not installed twice.

@@ -178,9 +178,8 @@ QString Settings::softwareRoot(const QString& executable, const QString& current
 }
 
 QString Settings::softwareDirectory() {
-  const QString set = OS::getEnv("KYR");
-  return set.isEmpty() ? softwareRoot(OS::getExecutable(), OS::getCurrentDirectory())
-                       : plainPath(set);
+  const QString set = plainPath(OS::getEnv("KYR"));
+  return set.isEmpty() ? softwareRoot(OS::getExecutable(), OS::getCurrentDirectory()) : set;
 }
 
 void KyrInit::initSoftwareDirectory() {

@@ -39,8 +39,9 @@ class KYR_EXPORT Translator {
   /// A translator for the language that the user has chosen, otherwise for the one of the
   /// installation, otherwise for that of the system's interface.
   ///
-  /// On Linux the first variable that is set and not empty tells the system's language: LC_ALL,
-  /// LC_MESSAGES, LANGUAGE (of its list the first entry known here), LANG.
+  /// On Linux the system's language is that of the first variable that is set and not empty:
+  /// LANGUAGE (of its list the first entry known here), LC_ALL, LC_MESSAGES, LANG. The locales
+  /// "C" and "POSIX" mean English, and LANGUAGE does not count with them.
   /// \param mask the languages that the application offers, a bit for each; English takes the
   ///        place of the others
   /// \param applicationName whose language file is read

@@ -252,7 +252,7 @@ class KYR_EXPORT OS {
   /// The processor's name as its maker writes it; empty when the system does not tell.
   static QString getProcessorName();
   /// Sets how many processors computations are spread over.
-  /// \param count 0 for as many as there are
+  /// \param count 0 for as many as there are; more than 1024 count as 1024
   static void setNumberOfCPUs(unsigned count) noexcept;
   /// \return what was set, otherwise the number that there are; at least 1
   static unsigned getNumberOfCPUs() noexcept;

@@ -13,6 +13,7 @@ namespace Kyr {
 namespace {
 
 constexpr unsigned longestTempDirectory = 4096;
+constexpr unsigned mostCPUs = 1024;
 
 std::atomic<unsigned> numberOfCPUs{0};
 
@@ -85,7 +86,7 @@ QString OS::getWindowsName(unsigned major, unsigned minor, unsigned build, bool 
 }
 
 void OS::setNumberOfCPUs(unsigned count) noexcept {
-  numberOfCPUs = count;
+  numberOfCPUs = std::min(count, mostCPUs);
 }
 
 unsigned OS::getNumberOfCPUs() noexcept {

@@ -25,26 +25,41 @@ unsigned identifierOf(const QString& locale) {
   return 0;
 }
 
+/// The locales that mean the texts as they stand in programs.
+bool isUntranslated(const QString& locale) {
+  return locale == "C" || locale == "POSIX";
+}
+
 unsigned firstKnown(const QStringList& locales) {
   for (const QString& locale : locales) {
-    if (const unsigned identifier = identifierOf(locale)) {
+    const unsigned identifier = isUntranslated(locale) ? english : identifierOf(locale);
+    if (identifier != 0) {
       return identifier;
     }
   }
   return english;
 }
 
-}  // namespace
-
-// LC_ALL comes before LANGUAGE, unlike in GNU's gettext: who sets it for one program means it.
-unsigned Platform::userInterfaceLanguage() {
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANGUAGE", "LANG"}) {
+/// \return empty when nobody sets it
+QString localeOfMessages() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const QString value = OS::getEnv(variable);
     if (!value.isEmpty()) {
-      return firstKnown(value.split(':'));
+      return value;
     }
   }
-  return english;
+  return {};
+}
+
+}  // namespace
+
+// As GNU's gettext, so that one setting serves all programs; but LANGUAGE counts without a locale
+// too, where gettext sees the locale "C".
+unsigned Platform::userInterfaceLanguage() {
+  const QString locale = localeOfMessages();
+  const QString languages = OS::getEnv("LANGUAGE");
+  return isUntranslated(locale) || languages.isEmpty() ? firstKnown({locale})
+                                                       : firstKnown(languages.split(':'));
 }
 
 }  // namespace Kyr
