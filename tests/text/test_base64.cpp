@@ -46,6 +46,8 @@ TEST(Base64, Texts) {
     both = bytes(row.encoded);
     Base64::decode(both, &both);
     EXPECT_EQ(text(both), row.encoded + row.plain) << row.fault;
+    EXPECT_EQ(Base64::encode(QByteArray::fromStdString(row.plain)), row.encoded) << row.fault;
+    EXPECT_EQ(Base64::decode(QByteArray(row.encoded)).toStdString(), row.plain) << row.fault;
   }
 }
 

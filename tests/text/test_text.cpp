@@ -7,7 +7,9 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <type_traits>
+#include <unordered_set>
 
 using namespace Kyr;
 
@@ -54,6 +56,47 @@ TEST(KStringTest, ChangingOperationsChain) {
   EXPECT_EQ(*text.erase(text.begin(), text.begin()), 'c') << "the iterator form of the base";
 }
 
+template <class... Results>
+constexpr bool allChain = (std::is_same_v<Results, KString&> && ...);
+template <class... Results>
+constexpr bool allAreNew = (std::is_same_v<Results, KString> && ...);
+
+TEST(KStringTest, TakesTemporariesViewsAndBraces) {
+  const std::string_view view = "view";
+  const KString own = "own";
+  const std::string plain = "plain";
+  KString text{'a', 'b'};
+  EXPECT_EQ(text, "ab") << "97 times b";
+  EXPECT_EQ(KString(2, 'b') + KString("cd", 1) + KString(view), "bbcview") << "counts as before";
+  static_assert(
+      allChain<decltype(text.assign(KString())), decltype(text.assign(std::string())),
+               decltype(text.assign(view)), decltype(text.assign({'a'})), decltype(text = view),
+               decltype(text += view), decltype(text += {'a'}), decltype(text.append({'a'})),
+               decltype(text.insert(0, {'a'})), decltype(text.replace(0, 1, {'a'})),
+               decltype(text.replace(text.begin(), text.end(), {'a'})),
+               decltype(text.replace(text.begin(), text.end(), view))>);
+  (text = view).append({'1', '2'}).append(view, 3).append(view, 0, 1).insert(0, view, 1, 2);
+  text.insert(0, {'<', '-'}).replace(2, 2, view).replace(0, 1, view, 3);
+  EXPECT_EQ(text, "w-viewview12wv");
+  text += {'a', 'b'};
+  EXPECT_EQ(text.assign(view, 1).insert(0, view).assign(KString("%1")).arg(1), "1");
+  text = {};
+  const auto place = text.insert(text.begin(), {'a', 'b'});
+  EXPECT_EQ(*place, 'a') << "the iterator form of the base";
+  static_assert(
+      allAreNew<decltype(own + own), decltype(own + plain), decltype(plain + own),
+                decltype(own + std::string()), decltype(std::string() + own),
+                decltype(KString() + std::string()), decltype(std::string() + KString()),
+                decltype(own + "x"), decltype("x" + own), decltype(own + 'x'), decltype('x' + own),
+                decltype(KString() + KString()), decltype(view + own)>);
+  static_assert(std::is_same_v<decltype(plain + plain), std::string>, "others are left alone");
+  EXPECT_EQ(('<' + own + ' ' + plain + " %1" + view + '>').arg("x"), "<own plain xview>");
+  EXPECT_EQ(text + text, "abab");
+  EXPECT_EQ(std::move(text) + text.mid(0), "abab") << "the memory of the left one is used on";
+  EXPECT_EQ(std::unordered_set<KString>({"a", "b", "a"}).size(), 2U);
+  EXPECT_EQ(std::hash<KString>()("a"), std::hash<std::string>()("a"));
+}
+
 TEST(KStringTest, Parts) {
   const KString text = "abc";
   const Row rows[] = {
@@ -71,6 +114,7 @@ TEST(KStringTest, Parts) {
 }
 
 TEST(KStringTest, Placeholders) {
+  const std::string_view view = "v";
   const KString many = KString("%1,%2 ") + KString(200, '%') + "%9 %1";
   const Row rows[] = {
       {KString("%1 and %1").arg("x"), "x and %1", "one argument replaces one occurrence"},
@@ -93,6 +137,9 @@ TEST(KStringTest, Placeholders) {
       {KString("%1 %2 %3").arg(-255, 6, 16).arg(7U).arg(short(-1), -3), "   -ff 7 -1 ", "numbers"},
       {KString("%1 %2").arg(~0ULL).arg(-1LL), "18446744073709551615 -1", "64 bits"},
       {KString("%1|%2").arg(0.5, 6, 'f', 2).arg(1e10), "  0.50|1e+10", "floating point"},
+      {KString("%1%1%2%3").arg(view).arg(view, 3).arg(view, -3, '_').arg(view), "v  vv__v",
+       "views"},
+      {KString("%3%2%1%1").arg(view, "b", KString("c")).arg(view, view), "cbvv", "mixed views"},
   };
   expectAll(rows);
 }
@@ -120,6 +167,7 @@ TEST(KStringTest, Tokens) {
     every += static_cast<char>(byte);
   }
   EXPECT_EQ(untokenize(tokenize(every + every, true), true), every + every);
+  EXPECT_EQ(tokenize("") + untokenize("\\"), "\\") << "marks empty fields unless asked not to";
 }
 
 TEST(KStringTest, DamagedTokens) {
@@ -175,6 +223,11 @@ TEST(TextCodec, Conversion) {
       {fromCodec(Unknown, std::string("\xe4")), QString(QChar(0xe4)), "an unknown codec"},
       {fromCodec(CodecUtf8, std::string("a\0b", 3)), QString("a") + QChar(0) + "b", "zero byte"},
       {fromExportCodec(std::string("\xe2\x82\xac")), QString(QChar(0x20ac)), "export is UTF-8"},
+      {fromCodec(CodecLatin1, QByteArray("a\0\xe4", 3)), QString("a") + QChar(0) + QChar(0xe4),
+       "an array up to its zero byte"},
+      {fromExportCodec(QByteArray("\xe2\x82\xac")), QString(QChar(0x20ac)), "an array"},
+      {fromCodec(CodecUtf8, "\xc3\xa4") + fromExportCodec("b"), QString(QChar(0xe4)) + "b",
+       "literals that fit two overloads"},
   };
   expectAll(rows);
 }

@@ -5,6 +5,10 @@
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrStructVector.h>
 
+#include <QByteArray>
+
+#include <cstddef>
+
 namespace Kyr {
 
 /// Base64 in the standard alphabet of RFC 4648, with padding. Never instantiated; it has no state.
@@ -15,6 +19,9 @@ class KYR_EXPORT Base64 {
   /// \param out keeps what it holds; may be \a in itself
   /// \throws std::bad_alloc; \a out is unchanged then
   static void encode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out);
+  /// As above, as a result of its own.
+  /// \throws std::bad_alloc, also when the text is longer than a QByteArray
+  static QByteArray encode(const QByteArray& in);
 
   /// Appends the bytes of a text, which counts in groups of four characters from its start.
   ///
@@ -24,9 +31,13 @@ class KYR_EXPORT Base64 {
   /// \param out keeps what it holds; may be \a in itself
   /// \throws std::bad_alloc; \a out is unchanged then
   static void decode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out);
+  /// As above, as a result of its own.
+  static QByteArray decode(const QByteArray& in);
 
  private:
   Base64() = delete;
+  static void encodeAll(const unsigned char* from, std::size_t size, unsigned char* to);
+  static unsigned char* decodeAll(const unsigned char* from, std::size_t size, unsigned char* to);
   static void encodeBlock(unsigned char* in, unsigned char* out, unsigned int count);
   static void decodeBlock(unsigned char* in, unsigned char* out);
   static unsigned int decodeGroup(const unsigned char* in, unsigned char* out);

@@ -16,7 +16,8 @@ namespace Kyr {
 /// \param base 2 to 36; any other counts as 10
 /// \param end null to allow only white space behind the number; otherwise receives, on success,
 ///        the index of the first character that is no part of it
-/// \return 0 on failure
+/// \return 0 on failure. The most negative value is read in most bases, as in 10, but fails in the
+///         bases 2, 4, 8, 16 and 32, where its digits are a power of the base
 /// \threadsafety any thread
 KYR_EXPORT qint64 qstringToInt64(const QString& text, bool* ok = nullptr, int base = 10,
                                  int* end = nullptr);

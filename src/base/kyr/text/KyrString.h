@@ -5,8 +5,12 @@
 #include <kyr/core/KyrPlatform.h>
 
 #include <cstddef>
+#include <functional>
+#include <initializer_list>
 #include <iterator>
 #include <string>
+#include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace Kyr {
@@ -20,9 +24,16 @@ namespace Kyr {
 /// and std::size_t are of that type on some platforms.
 /// \threadsafety as std::string
 class KYR_EXPORT KString : public std::string {
-  // With a second parameter, as in std::string, so that these templates hide those of the base.
   template <class Iterator>
   using Category = typename std::iterator_traits<Iterator>::iterator_category;
+
+  template <class T>
+  static constexpr bool isText = std::is_convertible_v<const T&, std::string_view>;
+  // What becomes a view but no string. Not simply a view: literals would then fit both.
+  template <class T>
+  static constexpr bool isView = isText<T> && !std::is_convertible_v<const T&, std::string>;
+  template <class T>
+  using IfView = std::enable_if_t<isView<T>>;
 
  public:
   KString() = default;
@@ -34,9 +45,13 @@ class KYR_EXPORT KString : public std::string {
   KString(const char* text) : std::string(text) {}
   KString(const char* text, size_type n) : std::string(text, n) {}
   KString(size_type n, char c) : std::string(n, c) {}
+  /// In braces two characters are two characters, as with std::string: a count and a character
+  /// stand in parentheses.
+  KString(std::initializer_list<char> bytes) : std::string(bytes) {}
+  template <class View, class = IfView<View>>
+  explicit KString(const View& text) : std::string(std::string_view(text)) {}
   ~KString() = default;
 
-  using std::string::operator=;
   KString& operator=(const KString&) = default;
   KString& operator=(KString&&) = default;
   KString& operator=(const std::string& text) { return self(std::string::operator=(text)); }
@@ -45,16 +60,26 @@ class KYR_EXPORT KString : public std::string {
   }
   KString& operator=(const char* text) { return self(std::string::operator=(text)); }
   KString& operator=(char c) { return self(std::string::operator=(c)); }
+  KString& operator=(std::initializer_list<char> bytes) {
+    return self(std::string::operator=(bytes));
+  }
+  template <class View, class = IfView<View>>
+  KString& operator=(const View& text) {
+    return self(std::string::assign(text));
+  }
 
-  using std::string::operator+=;
   KString& operator+=(const std::string& text) { return self(std::string::append(text)); }
   KString& operator+=(const char* text) { return self(std::string::append(text)); }
   KString& operator+=(char c) { return self(std::string::append(1, c)); }
+  KString& operator+=(std::initializer_list<char> bytes) { return append(bytes); }
+  template <class View, class = IfView<View>>
+  KString& operator+=(const View& text) {
+    return append(text);
+  }
 
-  // The changing operations of std::string, with the derived type as result so that calls chain.
-  // Other shapes are inherited, above all those of insert and erase that give an iterator.
+  // The changing operations of std::string in all their shapes, with the derived type as result so
+  // that calls chain. Those that give an iterator there give it here.
 
-  using std::string::append;
   KString& append(const std::string& text) { return self(std::string::append(text)); }
   KString& append(const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::append(text, pos, n));
@@ -62,25 +87,44 @@ class KYR_EXPORT KString : public std::string {
   KString& append(const char* text) { return self(std::string::append(text)); }
   KString& append(const char* text, size_type n) { return self(std::string::append(text, n)); }
   KString& append(size_type n, char c) { return self(std::string::append(n, c)); }
+  KString& append(std::initializer_list<char> bytes) { return self(std::string::append(bytes)); }
+  template <class View, class = IfView<View>>
+  KString& append(const View& text) {
+    return self(std::string::append(text));
+  }
+  template <class View, class = IfView<View>>
+  KString& append(const View& text, size_type pos, size_type n = npos) {
+    return self(std::string::append(text, pos, n));
+  }
   template <class Iterator, class = Category<Iterator>>
   KString& append(Iterator first, Iterator last) {
     return self(std::string::append(first, last));
   }
 
-  using std::string::assign;
   KString& assign(const std::string& text) { return self(std::string::assign(text)); }
+  KString& assign(std::string&& text) noexcept {
+    return self(std::string::assign(std::move(text)));
+  }
   KString& assign(const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::assign(text, pos, n));
   }
   KString& assign(const char* text) { return self(std::string::assign(text)); }
   KString& assign(const char* text, size_type n) { return self(std::string::assign(text, n)); }
   KString& assign(size_type n, char c) { return self(std::string::assign(n, c)); }
+  KString& assign(std::initializer_list<char> bytes) { return self(std::string::assign(bytes)); }
+  template <class View, class = IfView<View>>
+  KString& assign(const View& text) {
+    return self(std::string::assign(text));
+  }
+  template <class View, class = IfView<View>>
+  KString& assign(const View& text, size_type pos, size_type n = npos) {
+    return self(std::string::assign(text, pos, n));
+  }
   template <class Iterator, class = Category<Iterator>>
   KString& assign(Iterator first, Iterator last) {
     return self(std::string::assign(first, last));
   }
 
-  using std::string::insert;
   KString& insert(size_type at, const std::string& text) {
     return self(std::string::insert(at, text));
   }
@@ -92,6 +136,27 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::insert(at, text, n));
   }
   KString& insert(size_type at, size_type n, char c) { return self(std::string::insert(at, n, c)); }
+  KString& insert(size_type at, std::initializer_list<char> bytes) {
+    return self(std::string::insert(at, bytes.begin(), bytes.size()));
+  }
+  template <class View, class = IfView<View>>
+  KString& insert(size_type at, const View& text) {
+    return self(std::string::insert(at, text));
+  }
+  template <class View, class = IfView<View>>
+  KString& insert(size_type at, const View& text, size_type pos, size_type n = npos) {
+    return self(std::string::insert(at, text, pos, n));
+  }
+
+  iterator insert(const_iterator at, char c) { return std::string::insert(at, c); }
+  iterator insert(const_iterator at, size_type n, char c) { return std::string::insert(at, n, c); }
+  iterator insert(const_iterator at, std::initializer_list<char> bytes) {
+    return std::string::insert(at, bytes);
+  }
+  template <class Iterator, class = Category<Iterator>>
+  iterator insert(const_iterator at, Iterator first, Iterator last) {
+    return std::string::insert(at, first, last);
+  }
 
   using std::string::erase;
   KString& erase(size_type pos = 0, size_type n = npos) { return self(std::string::erase(pos, n)); }
@@ -112,6 +177,15 @@ class KYR_EXPORT KString : public std::string {
   KString& replace(size_type pos, size_type n, size_type count, char c) {
     return self(std::string::replace(pos, n, count, c));
   }
+  template <class View, class = IfView<View>>
+  KString& replace(size_type pos, size_type n, const View& text) {
+    return self(std::string::replace(pos, n, text));
+  }
+  template <class View, class = IfView<View>>
+  KString& replace(size_type pos, size_type n, const View& text, size_type textPos,
+                   size_type textN = npos) {
+    return self(std::string::replace(pos, n, text, textPos, textN));
+  }
   KString& replace(const_iterator first, const_iterator last, const std::string& text) {
     return self(std::string::replace(first, last, text));
   }
@@ -127,6 +201,13 @@ class KYR_EXPORT KString : public std::string {
   template <class Iterator>
   KString& replace(const_iterator first, const_iterator last, Iterator from, Iterator to) {
     return self(std::string::replace(first, last, from, to));
+  }
+  KString& replace(const_iterator first, const_iterator last, std::initializer_list<char> bytes) {
+    return self(std::string::replace(first, last, bytes));
+  }
+  template <class View, class = IfView<View>>
+  KString& replace(const_iterator first, const_iterator last, const View& text) {
+    return self(std::string::replace(first, last, text));
   }
 
   /// The \a n bytes from \a pos on, or fewer where the string ends.
@@ -164,6 +245,23 @@ class KYR_EXPORT KString : public std::string {
   KString arg(const std::string& a1, const std::string& a2, const std::string& a3) const;
   KString arg(const std::string& a1, const std::string& a2, const std::string& a3,
               const std::string& a4) const;
+  /// All of the above for views.
+  template <class View, class = IfView<View>>
+  KString arg(const View& a, int fieldWidth, char fill) const {
+    return arg(std::string(std::string_view(a)), fieldWidth, fill);
+  }
+  template <class View, class = IfView<View>>
+  KString arg(const View& a, int fieldWidth = 0) const {
+    return arg(std::string(std::string_view(a)), fieldWidth);
+  }
+  template <class First, class Second, class... Rest,
+            class = std::enable_if_t<(isView<First> || isView<Second> || (isView<Rest> || ...)) &&
+                                     isText<First> && isText<Second> && (isText<Rest> && ...) &&
+                                     sizeof...(Rest) <= 2>>
+  KString arg(const First& a1, const Second& a2, const Rest&... rest) const {
+    return arg(std::string(std::string_view(a1)), std::string(std::string_view(a2)),
+               std::string(std::string_view(rest))...);
+  }
 
   /// Replaces the content by a number as number() formats it.
   KString& setNum(short value, int base = 10);
@@ -222,13 +320,55 @@ class KYR_EXPORT KString : public std::string {
   static KString& self(std::string& base) { return static_cast<KString&>(base); }
 };
 
+namespace KStringSum {
+
+template <class T>
+constexpr bool isKString = std::is_base_of_v<KString, std::decay_t<T>>;
+/// Of the numbers only a char, which would otherwise stand for all of them.
+template <class T>
+constexpr bool isPart =
+    std::is_same_v<std::decay_t<T>, char> || std::is_convertible_v<const T&, std::string_view>;
+
+inline std::string_view view(const char& c) {
+  return {&c, 1};
+}
+inline std::string_view view(std::string_view text) {
+  return text;
+}
+
+}  // namespace KStringSum
+
+/// The two one behind the other, of which one is a KString and the other any string, view or
+/// character. That of std::string would lose arg() and its like.
+/// \threadsafety as std::string
+template <class Left, class Right,
+          class = std::enable_if_t<(KStringSum::isKString<Left> && KStringSum::isPart<Right>) ||
+                                   (KStringSum::isPart<Left> && KStringSum::isKString<Right>)>>
+KString operator+(Left&& left, Right&& right) {
+  if constexpr (std::is_same_v<Left, KString>) {  // a temporary, whose memory is used on
+    return std::move(left.append(KStringSum::view(right)));
+  } else {
+    const std::string_view first = KStringSum::view(left);
+    const std::string_view second = KStringSum::view(right);
+    KString both;
+    both.reserve(first.size() + second.size());
+    both.append(first).append(second);
+    return both;
+  }
+}
+
 /// Makes any bytes one token of printable characters without white space, for fields of text
 /// files.
-/// \param markEmpty makes the empty string a single backslash, so that its field stays visible
+/// \param markEmpty makes the empty string a single backslash, so that its field stays visible;
+///        without it the empty string does not come back from a line of fields
 /// \threadsafety any thread
-KYR_EXPORT KString tokenize(const KString& s, bool markEmpty);
+KYR_EXPORT KString tokenize(const KString& s, bool markEmpty = true);
 /// Reverses tokenize(). Unknown escapes are dropped, a "\x" with bad digits is a zero byte.
 /// \threadsafety any thread
-KYR_EXPORT KString untokenize(const KString& s, bool markEmpty);
+KYR_EXPORT KString untokenize(const KString& s, bool markEmpty = true);
 
 }  // namespace Kyr
+
+/// Equal strings of both classes have the same hash.
+template <>
+struct std::hash<Kyr::KString> : std::hash<std::string> {};

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <string>
+#include <type_traits>
 
 namespace Kyr {
 
@@ -44,6 +45,13 @@ KYR_EXPORT QString fromCodec(TextCodec_t codec, const char* data, int length);
 /// The text of all bytes of a string, zero bytes included.
 /// \throws std::bad_alloc for more bytes than a QString holds
 KYR_EXPORT QString fromCodec(TextCodec_t codec, std::string bytes);
+/// The text of all bytes of a QByteArray, zero bytes included. A template, because a literal would
+/// fit this as well as the string above.
+/// \threadsafety any thread
+template <class Bytes, class = std::enable_if_t<std::is_same_v<Bytes, QByteArray>>>
+QString fromCodec(TextCodec_t codec, const Bytes& bytes) {
+  return fromCodec(codec, bytes.constData(), bytes.size());
+}
 
 /// The codec of text that the suite exchanges with others; always UTF-8.
 /// \threadsafety any thread
@@ -54,5 +62,9 @@ KYR_EXPORT TextCodec_t actualExportCodec();
 KYR_EXPORT QByteArray toExportCodec(const QString& text);
 KYR_EXPORT QString fromExportCodec(const char* data, int length);
 KYR_EXPORT QString fromExportCodec(std::string bytes);
+template <class Bytes, class = std::enable_if_t<std::is_same_v<Bytes, QByteArray>>>
+QString fromExportCodec(const Bytes& bytes) {
+  return fromExportCodec(bytes.constData(), bytes.size());
+}
 
 }  // namespace Kyr

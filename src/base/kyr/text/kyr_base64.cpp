@@ -102,6 +102,31 @@ unsigned char* extend(StructVector<unsigned char>& out, std::size_t count) {
   return out.data() + before;
 }
 
+std::size_t encodedSize(std::size_t size) {
+  return (size / 3 + (size % 3 != 0 ? 1 : 0)) * 4;
+}
+
+/// Steps write eight bytes, of which six count.
+constexpr std::size_t spare = 2;
+
+/// What decoding may write, whatever the text is.
+std::size_t decodedRoom(std::size_t size) {
+  return (size / 4 + 1) * 3 + spare;
+}
+
+const unsigned char* bytesOf(const QByteArray& array) {
+  return reinterpret_cast<const unsigned char*>(array.constData());
+}
+
+/// \throws std::bad_alloc for more than an array can hold, which Qt itself does not notice
+QByteArray arrayOf(std::size_t size) {
+  constexpr std::size_t head = 64;  // what Qt adds to the bytes
+  if (size > std::size_t(std::numeric_limits<int>::max()) - head) {
+    throw std::bad_alloc();
+  }
+  return {static_cast<int>(size), Qt::Uninitialized};
+}
+
 }  // namespace
 
 void Base64::encodeBlock(unsigned char* in, unsigned char* out, unsigned int count) {
@@ -112,10 +137,7 @@ void Base64::encodeBlock(unsigned char* in, unsigned char* out, unsigned int cou
   }
 }
 
-void Base64::encode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
-  const std::size_t size = in.size();
-  unsigned char* to = extend(*out, (size / 3 + (size % 3 != 0 ? 1 : 0)) * 4);
-  const unsigned char* const from = in.data();  // only now, as out may be the same
+void Base64::encodeAll(const unsigned char* from, std::size_t size, unsigned char* to) {
   std::size_t done = encodeSteps(from, size, to);
   for (to += done / 3 * 4; done < size; done += 3, to += 4) {
     const std::size_t count = std::min<std::size_t>(size - done, 3);
@@ -123,6 +145,19 @@ void Base64::encode(const StructVector<unsigned char>& in, StructVector<unsigned
     std::memcpy(block, from + done, count);
     encodeBlock(block, to, static_cast<unsigned>(count));
   }
+}
+
+void Base64::encode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
+  const std::size_t size = in.size();
+  unsigned char* const to = extend(*out, encodedSize(size));
+  encodeAll(in.data(), size, to);  // data() only now, as out may be the same
+}
+
+QByteArray Base64::encode(const QByteArray& in) {
+  const auto size = static_cast<std::size_t>(in.size());
+  QByteArray out = arrayOf(encodedSize(size));
+  encodeAll(bytesOf(in), size, reinterpret_cast<unsigned char*>(out.data()));
+  return out;
 }
 
 void Base64::decodeBlock(unsigned char* in, unsigned char* out) {
@@ -147,11 +182,9 @@ unsigned int Base64::decodeGroup(const unsigned char* in, unsigned char* out) {
   return found > 2 ? found - 1 : 1;
 }
 
-void Base64::decode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
-  const std::size_t size = in.size();
-  constexpr std::size_t spare = 2;  // steps write eight bytes
-  unsigned char* to = extend(*out, (size / 4 + 1) * 3 + spare);
-  const unsigned char* from = in.data();  // only now, as out may be the same
+/// \param to has the decodedRoom()
+/// \return the end of what was written
+unsigned char* Base64::decodeAll(const unsigned char* from, std::size_t size, unsigned char* to) {
   const unsigned char* const end = from + size;
   while (end - from >= 4) {
     const std::size_t done = decodeSteps(from, static_cast<std::size_t>(end - from), to);
@@ -167,7 +200,22 @@ void Base64::decode(const StructVector<unsigned char>& in, StructVector<unsigned
     std::memcpy(group, from, std::min<std::size_t>(static_cast<std::size_t>(end - from), 3));
     to += decodeGroup(group, to);
   }
-  out->setSize(static_cast<std::size_t>(to - out->data()));
+  return to;
+}
+
+void Base64::decode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
+  const std::size_t size = in.size();
+  unsigned char* const to = extend(*out, decodedRoom(size));
+  const unsigned char* const end = decodeAll(in.data(), size, to);  // as in encode()
+  out->setSize(static_cast<std::size_t>(end - out->data()));
+}
+
+QByteArray Base64::decode(const QByteArray& in) {
+  const auto size = static_cast<std::size_t>(in.size());
+  QByteArray out = arrayOf(decodedRoom(size));
+  auto* const to = reinterpret_cast<unsigned char*>(out.data());
+  out.resize(static_cast<int>(decodeAll(bytesOf(in), size, to) - to));
+  return out;
 }
 
 }  // namespace Kyr
