@@ -72,6 +72,12 @@ TEST(StructVector, AppendsItsOwnElementsWhileMovingInFewSteps) {
   EXPECT_EQ(numbers({vector[999997], vector[999998], vector[999999]}), numbers({2, 3, 1}));
 }
 
+TEST(StructVector, HoldsAList) {
+  EXPECT_EQ(Numbers({7, 8}), numbers({7, 8}));
+  EXPECT_EQ(Numbers(3, 1), (Numbers{1, 1, 1})) << "a size in parentheses is still one";
+  EXPECT_TRUE(Numbers{}.empty());
+}
+
 TEST(StructVector, CopiesDeeplyAndMovesTheBlock) {
   auto vector = numbers({1, 2, 3});
   Numbers copy(vector);

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <initializer_list>
 #include <limits>
 #include <new>
 #include <type_traits>
@@ -42,6 +43,9 @@ class StructVector {
     std::fill_n(_data, size, value);
     _size = size;
   }
+  /// The elements of a list. As with std::vector, numbers in braces are elements: a size stands in
+  /// parentheses.
+  StructVector(std::initializer_list<T> elements) { append(elements.begin(), elements.size()); }
   StructVector(const StructVector& other) { append(other._data, other._size); }
   StructVector(StructVector&& other) noexcept { swap(other); }
   StructVector& operator=(const StructVector& other) {
