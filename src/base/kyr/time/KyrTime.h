@@ -4,12 +4,14 @@
 
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/sync/KyrMutex.h>
+#include <kyr/text/KyrString.h>
 
+#include <QDateTime>
 #include <QString>
 
-namespace Kyr {
+#include <chrono>
 
-class KString;
+namespace Kyr {
 
 /// A moment since 1970-01-01 00:00 UTC, or a span: whole seconds and microseconds.
 ///
@@ -32,6 +34,14 @@ class KYR_EXPORT Time {
   static Time currentTime();
   /// The present moment; as currentTime().
   static Time actualTime() { return currentTime(); }
+
+  /// The moment of another clock. What is below a microsecond is cut off, towards the past.
+  /// \throws Exception "moment outside of 1970 to 2106"; also for a \a moment that is not valid
+  static Time fromTimePoint(std::chrono::system_clock::time_point moment);
+  static Time fromDateTime(const QDateTime& moment);
+  /// A span; what is below a microsecond is cut off.
+  /// \throws Exception "span outside of 0 to 4294967295 seconds"
+  static Time fromDuration(std::chrono::nanoseconds span);
 
   /// Sets this object to the present moment.
   void setActualTime() { *this = currentTime(); }
@@ -64,6 +74,18 @@ class KYR_EXPORT Time {
   /// Both fields together, in seconds.
   double getSeconds() const { return double(_seconds) + double(_microseconds) / 1e6; }
 
+  /// This moment for another clock.
+  std::chrono::system_clock::time_point toTimePoint() const {
+    using Clock = std::chrono::system_clock;
+    return Clock::time_point(std::chrono::duration_cast<Clock::duration>(toDuration()));
+  }
+  /// This moment in the time zone of the user; what is below a millisecond is cut off.
+  QDateTime toDateTime() const;
+  /// This span.
+  std::chrono::microseconds toDuration() const {
+    return std::chrono::seconds(_seconds) + std::chrono::microseconds(_microseconds);
+  }
+
   /// This moment minus \a other in seconds; negative when \a other is later.
   double difference(const Time& other) const;
   /// The span between two moments, whichever is earlier.
@@ -87,6 +109,14 @@ class KYR_EXPORT Time {
   unsigned _microseconds = 0;
 };
 
+/// The exact span from \a right to \a left; negative when \a right is later. A plain number is no
+/// moment here, although it makes one elsewhere.
+inline std::chrono::microseconds operator-(const Time& left, const Time& right) {
+  return left.toDuration() - right.toDuration();
+}
+std::chrono::microseconds operator-(const Time& left, double right) = delete;
+std::chrono::microseconds operator-(double left, const Time& right) = delete;
+
 /// Earlier; the microseconds count when the seconds are equal.
 inline bool operator<(const Time& left, const Time& right) {
   return left.wholeSeconds() != right.wholeSeconds() ? left.wholeSeconds() < right.wholeSeconds()
@@ -100,6 +130,12 @@ inline bool operator==(const Time& left, const Time& right) {
 }
 inline bool operator!=(const Time& left, const Time& right) {
   return !(left == right);
+}
+inline bool operator<=(const Time& left, const Time& right) {
+  return !(right < left);
+}
+inline bool operator>=(const Time& left, const Time& right) {
+  return !(left < right);
 }
 
 }  // namespace Kyr

@@ -13,6 +13,7 @@
 #include <climits>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace Kyr {
 
@@ -171,6 +172,48 @@ Clock::Source Clock::setSource(Source source) noexcept {
 std::int64_t Clock::milliseconds() {
   const Source source = clockSource.load();
   return source ? source() : systemMilliseconds();
+}
+
+namespace {
+
+constexpr std::int64_t microsecondsPerSecond = 1000000;
+
+/// \throws Exception with \a refusal for what has no place in the seconds
+Time splitMicroseconds(std::int64_t whole, const char* refusal) {
+  const std::int64_t seconds = whole / microsecondsPerSecond;
+  if (whole < 0 || seconds > std::numeric_limits<unsigned>::max()) {
+    throw Exception(refusal);
+  }
+  return {static_cast<unsigned>(seconds), static_cast<unsigned>(whole % microsecondsPerSecond)};
+}
+
+constexpr const char* noMoment = "moment outside of 1970 to 2106";
+
+}  // namespace
+
+Time Time::fromTimePoint(std::chrono::system_clock::time_point moment) {
+  const auto since = std::chrono::floor<std::chrono::microseconds>(moment.time_since_epoch());
+  return splitMicroseconds(since.count(), noMoment);
+}
+
+Time Time::fromDateTime(const QDateTime& moment) {
+  const qint64 milliseconds = moment.toMSecsSinceEpoch();
+  constexpr qint64 most = std::numeric_limits<qint64>::max() / 1000;
+  if (!moment.isValid() || milliseconds > most) {
+    throw Exception(noMoment);
+  }
+  return splitMicroseconds(std::max<qint64>(milliseconds, -1) * 1000, noMoment);
+}
+
+Time Time::fromDuration(std::chrono::nanoseconds span) {
+  // Rounded down, so that a small negative span is refused rather than taken for none.
+  const auto whole = std::chrono::floor<std::chrono::microseconds>(span);
+  return splitMicroseconds(whole.count(), "span outside of 0 to 4294967295 seconds");
+}
+
+QDateTime Time::toDateTime() const {
+  const auto whole = std::chrono::duration_cast<std::chrono::milliseconds>(toDuration());
+  return QDateTime::fromMSecsSinceEpoch(whole.count());
 }
 
 Time Time::currentTime() {
