@@ -3,7 +3,6 @@
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFilename.h>
 #include <kyr/os/KyrOS.h>
-#include <kyr/time/KyrTime.h>
 
 #include <gtest/gtest.h>
 
@@ -98,6 +97,25 @@ TEST(Filename, DerivedClassesHaveTheirSay) {
   name.setFullName("e/sub/f");
   name.setExtension(".png");
   EXPECT_EQ(name.getFullName() + name.getDirectory(), "e/sub/F.seene/sub");
+}
+
+TEST(Filename, Equality) {
+  const std::tuple<Name, Name, bool, const char*> rows[] = {
+      {Name("d\\a.tif"), Name("d/a.tif"), true, "spelling that is not kept"},
+      {Name("d/a.tif"), Name("e/a.tif"), false, "the directory"},
+      {Name("d/a.tif"), Name("d/A.tif"), false, "case"},
+      {Name("d/a.b"), Name("d/a.c"), false, "the extension"},
+  };
+  for (const auto& [left, right, equal, fault] : rows) {
+    EXPECT_EQ(left == right, equal) << fault;
+    EXPECT_EQ(left != right, !equal) << fault;
+  }
+  NameWithNumber counted("d/img7.tif", -1);
+  EXPECT_TRUE(counted == Name("d/img7.tif")) << "not through the virtual functions";
+  counted.incrementNumber();
+  EXPECT_TRUE(counted == QString("d/img8.tif") && counted != Name("d/img7.tif"));
+  counted.decrementNumber();
+  EXPECT_EQ(counted.getNumber(), 7U);
 }
 
 TEST(Filename, Numbers) {

@@ -3,14 +3,11 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/time/KyrTime.h>
 
 #include <QString>
 
 #include <vector>
-
-namespace Kyr {
-class Time;
-}
 
 namespace Kyr::Filename {
 
@@ -36,7 +33,8 @@ class KYR_EXPORT Name {
   virtual void setBaseName(const QString& baseName);
   /// \param extension with its dot
   virtual void setExtension(const QString& extension);
-  /// Without a separator at the end; so the root of a file system is empty.
+  /// Without a separator at the end; so the root of a file system is empty. Override this and the
+  /// two below with const: without it a class has a function of its own, which nobody calls.
   virtual QString getDirectory() const;
   virtual QString getBaseName() const;
   /// With its dot.
@@ -63,6 +61,14 @@ class KYR_EXPORT Name {
   /// \param time not null; stays as it is on failure
   /// \return false when there is nothing of this name, or for a moment that Time cannot hold
   bool getCreationTime(Time* time) const;
+
+  /// Whether all three parts are the same, letter by letter, as the virtual functions give them: a
+  /// name with number counts with its number.
+  friend bool operator==(const Name& left, const Name& right) {
+    return left.getDirectory() == right.getDirectory() &&
+           left.getBaseName() == right.getBaseName() && left.getExtension() == right.getExtension();
+  }
+  friend bool operator!=(const Name& left, const Name& right) { return !(left == right); }
 
   /// What is left of a name without its last element: the directory, by the rules of this class.
   /// \threadsafety any thread
@@ -115,9 +121,9 @@ class KYR_EXPORT NameWithNumber : public Name {
   /// Back to the first number.
   void resetNumber() { _number = _firstNumber; }
   /// Counts up; behind 4294967295 comes 0.
-  void incrementNumber(unsigned int step) { _number += step; }
+  void incrementNumber(unsigned int step = 1) { _number += step; }
   /// Counts down, as far as 0.
-  void decrementNumber(unsigned int step) { _number -= step < _number ? step : _number; }
+  void decrementNumber(unsigned int step = 1) { _number -= step < _number ? step : _number; }
 
  private:
   bool _correct = false;
