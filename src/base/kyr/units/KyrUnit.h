@@ -107,7 +107,8 @@ class KYR_EXPORT Unit {
   /// Converts a value from the default unit to the internal unit.
   virtual double from(double value) const = 0;
 
-  /// As the next one, for a value that is in the unit \a from.
+  /// As the next one, for a value that is in the unit \a from. Override all three with const:
+  /// without it a class has a function of its own, which nobody calls.
   /// \param digits decimals of the unit \a from
   /// \throws ProgError "wrong unit 1" when the kind has no unit \a from, "wrong unit 2" when it
   ///         has no unit \a to
@@ -124,14 +125,14 @@ class KYR_EXPORT Unit {
   /// As above, in the default unit.
   virtual QString toString(double value, unsigned digits) const;
 
-  /// The display name of a unit, as "µm".
+  /// The display name of a unit, as "µm". Override with const.
   /// \throws ProgError "wrong unit" when the kind has no such unit
   virtual QString getUName(Units_t unit) const = 0;
   /// Finds a unit by its display name, upper and lower case distinguished.
   /// \param unit receives the unit; untouched when there is none
   /// \return whether there is one
   virtual bool getUnitByName(const QString& name, Units_t* unit) const = 0;
-  /// The units of the kind in the order of their numbers.
+  /// The units of the kind in the order of their numbers. Override with const.
   virtual std::vector<Units_t> getUnits() const = 0;
   /// Chooses the unit in which users see the kind's values; for the whole process.
   /// \throws ProgError "wrong unit" when the kind has no such unit
