@@ -44,8 +44,19 @@ TEST(VersionNumber, HasNamesAndAnOrder) {
     for (const Version& right : ascending) {
       EXPECT_EQ(left < right, &left < &right) << left.toString().toStdString();
       EXPECT_EQ(left == right, &left == &right) << left.toString().toStdString();
+      EXPECT_EQ(left != right, &left != &right) << left.toString().toStdString();
+      EXPECT_EQ(left > right, &left > &right) << left.toString().toStdString();
+      EXPECT_EQ(left <= right, &left <= &right) << left.toString().toStdString();
+      EXPECT_EQ(left >= right, &left >= &right) << left.toString().toStdString();
     }
   }
+}
+
+TEST(VersionNumber, HasParts) {
+  const Version made = Version::fromParts(6, 2, 1, 4294967295);
+  EXPECT_EQ(made.toString(), "v6.2.1-4294967295");
+  EXPECT_EQ(std::tuple(made.getMajor(), made.getMinor(), made.getPatch(), made.getBuild()),
+            std::tuple(6U, 2U, 1U, 4294967295U));
 }
 
 /// An application's way to its entries.
@@ -115,6 +126,7 @@ TEST(Log, IsGrouped) {
             "new <code class=\"token\">A</code>.</li>\n</ul>\n");
   Log twice = mixedLog();
   EXPECT_EQ(outline(twice.addLog(twice), 0), "[123456123456]") << "a log into itself";
+  EXPECT_EQ(twice.size(), 12U);
 }
 
 TEST(Log, MakesAWellFormedPageOfAnything) {

@@ -80,6 +80,8 @@ TEST_F(DebugTimerTable, ShowsIntervals) {
             "Outer    |      2.50 |     1\n"
             "inner    |      2.25 |     1\n"
             "Summe    |      4.75 | \n");
+  EXPECT_EQ(timer.getIntervals().at("inner").total, 2.25);
+  EXPECT_EQ(timer.getIntervals().at("Outer").count, 1U);
   DebugTimer copy = timer;
   interval(copy, "inner", 4000000000 - 12);
   interval(copy, "\u00e9t\u00e9 \u00e0 loger", 1);
@@ -95,6 +97,26 @@ TEST_F(DebugTimerTable, ShowsIntervals) {
             "Summe       | 1000000002 | \n");
 }
 
+TEST_F(DebugTimerTable, EndsWithItsBlock) {
+  DebugTimer timer("");
+  try {
+    const DebugTimer::Scope outer(timer, std::string("a long label of its own").c_str());
+    testCount += 4;
+    const DebugTimer::Scope inner(timer, nullptr);
+    testCount += 8;
+    throw 1;
+  } catch (int) {
+    timer.mark("caught");
+  }
+  const auto& intervals = timer.getIntervals();
+  ASSERT_EQ(intervals.size(), 2U) << "not ended by the exception, or a label that is gone";
+  EXPECT_EQ(intervals.at("").total, 2) << "the wrong one of two";
+  EXPECT_EQ(intervals.at("a long label of its own").total, 3);
+  ASSERT_EQ(timer.getMarks().size(), 1U);
+  EXPECT_EQ(timer.getMarks()[0].name, "caught");
+  EXPECT_EQ(timer.getMarks()[0].time, 3);
+}
+
 TEST(DebugTimer, FollowsTheMachine) {
   QElapsedTimer outer;
   outer.start();
@@ -104,7 +126,7 @@ TEST(DebugTimer, FollowsTheMachine) {
   while (inner.elapsed() < 20) {
   }
   timer.mark("m");
-  const double shown = timer.toString().section('|', -1).trimmed().toDouble();
+  const double shown = timer.getMarks()[0].time;
   EXPECT_GE(shown, 19);
   EXPECT_LE(shown, static_cast<double>(outer.elapsed() + 1));
 }

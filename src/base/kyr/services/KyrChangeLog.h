@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <vector>
 
 namespace Kyr::ChangeLog {
@@ -30,6 +31,10 @@ class KYR_EXPORT VersionNumber {
   static VersionNumber version(const Version_t& release, unsigned build);
   static VersionNumber version610(unsigned build);
   static VersionNumber version620(unsigned build);
+  /// The version of these four parts. Not called after a constructor, because four numbers in a
+  /// row are easily taken for something else.
+  static VersionNumber fromParts(unsigned itsMajor, unsigned itsMinor, unsigned itsPatch,
+                                 unsigned itsBuild);
   /// Reads what toString() writes, as scanf does with "v%u.%u.%u-%u": blanks and a sign may stand
   /// before each number, minus counts down from 2^32, and what follows the fourth is ignored.
   /// \return the invalid version for any other text, for null, and for numbers that 32 bits do
@@ -39,9 +44,18 @@ class KYR_EXPORT VersionNumber {
   /// As "v6.2.0-6", the same under every locale.
   QString toString() const;
 
+  unsigned getMajor() const { return _major; }
+  unsigned getMinor() const { return _minor; }
+  unsigned getPatch() const { return _patch; }
+  unsigned getBuild() const { return _build; }
+
   /// Compares major, then minor, then patch, then build.
   bool operator<(const VersionNumber& other) const;
   bool operator==(const VersionNumber& other) const;
+  bool operator!=(const VersionNumber& other) const { return !(*this == other); }
+  bool operator>(const VersionNumber& other) const { return other < *this; }
+  bool operator<=(const VersionNumber& other) const { return !(other < *this); }
+  bool operator>=(const VersionNumber& other) const { return !(*this < other); }
 
  private:
   VersionNumber(unsigned itsMajor, unsigned itsMinor, unsigned itsPatch, unsigned itsBuild);
@@ -131,6 +145,8 @@ class KYR_EXPORT Log {
   iterator end() { return _entries.end(); }
   const_iterator begin() const { return _entries.begin(); }
   const_iterator end() const { return _entries.end(); }
+  /// The number of entries.
+  std::size_t size() const { return _entries.size(); }
 
   /// The entries as a fragment of HTML: lists, with a heading of the second level before each
   /// context or version, and of the third before each context of a version. Contexts compare by

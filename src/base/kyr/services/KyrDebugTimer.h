@@ -20,6 +20,33 @@ namespace Kyr {
 /// \threadsafety one thread per object
 class KYR_EXPORT DebugTimer {
  public:
+  struct Mark {
+    QString name;
+    double time;  ///< milliseconds since the start
+  };
+  /// What the intervals of one label come to.
+  struct Interval {
+    double total = 0;  ///< milliseconds
+    unsigned count = 0;
+  };
+
+  /// Begins an interval and ends it where its block ends, also by an exception.
+  class KYR_EXPORT Scope {
+   public:
+    /// \param timer lives longer than this object
+    /// \param label as for end(); copied
+    Scope(DebugTimer& timer, const char* label);
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+    /// Without memory for a new label the interval counts nowhere.
+    /// \throws ProgError "end without begin"
+    ~Scope();
+
+   private:
+    DebugTimer& _timer;
+    const std::string _label;
+  };
+
   /// Starts the timer.
   /// \param title stands above the tables; empty for none
   explicit DebugTimer(const QString& title);
@@ -38,8 +65,13 @@ class KYR_EXPORT DebugTimer {
   void begin();
   /// Ends the interval that began last and adds its time to those of the same label.
   /// \param label UTF-8; null counts as empty
-  /// \throws ProgError "end without begin"
+  /// \throws ProgError "end without begin"; std::bad_alloc, and the interval is over even so
   void end(const char* label);
+
+  /// The marks since the start, in the order recorded.
+  const std::vector<Mark>& getMarks() const { return _marks; }
+  /// The intervals that have ended, by label.
+  const std::map<std::string, Interval>& getIntervals() const { return _intervals; }
 
   /// The title and the tables of marks and of intervals by label; each only when there is
   /// something to say. The same under every locale; names with line breaks are not treated
@@ -52,14 +84,6 @@ class KYR_EXPORT DebugTimer {
 
  private:
   friend struct TestProbe;  // the tests' way to a timer that does not run
-  struct Mark {
-    QString name;
-    double time;  // milliseconds since the start
-  };
-  struct Interval {
-    double total = 0;  // milliseconds
-    unsigned count = 0;
-  };
 
   double milliseconds(std::int64_t from, std::int64_t to) const;
   QString timeText(double time) const;

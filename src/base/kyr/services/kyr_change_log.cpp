@@ -168,6 +168,11 @@ VersionNumber VersionNumber::version620(unsigned build) {
   return version(Version620, build);
 }
 
+VersionNumber VersionNumber::fromParts(unsigned itsMajor, unsigned itsMinor, unsigned itsPatch,
+                                       unsigned itsBuild) {
+  return {itsMajor, itsMinor, itsPatch, itsBuild};
+}
+
 VersionNumber VersionNumber::fromString(const char* text) {
   constexpr char before[] = {'v', '.', '.', '-'};
   unsigned numbers[std::size(before)] = {};

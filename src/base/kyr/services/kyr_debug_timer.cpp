@@ -8,6 +8,7 @@
 #include <array>
 #include <atomic>
 #include <cstdio>
+#include <new>
 
 namespace Kyr {
 
@@ -118,10 +119,24 @@ void DebugTimer::end(const char* label) {
   if (_begun.empty()) {
     throw ProgError("Kyr::DebugTimer::end", site::File, site::End, "end without begin");
   }
+  const double elapsed = milliseconds(_begun.back(), now);
+  _begun.pop_back();  // before a new label, for which there may be no memory
   Interval& interval = _intervals[label ? label : ""];
-  interval.total += milliseconds(_begun.back(), now);
+  interval.total += elapsed;
   ++interval.count;
-  _begun.pop_back();
+}
+
+DebugTimer::Scope::Scope(DebugTimer& timer, const char* label)
+    : _timer(timer), _label(label ? label : "") {
+  timer.begin();
+}
+
+DebugTimer::Scope::~Scope() {
+  try {
+    _timer.end(_label.c_str());
+  } catch (const std::bad_alloc&) {
+    // A stopwatch must not end the program that it watches.
+  }
 }
 
 QString DebugTimer::toString() const {
