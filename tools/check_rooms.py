@@ -1,16 +1,20 @@
 #!/usr/bin/env python3
 """Holds the includes of the library against the rooms that it declares.
 
-Each room's CMakeLists.txt says with kyr_room(NAME ... NEEDS ...) what it is made of and which
-rooms it may include. Prints one line for each breach and ends with 1 if there is any.
+Each room's CMakeLists.txt says with kyr_room(NAME ... NEEDS ... TAKES ...) what it is made of, and
+which rooms and single headers it may include. A public header includes what its functions are
+called with, and kyr/Kyr.h includes all public headers. Prints one line for each breach and ends with 1 if there is any.
 """
 import argparse
 import re
 import sys
 from pathlib import Path
 
-LISTS = ("SOURCES", "POSIX", "WINDOWS", "NEEDS")
+LISTS = ("SOURCES", "POSIX", "WINDOWS", "NEEDS", "TAKES")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+CLASS = r"^(?:class|struct) (?:KYR_\w+(?:\(.*?\))? )*(\w+)"
+DEFINED = re.compile(CLASS + r"(?: : .*)?\s*\{", re.M)
+DECLARED = re.compile(CLASS + r";", re.M)
 
 
 class Room:
@@ -110,10 +114,45 @@ def check_library_include(place, room, allowed, path, bracket, name, library):
         yield f'{place}: includes "{name}"; write <kyr/room/...>'
     elif parts[0] == "kyr" and not (library / "/".join(parts[1:])).is_file():
         yield f"{place}: includes {name}, which does not exist"
-    elif parts[0] == "kyr" and parts[1] != room.name and parts[1] not in allowed:
+    elif (parts[0] == "kyr" and parts[1] != room.name and parts[1] not in allowed
+          and "/".join(parts[1:]) not in room.parts["TAKES"]):
         yield f"{place}: includes room {parts[1]}, which {room.name} does not need"
     if name.endswith("_p.h") and path.suffix == ".h" and not path.name.endswith("_p.h"):
         yield f"{place}: a public header includes the private {name}"
+
+
+def check_takes(rooms, library):
+    """What a room takes is public and leads to no other room than the room's own includes do."""
+    for room in rooms.values():
+        allowed = {room.name, *reach(rooms, room.name)}
+        for name in room.parts["TAKES"]:
+            path = library / name
+            if not path.is_file() or path.name.endswith("_p.h"):
+                yield f"{room.folder}/CMakeLists.txt: takes {name}, which is no public header"
+                continue
+            for number, _, included in includes(path):
+                parts = included.split("/")
+                if parts[0] == "kyr" and parts[1] not in allowed:
+                    yield (f"{path}:{number}: includes room {parts[1]}, though {room.name}, "
+                           "which takes this header, may not")
+
+
+def check_public_headers(library):
+    """Whoever includes one can call all that it offers; whoever includes kyr/Kyr.h has them all."""
+    headers = [path for path in sorted(library.glob("*/*.h")) if not path.name.endswith("_p.h")]
+    texts = {path.relative_to(library).as_posix(): path.read_text() for path in headers}
+    places = {name: header for header, text in texts.items() for name in DEFINED.findall(text)}
+    for header, text in texts.items():
+        for name in DECLARED.findall(text):
+            if places.get(name, header) != header:
+                yield f"{library / header}: only declares {name}; include <kyr/{places[name]}>"
+    everything = library / "Kyr.h"
+    if everything.is_file():
+        listed = [name for _, _, name in includes(everything)]
+        for header in sorted(set(texts) - {name.removeprefix("kyr/") for name in listed}):
+            yield f"{everything}: misses <kyr/{header}>"
+    else:
+        yield f"{everything} is missing"
 
 
 def check_library(rooms, library):
@@ -146,7 +185,8 @@ def main():
     root = arguments.parse_args().root
     library = root / "src/base/kyr"
     rooms = read_rooms(library)
-    breaches = [*check_declarations(rooms), *check_library(rooms, library), *check_users(root)]
+    breaches = [*check_declarations(rooms), *check_takes(rooms, library),
+                *check_library(rooms, library), *check_public_headers(library), *check_users(root)]
     if not rooms:
         breaches.append(f"{library}: there are no rooms")
     for breach in breaches:

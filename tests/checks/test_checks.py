@@ -22,6 +22,7 @@ GOOD = {
     "src/base/kyr/high/high.cpp": "#include <kyr/high/High.h>\n#include <kyr/low/low_p.h>\n",
     "src/base/kyr/high/High.h": "#include <kyr/low/Low.h>\n#include <zlib.h>\n",
     "src/base/kyr/high/platform/h_posix.cpp": "#include <sys/stat.h>\n#include <unistd.h>\n",
+    "src/base/kyr/Kyr.h": "#include <kyr/high/High.h>\n#include <kyr/low/Low.h>\n",
     "src/base/kyr/core/KyrPlatform.h": "#if defined(_WIN32)\n#endif\n",
 }
 LOW, HIGH = "src/base/kyr/low/", "src/base/kyr/high/"
@@ -44,6 +45,18 @@ ROOMS = [
     ({HIGH + "platform/x_win.cpp": ""}, "platform/x_win.cpp is in the folder, but not"),
     ({HIGH + "CMakeLists.txt": "kyr_room(NAME high SOURCES platform/h_posix.cpp POSIX high.cpp)"},
      "POSIX file high.cpp is not called"),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME low SOURCES low.cpp TAKES high/High.h)",
+      HIGH + "High.h": "class KYR_EXPORT High {\n", LOW + "Low.h": "#include <kyr/high/High.h>\n"},
+     ""),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME low SOURCES low.cpp TAKES high/High.h)",
+      HIGH + "High.h": "#include <kyr/high/More.h>\n", HIGH + "More.h": ""},
+     "high/High.h:1: includes room high, though low, which takes this header, may not"),
+    ({LOW + "CMakeLists.txt": "kyr_room(NAME low SOURCES low.cpp TAKES high/h_p.h)",
+      HIGH + "h_p.h": ""}, "takes high/h_p.h, which is no public header"),
+    ({HIGH + "High.h": "class KYR_EXPORT High : Low {\n", LOW + "Low.h": "class High;\nclass X;\n"},
+     "low/Low.h: only declares High; include <kyr/high/High.h>"),
+    ({LOW + "New.h": ""}, "kyr/Kyr.h: misses <kyr/low/New.h>"),
+    ({"src/base/kyr/Kyr.h": None}, "kyr/Kyr.h is missing"),
     ({"examples/tour.cpp": "#include <kyr/low/low_p.h>\n"}, "tour.cpp:1: includes the library's"),
 ]
 

@@ -1,7 +1,6 @@
 // The smallest program on top of an installed library: uses its data, a function and a class
 // with a virtual table.
-#include <kyr/core/KyrException.h>
-#include <kyr/core/KyrVersion.h>
+#include <kyr/Kyr.h>
 
 #include <cstdio>
 

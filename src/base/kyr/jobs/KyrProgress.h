@@ -3,18 +3,16 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/time/KyrTime.h>
 
+#include <QObject>
 #include <QString>
 
 #include <vector>
 
-class QObject;
-
 namespace Kyr {
-
-class GUIThreadEventCreator;
 
 /// Progress of the whole process. Any thread advances it, the GUI thread paints it.
 ///

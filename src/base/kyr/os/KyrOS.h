@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/log/KyrErrorLog.h>
 #include <kyr/os/KyrProcess.h>
 
 #include <QMap>
@@ -15,8 +16,6 @@
 #include <vector>
 
 namespace Kyr {
-
-class ErrorLog;
 
 /// Services of the operating system. Never instantiated; it has no state but the number of
 /// processors.
@@ -108,7 +107,10 @@ class KYR_EXPORT OS {
   static void openStdStream(std::ifstream& stream, const QString& name, OpenMode mode, bool shared);
 
   /// Opens a binary stream of the C library; fails for the names that openStdStream() refuses.
-  /// \return the open stream, which the caller closes with fclose(); null on failure
+  /// \return the open stream, which the caller closes with fclose(); null on failure. Then errno
+  ///         tells why, on every platform, until something else is called: EINVAL for a mode or a
+  ///         name that is none, EISDIR for a directory, otherwise the system's reason, as ENOENT;
+  ///         EIO where the C library has no number for that
   static FILE* openFile(const QString& name, OpenMode mode);
 
   // ---- files and directories ----
