@@ -34,13 +34,22 @@ TEST(Os, Modes) {
 TEST(Os, RefusesWhatIsNoFile) {
   const KyrTest::TempDir dir;
   const QString good = dir.write("good", "kept");
-  for (const QString& name : {QString(), dir.path(), good + QChar::Null + "x", dir.file("no/x")}) {
+  const std::pair<QString, int> rows[] = {
+      {QString(), EINVAL},
+      {dir.path(), EISDIR},
+      {good + QChar::Null + "x", EINVAL},
+      {dir.file("no/x"), ENOENT},
+  };
+  for (const auto& [name, reason] : rows) {
     std::ifstream stream;
     OS::openStdStream(stream, name, OS::OpenRead, true);
     EXPECT_TRUE(stream.fail()) << name.toStdString();
     EXPECT_EQ(afterWriting(name, OS::OpenAppend, "x"), "failed") << name.toStdString();
     EXPECT_EQ(OS::openFile(name, OS::OpenRead), nullptr) << name.toStdString();
+    EXPECT_EQ(errno, reason) << name.toStdString();
   }
+  EXPECT_EQ(OS::openFile(good, OS::OpenMode(1)), nullptr);
+  EXPECT_EQ(errno, EINVAL) << "a mode that is none";
   EXPECT_EQ(KyrTest::readFile(good), "kept");
 }
 

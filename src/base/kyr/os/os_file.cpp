@@ -1,18 +1,38 @@
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
+
+#include <cerrno>
 
 namespace Kyr {
 
 namespace {
 
-/// A zero character would end the name for the system, which then opens another file.
-bool canBeFile(const QString& name) {
-  return !name.isEmpty() && !name.contains(QChar::Null) && !Platform::isDirectory(name);
+/// Why a name is not even tried, as the C library's number; 0 for one that is.
+int refusal(const QString& name) {
+  // A zero character would end the name for the system, which then opens another file.
+  if (name.isEmpty() || name.contains(QChar::Null)) {
+    return EINVAL;
+  }
+  return Platform::isDirectory(name) ? EISDIR : 0;
+}
+
+/// \return null for a mode that is none
+const char* modeText(OS::OpenMode mode) {
+  switch (mode) {
+    case OS::OpenRead:
+      return "rb";
+    case OS::OpenWrite:
+      return "wb";
+    case OS::OpenAppend:
+      return "ab";
+  }
+  return nullptr;
 }
 
 template <class Stream>
 void open(Stream& stream, const QString& name, std::ios_base::openmode mode, bool shared) {
-  if (canBeFile(name) && Platform::openBuffer(*stream.rdbuf(), name, mode, shared)) {
+  if (refusal(name) == 0 && Platform::openBuffer(*stream.rdbuf(), name, mode, shared)) {
     stream.clear();
   } else {
     stream.setstate(std::ios_base::failbit);
@@ -42,18 +62,17 @@ void OS::openStdStream(std::ifstream& stream, const QString& name, OpenMode mode
 }
 
 FILE* OS::openFile(const QString& name, OpenMode mode) {
-  if (!canBeFile(name)) {
+  const char* const text = modeText(mode);
+  if (const int refused = text ? refusal(name) : EINVAL) {
+    errno = refused;
     return nullptr;
   }
-  switch (mode) {
-    case OpenRead:
-      return Platform::openFile(name, "rb");
-    case OpenWrite:
-      return Platform::openFile(name, "wb");
-    case OpenAppend:
-      return Platform::openFile(name, "ab");
+  FILE* const file = Platform::openFile(name, text);
+  if (!file) {
+    const int known = Platform::lastError().known;
+    errno = known != 0 ? known : EIO;
   }
-  return nullptr;
+  return file;
 }
 
 }  // namespace Kyr
