@@ -61,6 +61,22 @@ TEST(SystemPosix, IsCalledAsItCallsItself) {
   EXPECT_TRUE(KyrTest::readFile("/proc/version").contains(' ' + OS::getSystemVersion().toUtf8()));
 }
 
+TEST(SystemPosix, RefusesATemporaryPathThatIsNoText) {
+  const struct {
+    const char* path;
+    const char* taken;
+    const char* catches;
+  } rows[] = {
+      {"/tmp\xff", "", "a last byte that is dropped"},
+      {"/t\xc3\xa4\xc3/", "", "half a character that is dropped in front of the slash"},
+      {"/t\xc3\xa4/", "/t\xc3\xa4", "a good path that is refused"},
+  };
+  for (const auto& row : rows) {
+    const KyrTest::ScopedEnvironment path("TMPDIR", row.path);
+    EXPECT_EQ(OS::getTempDirectory().toStdString(), row.taken) << row.catches;
+  }
+}
+
 TEST(SystemPosix, TellsWhyTheDirectoryAboveIsMissing) {
   const std::string above = KyrTest::failure([] { OS::makeDirectory("/sys/kyr"); });
   const std::string below = KyrTest::failure([] { OS::makeDirectory("/sys/kyr/below"); });

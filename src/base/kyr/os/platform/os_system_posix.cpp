@@ -85,19 +85,20 @@ int takeCharacter(const unsigned char*& text) {
 
 /// Without the heap; mbstowcs() would ask for the locale.
 /// \param length of the text in bytes
+/// \return false, with an empty text in the buffer, unless all of it is UTF-8 and fits
 bool decode(const char* text, std::size_t length, wchar_t* buffer, unsigned size) {
   const auto* from = reinterpret_cast<const unsigned char*>(text);
   const auto* const end = from + length;
   unsigned count = 0;
-  while (from < end && count + 1 < size) {
+  bool isText = true;
+  while (isText && from < end && count + 1 < size) {
     const int character = takeCharacter(from);
-    if (character < 0) {
-      break;
-    }
+    isText = character >= 0;
     buffer[count++] = static_cast<wchar_t>(character);
   }
-  buffer[from == end ? count : 0] = L'\0';
-  return from == end;
+  const bool isWhole = isText && from == end;
+  buffer[isWhole ? count : 0] = L'\0';
+  return isWhole;
 }
 
 }  // namespace
