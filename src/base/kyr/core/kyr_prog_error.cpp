@@ -38,9 +38,7 @@ void writeMessage(const QString& message) {
 }
 
 void beginReport() {
-  if (const auto release = sharedMemoryRelease.load()) {
-    release();
-  }
+  Fatal::releaseSharedMemory();
   Fatal::callHook();
   writePiece("\nInternal program error: ");
 }
@@ -65,6 +63,12 @@ void endReport() {
 
 void Fatal::setSharedMemoryRelease(void (*release)()) noexcept {
   sharedMemoryRelease = release;
+}
+
+void Fatal::releaseSharedMemory() noexcept {
+  if (const auto release = sharedMemoryRelease.load()) {
+    release();
+  }
 }
 
 void Fatal::callHook() noexcept {

@@ -13,6 +13,9 @@ namespace Kyr::Fatal {
 /// \param release must not allocate or lock; null takes it back
 KYR_EXPORT void setSharedMemoryRelease(void (*release)()) noexcept;
 
+/// Releases them. Waits for a lock, a second at most.
+void releaseSharedMemory() noexcept;
+
 /// Calls the application's fatal-error hook, unless the hook itself is what failed.
 void callHook() noexcept;
 

@@ -29,6 +29,19 @@ std::atomic<int> reporter{0};
 /// The thread that ends because of an exception, whose text is in uncaught.
 std::atomic<int> thrower{0};
 
+/// Other processes must not find the memory of a dead one, whatever became of the report.
+void releaseSharedMemory() noexcept {
+  static std::atomic<bool> released{false};
+  if (!released.exchange(true)) {
+    Fatal::releaseSharedMemory();
+  }
+}
+
+[[noreturn]] void endProcess() noexcept {
+  releaseSharedMemory();
+  Fatal::endProcess(1);
+}
+
 /// The end of a thread's own when others report.
 [[noreturn]] void waitForEnd() noexcept {
   while (true) {
@@ -44,13 +57,13 @@ void becomeReporter() noexcept {
     return;
   }
   if (first == own) {
-    Fatal::endProcess(1);
+    endProcess();
   }
   waitForEnd();
 }
 
 void giveUp(int) {
-  Fatal::endProcess(1);
+  endProcess();
 }
 
 void limitTime() noexcept {
@@ -94,10 +107,11 @@ void onFault(int, siginfo_t* signal, void* given) {
   threads.stop(context);
   writeDump(*signal, threads, memory);
   printBacktraces(threads, memory, thrown);
-  // The hook may need a lock that one of them holds.
+  // What follows may need a lock that one of them holds.
   threads.release();
   limitTime();
   Fatal::callHook();
+  releaseSharedMemory();
   Fatal::endProcess(1);
 }
 

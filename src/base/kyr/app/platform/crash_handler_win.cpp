@@ -94,6 +94,7 @@ DWORD WINAPI report(void* given) {
     waitForSpace();
     limitTime();
   }
+  Fatal::releaseSharedMemory();
   Fatal::callHook();
   Fatal::endProcess(1);
 }
