@@ -4,6 +4,7 @@
 #include <kyr/core/KyrProgError.h>
 
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 
 namespace Crash {
@@ -13,6 +14,9 @@ namespace {
 // Read at run time: what the optimiser could see, it would replace by a trap.
 int* volatile nowhere = nullptr;
 void (*volatile noFunction)() = nullptr;
+int data = 0;
+void (*volatile dataAsFunction)() = reinterpret_cast<void (*)()>(&data);
+volatile std::size_t tooMuch = SIZE_MAX / 2;
 volatile int zero = 0;
 volatile int sink = 0;
 
@@ -26,6 +30,11 @@ volatile int sink = 0;
 
 [[gnu::noinline]] void executeNull() {
   noFunction();
+  sink = 1;
+}
+
+[[gnu::noinline]] void executeData() {
+  dataAsFunction();
   sink = 1;
 }
 
@@ -73,6 +82,10 @@ volatile int sink = 0;
 const Fault faults[] = {
     {"null-read", &readNull, "reads from address 0"},
     {"null-write", &writeNull, "writes to address 0"},
+[[gnu::noinline]] void askForTooMuch() {
+  sink = *new char[tooMuch];
+}
+
     {"execute", &executeNull, "calls a function at address 0"},
     {"divide", &divideByZero, "divides an integer by zero"},
     {"illegal", &executeIllegal, "executes what is no instruction"},
@@ -81,6 +94,7 @@ const Fault faults[] = {
     {"exception", &throwUncaught, "throws an exception that nobody catches"},
     {"exception-number", &throwNumber, "throws a number that nobody catches"},
     {"prog-error", &raiseProgError, "raises an internal program error"},
+    {"execute-data", &executeData, "calls what is no function"},
     {"signal", &raiseSignal, "sends itself the signal of a fault"},
 };
 
@@ -94,6 +108,7 @@ const Fault* findFault(const QString& kind) {
   }
   return nullptr;
 }
+    {"memory", &askForTooMuch, "asks for more memory than there is"},
 
 QString listOfFaults() {
   QString list;

@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <cstdint>
+
 namespace {
 
 using KyrTest::Death;
@@ -74,6 +76,10 @@ TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
   };
   const QString problem =
       "\nInternal program error: raised on purpose\nin function Crash::raiseProgError\n"
+      {"memory",
+       QString("0x20474343 \\(std::bad_alloc: bad allocation\\), %1 bytes were asked for")
+           .arg(SIZE_MAX / 2),
+       address, "askForTooMuch", "new char[tooMuch]", "a class that nobody knows"},
       "in file faults line 94\n\n";
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.kind) + " " + where.toStdString() + ": " + row.catches);

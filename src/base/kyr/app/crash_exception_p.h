@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/app/crash_text_p.h>
+#include <kyr/app/out_of_memory_p.h>
 
 #include <cstdint>
 #include <cstdlib>
@@ -26,19 +27,38 @@ inline void appendPlainName(Text& text, const char* name) noexcept {
   std::free(plain);
 }
 
-/// Appends the type and the text of the exception that is being handled.
+/// Appends the name of an exception's type. The one for which there may be no memory to find it is
+/// known, and of the library's own kinds of that the base is named, which is what others catch.
+inline void appendTypeName(Text& text, const std::type_info* type) noexcept {
+  if (type && (*type == typeid(OutOfMemory) || *type == typeid(std::bad_alloc))) {
+    text << "std::bad_alloc";
+  } else {
+    appendPlainName(text, type ? type->name() : "unknown type");
+  }
+}
+
+/// Appends the type and the text of the exception that is being handled, and of one for want of
+/// memory how much was asked for.
 inline void appendCurrentException(Text& text) noexcept {
   const std::type_info* type = abi::__cxa_current_exception_type();
   text.hexadecimal(uncaughtExceptionCode) << " (";
-  appendPlainName(text, type ? type->name() : "unknown type");
+  appendTypeName(text, abi::__cxa_current_exception_type());
+  std::size_t bytes = 0;
   try {
     throw;
   } catch (const std::exception& exception) {
+  } catch (const OutOfMemory& failure) {
+    text << ": " << failure.what();
+    bytes = failure.bytes();
     text << ": " << exception.what();
   } catch (...) {
     // Only what derives from std::exception has a text.
   }
   text << ")";
 }
+  if (bytes > 0) {
+    text << ", ";
+    text.count(bytes) << " bytes were asked for";
+  }
 
 }  // namespace Kyr::Crash

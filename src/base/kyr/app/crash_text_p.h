@@ -39,6 +39,9 @@ class Text {
     return digits(number < 0 ? 0 - bits : bits, 10);
   }
 
+  /// A number that has no sign, in decimal.
+  Text& count(std::uint64_t number) noexcept { return digits(number, 10); }
+
   /// Ends with a zero character.
   const char* data() const noexcept { return _characters.data(); }
   std::size_t length() const noexcept { return _length; }

@@ -1,5 +1,6 @@
 #include <kyr/app/KyrNewHandler.h>
 
+#include <kyr/app/out_of_memory_p.h>
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/forever_p.h>
 
@@ -14,12 +15,6 @@ constexpr unsigned Lock = 2080, Remove = 2130, FreeMemory = 2160;
 }  // namespace site
 
 namespace {
-
-/// With a text that is the same whichever compiler's library it is.
-class OutOfMemory : public std::bad_alloc {
- public:
-  const char* what() const noexcept override { return "bad allocation"; }
-};
 
 Forever<Mutex> lockRoom("Kyr::NewHandler", site::File, site::Lock);
 Forever<std::vector<NewHandler*>> handlersRoom;
