@@ -58,6 +58,13 @@ volatile int sink = 0;
   sink = overflowStack(0);
 }
 
+/// One call takes more than there is.
+[[gnu::noinline]] void takeBigFrame() {
+  volatile char frame[64U << 20U];
+  frame[zero] = 1;
+  sink = frame[zero];
+}
+
 [[gnu::noinline]] void abortProcess() {
   std::abort();
 }
@@ -68,6 +75,10 @@ volatile int sink = 0;
 
 [[gnu::noinline]] void throwNumber() {
   throw 42;  // NOLINT(misc-throw-by-value-catch-by-reference): it has no text
+}
+
+[[gnu::noinline]] void askForTooMuch() {
+  sink = *new char[tooMuch];
 }
 
 [[gnu::noinline]] void raiseProgError() {
@@ -82,19 +93,17 @@ volatile int sink = 0;
 const Fault faults[] = {
     {"null-read", &readNull, "reads from address 0"},
     {"null-write", &writeNull, "writes to address 0"},
-[[gnu::noinline]] void askForTooMuch() {
-  sink = *new char[tooMuch];
-}
-
     {"execute", &executeNull, "calls a function at address 0"},
+    {"execute-data", &executeData, "calls what is no function"},
     {"divide", &divideByZero, "divides an integer by zero"},
     {"illegal", &executeIllegal, "executes what is no instruction"},
     {"overflow", &overflow, "calls itself until the stack is used up"},
+    {"big-frame", &takeBigFrame, "calls a function with more variables than the stack has room"},
     {"abort", &abortProcess, "calls abort()"},
     {"exception", &throwUncaught, "throws an exception that nobody catches"},
     {"exception-number", &throwNumber, "throws a number that nobody catches"},
+    {"memory", &askForTooMuch, "asks for more memory than there is"},
     {"prog-error", &raiseProgError, "raises an internal program error"},
-    {"execute-data", &executeData, "calls what is no function"},
     {"signal", &raiseSignal, "sends itself the signal of a fault"},
 };
 
@@ -108,7 +117,6 @@ const Fault* findFault(const QString& kind) {
   }
   return nullptr;
 }
-    {"memory", &askForTooMuch, "asks for more memory than there is"},
 
 QString listOfFaults() {
   QString list;

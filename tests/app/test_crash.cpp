@@ -60,26 +60,31 @@ TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
        "a write called a read"},
       {"execute", violation + "\\(" KYR_EXECUTES " address 0x0\\)", "at address 0x0\n",
        "executeNull", "noFunction();\n", "a caller lost behind a jump to nowhere"},
+      {"execute-data", violation + "\\(" KYR_EXECUTES " address 0x[0-9a-f]+\\)", address,
+       "executeData", "dataAsFunction();\n", "data of a program taken for its code"},
       {"divide", "EXCEPTION_INT_DIVIDE_BY_ZERO", address, "divideByZero", "sink = 100 / zero",
        "a division taken for floating point"},
       {"illegal", "EXCEPTION_ILLEGAL_INSTRUCTION", address, "executeIllegal", "__builtin_trap();",
        "a signal left out"},
-      {"overflow", "EXCEPTION_STACK_OVERFLOW", address, "overflowStack",
-       "return zero != 0 ? 0 : overflowStack", "a handler on the stack that is used up"},
-      {"abort", "0x40000015", address, "abortProcess", "std::abort();", "a silent abort"},
+      {"overflow", "EXCEPTION_STACK_OVERFLOW", address, "overflowStack", "sink = overflowStack(0)",
+       "a handler on the stack that is used up; who began is left out"},
+      {"big-frame", "EXCEPTION_STACK_OVERFLOW", address, "takeBigFrame", "frame[zero] = 1",
+       "a frame that reaches far below the stack"},
+      {"abort", "0x40000015 \\(abort\\(\\) was called\\)", address, "abortProcess", "std::abort();",
+       "a silent abort"},
       {"exception", "0x20474343 \\(Kyr::Exception: the measurement is gone\\)", address,
        "throwUncaught", "throw Kyr::Exception", "an exception without its text"},
       {"exception-number", "0x20474343 \\(int\\)", address, "throwNumber", "throw 42",
        "an exception without a text that is asked for one"},
+      {"memory",
+       QString("0x20474343 \\(std::bad_alloc: bad allocation\\), %1 bytes were asked for")
+           .arg(SIZE_MAX / 2),
+       address, "askForTooMuch", "new char[tooMuch]", "a class that nobody knows"},
       {"prog-error", violation + "\\(write to address 0x0\\)", address, "raiseProgError",
        "throw Kyr::ProgError", "an internal error that ends without a report"},
   };
   const QString problem =
       "\nInternal program error: raised on purpose\nin function Crash::raiseProgError\n"
-      {"memory",
-       QString("0x20474343 \\(std::bad_alloc: bad allocation\\), %1 bytes were asked for")
-           .arg(SIZE_MAX / 2),
-       address, "askForTooMuch", "new char[tooMuch]", "a class that nobody knows"},
       "in file faults line 94\n\n";
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.kind) + " " + where.toStdString() + ": " + row.catches);
@@ -100,6 +105,16 @@ TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
     EXPECT_EQ(death.report.count("Crash::Crew::waitForWork"), 8);
     EXPECT_EQ(death.dumps.size(), 1) << death.report.toStdString();
   }
+}
+
+TEST_F(Crash, CountsWhatItLeavesOutOfAStack) {
+  const TempDir folder;
+  const QString report = die(folder, {"--kind", "overflow"}).report;
+  const auto gap =
+      QRegularExpression("#(\\d+) +0x.+\n(\\d+) frames are left out\n#(\\d+) +0x").match(report);
+  EXPECT_EQ(gap.captured(1), "49") << report.toStdString();
+  EXPECT_EQ(gap.captured(3).toInt(), 50 + gap.captured(2).toInt());
+  EXPECT_TRUE(report.contains(QString("\n#%1 ").arg(gap.captured(3).toInt() + 49)));
 }
 
 TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {

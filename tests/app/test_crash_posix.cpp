@@ -1,4 +1,5 @@
 // Crashes where something is in their way.
+#include "app/home.h"
 #include "support/Support.h"
 
 #include <kyr/core/KyrPlatform.h>
@@ -9,6 +10,13 @@
 #include <QFile>
 #include <QProcess>
 
+#include <csignal>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+using KyrTest::Home;
+using KyrTest::inChild;
 using KyrTest::readFile;
 using KyrTest::TempDir;
 
@@ -36,6 +44,9 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
       {"mkdir \"$TMPDIR/l\"; cp \"$LIBRARY\" \"$TMPDIR/l/libKyr.so.6\"; LD_LIBRARY_PATH=$TMPDIR/l; "
        "export LD_LIBRARY_PATH",
        "error starting kyr-backtrace: No such file or directory\n", 1, "a lone library"},
+      {"cp \"" KYR_CRASH "\" \"$TMPDIR/c\"; exec 9<\"$TMPDIR/c\"; rm \"$TMPDIR/c\"; "
+       "exec /proc/self/fd/9 --kind divide",
+       " c!Crash::(anonymous namespace)::divideByZero()", 1, "a removed program without symbols"},
       {"trap '' ABRT SEGV FPE ALRM PIPE", "EXCEPTION_INT_DIVIDE_BY_ZERO\n", 1,
        "signals that the process was born without"},
   };
@@ -59,5 +70,47 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
     EXPECT_TRUE(report.contains("\nbacktrace of the crashing thread 0x")) << row.catches;
     EXPECT_EQ(readFile(folder.file("precious")), "gold") << row.catches;
     EXPECT_EQ(QDir(folder.path()).entryList({"ORV-*.dmp"}).size(), row.dumps) << row.catches;
+  }
+}
+
+/// In a child: sends its parent a signal and lives until that ends.
+void sendToParent(int signal, const Home& home) {
+  const QString own = QString::number(::getpid());
+  if (::fork() == 0) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    home.say(QString::number(::getpid()));
+    ::kill(own.toInt(), signal);
+  }
+  ::pause();
+}
+
+TEST(CrashFromOutside, NamesTheSender) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers report faults in the place of the library";
+#endif
+  const struct {
+    int signal;
+    bool isOwn;
+    const char* words;
+    const char* catches;
+  } rows[] = {
+      {SIGSEGV, false, "0xb (SIGSEGV sent by process %1 \"test_crash\")\n", "a number alone"},
+      {SIGABRT, false, "0x40000015 (SIGABRT sent by process %1 \"test_crash\")\n",
+       "another's signal taken for abort()"},
+      {SIGSEGV, true, "0xb (SIGSEGV sent by this process itself)\n", "oneself taken for another"},
+  };
+  const Home home;
+  for (const auto& row : rows) {
+    const auto ended = inChild([&] {
+      home.start({});
+      home.say({});
+      row.isOwn ? static_cast<void>(std::raise(row.signal)) : sendToParent(row.signal, home);
+    });
+    EXPECT_TRUE(ended.exited && ended.code == 1) << row.catches;
+    const QString report = readFile(home.file("output"));
+    const QString words = QString(row.words).replace("%1", QString::fromStdString(home.said()));
+    EXPECT_TRUE(report.contains("caught exception: " + words)) << row.catches << '\n'
+                                                               << report.toStdString();
+    QFile::remove(home.file("output"));
   }
 }

@@ -1,10 +1,11 @@
 /// \file
 /// kyr-backtrace: prints backtraces of the crashed process that started it.
 ///
-///   kyr-backtrace SOCKET MEMORY MAPS
+///   kyr-backtrace SOCKET MEMORY MAPS PROGRAM
 ///
 /// The arguments are numbers of open descriptors: the socket of the conversation, the memory of
-/// the process and the list of what is mapped in it. Each request on the socket is the registers
+/// the process, the list of what is mapped in it and its program's file, which may have lost its
+/// name. Each request on the socket is the registers
 /// of a thread that stands still: 17 numbers of 64 bits in the numbering of the debug
 /// information, the last of them the instruction pointer. The backtrace goes to standard error;
 /// then one byte answers. The conversation ends with the socket.
@@ -19,13 +20,16 @@
 #include <sys/types.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -34,21 +38,37 @@ constexpr std::size_t instructionPointer = 16;
 constexpr unsigned registerCount = 17;
 using Registers = std::array<Dwarf_Word, registerCount>;
 
-/// More are the same few of an endless recursion.
-constexpr unsigned mostFrames = 100;
+/// Of an endless recursion these many frames are printed: the innermost, which show who calls
+/// whom, and the outermost, which show who began.
+constexpr std::size_t mostInnermost = 50;
+constexpr std::size_t mostOutermost = 50;
+/// Walking through a stack takes no longer; its outermost frames are not known then.
+constexpr std::chrono::seconds patience{8};
 
 struct Request {
   Dwarf_Word count;
   Registers numbers;
 };
 
+/// A range of addresses.
+struct Range {
+  Dwarf_Addr begin = 0;
+  Dwarf_Addr end = 0;
+};
+
 /// The process and the thread that is looked at.
 struct Process {
   Dwfl* modules = nullptr;
   int memory = -1;
+  std::vector<Range> code;  ///< what may be executed
   Registers registers{};
-  unsigned frames = 0;    ///< printed of this thread
-  bool returned = false;  ///< the registers were put back to the caller
+  std::size_t frames = 0;  ///< lines printed of this thread, and frames of it that are left out
+};
+
+/// A function of a stack that was called or interrupted.
+struct Frame {
+  Dwarf_Addr shown = 0;   ///< where it goes on
+  Dwarf_Addr looked = 0;  ///< inside the instruction that is meant
 };
 
 struct Freed {
@@ -74,9 +94,16 @@ std::string withoutVersion(const char* name) {
   return whole.substr(0, whole.find('@'));
 }
 
+/// What the system puts behind the name of a file that was removed or replaced.
+const std::string removedMark = " (deleted)";
+
 std::string fileOf(const char* path) {
   const std::string whole = path;
-  return whole.substr(whole.rfind('/') + 1);
+  const std::string name = whole.substr(whole.rfind('/') + 1);
+  const std::size_t mark = name.rfind(removedMark);
+  return mark != std::string::npos && mark + removedMark.size() == name.size()
+             ? name.substr(0, mark)
+             : name;
 }
 
 std::string hexadecimal(Dwarf_Addr number) {
@@ -146,7 +173,7 @@ Place callOf(Dwarf_Die& inlined, Dwarf_Die& unit) {
 // ---- frames -----------------------------------------------------------------------------------
 
 void printNumber(Process& process, Dwarf_Addr address) {
-  std::fprintf(stderr, "#%-2u %s ", process.frames++, hexadecimal(address).c_str());
+  std::fprintf(stderr, "#%-2zu %s ", process.frames++, hexadecimal(address).c_str());
 }
 
 /// The functions that the compiler merged into this one, the innermost first.
@@ -178,9 +205,8 @@ Place printInlined(Process& process, Dwfl_Module* module, Dwarf_Addr shown, Dwar
   return place;
 }
 
-/// \param shown the address that the frame goes on at
-/// \param looked an address inside the instruction that is meant
-void printFrame(Process& process, Dwarf_Addr shown, Dwarf_Addr looked) {
+void printFrame(Process& process, const Frame& frame) {
+  const auto [shown, looked] = frame;
   Dwfl_Module* module = dwfl_addrmodule(process.modules, looked);
   if (!module) {
     printNumber(process, shown);
@@ -202,22 +228,83 @@ void printFrame(Process& process, Dwarf_Addr shown, Dwarf_Addr looked) {
                place.text().c_str());
 }
 
-int onFrame(Dwfl_Frame* frame, void* given) {
-  auto& process = *static_cast<Process*>(given);
-  if (process.frames >= mostFrames) {
-    std::fputs("further frames are left out\n", stderr);
-    return DWARF_CB_ABORT;
-  }
-  Dwarf_Addr address = 0;
-  bool isActivation = false;
-  if (!dwfl_frame_pc(frame, &address, &isActivation)) {
-    return DWARF_CB_ABORT;
-  }
-  // A return address may already belong to the next line, or to the next function.
-  const bool isReturn = !isActivation || (process.returned && process.frames == 1);
-  printFrame(process, address, isReturn ? address - 1 : address);
-  return DWARF_CB_OK;
+/// Whether an address lies where code does.
+bool isCode(const Process& process, Dwarf_Addr address) {
+  return std::any_of(process.code.begin(), process.code.end(), [address](const Range& range) {
+    return address >= range.begin && address < range.end;
+  });
 }
+
+/// The way through one stack, from the innermost frame outwards: the first are printed on the
+/// way, the last are kept.
+class Walk {
+ public:
+  /// \param returned the registers were put back to the caller: its address is behind a call
+  Walk(Process& process, bool returned) : _process(process), _returned(returned) {}
+
+  static int onFrame(Dwfl_Frame* frame, void* given) {
+    return static_cast<Walk*>(given)->add(*frame);
+  }
+
+  void printOutermost() {
+    const std::size_t kept = std::min(_count - std::min(_count, mostInnermost), mostOutermost);
+    const std::size_t left = _count - std::min(_count, mostInnermost) - kept;
+    if (_isUnfinished) {
+      std::fputs("further frames are left out\n", stderr);
+      return;
+    }
+    if (left > 0) {
+      std::fprintf(stderr, "%zu frames are left out\n", left);
+      _process.frames += left;
+    }
+    for (std::size_t i = _count - kept; i < _count; ++i) {
+      printFrame(_process, _last[i % mostOutermost]);
+    }
+  }
+
+ private:
+  int add(Dwfl_Frame& frame) {
+    Dwarf_Addr address = 0;
+    bool isActivation = false;
+    if (!dwfl_frame_pc(&frame, &address, &isActivation) || !leadsOutwards(frame, isActivation)) {
+      return DWARF_CB_ABORT;
+    }
+    _isUnfinished = std::chrono::steady_clock::now() > _end;
+    if (_isUnfinished) {
+      return DWARF_CB_ABORT;
+    }
+    // A return address may already belong to the next line, or to the next function.
+    const bool isReturn = !isActivation || (_returned && _count == 0);
+    const Frame found{address, isReturn ? address - 1 : address};
+    if (_count < mostInnermost) {
+      printFrame(_process, found);
+    } else {
+      _last[_count % mostOutermost] = found;
+    }
+    ++_count;
+    return DWARF_CB_OK;
+  }
+
+  /// Every call needs some stack, so a broken stack that leads in a circle ends here. Only the
+  /// step from a handler of signals to what it interrupted may lead to another stack.
+  bool leadsOutwards(Dwfl_Frame& frame, bool isActivation) {
+    Dwarf_Word top = 0;
+    if (dwfl_frame_reg(&frame, stackPointer, &top) != 0) {
+      return true;
+    }
+    const bool does = isActivation || top > _top;
+    _top = top;
+    return does;
+  }
+
+  Process& _process;
+  bool _returned;
+  bool _isUnfinished = false;
+  std::size_t _count = 0;
+  Dwarf_Word _top = 0;
+  std::chrono::steady_clock::time_point _end = std::chrono::steady_clock::now() + patience;
+  std::array<Frame, mostOutermost> _last{};
+};
 
 // ---- the process ------------------------------------------------------------------------------
 
@@ -244,55 +331,106 @@ pid_t nextThread(Dwfl*, void* given, void** argument) {
 const Dwfl_Thread_Callbacks threadCallbacks = {&nextThread,   nullptr, &readMemory,
                                                &setRegisters, nullptr, nullptr};
 
+/// The program's own file, which is open: what its path names now may be another.
+struct Program {
+  int file = -1;
+  std::string path;  ///< as the list of what is mapped has it
+};
+Program program;
+
+Program programOf(int file) {
+  const std::string link = "/proc/self/fd/" + std::to_string(file);
+  std::array<char, 4096> path{};
+  const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+  return {file, {path.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))}};
+}
+
+int findFile(Dwfl_Module* module, void** data, const char* name, Dwarf_Addr base, char** path,
+             Elf** elf) {
+  const int file = name == program.path ? ::dup(program.file) : -1;
+  if (file < 0) {
+    return dwfl_linux_proc_find_elf(module, data, name, base, path, elf);
+  }
+  *path = ::strdup(name);
+  return file;
+}
+
 char* debugFolders = nullptr;  // the usual ones
-const Dwfl_Callbacks moduleCallbacks = {&dwfl_linux_proc_find_elf, &dwfl_standard_find_debuginfo,
-                                        nullptr, &debugFolders};
+const Dwfl_Callbacks moduleCallbacks = {&findFile, &dwfl_standard_find_debuginfo, nullptr,
+                                        &debugFolders};
 
 /// A call to where no code is has left nothing but the return address on the stack.
-void returnFromNowhere(Process& process) {
+/// \return whether the registers are the caller's now
+bool returnFromNowhere(Process& process) {
   Registers& registers = process.registers;
+  const Dwarf_Addr called = registers[instructionPointer];
   Dwarf_Word address = 0;
-  if (dwfl_addrmodule(process.modules, registers[instructionPointer]) ||
+  if ((isCode(process, called) && dwfl_addrmodule(process.modules, called)) ||
       !readMemory(nullptr, registers[stackPointer], &address, &process) ||
-      !dwfl_addrmodule(process.modules, address)) {
-    return;
+      !isCode(process, address) || !dwfl_addrmodule(process.modules, address)) {
+    return false;
   }
-  printFrame(process, registers[instructionPointer], registers[instructionPointer]);
+  printFrame(process, {called, called});
   registers[instructionPointer] = address;
   registers[stackPointer] += sizeof address;
-  process.returned = true;
+  return true;
 }
 
 void printCalls(Process& process, const Request& request) {
   for (std::size_t i = 0; i < request.count && i < request.numbers.size(); ++i) {
-    printFrame(process, request.numbers[i], request.numbers[i] - 1);
+    printFrame(process, {request.numbers[i], request.numbers[i] - 1});
   }
 }
 
 void printBacktrace(Process& process, const Request& request) {
   process.frames = 0;
-  process.returned = false;
   if (request.count > 0) {
     printCalls(process, request);
     return;
   }
   process.registers = request.numbers;
-  returnFromNowhere(process);
-  dwfl_getthread_frames(process.modules, 1, &onFrame, &process);
+  Walk walk(process, returnFromNowhere(process));
+  dwfl_getthread_frames(process.modules, 1, &Walk::onFrame, &walk);
+  walk.printOutermost();
   if (process.frames == 0) {
-    printFrame(process, process.registers[instructionPointer],
-               process.registers[instructionPointer]);
+    const Dwarf_Addr address = process.registers[instructionPointer];
+    printFrame(process, {address, address});
   }
 }
 
-Dwfl* openModules(int maps) {
-  Dwfl* modules = dwfl_begin(&moduleCallbacks);
-  std::FILE* list = ::fdopen(maps, "r");
-  if (!modules || !list || dwfl_linux_proc_maps_report(modules, list) != 0 ||
-      dwfl_report_end(modules, nullptr, nullptr) != 0) {
-    return nullptr;
+/// A line reads "begin-end rwxp offset device inode path".
+void addRange(std::vector<Range>& code, const char* line) {
+  char* next = nullptr;
+  Range range;
+  range.begin = std::strtoull(line, &next, 16);
+  range.end = std::strtoull(next + 1, &next, 16);
+  if (next[1] != '\0' && next[2] != '\0' && next[3] == 'x') {
+    code.push_back(range);
   }
-  return modules;
+}
+
+std::vector<Range> readCode(std::FILE* list) {
+  std::vector<Range> code;
+  char* text = nullptr;
+  std::size_t size = 0;
+  while (::getline(&text, &size, list) > 0) {
+    addRange(code, text);
+  }
+  std::free(text);
+  std::rewind(list);
+  return code;
+}
+
+bool open(Process& process, int maps) {
+  std::FILE* list = ::fdopen(maps, "r");
+  process.modules = dwfl_begin(&moduleCallbacks);
+  if (!list || !process.modules) {
+    return false;
+  }
+  process.code = readCode(list);
+  return dwfl_linux_proc_maps_report(process.modules, list) == 0 &&
+         dwfl_report_end(process.modules, nullptr, nullptr) == 0 &&
+         dwfl_attach_state(process.modules, nullptr, 1, &threadCallbacks, &process);
 }
 
 bool receive(int socket, Request& request) {
@@ -312,19 +450,21 @@ bool receive(int socket, Request& request) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
+  if (argc != 5) {
     std::fputs("kyr-backtrace: started by a crashing process, for which it works\n", stderr);
     return 2;
   }
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   static std::array<char, 1U << 16> buffer;
   std::setvbuf(stderr, buffer.data(), _IOFBF, buffer.size());
-  const int socket = static_cast<int>(std::strtol(argv[1], nullptr, 10));
+  const auto descriptor = [argv](int word) {
+    return static_cast<int>(std::strtol(argv[word], nullptr, 10));
+  };
+  const int socket = descriptor(1);
   Process process;
-  process.memory = static_cast<int>(std::strtol(argv[2], nullptr, 10));
-  process.modules = openModules(static_cast<int>(std::strtol(argv[3], nullptr, 10)));
-  if (!process.modules ||
-      !dwfl_attach_state(process.modules, nullptr, 1, &threadCallbacks, &process)) {
+  process.memory = descriptor(2);
+  program = programOf(descriptor(4));
+  if (!open(process, descriptor(3))) {
     return 1;
   }
   for (Request request{}; receive(socket, request);) {

@@ -16,6 +16,8 @@ namespace Kyr::Crash {
 
 /// That of "fatal application exit".
 constexpr std::uint32_t abortCode = 0x40000015;
+/// What stands behind that number when nothing more is known.
+constexpr const char* abortWords = " (abort() was called)";
 /// Under which the compiler's exceptions travel where the system has exceptions of its own.
 constexpr std::uint32_t uncaughtExceptionCode = 0x20474343;
 
@@ -40,25 +42,24 @@ inline void appendTypeName(Text& text, const std::type_info* type) noexcept {
 /// Appends the type and the text of the exception that is being handled, and of one for want of
 /// memory how much was asked for.
 inline void appendCurrentException(Text& text) noexcept {
-  const std::type_info* type = abi::__cxa_current_exception_type();
   text.hexadecimal(uncaughtExceptionCode) << " (";
   appendTypeName(text, abi::__cxa_current_exception_type());
   std::size_t bytes = 0;
   try {
     throw;
-  } catch (const std::exception& exception) {
   } catch (const OutOfMemory& failure) {
     text << ": " << failure.what();
     bytes = failure.bytes();
+  } catch (const std::exception& exception) {
     text << ": " << exception.what();
   } catch (...) {
     // Only what derives from std::exception has a text.
   }
   text << ")";
-}
   if (bytes > 0) {
     text << ", ";
     text.count(bytes) << " bytes were asked for";
   }
+}
 
 }  // namespace Kyr::Crash

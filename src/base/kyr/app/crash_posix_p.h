@@ -158,6 +158,9 @@ struct Fault {
 
 Fault classify(const siginfo_t& signal, const ucontext_t& context, const Memory& memory) noexcept;
 
+/// Appends where a signal came from that is no fault: abort(), or the process that sent it.
+void appendOrigin(Text& text, const siginfo_t& signal) noexcept;
+
 // ---- dump: platform/crash_dump_posix.cpp ------------------------------------------------------
 
 /// Writes the minidump to the file that KyrInit names, and says on standard error if it cannot.
@@ -197,5 +200,9 @@ void printBacktraces(const Threads& threads, const Memory& memory,
 /// Gives the calling thread, and each thread that starts from now on, a stack for the handler,
 /// so that it can report an overflow of the thread's own.
 void prepareStacks() noexcept;
+
+/// The stack on which a thread ran until a fault, as far as it has memory now.
+/// \return false for a thread that was not prepared
+bool findStack(const ucontext_t& context, const Memory& memory, Mapping& stack) noexcept;
 
 }  // namespace Kyr::Crash

@@ -67,7 +67,10 @@ class BacktraceProgram {
 
   void start(const Memory& memory) noexcept {
     std::array<int, 2> ends{};
-    const int maps = ::open("/proc/self/maps", O_RDONLY);  // NOLINT(android-cloexec-open): for it
+    // NOLINTBEGIN(android-cloexec-open): for it
+    const int maps = ::open("/proc/self/maps", O_RDONLY);
+    const int program = ::open("/proc/self/exe", O_RDONLY);
+    // NOLINTEND(android-cloexec-open)
     if (::access(programPath.data(), X_OK) != 0 ||
         ::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) {
       Crash::printSystemError("error starting kyr-backtrace", errno);
@@ -77,7 +80,7 @@ class BacktraceProgram {
     _process = ::_Fork();
     if (_process == 0) {
       ::close(ends[0]);
-      become(ends[1], memory.descriptor(), maps);
+      become({ends[1], memory.descriptor(), maps, program});
     }
     if (_process < 0) {
       Crash::printSystemError("error starting kyr-backtrace", errno);
@@ -87,16 +90,18 @@ class BacktraceProgram {
     _socket = ends[0];
   }
 
-  [[noreturn]] static void become(int socket, int memory, int maps) noexcept {
+  /// In the order of the program's arguments.
+  using Descriptors = std::array<int, 4>;
+
+  [[noreturn]] static void become(const Descriptors& descriptors) noexcept {
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
-    std::array<Text, 3> numbers;
-    numbers[0].decimal(socket);
-    numbers[1].decimal(memory);
-    numbers[2].decimal(maps);
-    const std::array<const char*, 5> arguments = {"kyr-backtrace", numbers[0].data(),
-                                                  numbers[1].data(), numbers[2].data(), nullptr};
+    std::array<Text, std::tuple_size_v<Descriptors>> numbers;
+    std::array<const char*, numbers.size() + 2> arguments = {"kyr-backtrace"};
+    for (std::size_t i = 0; i < descriptors.size(); ++i) {
+      arguments[i + 1] = numbers[i].decimal(descriptors[i]).data();
+    }
     // Without the application's environment: no library is pushed under it, no server is asked.
     char* const environment[] = {nullptr};
     ::execve(programPath.data(), const_cast<char* const*>(arguments.data()), environment);

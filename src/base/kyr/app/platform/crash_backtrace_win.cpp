@@ -15,7 +15,10 @@ namespace {
 using Crash::Symbols;
 using Crash::Text;
 
-constexpr unsigned mostFrames = 100;
+/// Of an endless recursion these many frames are printed: the innermost, which show who calls
+/// whom, and the outermost, which show who began.
+constexpr unsigned mostInnermost = 50;
+constexpr unsigned mostOutermost = 50;
 
 /// The stack of a thread as it was when the thread stood still. It stands no longer than the
 /// copying takes: what reads symbols needs locks that it may hold.
@@ -75,13 +78,20 @@ ADDRESS64 flat(DWORD offset) noexcept {
   return {offset, 0, AddrModeFlat};
 }
 
+/// Whether a program or library has code at an address.
+bool isCode(std::uint32_t address) noexcept {
+  constexpr DWORD executable =
+      PAGE_EXECUTE | PAGE_EXECUTE_READ | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
+  MEMORY_BASIC_INFORMATION memory{};
+  return ::VirtualQuery(reinterpret_cast<void*>(address), &memory, sizeof memory) != 0 &&
+         memory.Type == MEM_IMAGE && (memory.Protect & executable) != 0;
+}
+
 /// A jump to where no code is has left the way back on top of the stack.
 bool returnToCaller(CONTEXT& context) noexcept {
   DWORD caller = 0;
   DWORD count = 0;
-  MEMORY_BASIC_INFORMATION memory{};
-  if ((::VirtualQuery(reinterpret_cast<void*>(context.Eip), &memory, sizeof memory) != 0 &&
-       memory.Type == MEM_IMAGE) ||
+  if (isCode(context.Eip) ||
       !readMemory(::GetCurrentProcess(), context.Esp, &caller, sizeof caller, &count)) {
     return false;
   }
@@ -90,12 +100,46 @@ bool returnToCaller(CONTEXT& context) noexcept {
   return true;
 }
 
+/// The frames of one stack, which come from the innermost outwards: the first are printed at once,
+/// the last are kept.
+class Frames {
+ public:
+  explicit Frames(const Symbols& symbols) noexcept : _symbols(symbols) {}
+
+  void add(DWORD address) noexcept {
+    if (_count < mostInnermost) {
+      _symbols.printFrame(_count, address);
+    } else {
+      _last[_count % mostOutermost] = address;
+    }
+    ++_count;
+  }
+
+  void printOutermost() const noexcept {
+    const unsigned behind = _count - std::min(_count, mostInnermost);
+    const unsigned kept = std::min(behind, mostOutermost);
+    if (behind > kept) {
+      Text text;
+      text.decimal(behind - kept) << " frames are left out\n";
+      Crash::write(text);
+    }
+    for (unsigned number = _count - kept; number < _count; ++number) {
+      _symbols.printFrame(number, _last[number % mostOutermost]);
+    }
+  }
+
+ private:
+  const Symbols& _symbols;
+  unsigned _count = 0;
+  std::array<DWORD, mostOutermost> _last{};
+};
+
 void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
                 CONTEXT context) noexcept {
-  unsigned number = 0;
+  Frames frames(symbols);
   const DWORD first = context.Eip;
   if (returnToCaller(context)) {
-    symbols.printFrame(number++, first);
+    frames.add(first);
   }
   STACKFRAME64 frame{};
   frame.AddrPC = flat(context.Eip);
@@ -105,13 +149,10 @@ void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
   while (walker.walk(IMAGE_FILE_MACHINE_I386, ::GetCurrentProcess(), thread, &frame, &context,
                      &readMemory, walker.tableAccess, walker.moduleBase, nullptr) &&
          frame.AddrPC.Offset != 0 && frame.AddrStack.Offset > before) {
-    if (number == mostFrames) {
-      Crash::write(Text() << "further frames are left out\n");
-      return;
-    }
     before = frame.AddrStack.Offset;
-    symbols.printFrame(number++, static_cast<std::uint32_t>(frame.AddrPC.Offset));
+    frames.add(static_cast<DWORD>(frame.AddrPC.Offset));
   }
+  frames.printOutermost();
 }
 
 void printBacktrace(const Symbols& symbols, HANDLE thread, const CONTEXT& context) noexcept {

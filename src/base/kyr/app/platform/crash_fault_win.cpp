@@ -1,3 +1,4 @@
+#include <kyr/app/crash_exception_p.h>
 #include <kyr/app/crash_win_p.h>
 
 #include <windows.h>
@@ -55,6 +56,7 @@ void Crash::describe(const _EXCEPTION_RECORD& fault, const char* words) noexcept
     text << name;
   } else {
     text.hexadecimal(fault.ExceptionCode);
+    text << (fault.ExceptionCode == abortCode ? abortWords : "");
   }
   if (fault.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && fault.NumberParameters >= 2) {
     text << (fault.ExceptionInformation[0] == 0 ? " (read from" : " (write to") << " address ";

@@ -88,6 +88,7 @@ void describe(const siginfo_t& signal, const ucontext_t& context) noexcept {
     text << fault.name;
   } else {
     text.hexadecimal(fault.code);
+    appendOrigin(text, signal);
   }
   if (fault.hasAddress) {
     text << (fault.write ? " (write to" : " (read from") << " address ";
@@ -110,8 +111,8 @@ void onFault(int, siginfo_t* signal, void* given) {
   // What follows may need a lock that one of them holds.
   threads.release();
   limitTime();
-  Fatal::callHook();
   releaseSharedMemory();
+  Fatal::callHook();
   Fatal::endProcess(1);
 }
 

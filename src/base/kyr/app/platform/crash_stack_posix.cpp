@@ -11,11 +11,24 @@ namespace Kyr {
 
 namespace {
 
+/// Room for a mark behind it.
+constexpr std::size_t markSize = 64;
 /// The application's fatal-error hook runs on it, too.
-constexpr std::size_t stackSize = std::size_t{256} << 10;
+constexpr std::size_t stackSize = (std::size_t{256} << 10) - markSize;
 constexpr std::size_t guardSize = 4096;
+constexpr std::size_t wholeSize = guardSize + stackSize + markSize;
 
 std::atomic<bool> prepared{false};
+
+/// Behind the end of the stack for signals: whose it is, and where that thread runs otherwise.
+struct Mark {
+  std::uintptr_t signalStack;
+  std::uintptr_t inOwnStack;  ///< an address
+};
+
+std::uintptr_t numberOf(const void* address) noexcept {
+  return reinterpret_cast<std::uintptr_t>(address);
+}
 
 /// A stack for signals; the thread that makes it uses it until its end.
 class AlternateStack {
@@ -25,7 +38,7 @@ class AlternateStack {
     if (::sigaltstack(nullptr, &present) != 0 || (present.ss_flags & SS_DISABLE) == 0) {
       return;  // the application has given it one
     }
-    void* memory = ::mmap(nullptr, guardSize + stackSize, PROT_READ | PROT_WRITE,
+    void* memory = ::mmap(nullptr, wholeSize, PROT_READ | PROT_WRITE,
                           MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (memory == MAP_FAILED) {
       return;
@@ -35,6 +48,8 @@ class AlternateStack {
     stack_t own = {};
     own.ss_sp = _memory + guardSize;
     own.ss_size = stackSize;
+    const Mark mark{numberOf(own.ss_sp), numberOf(__builtin_frame_address(0))};
+    std::memcpy(_memory + guardSize + stackSize, &mark, sizeof mark);
     ::sigaltstack(&own, nullptr);
   }
 
@@ -48,7 +63,7 @@ class AlternateStack {
       none.ss_flags = SS_DISABLE;
       ::sigaltstack(&none, nullptr);
     }
-    ::munmap(_memory, guardSize + stackSize);
+    ::munmap(_memory, wholeSize);
   }
 
   AlternateStack(const AlternateStack&) = delete;
@@ -87,6 +102,14 @@ void Crash::prepareStacks() noexcept {
   prepareThisThread();
   setThreadStartHook(&prepareThreadOfSuite);
   prepared = true;
+}
+
+bool Crash::findStack(const ucontext_t& context, const Memory& memory, Mapping& stack) noexcept {
+  const std::uintptr_t begin = numberOf(context.uc_stack.ss_sp);
+  Mark mark{};
+  return memory.read(begin + context.uc_stack.ss_size, &mark, sizeof mark) &&
+         mark.signalStack == begin && memory.find(mark.inOwnStack, stack) &&
+         stack.begin <= mark.inOwnStack;
 }
 
 }  // namespace Kyr
