@@ -60,7 +60,7 @@ volatile int sink = 0;
 
 /// One call takes more than there is.
 [[gnu::noinline]] void takeBigFrame() {
-  volatile char frame[64U << 20U];
+  volatile int frame[16U << 20U];
   frame[zero] = 1;
   sink = frame[zero];
 }
@@ -78,7 +78,7 @@ volatile int sink = 0;
 }
 
 [[gnu::noinline]] void askForTooMuch() {
-  sink = *new char[tooMuch];
+  sink = *new unsigned char[tooMuch];
 }
 
 [[gnu::noinline]] void raiseProgError() {

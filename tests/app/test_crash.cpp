@@ -79,7 +79,7 @@ TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
       {"memory",
        QString("0x20474343 \\(std::bad_alloc: bad allocation\\), %1 bytes were asked for")
            .arg(SIZE_MAX / 2),
-       address, "askForTooMuch", "new char[tooMuch]", "a class that nobody knows"},
+       address, "askForTooMuch", "new unsigned char[tooMuch]", "a class that nobody knows"},
       {"prog-error", violation + "\\(write to address 0x0\\)", address, "raiseProgError",
        "throw Kyr::ProgError", "an internal error that ends without a report"},
   };
