@@ -63,6 +63,35 @@ TYPED_TEST(Logs, OrderOfMessages) {
   }
 }
 
+TYPED_TEST(Logs, LetTheOldestFallOut) {
+  const std::tuple<bool, int, int, int, const char*> rows[] = {
+      {true, 200, 9, 20, "lines lost below the bound"},
+      {true, 40, 1000, 20, "oldest first, again and again"},
+      {false, 40, 1000, 20, "the same where the newest is first"},
+      {false, 0, 30, 1, "no room for anything"},
+      {true, 9, 30, 20, "messages longer than the bound"},
+  };
+  for (const auto& [append, limit, count, length, fault] : rows) {
+    TypeParam log(append);
+    log.setLimit(limit);
+    QStringList kept;
+    for (int i = 0; i < count; ++i) {
+      log << QString("%1").arg(i, length, 10, QLatin1Char('0')) << END_LOG;
+      append ? kept.append(QString::number(i)) : kept.prepend(QString::number(i));
+      QStringList lines = log.getLog().split('\n', Qt::SkipEmptyParts);
+      const QString note = append ? lines.value(0) : lines.value(lines.size() - 1);
+      const int fallen = note.startsWith('[') ? note.section(' ', -1).chopped(1).toInt() : 0;
+      lines.removeAll(note.startsWith('[') ? note : QString());
+      EXPECT_EQ(fallen + lines.size(), i + 1) << fault;
+      EXPECT_LE(lines.join('\n').size(), limit * 5 / 4) << fault;
+      EXPECT_TRUE(fallen == 0 || (lines.size() + 1) * (length + 1) > limit) << fault;
+      for (int k = 0; k < lines.size(); ++k) {
+        EXPECT_EQ(lines[k].toInt(), kept[append ? fallen + k : k].toInt()) << fault;
+      }
+    }
+  }
+}
+
 /// An application's log, which frames its messages and sorts the long ones to the end.
 struct FramedLog : ErrorLog {
   void appendLine() override {
@@ -95,6 +124,26 @@ TEST(Log, EchoKeepsNothing) {
   echoesWhenAsked<SyncOutputErrorLog>();
 }
 
+TEST(Log, GoesOnWithoutMemory) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers end the process themselves when memory runs out";
+#endif
+  const auto ended = KyrTest::inChild([] {
+    const QString line(1000, 'x');
+    ErrorLog log(true);
+    for (int i = 0; i < 10000; ++i) {
+      if (i == 3000) {
+        KyrTest::limitMemory(true);
+      }
+      log << line << END_LOG;
+    }
+    KyrTest::limitMemory(false);
+    std::printf("%s", qPrintable(log.getLog().left(15)));
+  });
+  EXPECT_TRUE(ended.exited && ended.code == 0) << ended.errors.toStdString();
+  EXPECT_EQ(ended.output, "[lines left out");
+}
+
 TEST(Log, SystemLog) {
   const KyrTest::TempDir dir;
   const QString full = KyrTest::fullDevice();
@@ -111,6 +160,13 @@ TEST(Log, SystemLog) {
     EXPECT_EQ(log.getLog(), "x\n\nz\n") << "with file " << name.toStdString();
   }
   EXPECT_EQ(KyrTest::readFile(dir.file("log")), "x\ny\n\nz\n") << "also when the echo fails";
+  SyncSystemErrorLog bounded(true, dir.file("log"));
+  bounded.setLimit(3);
+  CaptureStderr();
+  bounded << "long" << END_LOG << "c" << END_LOG;
+  EXPECT_EQ(GetCapturedStderr(), "long\n\nc\n\n");
+  EXPECT_EQ(bounded.getLog(), "[lines left out: 1]\nc\n");
+  EXPECT_TRUE(KyrTest::readFile(dir.file("log")).endsWith("z\nlong\nc\n")) << "the file gets all";
 }
 
 void inTwoThreads(const std::function<void(char)>& write) {

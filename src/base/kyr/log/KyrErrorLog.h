@@ -6,22 +6,39 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace Kyr {
 
 /// Inserted into a log, this character ends the message: `log << text << END_LOG`.
 inline constexpr char END_LOG = '\1';
 
 /// The finished messages of a log as one text. Adding is cheap at both ends.
+///
+/// The text has a bound. Beyond it the oldest lines fall out, those at the end that messages are
+/// not added to, and "[lines left out: N]" stands in their place. At least the newest
+/// lines with limit() characters stay, at most a quarter more. A message that alone is longer
+/// than the bound falls out whole. Lines fall out, too, when there is no memory for a message;
+/// the message itself only if that does not help. None of this throws.
 /// \threadsafety one thread at a time; text() of a const object counts as use
 class KYR_EXPORT LogText {
  public:
+  /// The bound of every log unless it is given another: 256 Mi characters.
+  static constexpr int defaultLimit = 1 << 28;
+
   LogText();
   LogText(const LogText& other);
   LogText& operator=(const LogText& other);
   ~LogText();
 
   bool isEmpty() const { return _text.isEmpty(); }
+  /// Empties the text; the lines that fell out are forgotten.
   void clear();
+
+  int limit() const { return _limit; }
+  /// Sets the bound that counts from the next message on.
+  /// \param characters 0 to 2^29; others are taken for the nearest of these
+  void setLimit(int characters);
 
   /// Adds a message with a line feed between it and the text so far. To an empty text it comes
   /// without one, so empty messages before the first other leave no trace.
@@ -35,10 +52,23 @@ class KYR_EXPORT LogText {
   const QString& text() const;
 
  private:
+  /// What fell out at one end of the text.
+  struct Fallen {
+    std::uint64_t lines = 0;
+    std::uint64_t noted = 0;  ///< of them, those that the note at this end counts
+    int noteSize = 0;         ///< with its line feed; 0 without a note
+  };
+
   void turn(bool reversed) const;
+  void enter(const QString& message, bool reversed, bool withFeed) noexcept;
+  bool keep(const QString& message, bool reversed, bool withFeed, std::int64_t most) noexcept;
+  void put(const QString& message, bool withFeed);
+  void shorten(std::int64_t most);
 
   mutable QString _text;
   mutable bool _reversed = false;  ///< _text runs from its last character to its first
+  int _limit = defaultLimit;
+  Fallen _fallen[2];  ///< in front of the text, and behind it
 };
 
 /// Collects messages for the caller of an operation, which shows them at the end.
@@ -46,7 +76,7 @@ class KYR_EXPORT LogText {
 /// A message is built piece by piece with `<<` and ends with #END_LOG; until then it belongs to
 /// no text, and clear() discards it. Numbers read the same in every locale. Owned by the
 /// caller, handed to operations by pointer. Subclasses decide in appendLine() what becomes of a
-/// finished message.
+/// finished message. The text keeps the newest 256 Mi characters, as LogText says.
 /// \threadsafety one thread at a time; see SyncErrorLog for several
 class KYR_EXPORT ErrorLog {
  public:
@@ -66,6 +96,9 @@ class KYR_EXPORT ErrorLog {
   const QString& getLog() const { return _log.text(); }
   /// Whether the text of finished messages has any character.
   bool isLog() const { return !_log.isEmpty(); }
+  /// Sets how much text is kept; see LogText.
+  /// \param characters 0 to 2^29; others are taken for the nearest of these
+  void setLimit(int characters) { _log.setLimit(characters); }
 
   /// Adds a number in decimal; an unsigned char is one too.
   ErrorLog& operator<<(unsigned char value) { return addUInt64(value); }

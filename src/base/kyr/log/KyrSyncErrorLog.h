@@ -32,6 +32,9 @@ class KYR_EXPORT SyncErrorLog {
   QString getLog() const;
   /// Whether the text of finished messages has any character.
   bool isLog() const;
+  /// Sets how much text is kept; see LogText.
+  /// \param characters 0 to 2^29; others are taken for the nearest of these
+  void setLimit(int characters);
 
   /// Adds a number in decimal; an unsigned char is one too.
   SyncErrorLog& operator<<(unsigned char value) { return addUInt64(value); }
@@ -104,8 +107,9 @@ class KYR_EXPORT SyncOutputErrorLog : public SyncErrorLog {
 /// it, keeps it with a line feed at its end, and appends it to a file.
 ///
 /// The file is opened for each message and the message written in one piece, so the file is
-/// complete whenever the process dies, and several logs and processes may share it. A file that
-/// cannot be opened or written is left alone without a report.
+/// complete whenever the process dies, and several logs and processes may share it. It gets every
+/// message, also those that the text in memory has no room for. A file that cannot be opened or
+/// written is left alone without a report.
 /// \threadsafety any thread
 class KYR_EXPORT SyncSystemErrorLog : public SyncErrorLog {
  public:

@@ -1,8 +1,29 @@
 #include <kyr/log/KyrErrorLog.h>
 
 #include <algorithm>
+#include <new>
 
 namespace Kyr {
+
+namespace {
+
+constexpr int largestLimit = 1 << 29;  // with the slack, less than a string holds
+
+QString noteOf(std::uint64_t lines, bool reversed) {
+  QString note = QString("[lines left out: %1]").arg(lines);
+  if (reversed) {
+    std::reverse(note.begin(), note.end());
+  }
+  return note + '\n';
+}
+
+/// The last line counts also without a line feed.
+std::uint64_t countLines(QStringView text) {
+  const auto feeds = std::uint64_t(std::count(text.begin(), text.end(), QLatin1Char('\n')));
+  return text.isEmpty() || text.back() == '\n' ? feeds : feeds + 1;
+}
+
+}  // namespace
 
 LogText::LogText() = default;
 LogText::LogText(const LogText& other) = default;
@@ -11,30 +32,98 @@ LogText::~LogText() = default;
 
 void LogText::clear() {
   _text.clear();
+  _fallen[0] = _fallen[1] = Fallen();
+}
+
+void LogText::setLimit(int characters) {
+  _limit = qBound(0, characters, largestLimit);
 }
 
 void LogText::add(const QString& message, bool atEnd) {
-  if (isEmpty()) {
-    _text = message;
-    _reversed = false;
-    return;
-  }
-  turn(!atEnd);
-  _text += '\n';
-  _text += message;
-  if (_reversed) {
-    std::reverse(_text.end() - message.size(), _text.end());
-  }
+  enter(message, !atEnd && !isEmpty(), true);
 }
 
 void LogText::append(const QString& piece) {
-  turn(false);
-  _text += piece;
+  enter(piece, false, false);
 }
 
 const QString& LogText::text() const {
   turn(false);
   return _text;
+}
+
+// A large part goes at once: the rest of the text is moved for that.
+void LogText::enter(const QString& message, bool reversed, bool withFeed) noexcept {
+  const std::int64_t most = std::int64_t(_limit) + _limit / 4;
+  const bool fits = message.size() <= _limit;
+  if (fits && (keep(message, reversed, withFeed, most) ||
+               keep(message, reversed, withFeed, _text.size() / 2))) {
+    return;
+  }
+  _fallen[_reversed].lines += countLines(message);
+  keep(QString(), _reversed, false, most);
+}
+
+/// Adds a message where the text grows, in its order, and shortens it if it gets too long.
+/// \return false without memory
+bool LogText::keep(const QString& message, bool reversed, bool withFeed,
+                   std::int64_t most) noexcept {
+  try {
+    turn(reversed);
+    const std::int64_t size = std::int64_t(message.size()) + 1;
+    const Fallen& fallen = _fallen[_reversed];
+    if (_text.size() - fallen.noteSize + size > most) {
+      shorten(std::min<std::int64_t>(most, _limit) - size);
+    } else if (fallen.lines != fallen.noted) {
+      shorten(_text.size());
+    }
+    put(message, withFeed);
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+void LogText::put(const QString& message, bool withFeed) {
+  if (isEmpty()) {
+    _text = message;
+    return;
+  }
+  const int before = _text.size();
+  const int count = message.size();
+  const int feed = withFeed && before > _fallen[_reversed].noteSize ? 1 : 0;
+  _text.resize(before + feed + count);
+  QChar* end = _text.data() + before;
+  std::fill_n(end, feed, '\n');
+  end += feed;
+  if (_reversed) {
+    std::reverse_copy(message.constData(), message.constData() + count, end);
+  } else {
+    std::copy_n(message.constData(), count, end);
+  }
+}
+
+/// Lets the lines in front fall out that have no room in so many characters, and notes them.
+void LogText::shorten(std::int64_t most) {
+  Fallen& fallen = _fallen[_reversed];
+  const std::int64_t start = fallen.noteSize;
+  int from = int(qBound(start, _text.size() - most, std::int64_t(_text.size())));
+  if (from > start && from < _text.size() && _text.at(from - 1) != '\n') {
+    const int feed = _text.indexOf('\n', from);
+    from = feed < 0 ? _text.size() : feed + 1;
+  }
+  const std::uint64_t lines =
+      fallen.lines + countLines(_text.midRef(fallen.noteSize, from - fallen.noteSize));
+  if (lines == fallen.noted) {
+    return;
+  }
+  const QString note = noteOf(lines, _reversed);
+  if (_text.isDetached()) {
+    _text.replace(0, from, note);
+  } else {
+    _text = note + _text.midRef(from);  // somebody holds the whole text
+  }
+  fallen = {lines, lines, note.size()};
 }
 
 // A string grows cheaply at its end only. Newest first is therefore the reverse of a text that

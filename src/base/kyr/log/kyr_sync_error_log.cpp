@@ -9,7 +9,7 @@ namespace Kyr {
 /// Support matches reports by these numbers; they do not follow edits of this file.
 namespace site {
 constexpr unsigned Clear = 31, GetLog = 42, IsLog = 51, AddUInt64 = 60, AddInt64 = 69,
-                   AddDouble = 78, AddChar = 92, AddString = 101, AddPointer = 110;
+                   AddDouble = 78, AddChar = 92, AddString = 101, AddPointer = 110, SetLimit = 119;
 constexpr const char* File = "kyr_sync_error_log";
 }  // namespace site
 
@@ -44,6 +44,11 @@ QString SyncErrorLog::getLog() const {
 bool SyncErrorLog::isLog() const {
   const SiteLock locked(_mutex, "Kyr::SyncErrorLog::isLog", site::File, site::IsLog);
   return !_log.isEmpty();
+}
+
+void SyncErrorLog::setLimit(int characters) {
+  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::setLimit", site::File, site::SetLimit);
+  _log.setLimit(characters);
 }
 
 void SyncErrorLog::appendLine() {
