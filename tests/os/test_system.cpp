@@ -11,7 +11,9 @@
 #include <QFileInfo>
 
 #include <array>
+#include <cstdlib>
 #include <functional>
+#include <new>
 #include <string>
 #include <thread>
 
@@ -20,6 +22,27 @@ using Kyr::OS;
 namespace {
 
 const QString letters = QString::fromUtf8("M\xc3\xa4\xc3\x9f \xe6\xb8\xac");
+
+TEST(OsDirectory, CannotBeReadWithoutMemory) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers themselves end a process that is out of memory";
+#endif
+  const KyrTest::TempDir dir;
+  for (int i = 0; i < 300; ++i) {
+    dir.write(QString("%1").arg(i, 100, 10, QLatin1Char('0')), "");
+  }
+  const auto ended = KyrTest::inChild([&dir] {
+    KyrTest::limitMemory(true);
+    try {
+      for (QStringList all;;) {
+        all += OS::listDirectory(dir.path());
+      }
+    } catch (const std::bad_alloc&) {
+      std::_Exit(3);
+    }
+  });
+  EXPECT_EQ(ended.code, 3) << "no exception: " << ended.errors.toStdString();
+}
 
 TEST(OsDirectory, IsMadeWithAllAboveIt) {
   const KyrTest::TempDir dir;

@@ -3,8 +3,10 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <cerrno>
+#include <memory>
 #include <string>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -84,13 +86,18 @@ bool Platform::makeDirectory(const QString& name, bool ownerOnly) {
   return ::mkdir(native(name).c_str(), ownerOnly ? 0700 : 0777) == 0;
 }
 
+// Not by the C++ library, whose iterator ends the process when it has no memory for a name.
 bool Platform::readEntries(const QString& name, QStringList& entries) {
-  std::error_code error;
-  std::filesystem::directory_iterator entry(nativePath(name), error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    entries.append(nameOf(entry->path().filename()));
+  const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(native(name).c_str()), &::closedir);
+  if (!directory) {
+    return false;
   }
-  return succeeded(error);
+  errno = 0;
+  while (const dirent* const entry = ::readdir(directory.get())) {
+    entries.append(nameOf(entry->d_name));
+    errno = 0;
+  }
+  return errno == 0;
 }
 
 // The name is taken first: a copy that fails must not remove what somebody else has put there.

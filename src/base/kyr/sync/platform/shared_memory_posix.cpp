@@ -8,11 +8,12 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <limits>
+#include <memory>
 #include <random>
 #include <string>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -185,10 +186,10 @@ void removeIfDead(const std::string& name) {
 }
 
 void removeAllDead() {
-  std::error_code error;
-  std::filesystem::directory_iterator entry("/dev/shm", error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    const std::string name = entry->path().filename().native();
+  // Not by the C++ library, whose iterator ends the process when it has no memory for a name.
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir("/dev/shm"), &::closedir);
+  while (const dirent* const entry = folder ? ::readdir(folder.get()) : nullptr) {
+    const std::string name = entry->d_name;
     if (isName(name)) {
       removeIfDead("/" + name);
     }
