@@ -14,6 +14,7 @@
 #include <iterator>
 #include <utility>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -44,6 +45,21 @@ TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
   struct stat found = {};
   EXPECT_EQ(::stat(qPrintable(folder.file("r.tar.gz")), &found), 0);
   EXPECT_EQ(found.st_mode & 0777U, 0600U);
+}
+
+TEST(ReportOnLinux, SaysWhatItCouldNotOpen) {
+  const KyrTest::TempDir folder;
+  const KyrTest::ScopedEnvironment temporary("TMPDIR", folder.path().toUtf8());
+  const auto ended = KyrTest::inChild([] {
+    SystemReport report;
+    const rlimit none{0, 0};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    report.collect(SystemReport::AllParts);
+    std::printf("%s", qPrintable(report.missing().join('\n')));
+  });
+  for (const char* const part : {"Processor: ", "Memory: ", "Logs and crash dumps: "}) {
+    EXPECT_TRUE(ended.output.contains(part)) << part << ended.output.toStdString();
+  }
 }
 
 TEST(ReportOnLinux, BlanksArgumentsToTheirEnds) {

@@ -161,6 +161,7 @@ TEST(Report, LinesUpItsTextAndSurvivesWhatFails) {
     section.remarks = QStringList{"half"};
   });
   report.addContents("../x", "");
+  report.collect(SystemReport::PartProcessor | SystemReport::PartMemory);
   EXPECT_EQ(report.toText().toStdString(),
             "Empty\n-----\n  nothing found\n\n"
             "Bad\n---\n  ! This part is not complete: the cable is off\n  kept  yes\n\n"
@@ -169,7 +170,20 @@ TEST(Report, LinesUpItsTextAndSurvivesWhatFails) {
             "Table\n-----\n  ! half\n  x" +
                 std::string(61, ' ') + "y\n  long\n  " + std::string(61, 'w') +
                 "  z\n\n"
+                "Processor\n---------\n"
+                "  ! This part is left out: an earlier one ran out of memory.\n\n"
+                "Memory\n------\n"
+                "  ! This part is left out: an earlier one ran out of memory.\n\n"
                 "! A file is not packed, as its name \"../x\" is not possible in the archive.\n");
+  EXPECT_EQ(report.missing().join('\n').toStdString(),
+            "Bad: This part is not complete: the cable is off\n"
+            "Worse: This part is not complete: std::bad_alloc\n"
+            "Processor: This part is left out: an earlier one ran out of memory.\n"
+            "Memory: This part is left out: an earlier one ran out of memory.\n"
+            "A file is not packed, as its name \"../x\" is not possible in the archive.");
+  QStringList targets;
+  const QString page = readPage(report.toHtml(), targets);
+  EXPECT_LT(page.indexOf("Worse: This part"), page.indexOf("kept")) << "not said at the top";
 }
 
 TEST(Report, TakesOnlyHarmlessFiles) {
@@ -226,6 +240,8 @@ TEST(Report, WritesWholeArchivesOnly) {
   EXPECT_NEAR(double(named.toSecsSinceEpoch() - before), 0, 60) << report.name().toStdString();
   report.add("My part: 1/2", [](Section& section) { section.add("a", "b"); });
   const QString target = folder.file(QString::fromUtf8("Bericht ä.tar.gz"));
+  const ScopedEnvironment temporary("TMPDIR", "/nowhere");  // parts that lie there may get lost
+  const ScopedEnvironment windowsTemporary("TMP", "/nowhere");
   report.write(target);
   const Files files = unpack(target, report.name());
   EXPECT_EQ(files.at("text/01-my-part-1-2.txt"), "My part: 1/2\n------------\n  a  b\n");

@@ -115,6 +115,19 @@ TEST(Tool, WritesItsChangeLogIntoAFile) {
   EXPECT_EQ(readFile(folder.file("page")), run({"changelog", "--language", "fr"}, folder).output);
 }
 
+TEST(Tool, NamesWhatItsReportLacks) {
+  const TempDir folder;
+  const ScopedEnvironment settings("KYR_CONFIG_DIR",
+                                   folder.write("settings", "no folder").toUtf8());
+  const Result result = run({"report", "r.tar.gz"}, folder);
+  EXPECT_EQ(result.code, 1);
+  EXPECT_TRUE(result.errors.startsWith("kyr: the report is not complete: Files of settings: "))
+      << result.errors.toStdString();
+  EXPECT_TRUE(result.output.startsWith("r.tar.gz: 11 sections, ")) << result.output.toStdString();
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).join(' '),
+            "r.tar.gz settings");
+}
+
 /// Lines of text and a packed copy of it: whole, and as faults leave it.
 class ToolZip : public testing::Test {
  protected:

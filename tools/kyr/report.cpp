@@ -38,10 +38,14 @@ int writeReport(const Arguments& arguments) {
     throw FileError{error.getText()};
   }
   print(describe(report, fileName));
+  const QStringList missing = report.missing();
+  for (const QString& each : missing) {
+    printError("the report is not complete: " + each);
+  }
   print(
       "It names this machine, its user and what is set; secrets are blanked as far as their\n"
       "names tell. Unpack it and look at index.html before you pass it on.\n");
-  return Fine;
+  return missing.isEmpty() ? Fine : FileAtFault;
 }
 
 }  // namespace KyrTool

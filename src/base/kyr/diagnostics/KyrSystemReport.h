@@ -31,10 +31,13 @@ class KYR_EXPORT SystemReport {
     QString title;
     QStringList columns;            ///< headings; empty for pairs of a name and a value
     std::vector<QStringList> rows;  ///< cells; as many as columns, or two
-    QStringList remarks;            ///< what is missing, and why
+    QStringList remarks;            ///< what a reader has to know, as where lists were cut
+    QStringList missing;            ///< those of the remarks that name what could not be had
 
     /// Appends a pair; one without a value is left out.
     KYR_EXPORT void add(const QString& name, const QString& value);
+    /// Adds to the remarks and to what is missing.
+    KYR_EXPORT void miss(const QString& what);
   };
 
   /// What collect() gathers; a sum of these.
@@ -69,15 +72,18 @@ class KYR_EXPORT SystemReport {
   };
 
   /// An empty report of the present moment.
+  /// \throws std::bad_alloc; Qt's locale must not be used afterwards, which waits for ever then
   SystemReport();
 
   /// Appends a section for each part, in the order of their numbers. Without
   /// KyrInit::InitLibrary() the directories are those that it would settle.
+  ///
+  /// When memory runs out in a section, those behind it only say so: Qt may have kept locks.
   void collect(unsigned parts = AllParts);
   void collect(unsigned parts, const Limits& limits);
 
-  /// Appends a section that a function fills. When it throws, the section keeps what it has and
-  /// gets a remark.
+  /// Appends a section that a function fills. When it throws, the section keeps what it has, and
+  /// the reason is among what is missing.
   void add(const QString& title, const std::function<void(Section&)>& fill);
   /// Reads a file that the archive will hold; one that cannot be read, or is too large, becomes
   /// a remark.
@@ -93,6 +99,10 @@ class KYR_EXPORT SystemReport {
   const std::vector<File>& files() const { return _files; }
   /// What is missing of the files, and why.
   const QStringList& remarks() const { return _remarks; }
+  /// All that could not be had, of the sections with their titles in front, and of the files;
+  /// empty for a whole report. What limits leave out, and what is no file of this user, is not
+  /// missing.
+  QStringList missing() const;
 
   /// The name of this report, "ORV-report-2026-11-21-115110-4711" with the local time and the
   /// process id: on this machine only reports that a process makes in one second share it.
@@ -120,9 +130,10 @@ class KYR_EXPORT SystemReport {
   void addPart(unsigned part, const Limits& limits);
   void addFile(const QString& name, const QByteArray& contents, std::int64_t modified);
   QString textName(std::size_t index) const;
-  void stage(const QString& directory) const;
+  void pack(const QString& fileName) const;
 
   std::int64_t _seconds;  // when it was made
+  bool _isOutOfMemory = false;
   std::vector<Section> _sections;
   std::vector<File> _files;
   QStringList _remarks;

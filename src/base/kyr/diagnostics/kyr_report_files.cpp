@@ -3,7 +3,6 @@
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -30,7 +29,7 @@ class Listing {
   void list(const QString& below, int depth) {
     QStringList entries;
     if (!OS::readDirectory(_directory.path + "/" + below, &entries)) {
-      _section.remarks += _directory.path + "/" + below + " cannot be read.";
+      _section.miss(_directory.path + "/" + below + " cannot be read.");
     }
     for (int i = 0; i < entries.size() && _count <= mostFiles; ++i) {
       add(below + entries[i], depth);
@@ -70,19 +69,29 @@ struct Candidate {
 
 /// The newest first.
 std::vector<Candidate> findCandidates(const QString& directory, Report::Section& section) {
-  static const QRegularExpression pattern(R"(\AORV-[A-Za-z0-9_.\-]{1,40}\.(log|dmp)\z)");
+  static const QRegularExpression pattern =
+      Report::expression(R"(\AORV-[A-Za-z0-9_.\-]{1,40}\.(log|dmp)\z)");
   QStringList entries;
   if (!OS::readDirectory(directory, &entries)) {
-    section.remarks += directory + " cannot be read.";
+    section.miss(directory + " cannot be read.");
   }
   std::vector<Candidate> found;
-  for (const QString& entry : entries.filter(pattern)) {
+  for (const QString& entry : entries) {
+    if (!Report::search(pattern, entry).hasMatch()) {
+      continue;
+    }
     const QString path = QDir(directory).filePath(entry);
     Report::OwnFile file;
-    if (Report::readOwnFile(path, 0, file)) {
-      found.push_back({entry, path, file.size, file.modified, entry.endsWith(".dmp")});
-    } else {
-      section.remarks += path + " is not packed: it is no plain file of this user.";
+    switch (Report::readOwnFile(path, 0, file)) {
+      case Report::Reading::Done:
+        found.push_back({entry, path, file.size, file.modified, entry.endsWith(".dmp")});
+        break;
+      case Report::Reading::Foreign:
+        section.remarks += path + " is not packed: it is no plain file of this user.";
+        break;
+      case Report::Reading::Failed:
+        section.miss(path + " cannot be read.");
+        break;
     }
   }
   std::stable_sort(found.begin(), found.end(), [](const Candidate& left, const Candidate& right) {
@@ -99,7 +108,8 @@ struct Quota {
 };
 
 /// \return where it is packed, or why it is not
-QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport::File>& packed) {
+QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport::File>& packed,
+             Report::Section& section) {
   Report::OwnFile file;
   if (quota.files == 0) {
     return "not packed";
@@ -107,7 +117,8 @@ QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport:
   if (quota.whole && candidate.size > quota.size) {
     return "not packed, too large";
   }
-  if (!Report::readOwnFile(candidate.path, quota.size, file)) {
+  if (Report::readOwnFile(candidate.path, quota.size, file) != Report::Reading::Done) {
+    section.miss(candidate.path + " cannot be read any more.");
     return "not packed, cannot be read any more";
   }
   --quota.files;
@@ -143,7 +154,7 @@ void Report::describeLogs(Section& section, const SystemReport::Limits& limits,
   Quota dumps{limits.dumps, std::min(limits.dumpSize, mostBytes), true};
   for (const Candidate& each : findCandidates(OS::getTempDirectory(), section)) {
     section.rows.push_back({each.name, QString::number(each.size), timeText(each.modified),
-                            pack(each, each.isDump ? dumps : logs, packed)});
+                            pack(each, each.isDump ? dumps : logs, packed, section)});
   }
 }
 

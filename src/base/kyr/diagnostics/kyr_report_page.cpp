@@ -82,7 +82,7 @@ class Page {
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n" +
            element("title", escaped(_report.name())) + "\n<style>" + style +
-           "</style>\n</head>\n<body>\n" + header() + "<main>\n" + remarks(_report.remarks()) +
+           "</style>\n</head>\n<body>\n" + header() + "<main>\n" + remarks(_report.missing()) +
            sections() + filesSection() + "</main>\n</body>\n</html>\n";
   }
 

@@ -97,7 +97,7 @@ QString settingText(const QString& key, const QVariant& value) {
 void addSettings(Report::Section& section, const Report::SettingsPlace& place) {
   QStringList keys = place.settings->allKeys();
   if (place.settings->status() != QSettings::NoError) {
-    section.remarks += place.name + " cannot be read.";
+    section.miss(place.name + " cannot be read.");
   }
   if (keys.size() > mostRows) {
     section.remarks +=
@@ -131,7 +131,11 @@ void Report::describeSystem(Section& section) {
 
 void Report::describeProcessor(Section& section) {
   const bool isSet = !OS::getEnv("KYR_NUMBER_OF_CPUS").isNull();
-  section.add("processor", OS::getProcessorName());
+  const QString name = OS::getProcessorName();
+  if (name.isEmpty()) {
+    section.miss("The processor's name cannot be found out.");
+  }
+  section.add("processor", name);
   section.add("threads at once", QString::number(QThread::idealThreadCount()));
   section.add("used by the suite", QString::number(OS::getNumberOfCPUs()) +
                                        (isSet ? " (KYR_NUMBER_OF_CPUS is set)" : ""));
@@ -139,6 +143,9 @@ void Report::describeProcessor(Section& section) {
 
 void Report::describeMemory(Section& section) {
   const MemoryUse use = MemoryObserver::measure();
+  if (use.systemTotal == 0 || use.resident == 0) {
+    section.miss("What memory is in use cannot be found out.");
+  }
   const auto add = [&](const char* name, std::uint64_t bytes) {
     section.add(name, bytes > 0 ? sizeText(bytes) : QString());
   };

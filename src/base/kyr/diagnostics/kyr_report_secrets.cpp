@@ -17,15 +17,28 @@ constexpr const char* secretWords =
     "WEBHOOK|CONN(?:ECTION)?_?STR|DSN";
 
 QRegularExpression expression(const QString& pattern) {
-  return QRegularExpression(
+  return Report::expression(
       QString(pattern).replace("WORDS", secretWords),
       QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+}
+
+/// The text with what was found, but for its first group, replaced. Not by QString, for which a
+/// search that failed has found nothing.
+QString replaced(const QString& text, const QRegularExpression& pattern, const QString& by) {
+  QString shown;
+  int from = 0;
+  for (QRegularExpressionMatch found = Report::search(pattern, text, from); found.hasMatch();
+       found = Report::search(pattern, text, from)) {
+    shown += text.midRef(from, found.capturedStart() - from) + found.captured(1) + by;
+    from = found.capturedEnd();
+  }
+  return shown + text.midRef(from);
 }
 
 /// The working directory is none.
 bool isSecretName(const QString& name) {
   static const QRegularExpression pattern = expression("WORDS");
-  return name != "PWD" && name != "OLDPWD" && pattern.match(name).hasMatch();
+  return name != "PWD" && name != "OLDPWD" && Report::search(pattern, name).hasMatch();
 }
 
 /// An address of a proxy needs no scheme; whatever stands in front of its "@" is an account.
@@ -55,29 +68,28 @@ QString SystemReport::blankSecrets(const QString& name, const QString& value) {
   }
   QString shown = value;
   if (isProxyName(name)) {
-    shown.replace(proxyAccount, QString(R"(\1%1@)").arg(blank));
+    shown = replaced(shown, proxyAccount, QString(blank) + '@');
   }
-  shown.replace(account, QString("//%1@").arg(blank));
-  shown.replace(bareAccount, QString("%1@").arg(blank));
-  shown.replace(assignment, QString(R"(\1%1)").arg(blank));
-  shown.replace(option, QString(R"(\1%1)").arg(blank));
-  return shown.replace(pem, blank);
+  shown = replaced(shown, account, QString("//%1@").arg(blank));
+  shown = replaced(shown, bareAccount, QString(blank) + '@');
+  shown = replaced(shown, assignment, blank);
+  shown = replaced(shown, option, blank);
+  return replaced(shown, pem, blank);
 }
 
 // Here the ends of values are known: a password may hold blanks, or begin with a minus.
 QStringList Report::blankArguments(const QStringList& arguments) {
-  static const QRegularExpression option(R"(\A(?:--?|/)[\w.\-]+\z)");
-  static const QRegularExpression assignment(R"(\A((?:--?|/)?[\w.\-]+)([=:])(.*)\z)",
-                                             QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression option = expression(R"(\A(?:--?|/)[\w.\-]+\z)");
+  static const QRegularExpression assignment = expression(R"(\A((?:--?|/)?[\w.\-]+)([=:])(.*)\z)");
   QStringList shown;
   bool isValue = false;
   for (const QString& argument : arguments) {
-    const QRegularExpressionMatch assigned = assignment.match(argument);
+    const QRegularExpressionMatch assigned = Report::search(assignment, argument);
     shown += isValue ? QString(blank)
              : isSecretName(assigned.captured(1))
                  ? assigned.captured(1) + assigned.captured(2) + blank
                  : SystemReport::blankSecrets("", argument);
-    isValue = !isValue && isSecretName(option.match(argument).captured());
+    isValue = !isValue && isSecretName(Report::search(option, argument).captured());
   }
   return shown;
 }

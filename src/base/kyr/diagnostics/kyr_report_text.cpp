@@ -4,6 +4,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <new>
 
 namespace Kyr {
 
@@ -65,6 +66,24 @@ QString Report::visible(const QString& text) {
     }
   }
   return shown;
+}
+
+QRegularExpression Report::expression(const QString& pattern,
+                                      QRegularExpression::PatternOptions options) {
+  QRegularExpression made(pattern, options);
+  if (!made.isValid()) {
+    throw std::bad_alloc();
+  }
+  return made;
+}
+
+QRegularExpressionMatch Report::search(const QRegularExpression& pattern, const QString& text,
+                                       int from) {
+  QRegularExpressionMatch found = pattern.match(text, from);
+  if (!found.isValid()) {
+    throw std::bad_alloc();
+  }
+  return found;
 }
 
 QString Report::sizeText(std::uint64_t bytes) {

@@ -5,21 +5,19 @@
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_process_p.h>
 #include <kyr/os/os_reason_p.h>
 #include <kyr/pack/KyrZippedTar.h>
-#include <kyr/pack/tar_files_p.h>
 #include <kyr/time/KyrTime.h>
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QLocale>
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTemporaryFile>
 
 #include <algorithm>
 #include <exception>
+#include <new>
 
 namespace Kyr {
 
@@ -28,6 +26,7 @@ namespace {
 /// In UTF-8. The name of an archive's entry has 99 bytes, of which the report's own takes half.
 constexpr int longestName = 40;
 constexpr int longestTextName = 30;
+constexpr std::int64_t latestTime = 077777777777;   // that an archive's header can hold
 constexpr std::int64_t mostOfKernelFile = 1 << 16;  // bytes
 
 struct Part {
@@ -53,11 +52,11 @@ constexpr Part knownParts[] = {
 /// Whether a name stays below the folder that somebody unpacks it in, on every system. Devices of
 /// Windows are in every folder, with every ending.
 bool isHarmless(const QString& name) {
-  static const QRegularExpression reserved(
-      R"([\\:*?"<>|\p{C}]|(?:^|/)(?:con|prn|aux|nul|(?:com|lpt)\d) *(?:[./]|$))",
-      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression reserved =
+      Report::expression(R"([\\:*?"<>|\p{C}]|(?:^|/)(?:con|prn|aux|nul|(?:com|lpt)\d) *(?:[./]|$))",
+                         QRegularExpression::CaseInsensitiveOption);
   const QStringList elements = name.split('/');
-  return name.toUtf8().size() <= longestName && !name.contains(reserved) &&
+  return name.toUtf8().size() <= longestName && !Report::search(reserved, name).hasMatch() &&
          std::none_of(elements.begin(), elements.end(), [](const QString& each) {
            return each.isEmpty() || each.endsWith('.') || each.endsWith(' ');
          });
@@ -79,25 +78,16 @@ Exception cannotWrite(const QString& fileName, const QString& reason) {
       .arg(QDir::toNativeSeparators(fileName), reason);
 }
 
-void writeFile(const QString& path, const QByteArray& contents) {
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() ||
-      !file.flush()) {
-    throw cannotWrite(path, file.errorString());
-  }
-}
-
 /// An empty file of a free name beside another, for its owner alone; removed unless it was renamed.
-/// QTemporaryFile by itself keeps the file open, in the way of a new name on Windows.
+/// Of a process that was killed, the next SafeFile of the directory removes it.
 class TemporaryName {
  public:
-  explicit TemporaryName(const QString& fileName) {
-    QTemporaryFile file(fileName + ".XXXXXX");
-    file.setAutoRemove(false);
-    if (!file.open()) {
+  explicit TemporaryName(const QString& fileName) : _path(TemporaryFile::besideOf(fileName)) {
+    QFile file(_path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
       throw cannotWrite(fileName, file.errorString());
     }
-    _path = file.fileName();
+    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
   }
   TemporaryName(const TemporaryName&) = delete;
   TemporaryName& operator=(const TemporaryName&) = delete;
@@ -108,22 +98,6 @@ class TemporaryName {
   QString _path;
 };
 
-/// Writes a directory's files to an archive and brings it to the disk.
-/// \param folder what the directory is called in the archive
-/// \param fileName of a file whose permissions stay
-void pack(const QString& directory, const QString& folder, const QString& fileName) {
-  SafeFile file(fileName);
-  ZippedTarWriter archive(&file.stream());
-  try {
-    archive.addDirectory(directory, true, folder);
-    archive.addEof();
-    archive.flush();
-  } catch (const Exception&) {
-    file.stream().setstate(std::ios_base::badbit);  // commit() knows the reason
-  }
-  file.commit();
-}
-
 }  // namespace
 
 void SystemReport::Section::add(const QString& name, const QString& value) {
@@ -132,7 +106,16 @@ void SystemReport::Section::add(const QString& name, const QString& value) {
   }
 }
 
-SystemReport::SystemReport() : _seconds(Time::currentTime().wholeSeconds()) {}
+void SystemReport::Section::miss(const QString& what) {
+  remarks += what;
+  missing += what;
+}
+
+// Qt looks at the user's locale under a lock, and keeps that when memory runs out: then everybody
+// waits for ever who needs a locale, as files do. Once this look has succeeded, there is no other.
+SystemReport::SystemReport() : _seconds(Time::currentTime().wholeSeconds()) {
+  QLocale::system();
+}
 
 // ---- contents ----
 
@@ -146,6 +129,10 @@ void SystemReport::collect(unsigned parts, const Limits& limits) {
       continue;
     }
     add(part.title, [&](Section& section) {
+      if (_isOutOfMemory) {
+        section.miss("This part is left out: an earlier one ran out of memory.");
+        return;
+      }
       part.describe ? part.describe(section) : Report::describeLogs(section, limits, _files);
     });
   }
@@ -157,7 +144,8 @@ void SystemReport::add(const QString& title, const std::function<void(Section&)>
   try {
     fill(section);
   } catch (const std::exception& error) {
-    section.remarks += "This part is not complete: " + reasonOf(error);
+    _isOutOfMemory = _isOutOfMemory || dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+    section.miss("This part is not complete: " + reasonOf(error));
   }
   _sections.push_back(std::move(section));
 }
@@ -197,6 +185,16 @@ void SystemReport::addFile(const QString& name, const QByteArray& contents, std:
   }
 }
 
+QStringList SystemReport::missing() const {
+  QStringList all;
+  for (const Section& section : _sections) {
+    for (const QString& each : section.missing) {
+      all += section.title + ": " + each;
+    }
+  }
+  return all + _remarks;
+}
+
 QString SystemReport::name() const {
   const QDateTime local = QDateTime::fromSecsSinceEpoch(_seconds);
   return QString("ORV-report-%1-%2")
@@ -206,28 +204,37 @@ QString SystemReport::name() const {
 // ---- the archive ----
 
 QString SystemReport::textName(std::size_t index) const {
-  static const QRegularExpression others("[^a-z0-9]+");
-  const QString title = _sections[index].title.toLower().replace(others, "-");
+  QString title;
+  for (const QChar each : _sections[index].title.toLower()) {
+    const bool isPlain = (each >= 'a' && each <= 'z') || (each >= '0' && each <= '9');
+    title += isPlain ? QString(each) : title.endsWith('-') ? QString() : QString('-');
+  }
   return QString("text/%1-%2.txt")
       .arg(index + 1, 2, 10, QLatin1Char('0'))
       .arg(title.left(longestTextName));
 }
 
-/// Writes the files of the archive into a directory.
-void SystemReport::stage(const QString& directory) const {
-  const auto put = [&](const QString& name, const QByteArray& contents, std::int64_t modified) {
-    const QString path = directory + "/" + name;
-    OS::mkdir(path.left(path.lastIndexOf('/')), true);
-    writeFile(path, contents);
-    TarFiles::setModified(path, modified);
-  };
-  put("index.html", toHtml().toUtf8(), _seconds);
-  for (std::size_t i = 0; i < _sections.size(); ++i) {
-    put(textName(i), Report::textOf(_sections[i]).toUtf8(), _seconds);
+/// Writes the archive into a file, whose permissions stay, and brings it to the disk. No folder
+/// gathers the parts first, which could lose some or keep them for others to read.
+void SystemReport::pack(const QString& fileName) const {
+  const QString folder = name() + "/";
+  SafeFile file(fileName);
+  ZippedTarWriter archive(&file.stream());
+  try {
+    archive.addContents(folder + "index.html", toHtml().toUtf8(), _seconds);
+    for (std::size_t i = 0; i < _sections.size(); ++i) {
+      archive.addContents(folder + textName(i), Report::textOf(_sections[i]).toUtf8(), _seconds);
+    }
+    for (const File& each : _files) {
+      archive.addContents(folder + each.name, each.contents,
+                          qBound(std::int64_t{0}, each.modified, latestTime));
+    }
+    archive.addEof();
+    archive.flush();
+  } catch (const Exception&) {
+    file.stream().setstate(std::ios_base::badbit);  // commit() knows the reason
   }
-  for (const File& file : _files) {
-    put(file.name, file.contents, file.modified);
-  }
+  file.commit();
 }
 
 void SystemReport::write(const QString& fileName) const {
@@ -235,14 +242,12 @@ void SystemReport::write(const QString& fileName) const {
     throw Exception(translate("Kyr_diagnostics", "%1 exists already and is not replaced")
                         .arg(QDir::toNativeSeparators(fileName)));
   }
-  const QTemporaryDir staging;
-  if (!Platform::isName(fileName) || !staging.isValid()) {
-    throw cannotWrite(fileName, staging.isValid() ? Platform::badName : staging.errorString());
+  if (!Platform::isName(fileName)) {
+    throw cannotWrite(fileName, Platform::badName);
   }
-  stage(staging.path());
   const TemporaryName part(fileName);
   try {
-    pack(staging.path(), name(), part.path());
+    pack(part.path());
     OS::rename(part.path(), fileName, OS::KeepExisting);
   } catch (const Exception& error) {
     throw cannotWrite(fileName, error.getText());

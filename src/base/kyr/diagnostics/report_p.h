@@ -4,6 +4,7 @@
 
 #include <kyr/diagnostics/KyrSystemReport.h>
 
+#include <QRegularExpression>
 #include <QSettings>
 #include <QString>
 
@@ -47,6 +48,14 @@ std::vector<Directory> directories();
 QString visible(const QString& text);
 /// The words of a command line as they may leave the machine.
 QStringList blankArguments(const QStringList& arguments);
+/// An expression that is good.
+/// \throws std::bad_alloc; Qt's own keeps such a failure, and finds nothing for ever
+QRegularExpression expression(const QString& pattern,
+                              QRegularExpression::PatternOptions options = {});
+/// What an expression finds from a place on.
+/// \throws std::bad_alloc when the search could not be finished, which Qt takes for nothing found
+QRegularExpressionMatch search(const QRegularExpression& pattern, const QString& text,
+                               int from = 0);
 /// A size for people, as "1.5 MiB".
 QString sizeText(std::uint64_t bytes);
 /// A moment in the user's time zone, as "2026-11-21 11:51:10 +00:00".
@@ -87,9 +96,14 @@ struct OwnFile {
   std::int64_t size = 0;
   std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC
 };
+/// What became of reading a file.
+enum class Reading {
+  Done,
+  Foreign,  ///< it is no plain file with a single name that belongs to the user
+  Failed,   ///< it may be one
+};
 /// Reads a plain file that belongs to the user. Links are not followed, pipes not waited for.
 /// \param most bytes from its end
-/// \return false for anything else
-bool readOwnFile(const QString& path, std::int64_t most, OwnFile& file);
+Reading readOwnFile(const QString& path, std::int64_t most, OwnFile& file);
 
 }  // namespace Kyr::Report

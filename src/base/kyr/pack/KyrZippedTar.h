@@ -5,6 +5,7 @@
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrStructVector.h>
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -57,6 +58,13 @@ class KYR_EXPORT ZippedTarWriter {
   /// \throws Exception whose text is the archive's name, or std::bad_alloc, when the archive
   ///         cannot be written
   void addFile(const QString& path, const QString& name);
+
+  /// Adds a file that only the memory holds.
+  /// \param name in the archive
+  /// \param modified in seconds since 1970-01-01 00:00 UTC
+  /// \throws Exception whose text is \a name when that or the time does not fit into a header; the
+  ///         others of addFile() for the archive
+  void addContents(const QString& name, const QByteArray& contents, std::int64_t modified);
 
   /// Adds the files of a directory, sorted by code points. Entries that cannot be read are left
   /// out and found in getUnread(). Left out are also the file that this object writes and what is

@@ -141,4 +141,19 @@ void ZippedTarWriter::flush() {
   _target->finish();
 }
 
+void ZippedTarWriter::addContents(const QString& name, const QByteArray& contents,
+                                  std::int64_t modified) {
+  Tar::Block header;
+  if (name.contains(QChar::Null) ||
+      !Tar::makeHeader(header, name.toUtf8(), modified, contents.size())) {
+    throw Exception(name);
+  }
+  const auto size = static_cast<std::size_t>(contents.size());
+  constexpr Tar::Block zeros{};
+  _target->write(header.data(), header.size());
+  _target->write(reinterpret_cast<const unsigned char*>(contents.constData()), size);
+  _target->write(zeros.data(), (Tar::blockSize - size % Tar::blockSize) % Tar::blockSize);
+  ++_fileCount;
+}
+
 }  // namespace Kyr

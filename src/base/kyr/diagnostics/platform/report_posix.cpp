@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <exception>
 
 #include <fcntl.h>
 #include <gnu/libc-version.h>
@@ -45,8 +46,12 @@ QString buildIdIn(const unsigned char* notes, std::size_t size) {
   return {};
 }
 
-int appendModule(dl_phdr_info* info, std::size_t /*size*/, void* list) {
-  auto& modules = *static_cast<std::vector<Report::Module>*>(list);
+struct ModuleList {
+  std::vector<Report::Module> modules;
+  std::exception_ptr failure;
+};
+
+void append(const dl_phdr_info* info, std::vector<Report::Module>& modules) {
   Report::Module module;
   module.path = modules.empty() ? OS::getExecutable() : QFile::decodeName(info->dlpi_name);
   module.address = info->dlpi_addr;
@@ -61,7 +66,22 @@ int appendModule(dl_phdr_info* info, std::size_t /*size*/, void* list) {
     }
   }
   modules.push_back(module);
-  return 0;
+}
+
+/// The system's lock, which is held meanwhile, does not survive an exception.
+int appendModule(dl_phdr_info* info, std::size_t /*size*/, void* list) noexcept {
+  auto& found = *static_cast<ModuleList*>(list);
+  try {
+    append(info, found.modules);
+  } catch (...) {
+    found.failure = std::current_exception();
+  }
+  return found.failure ? 1 : 0;
+}
+
+/// A second name of a file may be another file of the user's that somebody else wants packed.
+bool isOwn(const struct stat& found) {
+  return S_ISREG(found.st_mode) && found.st_uid == ::geteuid() && found.st_nlink == 1;
 }
 
 Report::SettingsPlace placeOf(const char* name, QSettings::Scope scope) {
@@ -83,9 +103,12 @@ QString Report::runtimeVersion() {
 }
 
 std::vector<Report::Module> Report::modules() {
-  std::vector<Module> found;
+  ModuleList found;
   ::dl_iterate_phdr(&appendModule, &found);
-  return found;
+  if (found.failure) {
+    std::rethrow_exception(found.failure);
+  }
+  return found.modules;
 }
 
 std::vector<Report::SettingsPlace> Report::settingsPlaces() {
@@ -95,26 +118,29 @@ std::vector<Report::SettingsPlace> Report::settingsPlaces() {
   return places;
 }
 
-// A second name of a file may be another file of the user's that somebody else wants packed.
-bool Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
-  const int descriptor = ::open(Platform::nativePath(path).c_str(),
-                                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
+  const std::string name = Platform::nativePath(path).native();
+  const int descriptor =
+      ::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   struct stat found {};
   QFile content;
-  if (descriptor < 0 || !content.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
-                                      QFileDevice::AutoCloseHandle)) {
-    return false;
+  if (descriptor < 0) {
+    return ::lstat(name.c_str(), &found) == 0 && !isOwn(found) ? Reading::Foreign : Reading::Failed;
   }
-  if (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode) || found.st_uid != ::geteuid() ||
-      found.st_nlink != 1) {
-    return false;
+  if (!content.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                    QFileDevice::AutoCloseHandle)) {
+    ::close(descriptor);
+    return Reading::Failed;
+  }
+  if (::fstat(descriptor, &found) != 0 || !isOwn(found)) {
+    return Reading::Foreign;
   }
   file.size = found.st_size;
   file.modified = found.st_mtime;
   const std::int64_t wanted = std::min<std::int64_t>(most, file.size);
   content.seek(file.size - wanted);
   file.end = content.read(wanted);
-  return true;
+  return content.error() == QFileDevice::NoError ? Reading::Done : Reading::Failed;
 }
 
 }  // namespace Kyr

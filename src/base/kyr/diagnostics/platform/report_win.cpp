@@ -118,15 +118,19 @@ std::vector<Report::SettingsPlace> Report::settingsPlaces() {
 }
 
 // The temporary directory is the user's own. A program that still writes its log is not disturbed.
-bool Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
+Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
   const Handle handle(::CreateFileW(Platform::nativePath(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   BY_HANDLE_FILE_INFORMATION found{};
   constexpr DWORD refused = FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_DIRECTORY;
-  if (!handle.isOpen() || !::GetFileInformationByHandle(handle.get(), &found) ||
-      (found.dwFileAttributes & refused) != 0 || found.nNumberOfLinks != 1) {
-    return false;
+  if (!handle.isOpen() || !::GetFileInformationByHandle(handle.get(), &found)) {
+    const DWORD attributes = ::GetFileAttributesW(Platform::nativePath(path).c_str());
+    const bool isOther = attributes != INVALID_FILE_ATTRIBUTES && (attributes & refused) != 0;
+    return isOther ? Reading::Foreign : Reading::Failed;
+  }
+  if ((found.dwFileAttributes & refused) != 0 || found.nNumberOfLinks != 1) {
+    return Reading::Foreign;
   }
   file.size = std::int64_t(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
   file.modified = secondsOf(found.ftLastWriteTime);
@@ -139,7 +143,7 @@ bool Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) 
       ::SetFilePointerEx(handle.get(), start, nullptr, FILE_BEGIN) &&
       ::ReadFile(handle.get(), file.end.data(), static_cast<DWORD>(wanted), &got, nullptr);
   file.end.resize(isRead ? static_cast<int>(got) : 0);
-  return isRead;
+  return isRead ? Reading::Done : Reading::Failed;
 }
 
 }  // namespace Kyr
