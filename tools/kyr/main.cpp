@@ -11,8 +11,11 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <iterator>
+#include <new>
 
 namespace {
 
@@ -166,9 +169,31 @@ int dispatch(const QStringList& words) {
   return complain(fault, "kyr COMMAND ...   (kyr --help explains)");
 }
 
-}  // namespace
+/// Neither Qt nor the heap can be trusted any more, and what the end of a process calls needs both.
+[[noreturn]] void endWithoutMemory() {
+  std::cout.flush();
+  std::cerr << "kyr: not enough memory\n";
+  std::_Exit(FileAtFault);
+}
 
-int main(int argc, char** argv) {
+std::terminate_handler byDefault = nullptr;
+
+/// An exception is lost in functions, of Qt too, that must not throw.
+[[noreturn]] void terminate() {
+  try {
+    if (const std::exception_ptr error = std::current_exception()) {
+      std::rethrow_exception(error);
+    }
+  } catch (const std::bad_alloc&) {
+    endWithoutMemory();
+  } catch (...) {
+    byDefault();
+  }
+  byDefault();
+  std::abort();
+}
+
+int runTool(int argc, char** argv) {
   prepareStandardStreams();
   std::ios_base::sync_with_stdio(false);
   // Names of files and units are the same whatever the user's locale is.
@@ -176,4 +201,15 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const int code = dispatch(QCoreApplication::arguments().mid(1));
   return finishOutput() ? code : std::max<int>(code, FileAtFault);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  byDefault = std::set_terminate(&terminate);
+  try {
+    return runTool(argc, argv);
+  } catch (const std::bad_alloc&) {
+    endWithoutMemory();
+  }
 }
