@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -41,6 +42,23 @@ inline Death die(const TempDir& folder, const QStringList& words,
   const QString text = QString::fromUtf8(readFile(log)).remove('\r');
   return {process.exitStatus() == QProcess::NormalExit, process.exitCode(),
           text.mid(text.indexOf('\n') + 1), QDir(folder.path()).entryList({"ORV-*.dmp"})};
+}
+
+/// The dump of an earlier crash, so many hours ago.
+inline QString plantDump(const TempDir& folder, const QString& name, int hours) {
+  QFile dump(folder.write(name, "old"));
+  EXPECT_TRUE(dump.open(QIODevice::ReadWrite) &&
+              dump.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * qint64(hours)),
+                               QFileDevice::FileModificationTime));
+  return dump.fileName();
+}
+
+/// Makes the processes of the test take a dump for one that is being written.
+void lockDump(const QFile& dump);
+
+/// What no process of the test is called.
+inline QString numberedDump(int number) {
+  return QString("ORV-%1.dmp").arg(4'000'000'000U + unsigned(number));
 }
 
 }  // namespace KyrTest

@@ -134,3 +134,24 @@ TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {
     EXPECT_EQ(death.report.count("caught exception"), 1) << row.catches;
   }
 }
+
+TEST_F(Crash, LeavesTheNewestDumpsOfManyCrashes) {
+  const TempDir folder;
+  for (int i = 1; i <= 30; ++i) {
+    KyrTest::plantDump(folder, KyrTest::numberedDump(i * 7 % 31), i * 7 % 31);
+  }
+  const QStringList others{"ORV-07.dmp", "ORV-7.dmp.gz", "ORV-4294967296.dmp", "ORV-.dmp"};
+  for (const QString& name : others) {
+    KyrTest::plantDump(folder, name, 1000);
+  }
+  EXPECT_TRUE(QDir(folder.path()).mkdir("ORV-7.dmp"));
+  QFile written(KyrTest::plantDump(folder, "ORV-8.dmp", 1000));
+  EXPECT_TRUE(written.open(QIODevice::ReadWrite));
+  KyrTest::lockDump(written);
+  die(folder, {"--kind", "null-read"});
+  const QStringList left = QDir(folder.path()).entryList({"ORV-*"});
+  for (int i = 1; i <= 30; ++i) {
+    EXPECT_EQ(left.contains(KyrTest::numberedDump(i)), i < 20) << i << " hours old";
+  }
+  EXPECT_EQ(left.size(), 20 + others.size() + 2) << "the new one; what is none, or being written";
+}

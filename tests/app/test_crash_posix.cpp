@@ -1,4 +1,5 @@
 // Crashes where something is in their way.
+#include "app/death.h"
 #include "app/home.h"
 #include "support/Support.h"
 
@@ -12,6 +13,7 @@
 
 #include <csignal>
 
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
@@ -19,6 +21,10 @@ using KyrTest::Home;
 using KyrTest::inChild;
 using KyrTest::readFile;
 using KyrTest::TempDir;
+
+void KyrTest::lockDump(const QFile& dump) {
+  EXPECT_EQ(::flock(dump.handle(), LOCK_EX), 0);
+}
 
 TEST(CrashInTheWay, IsReportedWithWhatFailed) {
 #if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
@@ -113,4 +119,19 @@ TEST(CrashFromOutside, NamesTheSender) {
                                                                << report.toStdString();
     QFile::remove(home.file("output"));
   }
+}
+
+TEST(CrashInTheWay, LeavesTheDumpsOfOthers) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers report faults in the place of the library";
+#endif
+  if (::geteuid() != 0) {
+    GTEST_SKIP() << "only root gives files away";
+  }
+  const TempDir folder;
+  for (int i = 1; i <= 50; ++i) {
+    const QString dump = KyrTest::plantDump(folder, KyrTest::numberedDump(i), i);
+    EXPECT_EQ(::chown(qPrintable(dump), i > 25 ? 1 : 0, 0), 0);
+  }
+  EXPECT_EQ(KyrTest::die(folder, {"--kind", "null-read"}).dumps.size(), 20 + 25);
 }

@@ -16,6 +16,11 @@
 
 #include <dbghelp.h>
 
+// An open file cannot be removed.
+void KyrTest::lockDump(const QFile& dump) {
+  EXPECT_TRUE(dump.isOpen());
+}
+
 using KyrTest::Death;
 using KyrTest::die;
 using KyrTest::Home;

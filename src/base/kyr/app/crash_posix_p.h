@@ -166,6 +166,10 @@ void appendOrigin(Text& text, const siginfo_t& signal) noexcept;
 /// Writes the minidump to the file that KyrInit names, and says on standard error if it cannot.
 void writeDump(const siginfo_t& signal, const Threads& threads, const Memory& memory) noexcept;
 
+/// Removes the oldest dumps of this user beyond the bound, but none that is being written.
+/// \param newest the full name of this process's dump, which stays
+void removeOldDumps(const char* newest) noexcept;
+
 /// "message: the system's words for the error", on standard error.
 void printSystemError(const char* message, int error) noexcept;
 

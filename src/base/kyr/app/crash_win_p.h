@@ -55,6 +55,9 @@ void* findDebugHelp(const char* name) noexcept;
 /// Writes the minidump to the file that KyrInit names, and says on standard error if it cannot.
 void writeDump(const Break& broken) noexcept;
 
+/// Removes the oldest dumps of this user beyond the bound, but none that is being written.
+void removeOldDumps() noexcept;
+
 // ---- backtraces: platform/crash_backtrace_win.cpp ---------------------------------------------
 
 /// Prints the backtraces of all threads with their headings.

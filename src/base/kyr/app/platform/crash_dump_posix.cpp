@@ -8,6 +8,7 @@
 
 #include <elf.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/utsname.h>
 #include <unistd.h>
@@ -429,6 +430,7 @@ void Crash::writeDump(const siginfo_t& signal, const Threads& threads,
     printSystemError("error creating crashdump file", errno);
     return;
   }
+  ::flock(descriptor, LOCK_EX | LOCK_NB);  // keeps removeOldDumps() of others away
   DumpFile file(descriptor);
   const Dump::Location context = appendThreads(file, threads, memory);
   appendException(file, signal, threads.crashing().id, context);
@@ -440,6 +442,8 @@ void Crash::writeDump(const siginfo_t& signal, const Threads& threads,
   if (file.error() != 0 || error != 0) {
     ::unlink(path.data());  // without its head it is of no use
     printSystemError("error writing crashdump", file.error() != 0 ? file.error() : error);
+  } else {
+    removeOldDumps(path.data());
   }
 }
 

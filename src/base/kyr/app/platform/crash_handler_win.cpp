@@ -89,6 +89,7 @@ DWORD WINAPI report(void* given) {
   loadDebugHelp();
   writeDump(broken);
   printBacktraces(broken, helper);
+  removeOldDumps();
   if (consoleAllocated) {
     isTimed = false;
     waitForSpace();

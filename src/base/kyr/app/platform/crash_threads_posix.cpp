@@ -1,11 +1,10 @@
+#include <kyr/app/crash_folder_posix_p.h>
 #include <kyr/app/crash_posix_p.h>
 
 #include <cerrno>
 #include <climits>
 #include <ctime>
 
-#include <dirent.h>
-#include <fcntl.h>
 #include <linux/futex.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -39,49 +38,6 @@ void waitOneMillisecond() noexcept {
   const timespec time{0, 1'000'000};
   ::nanosleep(&time, nullptr);
 }
-
-/// The names in a folder, without the heap that readdir() takes.
-class FolderReader {
- public:
-  explicit FolderReader(const char* name) noexcept
-      : _folder(::open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
-  ~FolderReader() {
-    if (_folder >= 0) {
-      ::close(_folder);
-    }
-  }
-  FolderReader(const FolderReader&) = delete;
-  FolderReader& operator=(const FolderReader&) = delete;
-
-  /// \return null behind the last name and on failure
-  const char* next() noexcept {
-    if (_position >= _length && !refill()) {
-      return nullptr;
-    }
-    const char* entry = _entries.data() + _position;
-    std::uint16_t size = 0;
-    std::memcpy(&size, entry + offsetof(dirent64, d_reclen), sizeof size);
-    _position += size;
-    return entry + offsetof(dirent64, d_name);
-  }
-
-  bool failed() const noexcept { return _failed; }
-
- private:
-  bool refill() noexcept {
-    const long count = ::syscall(SYS_getdents64, _folder, _entries.data(), _entries.size());
-    _failed = count < 0;
-    _length = count > 0 ? static_cast<std::size_t>(count) : 0;
-    _position = 0;
-    return _length > 0;
-  }
-
-  int _folder;
-  bool _failed = false;
-  std::size_t _position = 0;
-  std::size_t _length = 0;
-  std::array<char, 4096> _entries{};
-};
 
 /// \return 0 for a name that is no number
 int parseId(const char* name) noexcept {
