@@ -42,13 +42,17 @@ class Reader {
         _file(file),
         _scale(scale),
         _log(log),
-        _notes(notes) {}
+        _notes(notes) {
+    _file.setStrict(true);
+  }
 
   Mesh read() {
-    while (nextLine()) {
-      try {
+    try {
+      while (nextLine()) {
         readLine();
-      } catch (const Kyr::FileParse::Error&) {
+      }
+    } catch (const Kyr::FileParse::Error&) {
+      if (std::ferror(_stream) == 0) {
         throw Kyr::Exception(Kyr::translate("Surface", "damaged line: %1").arg(place()));
       }
     }

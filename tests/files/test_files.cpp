@@ -74,6 +74,8 @@ std::string apply(File& file, char letter, const char* key) {
     case 'p': return shown(file.getPhysicalLineNumber());
     case '#': return shown(file.getNumberOfLines());
     case 'e': return file.atEndOfLine() ? "end" : "more";
+    case '!': return file.setStrict(!file.isStrict()), ".";
+    case '?': return file.endedInside() ? "inside" : "whole";
     default: return shown(file.getCurrentLine());
   }
 }
@@ -193,6 +195,11 @@ TEST(KeyedText, CopiesShareTheStreamAndNothingElse) {
   EXPECT_EQ(run(first, "n i IC"), "1 2 4");
   second = first;
   EXPECT_EQ(run(second, "n t L"), "2 [C 4] EOF");
+  std::fputs("D\\", stream.get());
+  std::fseek(stream.get(), -2, SEEK_CUR);
+  EXPECT_EQ(run(first, "L ?"), ". inside");
+  std::rewind(stream.get());
+  EXPECT_EQ(run(first, "LA ?"), ". whole") << "an earlier end of the stream is remembered";
 }
 
 TEST(KeyedText, PipesLoseNoLine) {

@@ -156,6 +156,7 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
   const Row rows[] = {
       {"v 1 2 3\nv 1 2\n", {}, 1, "bad.obj, line 2: v 1 2", "a point that lacks a number"},
       {"v 1 2 nan\n", {}, 1, "bad.obj, line 1", "a coordinate that is no number"},
+      {"v 1 2 3 4\nv 5\\", {}, 1, "damaged line: bad.obj, line 2", "cut short in a line"},
       {"v 1 2 3\nf 1 1 2\n", {}, 1, "bad.obj, line 2", "a corner that does not exist"},
       {"v 1 2 3\nf 1 1\n", {}, 1, "bad.obj, line 2", "a face of two corners"},
       {"v 1 2 3\nf 1 1 1x\n", {}, 1, "bad.obj, line 2", "text behind a corner"},

@@ -20,6 +20,15 @@ namespace Kyr::FileParse {
 /// to getStringLine) move to the next data line, the value operations (nextInt to skipChars)
 /// consume that line, the current line, from its front. The format: docs/formats/keyed-text.md.
 ///
+/// A file that ends where a line is continued was cut short, and the line is not there to be read:
+/// a reader in strict mode says so, any other gives what the line before it left.
+///
+/// \code
+/// File file(stream);
+/// file.setStrict(true);  // a file cut short in "WIDTH 7 \" throws, too
+/// file.getInt("WIDTH", width);
+/// \endcode
+///
 /// Failures carry no message. Who reports them to people builds the message from the file's
 /// name, which the reader does not know, getPhysicalLineNumber() and getDataLine().
 ///
@@ -30,6 +39,10 @@ class KYR_EXPORT File {
   /// Takes the codec from a marker in the line at the stream's position, which is then consumed
   /// without being counted. Without a marker the stream moves to its start; where it cannot move
   /// (a pipe), the line is kept for the first read.
+  ///
+  /// Whatever else stands in that line, it is a marker if getCodecInLine() finds one: data such as
+  /// `FILE <defaultcodec>_utf-8.txt` would be lost. Files whose first line may hold any text
+  /// begin with the marker of their codec (getCodecForLine()), as only one line is searched.
   /// \param stream open for reading, closed by the caller after the last use of the reader and
   ///     its copies; null is read as an empty stream
   explicit File(std::FILE* stream);
@@ -41,7 +54,8 @@ class KYR_EXPORT File {
 
   /// The line feeds of the whole stream, without one in its very first byte. So a last line
   /// without line feed is not counted. The position stays as it is.
-  /// \return 0 for a stream that cannot move; nothing of it is consumed
+  /// \return 0 for a stream that cannot move, of which nothing is consumed; 2147483647 also for
+  ///     more than that
   int getNumberOfLines() const;
 
   /// Reads of lines so far by the keyed operations: physical lines, of which one of more than
@@ -69,13 +83,27 @@ class KYR_EXPORT File {
   /// Whether nothing of the current line is left, at constant cost.
   bool atEndOfLine() const;
 
+  /// Whether the stream ended where a line is continued. What there was of that line is dropped;
+  /// the operation that met it succeeded all the same, leaving the current line as it was, unless
+  /// the reader is strict. Stays until a further data line is read; a comment counts as well.
+  bool endedInside() const;
+
+  /// Makes the keyed operations throw Error once when the stream ends where a data line is
+  /// continued; behind it comes EndOfFile. A comment that is cut off there has nothing to lose and
+  /// is passed over.
+  /// \param strict false in the beginning
+  void setStrict(bool strict);
+  bool isStrict() const;
+
   /// Moves to the next data line, which must begin with \a key; its values follow.
   /// A data line with another key is consumed all the same, and the current line then stays.
-  /// A line that is continued at the end of the stream is dropped, without a failure.
+  /// A line that is continued at the end of the stream is dropped, without a failure; see
+  /// endedInside() and setStrict().
   /// \param key Latin-1, compared with the start of the line only (`POINT` accepts `POINTS 5`);
   ///     an empty key accepts any data line
   /// \throws EndOfFile when there is no further data line or it has another key
-  /// \throws Error when more than 2^29 characters are joined to one line
+  /// \throws Error when more than 2^29 characters are joined to one line; in strict mode at the
+  ///     end of the stream within a line
   void getLine(const char* key);
 
   /// getLine() and then nextInt().

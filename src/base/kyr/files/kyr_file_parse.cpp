@@ -251,7 +251,9 @@ struct File::State {
   int lineNumber = 0;
   unsigned currentIndex = 0;  ///< which of the lines is the current one
   bool accepted = true;       ///< the line read last became the current one
-  qint64 linesPassed = 0;     ///< line ends of the stream before the reader's place
+  bool strict = false;
+  bool endedInside = false;  ///< the line read last lacks its end
+  qint64 linesPassed = 0;    ///< line ends of the stream before the reader's place
   qint64 physicalLineNumber = 0;
   std::shared_ptr<Unread> unread;   ///< shared by copies, as the stream is
   QString currentText;              ///< what getCurrentLine() gave last
@@ -264,6 +266,7 @@ struct File::State {
   bool read(char* bytes, Read* result);
   bool join(std::size_t length);
   bool readDataLine();
+  void endInside();
   QString decodeString(const char* bytes, std::size_t length) const;
   bool nextDataLine(const char* key);
   Line& lineWithValue();
@@ -329,17 +332,31 @@ bool File::State::readDataLine() {
   do {
     line.clear();
     physicalLineNumber = linesPassed + 1;
-    for (bool continued = true; continued;) {
+    bool continued = false;
+    do {
       lineNumber += lineNumber < INT_MAX ? 1 : 0;
       line.bytes.reserve(line.size() + BufferSize);
       Read result;
       if (!read(line.bytes.end(), &result)) {
+        if (continued) {
+          endInside();
+        }
         return false;
       }
       continued = join(result.length);
-    }
+    } while (continued);
   } while (line.size() == 0 || line.bytes[0] == '#');
+  endedInside = false;
   return true;
+}
+
+/// The stream has ended where the next data line or a comment goes on.
+void File::State::endInside() {
+  endedInside = true;
+  const bool isComment = next().size() > 0 && next().bytes[0] == '#';
+  if (strict && !isComment) {
+    throw Error();
+  }
 }
 
 /// Makes the next data line the current one if it begins with \a key.
@@ -348,7 +365,7 @@ bool File::State::readDataLine() {
 inline bool File::State::nextDataLine(const char* key) {
   accepted = false;
   if (!readDataLine()) {
-    return next().size() > 0;
+    return next().size() > 0 && !strict;
   }
   if (!next().takeKey(key)) {
     return false;
@@ -450,6 +467,18 @@ const QString& File::getCurrentLine() const {
 
 const QString& File::getNextChar() {
   return getCurrentLine();
+}
+
+bool File::endedInside() const {
+  return _state->endedInside;
+}
+
+void File::setStrict(bool strict) {
+  _state->strict = strict;
+}
+
+bool File::isStrict() const {
+  return _state->strict;
 }
 
 bool File::atEndOfLine() const {
