@@ -99,6 +99,8 @@ TEST(Values, GoThroughFilesOfBothCodecs) {
       {QString::fromUtf8("Größe 宋体 😀"), "letters that Latin-1 lacks"},
       {"a\tb\nc\rd\ve\x7f", "what divides lines and words"},
       {QString(3, QChar(0)), "zero characters"},
+      {QString(QChar(0xfeff)) + "a", "what decoding takes for a byte order mark"},
+      {"<defaultcodec>utf-8", "what the first line of a file may not hold"},
       {QString(3995, 'x') + "\\\\\\\\", "backslashes where the line is continued"},
       {QString(33000, QChar(0xe4)), "longer than a reader takes at once"},
   };
@@ -126,7 +128,7 @@ TEST(Values, ExplainWhichLineIsWrong) {
   const KyrTest::Stream stream =
       KyrTest::pipeStream("# comment\nFONT A x\nFONTS B 10\nFONT C 10\nCOLOUR\nSOUND a\n");
   FileParse::File file(stream.get());
-  const auto message = [&](auto read, const char* key) -> QString {
+  const auto message = [&file](auto read, const char* key) -> QString {
     try {
       read(file, key);
       return "read";
@@ -142,6 +144,12 @@ TEST(Values, ExplainWhichLineIsWrong) {
   EXPECT_TRUE(message(Colour::read, "COLOUR").startsWith("line 5: \"\" is no colour"));
   EXPECT_EQ(message(Font::read, "FONT"), "other key");
   EXPECT_EQ(message(Font::read, "FONT"), "other key") << "the end of the file";
+  for (const bool strict : {false, true}) {
+    const KyrTest::Stream cutShort = KyrTest::pipeStream("FONT A 10\\");
+    file = FileParse::File(cutShort.get());
+    file.setStrict(strict);
+    EXPECT_EQ(message(Font::read, "FONT"), "line 1: the file ends in the middle of this line");
+  }
 }
 
 }  // namespace

@@ -15,10 +15,33 @@ namespace {
 constexpr int longestPiece = 4000;  // of a line; a reader takes 4095 bytes at once
 constexpr int longestQuotation = 80;
 
+constexpr char codecMark[] = "<defaultcodec>";
+constexpr char escapedCodecMark[] = "\\x3cdefaultcodec>";
+constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
+
 /// Whether untokenize() would not have to guess.
 bool isWord(const QByteArray& word) {
   static const QRegularExpression pattern(R"(\A(?:[^\\]++|\\(?:[abtnvfr_\\]|x[0-9a-f]{2}))++\z)");
   return word == "\\" || pattern.match(QString::fromLatin1(word)).hasMatch();
+}
+
+/// What follows the key in the next line, which the end of the file must not cut off.
+QString restOfLine(FileParse::File& file, const char* key) {
+  QString text;
+  try {
+    file.getStringLine(key, text);
+  } catch (const FileParse::EndOfFile&) {
+    throw;
+  } catch (const FileParse::Error&) {
+    if (!file.endedInside()) {
+      throw;
+    }
+  }
+  if (file.endedInside()) {
+    throw ValueText::errorInLine(
+        file, translate("Kyr_diagnostics", "the file ends in the middle of this line"));
+  }
+  return text;
 }
 
 }  // namespace
@@ -27,8 +50,10 @@ QStringList ValueText::wordsOf(const QString& text) {
   return QString(text).replace('\t', ' ').split(' ', Qt::SkipEmptyParts);
 }
 
+// In the first line of a file the mark of a codec would make the reader consume that line.
 QString ValueText::wordOf(const QString& text) {
-  return QString::fromStdString(tokenize(text.toUtf8().toStdString(), true));
+  QString word = QString::fromStdString(tokenize(text.toUtf8().toStdString(), true));
+  return word.replace(codecMark, escapedCodecMark);
 }
 
 bool ValueText::textOf(const QString& word, QString& text) {
@@ -37,7 +62,8 @@ bool ValueText::textOf(const QString& word, QString& text) {
     return false;
   }
   const QByteArray plain = QByteArray::fromStdString(untokenize(bytes.toStdString(), true));
-  text = QString::fromUtf8(plain.constData(), plain.size());  // with its zero bytes
+  const QByteArray marked = byteOrderMark + plain;  // decoding drops one, which may be the text's
+  text = QString::fromUtf8(marked.constData(), marked.size());  // with its zero bytes
   return text.toUtf8() == plain;
 }
 
@@ -66,8 +92,7 @@ Exception ValueText::refusal(const QString& sentence, const QString& text, const
 }
 
 QString ValueText::nextLine(FileParse::File& file, const char* key) {
-  QString text;
-  file.getStringLine(key, text);
+  const QString text = restOfLine(file, key);
   const QString line = file.getDataLine();
   const auto length = static_cast<int>(std::strlen(key));
   if (length < line.size() && line.at(length) != ' ') {

@@ -32,6 +32,7 @@ Exception refusal(const QString& sentence, const QString& text, const QString& r
 
 /// The values of the next line.
 /// \throws FileParse::EndOfFile also when its key only begins with this one
+/// \throws FileParse::Error with line and reason when the end of the file cuts the line off
 QString nextLine(FileParse::File& file, const char* key);
 FileParse::Error errorInLine(const FileParse::File& file, const Exception& error);
 
