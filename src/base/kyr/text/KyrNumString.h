@@ -43,6 +43,10 @@ class KYR_EXPORT NumString {
   /// Nothing is smaller than anything, a number smaller than another character, and a text
   /// smaller than a longer one that begins with the same parts. Of equal numbers the one with
   /// more leading zeros is smaller: 007, 07, 7. Other characters compare by their codes.
+  ///
+  /// All numbers of 2147483647 and more count as equal: of those the one with more digits is
+  /// smaller, and time stamps like 20260228123059 have no order among themselves. Who has such
+  /// names compares those numbers by themselves, as `kyr sort` does.
   /// \return -1, 0 or 1
   int compare(const NumString& other) const;
 
