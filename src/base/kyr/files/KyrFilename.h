@@ -42,7 +42,9 @@ class KYR_EXPORT Name {
 
   /// Takes a whole name apart.
   void setFullName(const QString& fullName);
-  /// Directory, "/", base name and extension.
+  /// Directory, "/", base name and extension. Not always the name that was set: one without
+  /// directory has got one ("a" is "./a", "D:a" is "D:/a"), and of several separators before the
+  /// file name one is lost each time that the name is taken apart ("////" is "///").
   QString getFullName() const;
   /// Keeps the directory; one that \a fileName brings along is taken from there.
   void setFileName(const QString& fileName);

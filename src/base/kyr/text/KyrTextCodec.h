@@ -27,7 +27,9 @@ KYR_EXPORT const char* getNameForCodec(TextCodec_t codec);
 /// \threadsafety any thread
 KYR_EXPORT const char* getCodecForLine(TextCodec_t codec);
 
-/// Looks for a codec marker in one line of a text file. With both names in it, UTF-8 wins.
+/// Looks for a codec marker in one line of a text file: "<defaultcodec>" and a codec's name, both
+/// anywhere in it, so that other data with these words is a marker, too. With both names in it,
+/// UTF-8 wins.
 /// \param line ends in a zero byte
 /// \param codec receives the codec found, otherwise stays as it is
 /// \return whether there is a marker with a known codec
