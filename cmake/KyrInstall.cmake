@@ -1,6 +1,6 @@
 # What "cmake --install" leaves behind: the library with its public headers, the tool kyr, the
-# translated texts, the documents, and two descriptions of the library: a CMake package and one for
-# pkg-config. All of it can be moved to another folder as a whole.
+# translated texts, the documents with the examples, and two descriptions of the library: a CMake
+# package and one for pkg-config. All of it can be moved to another folder as a whole.
 include(CMakePackageConfigHelpers)
 
 set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/Kyr")
@@ -16,10 +16,16 @@ install(EXPORT KyrTargets NAMESPACE Kyr:: DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/KyrConfig.cmake.in" "${PROJECT_BINARY_DIR}/KyrConfig.cmake"
   INSTALL_DESTINATION "${KYR_INSTALL_CMAKEDIR}")
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake"
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersionOfCode.cmake"
   COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersionOfPackage.cmake"
+  VERSION "${PROJECT_VERSION}.${KYR_PACKAGE_RELEASE}" COMPATIBILITY SameMajorVersion)
+configure_file("${CMAKE_CURRENT_LIST_DIR}/KyrConfigVersion.cmake.in"
+  "${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake" COPYONLY)
 install(FILES
   "${PROJECT_BINARY_DIR}/KyrConfig.cmake" "${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake"
+  "${PROJECT_BINARY_DIR}/KyrConfigVersionOfCode.cmake"
+  "${PROJECT_BINARY_DIR}/KyrConfigVersionOfPackage.cmake"
   DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
 # The way from the .pc file back to the root of the installation.
@@ -38,6 +44,17 @@ install(FILES ${KYR_CATALOGUES} DESTINATION messages)
 
 # In the folders of the sources: headers and texts name each other by these.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "ARCHITECTURE.md" EXCLUDE)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+# Its links to headers lead to those that are installed.
+file(RELATIVE_PATH KYR_DOCS_TO_INCLUDE
+  "/${CMAKE_INSTALL_DOCDIR}/docs" "/${CMAKE_INSTALL_INCLUDEDIR}")
+file(READ "${PROJECT_SOURCE_DIR}/docs/ARCHITECTURE.md" KYR_ARCHITECTURE)
+string(REPLACE "](../src/base/" "](${KYR_DOCS_TO_INCLUDE}/" KYR_ARCHITECTURE "${KYR_ARCHITECTURE}")
+file(WRITE "${PROJECT_BINARY_DIR}/docs/ARCHITECTURE.md" "${KYR_ARCHITECTURE}")
+set_property(DIRECTORY APPEND PROPERTY
+  CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/ARCHITECTURE.md")
+install(FILES "${PROJECT_BINARY_DIR}/docs/ARCHITECTURE.md"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
   "${PROJECT_SOURCE_DIR}/CONTRIBUTING.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}")

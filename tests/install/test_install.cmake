@@ -1,5 +1,5 @@
-# Run by CTest with: build, version, libdir, generator, compiler, tool, system; and for a foreign
-# system: toolchain, emulator, qt.
+# Run by CTest with: source, build, version, libdir, generator, compiler, tool, system; and for a
+# foreign system: toolchain, emulator, qt.
 cmake_minimum_required(VERSION 3.25)
 set(area "${build}/Testing/install test")
 set(planned "${area}/planned")
@@ -12,6 +12,15 @@ macro(say)
     message(FATAL_ERROR "${ARGN}\nended with ${code} and said:\n${said}")
   endif()
 endmacro()
+
+# refuses(text COMMAND...): runs it; fails the test if it succeeds or does not explain why not.
+function(refuses text)
+  execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE said ERROR_VARIABLE said RESULT_VARIABLE code)
+  string(REGEX REPLACE "[ \n]+" " " said "${said}")
+  if(code EQUAL 0 OR NOT said MATCHES "${text}")
+    message(FATAL_ERROR "${ARGN}\nended with ${code} instead of \"${text}\" and said:\n${said}")
+  endif()
+endfunction()
 
 macro(expect_said text)
   if(NOT said MATCHES "${text}")
@@ -69,6 +78,27 @@ if(places)
   message(FATAL_ERROR "not to be moved, names the place of its birth: ${places}")
 endif()
 
+# Whatever the documents link to is there.
+set(followed 0)
+file(GLOB_RECURSE documents "${root}/share/*.md")
+foreach(document IN LISTS documents)
+  cmake_path(GET document PARENT_PATH folder)
+  file(READ "${document}" text)
+  string(REPLACE "](" "\n@" text "${text}")  # a single bracket would confuse lists
+  string(REGEX MATCHALL "\n@[^#)\n]+" links "${text}")
+  foreach(link IN LISTS links)
+    string(SUBSTRING "${link}" 2 -1 link)
+    if(NOT link MATCHES "^https?://" AND NOT EXISTS "${folder}/${link}")
+      list(APPEND dead "${document}: ${link}")
+    endif()
+    math(EXPR followed "${followed} + 1")
+  endforeach()
+endforeach()
+if(dead OR NOT followed GREATER 100)
+  list(JOIN dead "\n" dead)
+  message(FATAL_ERROR "of ${followed} links in documents these are dead:\n${dead}")
+endif()
+
 # A CMake project. Who builds for a foreign system finds packages below that system's root only.
 if(toolchain)
   set(places -D "CMAKE_TOOLCHAIN_FILE=${toolchain}" -D "KYR_WINDOWS_QT=${qt}"
@@ -76,11 +106,22 @@ if(toolchain)
 else()
   set(places -D "CMAKE_PREFIX_PATH=${root}")
 endif()
-say("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/consumer" -B "${area}/consumer"
+set(consume "${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/consumer" -B "${area}/consumer"
   -G "${generator}" -D "CMAKE_CXX_COMPILER=${compiler}" ${places})
+refuses("libKyr has no component \"pack\": it is one library, .* target Kyr::Kyr"
+  ${consume} -D "KYR_WANTED=6.2\;COMPONENTS\;Kyr\;pack")
+refuses("version \"${version}\\.7\"" ${consume} -D "KYR_WANTED=${version}.7")
+foreach(wanted IN ITEMS "${version}.6" "${version}.6\;EXACT" "${version}\;EXACT" "6...${version}"
+    "6.2...${version}.6" "6.2\;COMPONENTS\;Kyr")
+  say(${consume} -D "KYR_WANTED=${wanted}")
+endforeach()
 say("${CMAKE_COMMAND}" --build "${area}/consumer")
 run_program("${area}/consumer/consumer${exe}")
 expect_said("${version}-6 caught")
+
+# A static library is refused before anything is looked for.
+refuses("libKyr is a shared library only" "${CMAKE_COMMAND}" -S "${source}" -B "${area}/static"
+  -G "${generator}" -D "CMAKE_CXX_COMPILER=${compiler}" ${places} -D BUILD_SHARED_LIBS=OFF)
 
 # One call of the compiler with what pkg-config says.
 find_program(pkgconfig NAMES pkg-config pkgconf REQUIRED)
