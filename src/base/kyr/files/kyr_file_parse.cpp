@@ -251,9 +251,10 @@ struct File::State {
   int lineNumber = 0;
   unsigned currentIndex = 0;  ///< which of the lines is the current one
   bool accepted = true;       ///< the line read last became the current one
+  bool continued = false;     ///< the line read last is, and the stream ended there
   bool strict = false;
-  bool endedInside = false;  ///< the line read last lacks its end
-  qint64 linesPassed = 0;    ///< line ends of the stream before the reader's place
+  qint64 linesPassed = 0;      ///< line ends of the stream before the reader's place
+  qint64 linesAtFailure = -1;  ///< linesPassed when strict mode said that the stream ended
   qint64 physicalLineNumber = 0;
   std::shared_ptr<Unread> unread;   ///< shared by copies, as the stream is
   QString currentText;              ///< what getCurrentLine() gave last
@@ -266,7 +267,7 @@ struct File::State {
   bool read(char* bytes, Read* result);
   bool join(std::size_t length);
   bool readDataLine();
-  void endInside();
+  bool endOfStream();
   QString decodeString(const char* bytes, std::size_t length) const;
   bool nextDataLine(const char* key);
   Line& lineWithValue();
@@ -311,19 +312,20 @@ inline bool File::State::join(std::size_t length) {
   const std::size_t kept = lengthWithoutLineEnd(bytes, length);
   const unsigned content = contentOf(bytes, kept);
   line.content |= content;
-  bool continued = kept > 0 && bytes[kept - 1] == '\\';
+  bool goesOn = kept > 0 && bytes[kept - 1] == '\\';
   if ((content & HasBeyondAscii) == 0) {
-    line.append(kept - (continued ? 1 : 0));
+    line.append(kept - (goesOn ? 1 : 0));
   } else {
     QString decoded = decodeString(bytes, kept);
-    continued = decoded.endsWith('\\');
-    decoded.chop(continued ? 1 : 0);
+    goesOn = decoded.endsWith('\\');
+    decoded.chop(goesOn ? 1 : 0);
     line.append(decoded);
   }
   if (line.size() > MaximumLength) {
+    continued = false;
     throw Error();
   }
-  return continued;
+  return goesOn;
 }
 
 /// Reads up to the next line that holds data, or up to the end of the stream.
@@ -332,31 +334,29 @@ bool File::State::readDataLine() {
   do {
     line.clear();
     physicalLineNumber = linesPassed + 1;
-    bool continued = false;
     do {
       lineNumber += lineNumber < INT_MAX ? 1 : 0;
       line.bytes.reserve(line.size() + BufferSize);
       Read result;
       if (!read(line.bytes.end(), &result)) {
-        if (continued) {
-          endInside();
-        }
         return false;
       }
       continued = join(result.length);
     } while (continued);
   } while (line.size() == 0 || line.bytes[0] == '#');
-  endedInside = false;
   return true;
 }
 
-/// The stream has ended where the next data line or a comment goes on.
-void File::State::endInside() {
-  endedInside = true;
-  const bool isComment = next().size() > 0 && next().bytes[0] == '#';
-  if (strict && !isComment) {
+/// What a keyed operation makes of the end of the stream.
+/// \return true when it cut off a line of which there was something
+bool File::State::endOfStream() {
+  const bool hasText = next().size() > 0;
+  const bool isComment = hasText && next().bytes[0] == '#';
+  if (strict && continued && !isComment && linesPassed != linesAtFailure) {
+    linesAtFailure = linesPassed;
     throw Error();
   }
+  return hasText && !strict;
 }
 
 /// Makes the next data line the current one if it begins with \a key.
@@ -365,7 +365,7 @@ void File::State::endInside() {
 inline bool File::State::nextDataLine(const char* key) {
   accepted = false;
   if (!readDataLine()) {
-    return next().size() > 0 && !strict;
+    return endOfStream();
   }
   if (!next().takeKey(key)) {
     return false;
@@ -470,7 +470,7 @@ const QString& File::getNextChar() {
 }
 
 bool File::endedInside() const {
-  return _state->endedInside;
+  return _state->continued;
 }
 
 void File::setStrict(bool strict) {
