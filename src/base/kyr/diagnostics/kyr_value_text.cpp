@@ -92,7 +92,7 @@ Exception ValueText::refusal(const QString& sentence, const QString& text, const
 }
 
 QString ValueText::nextLine(FileParse::File& file, const char* key) {
-  const QString text = restOfLine(file, key);
+  QString text = restOfLine(file, key);
   const QString line = file.getDataLine();
   const auto length = static_cast<int>(std::strlen(key));
   if (length < line.size() && line.at(length) != ' ') {
