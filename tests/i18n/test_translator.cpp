@@ -183,14 +183,24 @@ TEST(Catalogues, OfTheUserComeFirst) {
     }
     home.start({{"KYR", home.path()}});
     KyrInit::InitTranslator("cn");
-    home.say(translate("Kyr_Translator", "language: german"));
+    home.say(translate("Kyr_Translator", "language: german") + "|");
+    QFile pointing(home.file("config/App_cn.qm"));
+    pointing.open(QIODevice::WriteOnly);
+    pointing.write(
+        QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd960000001000"
+                            "00000c004b00790072005f00660072"));  // continues in Kyr_fr
+    pointing.close();
+    installTranslator("App");
+    home.say(QCoreApplication::translate("Kyr_Translator", "language: german"));
+    installTranslator("None");
   });
-  EXPECT_EQ(home.said(), "Deutsch|Alem\xc3\xa3o|language: german")
-      << "not the user's; a damaged one; one of a shorter name";
+  EXPECT_EQ(home.said(), "Deutsch|Alem\xc3\xa3o|\xe5\xbe\xb7\xe8\xaf\xad|Deutsch")
+      << "not the user's; a damaged one; a shorter name, or not beside the library; alone";
   const QByteArray output = KyrTest::readFile(home.file("output")).replace("\r\n", "\n");
-  const QByteArray warning = "Warning: Cannot load translator messages for 'Kyr'.\n";
+  const QByteArray warning = "Warning: Cannot load translator messages for 'None'.\n";
   EXPECT_TRUE(output.endsWith(" management\n" + warning)) << output.toStdString();
-  EXPECT_EQ(output.count("Warning"), 1);
+  EXPECT_TRUE(output.count("Warning") == 1 && output.contains("config/Kyr_pt.qm' is not used"))
+      << output.toStdString();
 }
 
 TEST(Translate, AnswersManyThreads) {

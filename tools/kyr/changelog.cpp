@@ -2,11 +2,9 @@
 #include "output.h"
 #include "target.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/KyrTranslator.h>
 #include <kyr/services/KyrChangeLog.h>
-
-#include <QCoreApplication>
-#include <QTranslator>
 
 namespace KyrTool {
 
@@ -23,25 +21,24 @@ Log::Grouping_t groupingOf(const QString& name) {
   return static_cast<Log::Grouping_t>(index);
 }
 
-/// The language of what the library says. The tool starts without the library's directories, so
-/// it finds the catalogues by itself.
+/// The language of what the library says. The tool starts without the library's directories; the
+/// library then finds the catalogues beside itself.
 class Language {
  public:
   explicit Language(const QString& shortcut) : _translator(shortcut) {
     if (_translator.getLanguageShortcut() != shortcut) {
       throw UsageError{QString("--language takes one of en, de, fr, jp, cn, pt")};
     }
-    const QString folder = QCoreApplication::applicationDirPath() + "/../messages";
-    if (_catalogue.load("Kyr_" + shortcut, folder)) {
-      QCoreApplication::installTranslator(&_catalogue);
-    } else if (shortcut != "en") {
-      throw FileError{QString("%1/Kyr_%2.qm: cannot be read").arg(folder, shortcut)};
+    _translator.installTranslator("Kyr");
+    // Every catalogue has a name for this key, the English one too.
+    const char* const key = "language: english";
+    if (shortcut != "en" && Kyr::translate("Kyr_Translator", key) == key) {
+      throw FileError{QString("Kyr_%1.qm: cannot be read").arg(shortcut)};
     }
   }
 
  private:
   Kyr::Translator _translator;
-  QTranslator _catalogue;
 };
 
 }  // namespace

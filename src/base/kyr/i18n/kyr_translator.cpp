@@ -4,12 +4,14 @@
 #include <kyr/core/KyrProgError.h>
 #include <kyr/env/KyrInit.h>
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/catalogue_p.h>
 #include <kyr/i18n/language_p.h>
 #include <kyr/i18n/translation_cache_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrParse.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QTranslator>
@@ -129,10 +131,27 @@ bool writeLanguageFile(const QString& fileName, const QString& shortcut) {
          file.write("language=" + shortcut.toUtf8() + "\n") > 0 && file.commit();
 }
 
-// Told where a name's end is, QTranslator does not look for shorter names as well.
-bool load(QTranslator& catalogue, const QString& directory, const QString& file) {
-  const QString none("");
-  return !directory.isEmpty() && catalogue.load(directory + "/" + file, none, none, none);
+/// Where catalogues are looked for; the first one that has it counts.
+QStringList catalogueDirectories() {
+  QStringList directories = {KyrInit::getConfigDirectory(KyrInit::ConfigRoaming),
+                             KyrInit::getSoftwareDirectory() + "/messages"};
+  // Where the library is installed for programs that are installed elsewhere. The folder of
+  // libraries may be one of several below "lib".
+  const QString library = Platform::libraryDirectory();
+  for (const char* way : {"/messages", "/../messages", "/../../messages"}) {
+    directories.append(library.isEmpty() ? QString() : QDir::cleanPath(library + way));
+  }
+  return directories;
+}
+
+std::vector<std::unique_ptr<QTranslator>> loadCatalogue(const QString& file) {
+  std::vector<std::unique_ptr<QTranslator>> catalogues;
+  for (const QString& directory : catalogueDirectories()) {
+    if (catalogues.empty() && !directory.isEmpty()) {
+      catalogues = Catalogue::load(directory, file);
+    }
+  }
+  return catalogues;
 }
 
 /// Programs that never started the library have no interface in the suite's sense: its tools and
@@ -221,16 +240,15 @@ void Translator::setLanguage(Lang_t language) {
 // ---- the texts ----
 
 void Translator::installTranslator(const char* name) {
-  const QString file = QString("%1_%2.qm").arg(name, _language);
-  auto catalogue = std::make_unique<QTranslator>();
-  if (load(*catalogue, KyrInit::getConfigDirectory(KyrInit::ConfigRoaming), file) ||
-      load(*catalogue, KyrInit::getSoftwareDirectory() + "/messages", file)) {
+  auto catalogues = loadCatalogue(QString("%1_%2.qm").arg(name, _language));
+  if (catalogues.empty() && std::strcmp(name, "qt") != 0) {
+    std::fprintf(stderr, "Warning: Cannot load translator messages for '%s'.\n", name);
+  }
+  for (auto& catalogue : catalogues) {
     if (QCoreApplication::instance()) {
       QCoreApplication::installTranslator(catalogue.get());
     }
     _translators.push_back(std::move(catalogue));
-  } else if (std::strcmp(name, "qt") != 0) {
-    std::fprintf(stderr, "Warning: Cannot load translator messages for '%s'.\n", name);
   }
 }
 

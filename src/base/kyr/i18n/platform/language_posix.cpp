@@ -2,6 +2,11 @@
 
 #include <kyr/os/KyrOS.h>
 
+#include <QFile>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+
 namespace Kyr {
 
 namespace {
@@ -60,6 +65,15 @@ unsigned Platform::userInterfaceLanguage() {
   const QString languages = OS::getEnv("LANGUAGE");
   return isUntranslated(locale) || languages.isEmpty() ? firstKnown({locale})
                                                        : firstKnown(languages.split(':'));
+}
+
+// Of a link to the library the target counts: catalogues lie with what was installed.
+QString Platform::libraryDirectory() {
+  Dl_info library = {};
+  const bool found = ::dladdr(reinterpret_cast<void*>(&Platform::libraryDirectory), &library) != 0;
+  const QString file = found ? QFile::decodeName(library.dli_fname) : QString();
+  const QString target = QFileInfo(file).canonicalFilePath();
+  return target.isEmpty() ? QString() : QFileInfo(target).path();
 }
 
 }  // namespace Kyr
