@@ -15,8 +15,10 @@ OURS = re.compile(
     r"((vtable|VTT|typeinfo|typeinfo name|guard variable|(non-)?virtual thunk|"
     r"covariant return thunk) (for|to) |construction vtable for .*-in-)?Kyr::")
 
-# The crash handler of Linux puts these in front of the C and C++ libraries' own.
-IN_FRONT = {"pthread_create", "__cxa_throw"}
+# The library puts these in front of the C and C++ libraries' own: the first two on Linux only, and
+# operator new with the type that sizes have on the system.
+IN_FRONT = {"pthread_create", "__cxa_throw"} | {
+    f"operator new{array}(unsigned {size})" for array in ("", "[]") for size in ("long", "int")}
 
 TABLE_OF_NAMES = "[Ordinal/Name Pointer] Table"
 NAME = re.compile(r"^\t\[ *\d+\] .*?(\S+)$", re.MULTILINE)
@@ -43,8 +45,8 @@ def table_names(library):
 def exported_names(library):
     with open(library, "rb") as file:
         is_dll = file.read(2) == b"MZ"
-    return list(table_names(library)) if is_dll else [
-        name for name in strong_names(library) if name not in IN_FRONT]
+    names = table_names(library) if is_dll else strong_names(library)
+    return [name for name in names if name not in IN_FRONT]
 
 
 def main():
