@@ -220,13 +220,14 @@ void writeProject(const QString& fileName, const std::vector<char>& content) {
 Reading readProject(const QString& fileName, unsigned newestVersion) {
   Reading reading;
   ZipInStream in(fileName, newestVersion);
-  while (in) {
+  do {
     stopIfAborted();
     const std::size_t before = reading.content.size();
     reading.content.resize(before + piece);
+    in.clear();  // also what stands before a damage is shown
     in.read(reading.content.data() + before, static_cast<std::streamsize>(piece));
     reading.content.resize(before + static_cast<std::size_t>(in.gcount()));
-  }
+  } while (!in.eof());
   reading.problem = problemOf(in);
   if (in.getHeaderError() == ZipInStream::HeaderGood) {
     reading.written = Kyr::Time(in.getHeaderInfo().time, 0).getTimeString(false);

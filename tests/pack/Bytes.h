@@ -27,14 +27,17 @@ inline std::string zipped(const std::string& plain, unsigned fileVersion = 1) {
   return file.str();
 }
 
-/// Everything that a stream delivers, read in pieces of a size; 0 reads single bytes.
+/// Everything that a stream delivers, damage or not, read in pieces of a size; 0 reads single
+/// bytes.
 inline std::string drain(Kyr::ZipInStream& in, std::size_t piece) {
   std::string all;
   std::string room(piece + 1, '\0');
-  while (piece == 0 ? in.get(room[0]) : in.read(room.data(), std::streamsize(piece))) {
+  do {
+    in.clear();
+    piece == 0 ? in.get(room[0]) : in.read(room.data(), std::streamsize(piece));
     all.append(room, 0, static_cast<std::size_t>(in.gcount()));
-  }
-  return all.append(room, 0, static_cast<std::size_t>(in.gcount()));
+  } while (!in.eof());
+  return all;
 }
 
 }  // namespace KyrTest

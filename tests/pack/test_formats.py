@@ -1,5 +1,6 @@
 """Zip streams against Python's own zlib: what the library writes is read by the decoder in the
 documentation, and what is written here, as the library never would, is read by the library."""
+import os
 import pathlib
 import random
 import re
@@ -37,3 +38,11 @@ with tempfile.TemporaryDirectory() as folder:
             assert abs(time.time() - written) < 60, written
             for block in (1, 8191, 8192):
                 assert run(*tool, "zip", "cat", "-", data=encode(plain, block)) == plain, (size, block)
+    # What is left of an input that fails: nobody takes it for a whole stream.
+    with open(os.devnull, "wb") as unreadable:
+        failed = subprocess.run([*tool, "zip", "pack", "-", "-"], stdin=unreadable,
+                                stdout=subprocess.PIPE)
+    file.write_bytes(failed.stdout)
+    assert failed.returncode == 1 and len(failed.stdout) > 104
+    for reader in ([sys.executable, "-c", decoder, file], [*tool, "zip", "verify", file]):
+        assert subprocess.run(reader, stdout=subprocess.DEVNULL).returncode == 1, reader

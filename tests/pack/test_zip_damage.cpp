@@ -134,12 +134,86 @@ TEST(ZipInStream, CutAtEveryByte) {
     before = verdict.plain.size();
   }
   EXPECT_EQ(before, 2000U) << "only the end mark was missing";
-  std::istringstream source(file.substr(0, file.size() - 2));
-  ZipInStream in(&source, 1);
-  in.exceptions(std::ios::badbit);
-  std::string room(9000, '\0');
-  EXPECT_THROW(in.read(room.data(), 9000), std::ios::failure);
-  EXPECT_EQ(in.gcount(), 2000) << "a reader that throws loses the bytes before the end";
+  for (const std::streamsize wanted : {2000, 9000}) {
+    std::istringstream source(file.substr(0, file.size() - 2));
+    ZipInStream in(&source, 1);
+    in.exceptions(std::ios::badbit);
+    std::string room(9000, '\0');
+    EXPECT_THROW(in.read(room.data(), wanted), std::ios::failure);
+    EXPECT_EQ(in.gcount(), 2000) << "a reader that throws loses the bytes before the end";
+  }
+}
+
+/// Reads the bytes that it expects and nothing behind them.
+using Reader = std::string (*)(std::istream& in, std::size_t size);
+
+template <std::size_t piece>
+std::string readPieces(std::istream& in, std::size_t size) {
+  std::string all(size, '\0');
+  for (std::size_t done = 0; done < size; done += piece) {
+    in.read(&all[done], std::streamsize(std::min(piece, size - done)));
+  }
+  return all;
+}
+
+std::string readWords(std::istream& in, std::size_t size) {
+  std::string all;
+  for (std::string word; all.size() < size && in >> word; all += word + '\n') {
+  }
+  return all;
+}
+
+std::string getEach(std::istream& in, std::size_t size) {
+  std::string all(size, '\0');
+  for (char& byte : all) {
+    in.get(byte);
+  }
+  return all;
+}
+
+std::string iterate(std::istream& in, std::size_t size) {
+  std::string all;
+  for (std::istreambuf_iterator<char> at(in), end; all.size() < size && at != end; ++at) {
+    all += *at;
+  }
+  return all;
+}
+
+// Words of 12 bytes; the second size is one of whole areas, which fill the last read exactly.
+TEST(ZipInStream, WhoReadsOnlyWhatHeExpectsLearnsOfDamage) {
+  std::mt19937 random(2);
+  std::string plain(60000, '\n');
+  for (std::size_t i = 0; i < plain.size(); ++i) {
+    plain[i] = i % 12 == 11 ? '\n' : char('a' + random() % 26);
+  }
+  const std::pair<const char*, Reader> readers[] = {{"records", readPieces<12>},
+                                                    {"big pieces", readPieces<50000>},
+                                                    {"one piece", readPieces<1U << 20U>},
+                                                    {"get()", getEach},
+                                                    {"words", readWords},
+                                                    {"iterators", iterate}};
+  for (const std::size_t size : {60000U, 49152U}) {
+    const std::string wanted = plain.substr(0, size);
+    const std::string file = zipped(wanted);
+    for (std::size_t at = headerSize; at < file.size(); at += at + 40 < file.size() ? 331 : 1) {
+      const std::string changed = with(file, at, std::string(1, char(file[at] ^ (1U << at % 8))));
+      for (const auto& [name, reader] : readers) {
+        for (const bool throws : {false, true}) {
+          std::istringstream source(changed);
+          ZipInStream in(&source, 1);
+          in.exceptions(throws ? std::ios::badbit : std::ios::goodbit);
+          bool isNoticed = false;
+          try {
+            isNoticed = reader(in, size) == wanted && in.getState() == Complete;  // to no effect
+            isNoticed |= !throws && in.bad();
+          } catch (const std::ios::failure&) {
+            isNoticed = true;
+          }
+          EXPECT_TRUE(isNoticed) << name << ", byte " << at << " of " << size;
+        }
+      }
+    }
+  }
 }
 
 TEST(ZipInStream, ChangedBytesAndRandomBlocksAreNeverGoodData) {
@@ -180,6 +254,15 @@ TEST(ZipInStream, RecognisesAndDecompressesTheBeginning) {
   EXPECT_TRUE(out.empty());
   const std::string damaged = with(file, 105, "\x7F");
   EXPECT_FALSE(ZipInStream::decompressHeader({damaged.begin(), damaged.end()}, out));
+  const std::string zeros = zipped(std::string(ZipInStream::mostHeaderBytes + 1, '\0'));
+  for (const std::size_t limit :
+       {std::size_t{0}, std::size_t{8193}, ZipInStream::mostHeaderBytes}) {
+    const std::vector<char> bytes(zeros.begin(), zeros.end());
+    EXPECT_TRUE(limit == ZipInStream::mostHeaderBytes
+                    ? ZipInStream::decompressHeader(bytes, out)
+                    : ZipInStream::decompressHeader(bytes, out, limit));
+    EXPECT_EQ(out.size(), limit) << "a few bytes unpack to more than is allowed";
+  }
 }
 
 }  // namespace

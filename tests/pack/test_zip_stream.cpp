@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using Kyr::ZipInStream;
 using Kyr::ZipOutStream;
 using KyrTest::drain;
@@ -126,6 +128,53 @@ TEST(ZipOutStream, IsNotSavedBeforeItIsClosed) {
   EXPECT_EQ(KyrTest::readFile(path), "old");
   tar.flush();
   EXPECT_EQ(KyrTest::failure(commit), "") << "a refusal is final";
+  Kyr::SafeFile other(path);
+  ZipOutStream(&other.stream(), 1).abandon();
+  EXPECT_NE(KyrTest::failure([&] { other.commit(); }), "") << "it is closed, but not whole";
+}
+
+TEST(ZipOutStream, WhatIsAbandonedLooksCutShort) {
+  enum Way { Thrown, Called, Returned, DuringCleanUp };
+  const struct {
+    Way way;
+    ZipInStream::State_t state;
+    const char* fault;
+  } rows[] = {
+      {Thrown, ZipInStream::StreamCutShort, "an exception on its way completes the stream"},
+      {Called, ZipInStream::StreamCutShort, "closing after abandon() completes it"},
+      {Returned, ZipInStream::StreamComplete, "leaving without close() is no failure"},
+      {DuringCleanUp, ZipInStream::StreamComplete, "an exception from before is not this one"},
+  };
+  for (const std::size_t size : {0U, 100U, 8192U, 100000U}) {
+    for (const auto& row : rows) {
+      std::ostringstream file;
+      const auto write = [&] {
+        ZipOutStream out(&file, 1);
+        out.write(noisy(size, 1).data(), std::streamsize(size));
+        row.way == Thrown ? throw row.way : row.way == Called ? out.abandon() : void();
+        EXPECT_EQ(out.bad(), row.way == Called);
+      };
+      struct CleanUp {
+        std::function<void()> action;
+        ~CleanUp() { action(); }
+      };
+      try {
+        if (row.way == DuringCleanUp) {
+          const CleanUp last{write};
+          throw row.way;
+        }
+        write();
+      } catch (Way) {
+      }
+      const bool isPromised = file.str().substr(file.str().size() - 2) == std::string("\0\x20", 2);
+      EXPECT_EQ(isPromised, row.state == ZipInStream::StreamCutShort)
+          << "those who end with the source between two blocks see no fault";
+      std::istringstream source(file.str());
+      ZipInStream in(&source, 1);
+      EXPECT_EQ(drain(in, 5000), noisy(size, 1)) << row.fault << ": nothing is left to salvage";
+      EXPECT_EQ(in.getState(), row.state) << row.fault;
+    }
+  }
 }
 
 TEST(ZipOutStream, ATargetThatFailsAtAnyByteIsNoticed) {

@@ -8,10 +8,19 @@ namespace KyrTool {
 
 using Kyr::ZipInStream;
 
-void readToEnd(ZipInStream& zip) {
+bool readToEnd(ZipInStream& zip, const Taker& take) {
   std::vector<char> piece(1U << 16U);
-  while (zip.read(piece.data(), static_cast<std::streamsize>(piece.size()))) {
-  }
+  bool isTaken = true;
+  do {
+    zip.clear();
+    zip.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+    isTaken = take(piece.data(), static_cast<std::size_t>(zip.gcount()));
+  } while (isTaken && !zip.eof());
+  return isTaken;
+}
+
+void readToEnd(ZipInStream& zip) {
+  readToEnd(zip, [](const char*, std::size_t) { return true; });
 }
 
 std::uint64_t countRest(Input& input) {

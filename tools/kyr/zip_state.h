@@ -8,14 +8,23 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 
 namespace KyrTool {
 
 /// Every version of an application's format: the tool looks at the frame only.
 constexpr unsigned anyVersion = 0xFFFFFFFFU;
 
-/// Reads the whole content and throws it away.
+/// Gets the content piece by piece.
+/// \return false when it wants no more
+using Taker = std::function<bool(const char* bytes, std::size_t count)>;
+
+/// Reads the whole content, up to a damage if there is one.
+/// \return whether all of it was taken
+bool readToEnd(Kyr::ZipInStream& zip, const Taker& take);
+/// As above, and throws the content away.
 void readToEnd(Kyr::ZipInStream& zip);
 
 /// The bytes of the input that were not read yet, and now are. Bytes behind the end of a stream

@@ -6,8 +6,10 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <exception>
 #include <fstream>
 #include <istream>
 #include <memory>
@@ -37,7 +39,7 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   /// \param target must outlive this object; null is a failure
   /// \throws std::bad_alloc
   ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion);
-  /// Closes; a failure stays unnoticed.
+  /// Closes, a failure stays unnoticed; but abandons when it goes because of an exception.
   ~ZipOutStreamBuffer() override;
   ZipOutStreamBuffer(const ZipOutStreamBuffer&) = delete;
   ZipOutStreamBuffer& operator=(const ZipOutStreamBuffer&) = delete;
@@ -48,6 +50,10 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   /// Finishes the compressed stream, and closes the file or flushes the caller's stream.
   /// \return whether the target took everything, from the header on; the same when called again
   bool close();
+
+  /// Ends the stream without completing it; every reader says that its end is missing. After
+  /// close() it does nothing.
+  void abandon();
 
  protected:
   int_type overflow(int_type character) override;
@@ -63,6 +69,7 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   bool finish();
   bool send(const char* bytes, std::size_t count);
   bool sendBlock(unsigned length, bool withEndMark);
+  void sendWhatIsHeld();
   bool settleTarget();
   void provideRoom();
   void release();
@@ -74,13 +81,15 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   std::unique_ptr<char[]> _putArea;
   std::unique_ptr<char[]> _block;
   std::unique_ptr<DeflateEngine> _engine;
+  const int _exceptionsBefore = std::uncaught_exceptions();
   bool _failed = true;
 };
 
 /// An output stream whose bytes land compressed in a zip stream file.
 ///
 /// Write to it as to any stream, then call close() and look at the state: data is still on its
-/// way until then, and a full disk may show only there.
+/// way until then, and a full disk may show only there. When the content does not become whole,
+/// leave with an exception or call abandon(): nobody takes what is there for all of it then.
 /// The file's format is described in docs/formats/zip-stream.md.
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZipOutStream : public std::ostream {
@@ -94,7 +103,8 @@ class KYR_EXPORT ZipOutStream : public std::ostream {
   /// \param target binary; must outlive this object
   /// \throws std::bad_alloc
   ZipOutStream(std::ostream* target, unsigned fileVersion);
-  /// Closes, if that was not done; a failure stays unnoticed.
+  /// Closes, if that was not done; a failure stays unnoticed. When an exception that was thrown
+  /// during the stream's life is on its way, abandons instead.
   ~ZipOutStream() override;
   ZipOutStream(const ZipOutStream&) = delete;
   ZipOutStream& operator=(const ZipOutStream&) = delete;
@@ -105,6 +115,9 @@ class KYR_EXPORT ZipOutStream : public std::ostream {
   /// Completes the file: badbit is set unless the target took everything. Whatever is written
   /// later fails.
   void close();
+  /// Ends the stream without completing it, and sets badbit: every reader says that the end is
+  /// missing. After close() it does nothing.
+  void abandon();
 
  private:
   void start();
@@ -147,11 +160,24 @@ struct ZipStatistics {
 
 /// An input stream that gives back what was written into a zip stream file.
 ///
-/// A plain end sets eofbit. When the file is cut short or damaged, everything before the damage
-/// is delivered, then badbit is set as well: `while (in.read(...))` followed by `in.bad()` tells
-/// the two apart, and getState() says which it was. Damage that changes data without breaking
-/// the compression shows only at the end, in the checksum. With a bad header nothing is read:
-/// badbit and eofbit are set from the start.
+/// A plain end sets eofbit. When the file is cut short or damaged, badbit is set as soon as that
+/// is known, and getState() says which it was. Damage that changes data without breaking the
+/// compression shows only at the end, in the checksum; so that also those learn of it who read no
+/// more than the records that they expect, the reader is always 8 KiB ahead of them. With a bad
+/// header nothing is read: badbit and eofbit are set from the start.
+///
+/// What was good before the damage is delivered as well, to whoever goes on in spite of it; eofbit
+/// ends it:
+/// \code
+/// do {
+///   in.clear();
+///   in.read(room, sizeof room);
+///   save(room, in.gcount());
+/// } while (!in.eof());
+/// \endcode
+/// A reader that has asked for exceptions at badbit gets one from the operation that meets the
+/// damage. What that operation had taken in by then is lost, but for read(), whose room holds
+/// gcount() bytes.
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZipInStream : public std::istream {
  public:
@@ -202,10 +228,17 @@ class KYR_EXPORT ZipInStream : public std::istream {
   /// its own format before it opens the file.
   /// \param in bytes from the start of a file: the zip header and any part of what follows it
   /// \param out gets the plain bytes that these hold, in place of its contents
+  /// \param limit of the plain bytes; what lies behind them is not looked at. A few bytes can
+  ///        hold a thousand times as many
   /// \return whether the zip header is good, of whatever version, and no damage was met; that
   ///         \a in ends before the stream does is no damage
   /// \throws std::bad_alloc
+  static bool decompressHeader(const std::vector<char>& in, std::vector<char>& out,
+                               std::size_t limit);
+  /// As above, with mostHeaderBytes as the limit.
   static bool decompressHeader(const std::vector<char>& in, std::vector<char>& out);
+  /// 16 MiB.
+  static constexpr std::size_t mostHeaderBytes = std::size_t{16} << 20U;
 
  private:
   void start();
@@ -223,6 +256,7 @@ class KYR_EXPORT ZipInStream : public std::istream {
   static bool setCount(Stream&, std::streamsize, long) {
     return false;
   }
+  friend class ZipInStreamBuffer;
 
   const std::unique_ptr<ZipInStreamBuffer> _buffer;
 };
@@ -256,20 +290,25 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   void start(unsigned newestVersion);
   void readHeader(unsigned newestVersion);
   void refuse(ZipInStream::HeaderError_t error, const QString& text);
-  std::size_t inflateInto(char* room, std::size_t length);
+  void lookAhead();
+  std::size_t takeAhead();
+  std::size_t produce(char* room, std::size_t length);
   void inflateOnce();
   void provideInput();
   void judgeEnd();
   bool fillGetArea();
   bool holds(std::streamsize count) const { return count <= egptr() - gptr(); }
   void fetch(char* room, std::streamsize count);
+  std::streamsize fillAreas(char* room, std::streamsize count);
   void keepForUnget(char last);
-  void reportEnd();
+  bool isFaulty() const;
+  void reportFault(std::streamsize delivered, std::streamsize wanted);
 
   std::unique_ptr<std::ifstream> _file;
   std::istream* _source = nullptr;
-  std::ios* _reader = nullptr;
+  ZipInStream* _reader = nullptr;
   std::unique_ptr<char[]> _getArea;
+  std::unique_ptr<char[]> _aheadArea;
   std::unique_ptr<ZipBlockReader> _blocks;
   std::unique_ptr<InflateEngine> _engine;
   ZipInStream::HeaderError_t _headerError = ZipInStream::HeaderGood;
@@ -281,6 +320,7 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   unsigned _inputSize = 0;
   bool _needsInput = true;
   bool _ended = false;
+  std::size_t _aheadSize = 0;  ///< bytes in the area behind the get area
 };
 
 inline void ZipInStreamBuffer::fetch(char* room, std::streamsize count) {

@@ -47,6 +47,9 @@ class DeflateEngine : public EngineBuffers {
 
   /// \param finish no more input will come; call again with new room until Step::Ended
   Step run(bool finish) noexcept;
+  /// Brings out everything that went in, and leaves the stream open; call again with new room
+  /// while all of it gets used.
+  void flush() noexcept;
 };
 
 /// Decompresses, and checks the checksum at the end.

@@ -80,6 +80,10 @@ Step DeflateEngine::run(bool finish) noexcept {
   return stepOf(deflate(_stream.get(), finish ? Z_FINISH : Z_NO_FLUSH));
 }
 
+void DeflateEngine::flush() noexcept {
+  deflate(_stream.get(), Z_SYNC_FLUSH);
+}
+
 InflateEngine::InflateEngine(Container container) {
   requireGood(startInflate(_stream.get(), container));
 }

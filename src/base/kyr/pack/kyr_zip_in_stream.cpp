@@ -1,14 +1,18 @@
 #include <kyr/core/KyrVersion.h>
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/KyrTranslator.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/pack/deflate_engine_p.h>
 #include <kyr/pack/zip_block_reader_p.h>
 #include <kyr/pack/zip_header_p.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace Kyr {
 
@@ -19,13 +23,28 @@ namespace {
 
 constexpr std::streamsize areaSize = blockSize;
 
+constexpr const char* unreadable =
+    QT_TRANSLATE_NOOP("Kyr_zip_err", "cannot read zip stream header");
+constexpr const char* invalid = QT_TRANSLATE_NOOP("Kyr_zip_err", "invalid zip stream header");
+constexpr const char* transferred =
+    QT_TRANSLATE_NOOP("Kyr_zip_err",
+                      "invalid header: the file was transferred by ascii-ftp.\n"
+                      "it must be transferred by binary-ftp.");
+constexpr const char* newer = QT_TRANSLATE_NOOP(
+    "Kyr_zip_err",
+    "invalid file version: %1. the file is newer than the actual program version: %2");
+constexpr const char* unknownVersion = QT_TRANSLATE_NOOP("Kyr_zip_err", "unknown file version");
+
+/// Files are also read before the translator is there and after its end; a bad one among them
+/// must not end an application, as Kyr::translate() would.
+QString translated(const char* text) {
+  return Translator::instance() ? translate("Kyr_zip_err", text) : QString::fromUtf8(text);
+}
+
 QString newerFileText(const QString& writer) {
-  return translate(
-             "Kyr_zip_err",
-             "invalid file version: %1. the file is newer than the actual program version: %2")
-      // Both at once: the text from the file may itself hold a placeholder.
-      .arg(writer.isEmpty() ? translate("Kyr_zip_err", "unknown file version") : writer,
-           QString::fromLatin1(libraryVersion()));
+  // Both at once: the text from the file may itself hold a placeholder.
+  return translated(newer).arg(writer.isEmpty() ? translated(unknownVersion) : writer,
+                               QString::fromLatin1(libraryVersion()));
 }
 
 /// Bytes in memory as the source of a stream.
@@ -56,6 +75,7 @@ void ZipInStreamBuffer::start(unsigned newestVersion) {
   readHeader(newestVersion);
   if (_headerError == ZipInStream::HeaderGood) {
     _getArea = std::make_unique<char[]>(blockSize);
+    _aheadArea = std::make_unique<char[]>(blockSize);
     _blocks = std::make_unique<ZipBlockReader>(*_source, _offset);
     _engine = std::make_unique<InflateEngine>(Container::Zlib);
   }
@@ -67,23 +87,17 @@ void ZipInStreamBuffer::readHeader(unsigned newestVersion) {
   ZipFormat::Header header;
   _offset = _source ? readBytes(*_source, header.data(), header.size()) : 0;
   if (_offset < header.size()) {
-    return refuse(ZipInStream::HeaderUnreadable,
-                  translate("Kyr_zip_err", "cannot read zip stream header"));
+    return refuse(ZipInStream::HeaderUnreadable, translated(unreadable));
   }
   if (!ZipFormat::constantBlockFits(header.data(), header.size())) {
-    return refuse(ZipInStream::HeaderInvalid,
-                  translate("Kyr_zip_err", "invalid zip stream header"));
+    return refuse(ZipInStream::HeaderInvalid, translated(invalid));
   }
   // Before the fields behind it, which a text-mode transfer has moved or changed as well.
   if (!ZipFormat::transferCheckFits(header.data(), header.size())) {
-    return refuse(ZipInStream::HeaderInvalid,
-                  translate("Kyr_zip_err",
-                            "invalid header: the file was transferred by ascii-ftp.\n"
-                            "it must be transferred by binary-ftp."));
+    return refuse(ZipInStream::HeaderInvalid, translated(transferred));
   }
   if (!ZipFormat::sizeFieldFits(header.data(), header.size())) {
-    return refuse(ZipInStream::HeaderInvalid,
-                  translate("Kyr_zip_err", "invalid zip stream header"));
+    return refuse(ZipInStream::HeaderInvalid, translated(invalid));
   }
   _headerInfo = ZipFormat::describe(header);
   if (_headerInfo.fileVersion > newestVersion) {
@@ -100,44 +114,77 @@ void ZipInStreamBuffer::refuse(ZipInStream::HeaderError_t error, const QString& 
 }
 
 ZipInStreamBuffer::int_type ZipInStreamBuffer::underflow() {
-  if (gptr() == egptr() && !fillGetArea()) {
-    return traits_type::eof();
+  if (gptr() < egptr()) {
+    return traits_type::to_int_type(*gptr());
   }
-  return traits_type::to_int_type(*gptr());
+  const bool hasMore = fillGetArea();
+  if (isFaulty() && _reader) {
+    _reader->setstate(hasMore ? std::ios_base::badbit
+                              : std::ios_base::badbit | std::ios_base::eofbit);
+  }
+  return hasMore ? traits_type::to_int_type(*gptr()) : traits_type::eof();
 }
 
 std::streamsize ZipInStreamBuffer::xsgetn(char* room, std::streamsize count) {
   std::streamsize done = 0;
-  while (done < count) {
+  bool hasMore = true;
+  bool hasFilled = false;
+  while (done < count && hasMore) {
     const std::streamsize left = count - done;
     if (gptr() < egptr()) {
       const std::streamsize length = std::min<std::streamsize>(left, egptr() - gptr());
       fetch(room + done, length);
       done += length;
-    } else if (left < areaSize) {
-      if (!fillGetArea()) {
-        break;
-      }
-    } else if (const std::size_t length =
-                   inflateInto(room + done, static_cast<std::size_t>(left))) {
-      done += static_cast<std::streamsize>(length);
-      keepForUnget(room[done - 1]);
-    } else {
-      reportEnd();
-      break;
+      continue;
     }
+    hasFilled = true;
+    if (left < areaSize) {
+      hasMore = fillGetArea();
+    } else {
+      const std::streamsize length = fillAreas(room + done, left);
+      done += length;
+      hasMore = length > 0;
+    }
+  }
+  if (hasFilled && isFaulty()) {
+    reportFault(done, count);
   }
   return done;
 }
 
-bool ZipInStreamBuffer::fillGetArea() {
-  char* const area = _getArea.get();
-  const std::size_t length = inflateInto(area, blockSize);
-  setg(area, area, area + length);
-  if (length == 0) {
-    reportEnd();
+/// Decompresses whole areas straight to the caller; he gets the last part out of the get area.
+std::streamsize ZipInStreamBuffer::fillAreas(char* room, std::streamsize count) {
+  std::size_t done = takeAhead();
+  std::copy_n(_aheadArea.get(), done, room);
+  done += produce(room + done, (static_cast<std::size_t>(count) - done) / blockSize * blockSize);
+  lookAhead();
+  if (done > 0) {
+    keepForUnget(room[done - 1]);
   }
+  return static_cast<std::streamsize>(done);
+}
+
+bool ZipInStreamBuffer::fillGetArea() {
+  const std::size_t length = takeAhead();
+  std::swap(_getArea, _aheadArea);
+  char* const area = _getArea.get();
+  setg(area, area, area + length);
+  lookAhead();
   return length > 0;
+}
+
+/// Keeps one area in hand: who reads only the bytes that he expects has met the end of the stream
+/// with the last of them, and with it a wrong checksum.
+void ZipInStreamBuffer::lookAhead() {
+  _aheadSize = produce(_aheadArea.get(), blockSize);
+}
+
+/// \return how many bytes are in hand; the first time there are none yet
+std::size_t ZipInStreamBuffer::takeAhead() {
+  if (_aheadSize == 0) {
+    lookAhead();
+  }
+  return _aheadSize;
 }
 
 /// Bytes that went straight to the caller must not leave older ones to unget().
@@ -147,19 +194,26 @@ void ZipInStreamBuffer::keepForUnget(char last) {
   setg(area, area + 1, area + 1);
 }
 
-/// Tells the stream that its data ends before it should; nothing is left to deliver by then.
-void ZipInStreamBuffer::reportEnd() {
-  if (!_reader || _state == ZipInStream::StreamComplete) {
-    return;
-  }
+bool ZipInStreamBuffer::isFaulty() const {
+  return _state != ZipInStream::StreamOpen && _state != ZipInStream::StreamComplete;
+}
+
+/// Tells the stream of the fault that was met on the way to the bytes that it gets now.
+void ZipInStreamBuffer::reportFault(std::streamsize delivered, std::streamsize wanted) {
   try {
-    _reader->setstate(std::ios_base::badbit);
+    if (_reader) {
+      _reader->setstate(std::ios_base::badbit);
+    }
   } catch (const std::ios_base::failure&) {
-    // The operation at work throws it again, once it has counted the bytes before the end.
+    // Given less than it wanted, the operation at work throws it again, once it has counted.
+    if (delivered == wanted) {
+      ZipInStream::setCount(*_reader, delivered, 0);
+      throw;
+    }
   }
 }
 
-std::size_t ZipInStreamBuffer::inflateInto(char* room, std::size_t length) {
+std::size_t ZipInStreamBuffer::produce(char* room, std::size_t length) {
   if (_state != ZipInStream::StreamOpen) {
     return 0;
   }
@@ -277,17 +331,24 @@ bool ZipInStream::isZipStream(const std::vector<char>& bytes) {
 }
 
 bool ZipInStream::decompressHeader(const std::vector<char>& in, std::vector<char>& out) {
+  return decompressHeader(in, out, mostHeaderBytes);
+}
+
+bool ZipInStream::decompressHeader(const std::vector<char>& in, std::vector<char>& out,
+                                   std::size_t limit) {
   MemoryBuffer bytes(in);
   std::istream source(&bytes);
-  ZipInStream stream(&source, std::numeric_limits<unsigned>::max());
+  ZipInStreamBuffer stream(&source, std::numeric_limits<unsigned>::max());
   std::vector<char> plain;
   char piece[blockSize];
-  while (stream) {
-    stream.read(piece, sizeof(piece));
-    plain.insert(plain.end(), piece, piece + stream.gcount());
+  std::size_t length = 1;
+  while (length > 0 && plain.size() < limit) {
+    const std::size_t most = std::min(sizeof(piece), limit - plain.size());
+    length = static_cast<std::size_t>(stream.sgetn(piece, static_cast<std::streamsize>(most)));
+    plain.insert(plain.end(), piece, piece + length);
   }
   out.swap(plain);
-  return stream.getHeaderError() == HeaderGood && stream.getState() != StreamDamaged;
+  return stream.headerError() == HeaderGood && stream.state() != StreamDamaged;
 }
 
 }  // namespace Kyr

@@ -28,7 +28,11 @@ ZipOutStreamBuffer::ZipOutStreamBuffer(std::ostream* target, unsigned fileVersio
 }
 
 ZipOutStreamBuffer::~ZipOutStreamBuffer() {
-  close();
+  if (std::uncaught_exceptions() > _exceptionsBefore) {
+    abandon();
+  } else {
+    close();
+  }
 }
 
 void ZipOutStreamBuffer::start(unsigned fileVersion) {
@@ -60,6 +64,32 @@ bool ZipOutStreamBuffer::close() {
   }
   release();
   return !_failed;
+}
+
+/// Promises a block that does not come: some readers take the end of the source between two blocks
+/// for the end of the stream. For those who salvage what there is, all of it comes before.
+void ZipOutStreamBuffer::abandon() {
+  if (isOpen()) {
+    sendWhatIsHeld();
+    char promise[lengthSize];
+    ZipFormat::storeUInt16(promise, blockSize);
+    send(promise, lengthSize);
+    _failed = true;
+  }
+  release();
+}
+
+void ZipOutStreamBuffer::sendWhatIsHeld() {
+  _engine->setInput(pbase(), static_cast<unsigned>(pptr() - pbase()));
+  unsigned length = 0;
+  do {
+    _engine->flush();
+    length = blockSize - _engine->outputLeft();
+    if (length > 0) {
+      sendBlock(length, false);
+    }
+    provideRoom();
+  } while (length == blockSize);
 }
 
 void ZipOutStreamBuffer::release() {
@@ -189,6 +219,11 @@ void ZipOutStream::close() {
   if (!_buffer->close()) {
     setstate(badbit);
   }
+}
+
+void ZipOutStream::abandon() {
+  _buffer->abandon();
+  close();
 }
 
 }  // namespace Kyr
