@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QProcess>
 
+#include <filesystem>
+
 namespace {
 
 using KyrTest::readFile;
@@ -23,13 +25,15 @@ struct Result {
 struct Streams {
   QByteArray input;
   QString outputFile;
+  bool appends = false;
 };
 
 Result run(const QStringList& words, const TempDir& folder, const Streams& streams = {}) {
   QProcess process;
   process.setWorkingDirectory(folder.path());
   if (!streams.outputFile.isEmpty()) {
-    process.setStandardOutputFile(streams.outputFile);
+    process.setStandardOutputFile(streams.outputFile,
+                                  streams.appends ? QIODevice::Append : QIODevice::Truncate);
   }
   process.start(KYR_TOOL, words);
   process.write(streams.input);
@@ -203,6 +207,25 @@ TEST_F(ToolZip, LeavesNothingHalfWritten) {
   EXPECT_EQ(run({"zip", "pack", ".", "good"}, folder).code, 1);
   EXPECT_EQ(readFile(folder.file("good")), good) << "a failed attempt spoiled the older file";
   EXPECT_EQ(QDir(folder.path()).entryList(), before);
+}
+
+TEST_F(ToolZip, NeverReplacesItsOwnInput) {
+  std::filesystem::create_hard_link(folder.file("plain").toStdString(),
+                                    folder.file("second name").toStdString());
+  const QString itself = folder.file("plain");
+  const struct {
+    QStringList words;
+    Streams streams;
+  } rows[] = {{{"zip", "pack", "plain", "plain"}, {}},
+              {{"zip", "pack", "plain", itself}, {}},
+              {{"zip", "pack", "second name", "plain"}, {}},
+              {{"zip", "pack", "plain", "-"}, {{}, itself, true}}};
+  for (const auto& row : rows) {
+    const Result packed = run(row.words, folder, row.streams);
+    EXPECT_EQ(packed.code, 1) << row.words.join(' ').toStdString();
+    EXPECT_TRUE(packed.errors.contains("is the input as well")) << packed.errors.toStdString();
+    EXPECT_TRUE(readFile(itself) == plain) << row.words.join(' ').toStdString();
+  }
 }
 
 TEST_F(ToolZip, NoticesAFullDevice) {

@@ -1,11 +1,20 @@
 #include "target.h"
 
 #include "arguments.h"
+#include "same_file_p.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/os/KyrOS.h>
 
 namespace KyrTool {
+
+void expectOtherFile(const QString& input, const QString& output) {
+  if (isSameFile(input, output)) {
+    throw FileError{
+        QString("%1: is the input as well and would be lost; give the output another name")
+            .arg(output == "-" ? "standard output" : output)};
+  }
+}
 
 Target::Target(const QString& name) : _name(name) {
   Kyr::OS::FileStatus present;

@@ -12,6 +12,12 @@
 
 namespace KyrTool {
 
+/// For commands whose input would be lost under what they make of it.
+/// \param input may be "-" for standard input
+/// \param output may be "-" for standard output
+/// \throws FileError when both are the same file, by whatever names and links
+void expectOtherFile(const QString& input, const QString& output);
+
 /// The place for the finished file. A regular file appears there complete or not at all, and an
 /// older one stays until then; devices and pipes are written straight away.
 class Target {

@@ -27,6 +27,7 @@ void pack(Input& input, std::ostream& target, unsigned fileVersion) {
 
 int zipPack(const Arguments& arguments) {
   const unsigned fileVersion = arguments.number("file-version", 0, 0xFFFFFFFFU, 0);
+  expectOtherFile(arguments[0], arguments[1]);
   Input input(arguments[0]);
   if (arguments[1] == "-") {
     pack(input, std::cout, fileVersion);  // a failure is reported with standard output's
