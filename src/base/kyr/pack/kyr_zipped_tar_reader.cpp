@@ -116,7 +116,7 @@ class TarParser {
 
   /// Reads a content and what fills its last block up.
   bool readPadded(std::uint64_t count, std::vector<unsigned char>& contents) {
-    if (!_source.canHold(count)) {
+    if (!_source.canHold(count) || count > contents.max_size()) {
       return false;
     }
     contents.resize(static_cast<std::size_t>(count));
