@@ -42,9 +42,17 @@ void save(const Look& look, const QString& name) {
 Look load(const QString& name) {
   using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
   const Stream stream(Kyr::OS::openFile(name, Kyr::OS::OpenRead), &std::fclose);
+  if (!stream) {
+    throw Kyr::Exception(QString("cannot open %1").arg(name));
+  }
   Kyr::FileParse::File file(stream.get());
-  return {Kyr::Font::read(file, "LEGEND_FONT"), Kyr::Colour::read(file, "LEGEND_BACKGROUND"),
-          Kyr::Sound::read(file, "DONE_SOUND")};
+  try {
+    return {Kyr::Font::read(file, "LEGEND_FONT"), Kyr::Colour::read(file, "LEGEND_BACKGROUND"),
+            Kyr::Sound::read(file, "DONE_SOUND")};
+  } catch (const Kyr::FileParse::Error&) {  // has no text of its own
+    throw Kyr::Exception(
+        QString("%1, line %2: no look of a legend").arg(name).arg(file.getPhysicalLineNumber()));
+  }
 }
 
 /// An application polls from a timer; nothing here runs by itself.

@@ -45,7 +45,10 @@ QString nextName(Filename::NameWithNumber name) {
 void makeSeries(const QString& directory) {
   OS::makeDirectory(directory);
   for (const char* const name : {"scan_001.dat", "scan_002.dat", "scan_007.dat"}) {
-    QFile(directory + "/" + name).open(QIODevice::WriteOnly);
+    QFile file(directory + "/" + name);
+    if (!file.open(QIODevice::WriteOnly)) {
+      throw Exception(QString("cannot write %1: %2").arg(file.fileName(), file.errorString()));
+    }
   }
   const Filename::Name next(nextName({directory + "/scan_001.dat", 3}));
   std::printf("next: %s, %s\n", qPrintable(next.getFileName()),

@@ -55,7 +55,7 @@ bool goesThroughStreams(const std::string& text) {
 bool goesThroughArchives() {
   QTemporaryFile scan;
   if (!scan.open() || scan.write("a scan") != 6 || !scan.flush()) {
-    return false;
+    throw Exception(QString("cannot write %1: %2").arg(scan.fileTemplate(), scan.errorString()));
   }
   Bytes archive;
   ZippedTarWriter writer(&archive);

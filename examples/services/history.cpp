@@ -34,6 +34,10 @@ int main() {
   log.addEntry(Command::elementCreated("mesh", Version::version610(3), "mesh.cut"));
   log.addLog(commandsOfThePackage(Version::fromString("v6.2.0-6")));
   const QByteArray page = log.transformToPage("Commands", Log::ByVersion).toUtf8();
-  std::fwrite(page.constData(), 1, static_cast<std::size_t>(page.size()), stdout);
-  return std::fflush(stdout) == 0 ? 0 : 1;
+  const auto size = static_cast<std::size_t>(page.size());
+  if (std::fwrite(page.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0) {
+    std::perror("history: cannot write the page");
+    return 1;
+  }
+  return 0;
 }

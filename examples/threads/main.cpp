@@ -18,24 +18,47 @@ namespace {
 
 constexpr std::size_t passes = 3, crewSize = 2;
 
+/// Keeps writers out as long as it lives; an exception in between ends that, too.
+class KYR_SCOPED_CAPABILITY Reading {
+ public:
+  explicit Reading(MutexReadWrite& lock) KYR_ACQUIRE_SHARED(lock) : _lock(lock) {
+    _lock.lockRead();
+  }
+  ~Reading() KYR_RELEASE() { _lock.unlockRead("Reading", "main", 2); }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  MutexReadWrite& _lock;
+};
+
+/// Keeps everybody else out as long as it lives.
+class KYR_SCOPED_CAPABILITY Writing {
+ public:
+  explicit Writing(MutexReadWrite& lock) KYR_ACQUIRE(lock) : _lock(lock) { _lock.lockWrite(); }
+  ~Writing() KYR_RELEASE() { _lock.unlockWrite("Writing", "main", 1); }
+  Writing(const Writing&) = delete;
+  Writing& operator=(const Writing&) = delete;
+
+ private:
+  MutexReadWrite& _lock;
+};
+
 /// Measured points: many look at them, one at a time adds to them.
 class Points {
  public:
   void add(double point) {
-    _lock.lockWrite();
-    _points.push_back(point);
-    _lock.unlockWrite("Points::add", "main", 1);
+    const Writing adding(_lock);
+    _points.push_back(point);  // may throw std::bad_alloc, which must not leave the lock taken
   }
   std::size_t count() const {
-    _lock.lockRead();
-    const std::size_t number = _points.size();
-    _lock.unlockRead("Points::count", "main", 2);
-    return number;
+    const Reading looking(_lock);
+    return _points.size();
   }
 
  private:
   mutable MutexReadWrite _lock{"Points", "main", 3};
-  std::vector<double> _points;
+  std::vector<double> _points KYR_GUARDED_BY(_lock);
 };
 
 /// Sleeps between two passes; the pool owns it.

@@ -20,10 +20,14 @@ using Kyr::translate;
 
 QByteArray readAll(const QString& fileName) {
   QFile file(fileName);
-  if (!file.open(QIODevice::ReadOnly)) {
+  QByteArray bytes;
+  if (file.open(QIODevice::ReadOnly)) {
+    bytes = file.readAll();
+  }
+  if (file.error() != QFile::NoError) {
     throw Kyr::Exception(translate("Tour", "cannot read %1: %2").arg(fileName, file.errorString()));
   }
-  return file.readAll();
+  return bytes;
 }
 
 constexpr int headerSize = 104;
