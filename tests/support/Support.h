@@ -52,6 +52,11 @@ Stream pipeStream(const QByteArray& bytes);
 /// The path of a device that can be opened but has no space; empty where there is none.
 QString fullDevice();
 
+/// From now on larger writes of this process, and of programs that it becomes, take nothing and
+/// call that no failure.
+/// \return false where the system has no such thing
+bool takeNothing();
+
 /// A moment for which one thread waits and which another opens. Never a sleep.
 class Gate {
  public:

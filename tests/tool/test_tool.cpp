@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include <filesystem>
+#include <iostream>
 
 namespace {
 
@@ -242,6 +243,21 @@ TEST_F(ToolZip, NoticesAFullDevice) {
     EXPECT_EQ(result.code, 1) << words.join(' ').toStdString();
     EXPECT_EQ(result.errors, "kyr: standard output: no space left\n");
   }
+}
+
+TEST_F(ToolZip, GivesUpWhereNothingIsTaken) {
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    if (!KyrTest::takeNothing()) {
+      std::cerr << "standard output: cannot be written, as this system has nothing of the kind";
+      return;
+    }
+    QProcess tool;  // ends with this scope, also if it tries for ever
+    tool.setProcessChannelMode(QProcess::ForwardedChannels);
+    tool.start(KYR_TOOL, {"zip", "cat", folder.file("good")});
+    tool.waitForFinished(20000);
+  });
+  EXPECT_TRUE(ended.errors.contains("standard output: cannot be written"))
+      << ended.errors.constData();
 }
 
 TEST_F(ToolZip, NoticesClosedStreams) {

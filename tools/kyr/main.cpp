@@ -196,6 +196,7 @@ std::terminate_handler byDefault = nullptr;
 int runTool(int argc, char** argv) {
   prepareStandardStreams();
   std::ios_base::sync_with_stdio(false);
+  prepareOutput();
   // Names of files and units are the same whatever the user's locale is.
   QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
   const QCoreApplication application(argc, argv);

@@ -4,10 +4,55 @@
 
 #include <cerrno>
 #include <iostream>
+#include <streambuf>
 
 namespace KyrTool {
 
 namespace {
+
+/// What stands behind standard output: the standard library's own tries for ever where a device
+/// takes nothing and calls that no failure.
+class OutputBuffer : public std::streambuf {
+ public:
+  OutputBuffer() { setp(_bytes, _bytes + sizeof _bytes); }
+
+ protected:
+  int_type overflow(int_type character) override {
+    if (sync() != 0) {
+      return traits_type::eof();
+    }
+    return traits_type::eq_int_type(character, traits_type::eof())
+               ? traits_type::not_eof(character)
+               : sputc(traits_type::to_char_type(character));
+  }
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    if (count < epptr() - pptr()) {
+      return std::streambuf::xsputn(bytes, count);
+    }
+    return sync() == 0 && send(bytes, count) ? count : 0;
+  }
+  int sync() override {
+    const std::streamsize count = pptr() - pbase();
+    setp(pbase(), epptr());
+    return send(pbase(), count) ? 0 : -1;
+  }
+
+ private:
+  static bool send(const char* bytes, std::streamsize count) {
+    std::streamsize done = 0;
+    while (done < count) {
+      const std::ptrdiff_t written =
+          writeToOutput(bytes + done, static_cast<std::size_t>(count - done));
+      if (written <= 0) {
+        return false;
+      }
+      done += written;
+    }
+    return true;
+  }
+
+  char _bytes[65536];
+};
 
 enum class Loss { None, ReaderLeft, NoSpace, Other };
 Loss loss = Loss::None;
@@ -26,6 +71,11 @@ QString shortened(const QString& fault) {
 }
 
 }  // namespace
+
+void prepareOutput() {
+  static OutputBuffer& buffer = *new OutputBuffer;  // std::cout is flushed when all else is gone
+  std::cout.rdbuf(&buffer);
+}
 
 void print(const QString& text) {
   const QByteArray bytes = text.toUtf8();

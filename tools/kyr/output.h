@@ -8,6 +8,9 @@
 
 namespace KyrTool {
 
+/// Puts a buffer of the tool's own behind std::cout; before anything is written.
+void prepareOutput();
+
 /// Writes text.
 void print(const QString& text);
 

@@ -57,6 +57,10 @@ QString fullDevice() {
   return {};
 }
 
+bool takeNothing() {
+  return false;
+}
+
 // There is no limit to lower. But an address space of 32 bits is soon taken, and no memory
 // stands behind what is only reserved.
 void limitMemory(bool limited) {

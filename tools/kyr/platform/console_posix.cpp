@@ -27,6 +27,15 @@ void prepareStandardStreams() {
   std::signal(SIGPIPE, SIG_IGN);
 }
 
+std::ptrdiff_t writeToOutput(const char* bytes, std::size_t count) {
+  ssize_t written = 0;
+  do {
+    errno = EIO;  // stays where nothing is taken without a failure
+    written = ::write(STDOUT_FILENO, bytes, count);
+  } while (written < 0 && errno == EINTR);
+  return written;
+}
+
 bool readerHasLeft() {
   return errno == EPIPE;
 }

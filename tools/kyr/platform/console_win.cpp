@@ -1,5 +1,6 @@
 #include "../console_p.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -42,6 +43,12 @@ void prepareStandardStreams() {
   plug(_fileno(stdout), _O_RDONLY);
   plug(_fileno(stderr), _O_RDONLY);
   showUnicode();
+}
+
+std::ptrdiff_t writeToOutput(const char* bytes, std::size_t count) {
+  constexpr std::size_t most = 1U << 20U;
+  errno = EIO;  // stays where nothing is taken without a failure
+  return _write(_fileno(stdout), bytes, static_cast<unsigned>(std::min(count, most)));
 }
 
 // The C runtime has no number of its own for a pipe that is being closed.
