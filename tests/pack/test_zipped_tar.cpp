@@ -13,6 +13,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
+#include <streambuf>
 
 namespace {
 
@@ -77,7 +79,8 @@ QByteArray record(const QByteArray& text) {
 
 const QByteArray mark(1024, '\0');
 
-/// What a reader finds, as "name=content|...", with "!" in front when the archive is not valid.
+/// What a reader finds, as "name=content|...", with "!" in front when the archive is not valid, and
+/// what it is without, as "-name: reason".
 QString read(const Bytes& data, const Kyr::ZippedTarLimits& limits = {}) {
   const ZippedTarReader reader(data, limits);
   QStringList files;
@@ -88,6 +91,9 @@ QString read(const Bytes& data, const Kyr::ZippedTarLimits& limits = {}) {
     files += name + "=" +
              QString::fromUtf8(reinterpret_cast<const char*>(content.data()),
                                static_cast<int>(content.size()));
+  }
+  for (const Kyr::ZippedTarLoss& loss : reader.getLosses()) {
+    files += "-" + loss.name + ": " + loss.reason;
   }
   return (reader.isValid() ? "" : "!") + files.join("|");
 }
@@ -121,6 +127,115 @@ TEST(ZippedTar, WritesTheseBytes) {
   EXPECT_EQ(read(out),
             letters + "=" + QString(513, 'x') + "|" + QString(99, 'n') + "=" + QString(512, 'y'));
   EXPECT_EQ(ZippedTarReader(out).getModificationTime(0), 1234567890);
+}
+
+/// Takes the first bytes and then none.
+class Limited : public std::streambuf {
+ public:
+  explicit Limited(Bytes& room) { setp(begin(room), begin(room) + room.size()); }
+
+ private:
+  static char* begin(Bytes& room) { return reinterpret_cast<char*>(room.data()); }
+};
+
+TEST(ZippedTar, TakesAllWhenAsked) {
+  const TempDir dir;
+  const QString path = dir.write("f", "1");
+  const QString early = dir.write("early", "2");
+  QFile file(early);
+  EXPECT_TRUE(
+      file.open(QIODevice::ReadWrite) &&
+      file.setFileTime(QDateTime::fromSecsSinceEpoch(-5), QFileDevice::FileModificationTime));
+  const QString kana = QString::fromUtf8("\xe3\x83\x8e").repeated(20);
+  const QString cyrillic = QString::fromUtf8("\xd1\x84").repeated(45);
+  const QString deep = QString("n").repeated(98) + letters;
+  const QString missing = dir.file("missing");
+  Bytes out;
+  ZippedTarWriter writer(&out);
+  EXPECT_EQ(failureOf([&] { writer.addFile(path, kana); }), path);
+  ASSERT_EQ(writer.getLosses().size(), 1U);
+  EXPECT_TRUE(writer.getLosses()[0].reason.contains("checksum")) << "the length is not the reason";
+  writer.setTaking(ZippedTarWriter::TakeAll);
+  for (const QString& name : {kana, cyrillic, deep, QString(5000, 'x')}) {
+    writer.addFile(path, name);
+  }
+  writer.addFile(early, "early");
+  for (const QString& bad : {missing, dir.path()}) {
+    writer.addFile(bad, "bad");
+  }
+  writer.addFile(path, "d/");
+  writer.addDirectory(missing, true, "bad");
+  writer.addEof();
+  writer.flush();
+  EXPECT_EQ(read(out),
+            kana + "=1|" + cyrillic + "=1|" + deep + "=1|" + QString(5000, 'x') + "=1|early=2");
+  EXPECT_EQ(ZippedTarReader(out).getModificationTime(4), -5);
+  EXPECT_EQ(writer.getFileCount(), 5U);
+  QStringList lost;
+  for (const Kyr::ZippedTarLoss& loss : writer.getLosses()) {
+    lost += loss.name.mid(dir.path().size()) + " " + loss.reason.section(" ", 0, 2);
+  }
+  EXPECT_EQ(lost.mid(1).join("|"),
+            "/missing cannot be read:| a directory|/f its name in|/missing cannot be read:");
+}
+
+TEST(ZippedTar, WritesSizesBeyondTheHeader) {
+  const TempDir dir;
+  const QString path = dir.write("huge", "");
+  std::filesystem::resize_file(path.toStdU16String(), 9ULL << 30U);
+  Bytes start;
+  start.setSize(100000);
+  Limited limited(start);
+  std::ostream target(&limited);
+  ZippedTarWriter writer(&target);
+  writer.setTaking(ZippedTarWriter::TakeAll);
+  EXPECT_EQ(failureOf([&] { writer.addFile(path, "huge"); }), "archive") << "all of 9 GiB";
+  Bytes plain;
+  Kyr::Decompress(Kyr::Decompress::GzipFormat, start).read(&plain);
+  const QByteArray tar(reinterpret_cast<const char*>(plain.data()), 1536);
+  EXPECT_EQ(tar.mid(512, 20), QByteArray("19 size=9663676416\n\0", 20));
+  EXPECT_EQ(tar.mid(1024, 5) + tar.mid(1024 + 124, 12), QByteArray("huge\0"
+                                                                   "77777777777\0",
+                                                                   17));
+}
+
+TEST(ZippedTar, LooksIncompleteWithoutItsEnd) {
+  const TempDir dir;
+  const QByteArray content = QByteArray::fromStdString(KyrTest::noisy(200000, 1));
+  const QString path = dir.write("f", content);
+  const struct {
+    bool toFile, withEnd, flushed;
+    const char* catches;
+  } rows[] = {
+      {false, false, false, "given up in memory"},
+      {true, false, false, "given up in a file"},
+      {false, true, false, "the destructor finishes what has its end"},
+      {true, true, false, "the same in a file"},
+      {false, false, true, "finished gzip data without the mark"},
+  };
+  for (const auto& row : rows) {
+    const QString file = dir.file("a.tgz");
+    Bytes out;
+    {
+      const auto writer = row.toFile ? std::make_unique<ZippedTarWriter>(file)
+                                     : std::make_unique<ZippedTarWriter>(&out);
+      writer->addFile(path, "f");
+      row.withEnd ? writer->addEof() : void();
+      row.flushed ? writer->flush() : void();
+    }
+    if (row.toFile) {
+      const QByteArray bytes = KyrTest::readFile(file);
+      out.append(reinterpret_cast<const unsigned char*>(bytes.constData()),
+                 static_cast<std::size_t>(bytes.size()));
+    }
+    const ZippedTarReader reader(out);
+    EXPECT_EQ(reader.isValid(), row.withEnd) << row.catches;
+    Bytes plain;
+    EXPECT_EQ(Kyr::Decompress(Kyr::Decompress::GzipFormat, out).read(&plain),
+              row.withEnd || row.flushed)
+        << row.catches;
+    EXPECT_TRUE(reader.size() == 1 && reader.getContents(0).size() == 200000) << row.catches;
+  }
 }
 
 TEST(ZippedTar, StaysWellFormedWhenAFileIsRefused) {
@@ -191,20 +306,38 @@ TEST(ZippedTar, TakesTreesAndWritesFiles) {
 TEST(ZippedTar, ReadsWhatOthersWrite) {
   const QByteArray a = entry("a", '0', "1");
   const QByteArray longName(300, 'n');
-  const QByteArray sparse = QByteArray(482 - 257, '\0') + '\1';  // behind the magic's place
+  // A GNU header from the magic's place on, of "ab" at 0 and "cd" at 5 in 8 bytes; then one more
+  // part, "e" at 7, in a further block.
+  const auto number = [](int value) {
+    return QByteArray::number(value, 8).rightJustified(11, '0') + '\0';
+  };
+  const QByteArray sparse = "ustar  " + QByteArray(386 - 264, '\0') + number(0) + number(2) +
+                            number(5) + number(2) + QByteArray(48, '\0') + '\1' + number(8);
+  const QByteArray further = (number(7) + number(1)).leftJustified(512, '\0');
+  const QByteArray ended = QByteArray(sparse).replace(386 - 257 + 96, 1, QByteArray(1, '\0'));
+  const QString holes = QString("ab") + QString(3, QChar::Null) + "cd" + QChar::Null;
+  const QByteArray version1 = record("GNU.sparse.major=1") + record("GNU.sparse.realsize=8");
   const struct {
     QByteArray tar;
     QString files;
     const char* catches;
   } rows[] = {
       {mark, "", "an archive without entries"},
-      {{}, "", "the mark of the end is missing"},
+      {a, "!a=1", "the mark of the end is missing"},
       {a + mark + "rest", "a=1", "bytes behind the end"},
       {entry(letters.toUtf8(), '0', "1"), letters + "=1", "unsigned checksums"},
       {entry("a", '\0', "1") + entry("b", '7', "2"), "a=1|b=2", "other types of plain files"},
-      {entry("d/", '\0', "") + entry("d", '5', "", "77") + entry("l", '2', "", "11") + a, "a=1",
+      {entry("d/", '\0', "") + entry("d", '5', "", "77") + entry("V", 'V', "skipped") + a, "a=1",
        "no files, whatever their size says"},
-      {entry("V", 'V', "skipped") + a, "a=1", "content of unknown types"},
+      {entry("p", '6', "", "11") + a + entry("Z", 'Z', "skipped") + entry("b", '4', ""),
+       "a=1|-p: a pipe|-Z: an entry of the unknown type 90|-b: a device", "losses"},
+      {entry("K", 'K', QByteArray("to\0", 3)) + entry("l", '2', "") + entry("m", '2', ""),
+       "-l: a link to to|-m: a link to ", "where links lead"},
+      {a + entry("a", '0', "2") + entry("x", 'x', record("linkpath=a")) + entry("h", '1', "", "1") +
+           entry("x", 'x', record("linkpath=h")) + entry("i", '1', ""),
+       "a=1|a=2|h=2|i=2", "further names of a file"},
+      {entry("K", 'K', "b") + entry("h", '1', "") + entry("b", '0', "2"),
+       "b=2|-h: a further name of b, which is no file in the archive before it", "a later file"},
       {entry("L", 'L', longName + '\0') + entry("K", 'K', longName) + a + a, longName + "=1|a=1",
        "long names of GNU tar"},
       {entry("L", 'L', longName + '\0') + entry("D", 'D', "Yf") + a, "a=1",
@@ -213,10 +346,31 @@ TEST(ZippedTar, ReadsWhatOthersWrite) {
            entry("b", '0', "2", "777"),
        letters + "=2", "names and sizes of POSIX"},
       {entry("g", 'g', record("path=g")) + a, "a=1", "attributes of all entries are none of one"},
-      {entry("x", 'x', record("GNU.sparse.major=1")) + entry("s", '0', "map") + a, "a=1",
-       "a map for the file itself"},
-      {entry("s", 'S', QByteArray(512, '\0') + "data", "4", sparse) + a, "a=1",
+      {entry("s", 'S', further + "abcde", "5", sparse) + a, "s=" + holes.left(7) + "e|a=1",
        "more blocks of a sparse file's header"},
+      {entry("s", 'S', "abcd", {}, ended) + a, "s=" + holes + "|a=1", "a sparse file of GNU tar"},
+      {entry("x", 'x',
+             record("GNU.sparse.size=8") + record("GNU.sparse.offset=0") +
+                 record("GNU.sparse.numbytes=2") + record("GNU.sparse.offset=5") +
+                 record("GNU.sparse.numbytes=2")) +
+           entry("s", '0', "abcd") + a,
+       "s=" + holes + "|a=1", "the same in records"},
+      {entry("x", 'x',
+             record("GNU.sparse.name=s") + record("GNU.sparse.size=8") +
+                 record("GNU.sparse.map=0,2,5,2")) +
+           entry("other", '0', "abcd") + a,
+       "s=" + holes + "|a=1", "the same in one record"},
+      {entry("x", 'x', version1) +
+           entry("s", '0', QByteArray("2\n0\n2\n5\n2\n").leftJustified(512, '\0') + "abcd") + a,
+       "s=" + holes + "|a=1", "the same before the data"},
+      {entry("x", 'x', version1) + entry("s", '0', "2\n0\n2\n") + a,
+       "a=1|-s: a sparse file of a kind that is not known here", "half a map"},
+      {entry("x", 'x', record("GNU.sparse.size=8") + record("GNU.sparse.map=5,2,0,2")) +
+           entry("s", '0', "abcd") + a,
+       "a=1|-s: a sparse file of a kind that is not known here", "parts that go back"},
+      {entry("x", 'x', record("GNU.sparse.size=5") + record("GNU.sparse.map=0,2,4,2")) +
+           entry("s", '0', "abcd") + a,
+       "a=1|-s: a sparse file of a kind that is not known here", "parts beyond the end"},
       {entry("b", '0', "1", {}, QByteArray("ustar\0", 6) + "00" + QByteArray(80, '\0') + "dir"),
        "dir/b=1", "the prefix of POSIX"},
       {entry("b", '0', "1", {}, "ustar  " + QByteArray(81, '\0') + "dir"), "b=1",
@@ -235,7 +389,9 @@ TEST(ZippedTar, ReadsWhatOthersWrite) {
       {entry("x", 'x', "path") + a, "!", "no record at all"},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(read(zip(row.tar)), row.files) << row.catches;
+    const bool isWhole = !row.files.startsWith("!");
+    EXPECT_EQ(read(zip(isWhole ? row.tar + mark : row.tar)).toStdString(), row.files.toStdString())
+        << row.catches;
   }
   Bytes parts = zip(a);
   const Bytes more = zip(entry("b", '0', "2") + mark);
@@ -266,6 +422,26 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
     const Bytes behind(3U << 20U, 'x');
     huge.append(behind.data(), behind.size());
     EXPECT_EQ(read(huge, {1ULL << 40U, 2}), "!");
+  }
+  const QByteArray hole =
+      record("GNU.sparse.size=4000000000000000000") + record("GNU.sparse.map=0,1");
+  const QByteArray link = entry("x", 'x', record("linkpath=a")) + entry("h", '1', "");
+  const struct {
+    QByteArray tar;
+    Kyr::ZippedTarLimits limits;
+    const char* files;
+    const char* catches;
+  } bombs[] = {
+      {entry("x", 'x', record("path=a").repeated(4)), {9999, 9, 4}, "a=1", "as many as allowed"},
+      {entry("x", 'x', record("path=a").repeated(5)), {9999, 9, 4}, "!", "many records"},
+      {entry("x", 'x', record("GNU.sparse.map=1,1,2,1")), {9999, 9, 4}, "!", "long maps"},
+      {entry("x", 'x', hole), {9999, 9, 9}, "!", "a file of holes only"},
+      {entry("x", 'x', hole), {~0ULL, 9, 9}, "!", "more than any memory holds"},
+      {entry("a", '0', QByteArray(600, 'a')) + link, {4000, 9, 9}, "!", "copies"},
+  };
+  for (const auto& row : bombs) {
+    const QString files = read(zip(row.tar + entry("a", '0', "1") + mark), row.limits);
+    EXPECT_EQ((files.startsWith('!') ? "!" : files).toStdString(), row.files) << row.catches;
   }
   const ZippedTarReader reader(good);
   const std::string report = KyrTest::report("Invalid file index", "Kyr::ZippedTarReader::getFile",
@@ -303,7 +479,8 @@ TEST(ZippedTar, ExtractsNothingOutsideTheDirectory) {
   for (const auto& row : rows) {
     const TempDir dir;
     const QString target = dir.file("new/target");
-    const ZippedTarReader reader(zip(entry("first", '0', "1") + entry(row.name, '0', "2")));
+    const ZippedTarReader reader(zip(entry("first", '0', "1") + entry(row.name, '0', "2") +
+                                     entry("./empty/.", '5', "") + mark));
     const QString failure = failureOf([&] { reader.extractTo(target); });
     EXPECT_EQ(failure.isEmpty(), row.written) << row.catches;
     const QFileInfo file(target + "/" + QString::fromUtf8(row.name));
@@ -311,16 +488,28 @@ TEST(ZippedTar, ExtractsNothingOutsideTheDirectory) {
                                  file.lastModified().toSecsSinceEpoch() == 12))
         << row.catches;
     EXPECT_EQ(QDir(target).exists(), row.written) << "half of it: " << row.catches;
+    EXPECT_EQ(QDir(target + "/empty").exists(), row.written) << "directories: " << row.catches;
   }
   const TempDir dir;
   const QString kept = dir.write("kept", "old");
   const bool linked = link("kept", dir.file("a"));
-  ZippedTarReader(zip(entry("a", '0', "new"))).extractTo(dir.path());
-  EXPECT_TRUE(KyrTest::readFile(kept) == "old" || !linked) << "written through a link";
+  std::filesystem::create_hard_link(kept.toStdU16String(), dir.file("hard").toStdU16String());
+  const ZippedTarReader reader(
+      zip(entry("a", '0', "old") + entry("a", '0', "new") + entry("hard", '0', "new") + mark));
+  const auto extract = [&](Kyr::OS::Existing_t existing) {
+    return failureOf([&] { reader.extractTo(dir.path(), existing); });
+  };
+  EXPECT_TRUE(extract(Kyr::OS::KeepExisting).endsWith("/hard") || linked);
+  EXPECT_EQ(KyrTest::readFile(dir.file("hard")), "old") << "an older file is replaced";
+  EXPECT_EQ(QFile::exists(dir.file("a")), linked) << "half of what is refused";
+  reader.extractTo(dir.path());
+  EXPECT_EQ(KyrTest::readFile(dir.file("a")) + KyrTest::readFile(dir.file("hard")), "newnew");
+  EXPECT_TRUE(KyrTest::readFile(kept) == "old") << "written through a link";
   EXPECT_FALSE(failureOf([&] { ZippedTarReader(zip("x")).extractTo(dir.path()); }).isEmpty());
   EXPECT_FALSE(failureOf([&] {
-                 ZippedTarReader(zip(entry("kept/b", '0', ""))).extractTo(dir.path());
+                 ZippedTarReader(zip(entry("kept/b", '0', "") + mark)).extractTo(dir.path());
                }).isEmpty());
+  EXPECT_EQ(QDir(dir.path()).entryList({".kyr-save*"}, QDir::Files | QDir::Hidden).size(), 0);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrStructVector.h>
+#include <kyr/os/KyrOS.h>
 
 #include <QByteArray>
 #include <QString>
@@ -23,17 +24,40 @@ namespace TarFiles {
 struct Facts;
 }
 
+/// Something that an archive, or what was taken out of it, is without.
+struct ZippedTarLoss {
+  QString name;    ///< on the disk, or in the archive
+  QString reason;  ///< in English
+};
+
 /// Writes plain files into a gzip-compressed tar archive of the oldest form of header.
 ///
 /// Add files, then call addEof() and flush(). Directories become the names of their files; links
 /// and everything else that is no file is not recorded. Names in the archive have at most 99 bytes
-/// in UTF-8, files less than 8 GiB. The format: docs/formats/zipped-tar.md.
+/// in UTF-8, and not many letters beyond ASCII; files have less than 8 GiB, and times from 1970 to
+/// 2242. setTaking() takes these bounds away. The format: docs/formats/zipped-tar.md.
 ///
 /// When a file cannot be added, the archive stays well formed and takes further files. When the
-/// archive itself cannot be written, that is final.
+/// archive itself cannot be written, that is final. An archive that is given up before addEof()
+/// looks incomplete to everybody who reads it.
+///
+///     ZippedTarWriter writer(&file.stream());
+///     writer.setTaking(ZippedTarWriter::TakeAll);
+///     writer.addDirectory(project, true, "project");
+///     writer.addEof();
+///     writer.flush();
+///     for (const ZippedTarLoss& loss : writer.getLosses()) ...
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZippedTarWriter {
  public:
+  /// What becomes of files that the oldest form of header cannot hold, or that cannot be read.
+  enum Taking {
+    RefuseUnfit = 0,  ///< they are refused with an exception
+    TakeAll = 1,      ///< longer names, larger sizes and other times are written as records of
+                      ///< POSIX, which every tar of today reads; who cannot be added is found in
+                      ///< getLosses(), and the others are added
+  };
+
   /// Writes into memory, and needs less than 1 MB beside what it writes.
   /// \param out is emptied; complete after flush(); must outlive this object and be left alone
   /// \throws std::bad_alloc
@@ -45,16 +69,21 @@ class KYR_EXPORT ZippedTarWriter {
   /// \param target must outlive this object
   /// \throws std::bad_alloc
   explicit ZippedTarWriter(std::ostream* target);
-  /// Finishes the compression as flush() does, unless that was done. A failure stays unnoticed.
+  /// Finishes the compression, unless that was done; without addEof() only so far that all content
+  /// can be salvaged, but every reader finds the archive cut short. A failure stays unnoticed.
   ~ZippedTarWriter();
   ZippedTarWriter(const ZippedTarWriter&) = delete;
   ZippedTarWriter& operator=(const ZippedTarWriter&) = delete;
 
+  /// Decides for what is added from now on; RefuseUnfit at first.
+  void setTaking(Taking taking) { _taking = taking; }
+
   /// Adds a plain file with the size that it has now: what it grows meanwhile is left out.
   /// \param name in the archive
   /// \throws Exception whose text is \a path when there is no such file, it cannot be read, its
-  ///         name or size does not fit into a header or its time is before 1970, or it shrinks
-  ///         meanwhile; in the last case the archive holds what was there, filled up with zeros
+  ///         name, size or time does not fit into a header, or it shrinks meanwhile; in the last
+  ///         case the archive holds what was there, filled up with zeros. The reason is the last
+  ///         of getLosses(). With TakeAll nothing is thrown for the file's sake
   /// \throws Exception whose text is the archive's name, or std::bad_alloc, when the archive
   ///         cannot be written
   void addFile(const QString& path, const QString& name);
@@ -71,7 +100,8 @@ class KYR_EXPORT ZippedTarWriter {
   /// no file. A link to a file counts as that file; one to a directory is never followed.
   /// \param recursive whether subdirectories are added as well
   /// \param prefix stands before the files' names in the archive, with a "/" between them
-  /// \throws Exception whose text is \a dir when it cannot be listed; the others of addFile()
+  /// \throws Exception whose text is \a dir when it cannot be listed; the others of addFile().
+  ///         With TakeAll neither; links to directories, and what is no file, then are losses
   void addDirectory(const QString& dir, bool recursive, const QString& prefix);
 
   /// Leaves a file out of what addDirectory() adds from now on, under all names that come to the
@@ -91,11 +121,17 @@ class KYR_EXPORT ZippedTarWriter {
   unsigned int getFileCount() const { return _fileCount; }
   /// The full names of the files and directories that addDirectory() could not read so far.
   const QStringList& getUnread() const { return _unread; }
+  /// What the archive is without so far, or holds filled up with zeros, and why; names as they were
+  /// given to addFile(), or full ones.
+  const std::vector<ZippedTarLoss>& getLosses() const { return _losses; }
 
  private:
-  bool addStream(std::ifstream& in, const QString& name, std::int64_t modified, std::int64_t size);
+  QString writeHeader(const QString& name, std::int64_t modified, std::int64_t size);
+  QString addStream(std::ifstream& in, const QString& name, std::int64_t modified,
+                    std::int64_t size);
   bool copyContent(std::ifstream& in, std::int64_t size);
-  bool addIfReadable(const QString& path, const TarFiles::Facts& facts, const QString& name);
+  bool expectAdded(const QString& path, const QString& reason);
+  QString addIfReadable(const QString& path, const TarFiles::Facts& facts, const QString& name);
   void addEntries(const QString& dir, const QStringList& entries, bool recursive,
                   const QString& prefix);
   void addEntry(const QString& path, bool recursive, const QString& name);
@@ -103,21 +139,27 @@ class KYR_EXPORT ZippedTarWriter {
   std::unique_ptr<TarTarget> _target;
   QStringList _leftOut;  // absolute
   QStringList _unread;
+  std::vector<ZippedTarLoss> _losses;
   unsigned int _fileCount = 0;
+  Taking _taking = RefuseUnfit;
+  bool _hasEnd = false;
 };
 
 /// How much a ZippedTarReader takes from an archive, as a small one can unpack to anything.
 struct ZippedTarLimits {
-  std::uint64_t totalSize = 512U << 20U;  ///< of the unpacked stream, headers included; in bytes
+  std::uint64_t totalSize = 512U << 20U;  ///< of the unpacked stream, headers included, of copies
+                                          ///< for hard links and of holes in files; in bytes
   unsigned entries = 100000;              ///< of all kinds, those that are skipped included
+  unsigned records = 1000000;             ///< of POSIX about entries, and parts of sparse files
 };
 
 /// Takes a gzip-compressed tar archive in memory apart.
 ///
 /// Reads what ZippedTarWriter writes and also the archives of other programs: with checksums of
-/// signed or unsigned bytes, with long names of GNU tar and of POSIX. Directories, links, devices
-/// and sparse files are passed over.
-/// \threadsafety one thread at a time; any number while nobody assigns
+/// signed or unsigned bytes, with long names of GNU tar and of POSIX, with sparse files. A hard
+/// link is a file with the content of the earlier one. Symbolic links, devices and pipes are passed
+/// over and found in getLosses(); directories only extractTo() minds. \threadsafety one thread at a
+/// time; any number while nobody assigns
 class KYR_EXPORT ZippedTarReader {
  public:
   /// Reads all of \a data, which is not needed afterwards. Damage shows in isValid().
@@ -125,8 +167,9 @@ class KYR_EXPORT ZippedTarReader {
                            const ZippedTarLimits& limits = ZippedTarLimits());
   ~ZippedTarReader();
 
-  /// Whether the archive was read to its end. False when it is damaged, cut short, beyond the
-  /// limits or too large for the memory; the files before that place can be read all the same.
+  /// Whether the archive was read to the mark of its end. False when it is damaged, cut short,
+  /// beyond the limits or too large for the memory; the files before that place can be read all the
+  /// same.
   bool isValid() const { return _valid; }
   /// The number of files.
   unsigned int size() const { return static_cast<unsigned int>(_files.size()); }
@@ -147,13 +190,25 @@ class KYR_EXPORT ZippedTarReader {
   /// \throws ProgError "Invalid file index"
   std::int64_t getModificationTime(unsigned int index) const;
 
-  /// Writes all files below a directory, which is made if it is missing; replaces files that are
-  /// there already. Nothing is written unless the archive is valid and all names are harmless and
-  /// possible here; Windows has no files called "NUL.txt", "a:b" or "a.", for example.
-  /// Links to directories that stand below the directory already are followed.
-  /// \throws Exception for an archive that is not valid, for such a name, or whose text ends with
+  /// The entries that are no files here, so far as the archive could be read.
+  const std::vector<ZippedTarLoss>& getLosses() const { return _losses; }
+
+  /// Writes all files below a directory, which is made if it is missing, and makes the archive's
+  /// directories; replaces files that are there already. Nothing is written unless the archive is
+  /// valid and all names are harmless and possible here; Windows has no files called "NUL.txt",
+  /// "a:b" or "a.", for example. Links to directories that stand below the directory already are
+  /// followed.
+  ///
+  /// A file takes its name in one step, when it is whole. So whatever had that name before is
+  /// replaced, not written to: neither the other names of a hard link nor what a symbolic link
+  /// leads to change. \throws Exception for an archive that is not valid, for such a name, or whose
+  /// text ends with
   ///         the path of a file that cannot be written
   void extractTo(const QString& directory) const;
+  /// The same.
+  /// \param existing KeepExisting: nothing is written if one of the names is taken already
+  /// \throws Exception also, and with that path at the end of its text, for a name that is taken
+  void extractTo(const QString& directory, OS::Existing_t existing) const;
 
  private:
   struct File {
@@ -165,6 +220,8 @@ class KYR_EXPORT ZippedTarReader {
   const File& at(unsigned int index, const char* function, unsigned line) const;
 
   std::vector<File> _files;
+  std::vector<QString> _directories;
+  std::vector<ZippedTarLoss> _losses;
   bool _valid = false;
 };
 

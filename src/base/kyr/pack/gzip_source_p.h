@@ -28,6 +28,9 @@ class GzipSource {
   /// Reads and forgets what is left.
   void drain();
 
+  /// Counts bytes that come from elsewhere towards the limit.
+  /// \return false when that is passed
+  bool spend(std::uint64_t count);
   /// Whether there may be so many more bytes, by the limit and by what deflate can hold at most.
   bool canHold(std::uint64_t count) const;
   /// Whether everything was read, and all checksums fit.

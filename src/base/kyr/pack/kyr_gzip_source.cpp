@@ -87,6 +87,12 @@ void GzipSource::drain() {
   }
 }
 
+bool GzipSource::spend(std::uint64_t count) {
+  const bool isAllowed = count <= _left;
+  _left -= isAllowed ? count : 0;
+  return isAllowed;
+}
+
 bool GzipSource::canHold(std::uint64_t count) const {
   constexpr std::uint64_t bestRatio = 1032;  // of deflate, to one
   constexpr std::uint64_t withinEngine = 64;

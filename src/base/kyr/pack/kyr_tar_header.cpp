@@ -20,7 +20,9 @@ constexpr Field sizeField{124, 12};
 constexpr Field timeField{136, 12};
 constexpr Field checksumField{148, 8};
 constexpr Field typeField{156, 1};
+constexpr Field linkField{157, 100};
 constexpr Field magicField{257, 6};
+constexpr Field versionField{263, 2};
 constexpr Field prefixField{345, 155};
 static_assert(prefixField.offset + prefixField.size <= blockSize);
 
@@ -42,10 +44,13 @@ QByteArray textIn(const Block& block, Field field) {
   return end < 0 ? bytes : bytes.left(end);
 }
 
-/// \return empty when there are more digits
+constexpr int longestName = static_cast<int>(nameField.size) - 1;
+/// Of the sizes and times that octal digits can hold.
+constexpr std::int64_t largest = (std::int64_t{1} << 3U * (sizeField.size - 1)) - 1;
+static_assert(sizeField.size == timeField.size);
+
 QByteArray octal(std::int64_t number, int digits) {
-  const QByteArray text = QByteArray::number(static_cast<qulonglong>(number), 8);
-  return text.size() > digits ? QByteArray() : text.rightJustified(digits, '0');
+  return QByteArray::number(static_cast<qlonglong>(number), 8).rightJustified(digits, '0');
 }
 
 /// Bytes of a header as a sum; those of the checksum count as blanks.
@@ -101,40 +106,144 @@ std::optional<std::int64_t> wholeNumber(const QByteArray& text) {
   return ok ? std::optional<std::int64_t>(number) : std::nullopt;
 }
 
-bool apply(const QByteArray& key, const QByteArray& value, Record& record) {
+/// What GNU tar says about sparse files, in all its versions; \a key without what all begin with.
+bool applySparse(const QByteArray& key, const QByteArray& value, SparseMap& map,
+                 std::uint64_t& left) {
+  map.isThere = true;
+  if (key == "name") {
+    map.name = value;
+  } else if (key == "size" || key == "realsize") {
+    map.size = wholeNumber(value).value_or(-1);
+  } else if (key == "major") {
+    map.isInContent = value == "1";
+  } else if (key == "map" || key == "offset" || key == "numbytes") {
+    return value.isEmpty() || readNumbers(value, ',', map.numbers, left);
+  }
+  return true;
+}
+
+bool apply(const QByteArray& key, const QByteArray& value, Record& record, std::uint64_t& left) {
+  const QByteArray sparse = "GNU.sparse.";
   if (key == "path") {
     record.path = value;
+  } else if (key == "linkpath") {
+    record.linkPath = value;
   } else if (key == "size") {
     record.size = wholeNumber(value);
     return record.size.has_value() && *record.size >= 0;
   } else if (key == "mtime") {
     record.modified = wholeNumber(value);
-  } else if (key.startsWith("GNU.sparse.")) {
-    record.isSparse = true;
+  } else if (key.startsWith(sparse)) {
+    return applySparse(key.mid(sparse.size()), value, record.sparse, left);
   }
   return true;
 }
 
-}  // namespace
-
-bool makeHeader(Block& block, const QByteArray& name, std::int64_t modified, std::int64_t size) {
-  block.fill(0);
-  const QByteArray sizeDigits = octal(size, sizeField.size - 1);
-  const QByteArray timeDigits = octal(modified, timeField.size - 1);
-  if (name.size() >= int(nameField.size) || sizeDigits.isEmpty() || timeDigits.isEmpty()) {
-    return false;
+QByteArray recordOf(const QByteArray& key, const QByteArray& value) {
+  const QByteArray rest = ' ' + key + '=' + value + '\n';
+  int length = rest.size() + 1;
+  while (length != rest.size() + QByteArray::number(length).size()) {
+    ++length;
   }
-  store(block, nameField, name);
+  return QByteArray::number(length) + rest;
+}
+
+/// The start of UTF-8 that has at most so many bytes, without half a letter at its end.
+QByteArray startOf(const QByteArray& text, int size) {
+  if (text.size() <= size) {
+    return text;
+  }
+  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U) {
+    --size;
+  }
+  return text.left(size);
+}
+
+/// Everything but the checksum.
+void fillHeader(Block& block, const Entry& entry, const QByteArray& type) {
+  block.fill(0);
+  store(block, nameField, entry.name);
   store(block, modeField, "0000644");
   store(block, ownerField, "0000000");
   store(block, groupField, "0000000");
-  store(block, sizeField, sizeDigits);
-  store(block, timeField, timeDigits);
-  store(block, typeField, "0");
+  store(block, sizeField, octal(entry.size, sizeField.size - 1));
+  store(block, timeField, octal(entry.modified, timeField.size - 1));
+  store(block, typeField, type);
+}
+
+void storeChecksum(Block& block, std::int64_t sum) {
+  store(block, checksumField, octal(sum, checksumDigits) + '\0' + ' ');
+}
+
+/// A header that all readers take: those of the library's oldest versions know the signed sum
+/// only, all others both. That cannot be written when it is negative.
+QByteArray finished(Block& block) {
+  const std::int64_t sum = sumOf<signed char>(block);
+  storeChecksum(block, sum < 0 ? sumOf<unsigned char>(block) : sum);
+  return {reinterpret_cast<const char*>(block.data()), static_cast<int>(block.size())};
+}
+
+void markAsPosix(Block& block) {
+  store(block, magicField, "ustar");
+  store(block, versionField, "00");
+}
+
+/// An entry whose content is records about the next one.
+QByteArray attributes(const Entry& about, const QByteArray& records) {
+  const QByteArray folder = "PaxHeaders/";
+  const Entry entry{folder + startOf(about.name, longestName - folder.size()), about.modified,
+                    records.size()};
+  Block block;
+  fillHeader(block, entry, "x");
+  markAsPosix(block);
+  const int blocks = (records.size() + int{blockSize} - 1) / int{blockSize};
+  return finished(block) + records.leftJustified(blocks * int{blockSize}, '\0');
+}
+
+}  // namespace
+
+const char* makeHeader(Block& block, const Entry& entry) {
+  if (entry.name.size() > longestName) {
+    return "its name in the archive has over 99 bytes";
+  }
+  if (entry.size < 0 || entry.size > largest) {
+    return "it has 8 GiB or more";
+  }
+  if (entry.modified < 0 || entry.modified > largest) {
+    return "it was changed before 1970 or after 2242";
+  }
+  fillHeader(block, entry, "0");
   // Signed, as it has always been: readers of the library's archives may know no other sum.
-  const QByteArray checksum = octal(sumOf<signed char>(block), checksumDigits);
-  store(block, checksumField, checksum + '\0' + ' ');
-  return !checksum.isEmpty();
+  const std::int64_t sum = sumOf<signed char>(block);
+  if (sum < 0) {
+    return "its name in the archive has so many letters beyond ASCII that the header's checksum is "
+           "negative";
+  }
+  storeChecksum(block, sum);
+  return nullptr;
+}
+
+QByteArray makeHeaders(const Entry& entry) {
+  const Entry plain{startOf(entry.name, longestName),
+                    std::clamp<std::int64_t>(entry.modified, 0, largest),
+                    std::min(entry.size, largest)};
+  QByteArray records;
+  if (plain.name != entry.name) {
+    records += recordOf("path", entry.name);
+  }
+  if (plain.size != entry.size) {
+    records += recordOf("size", QByteArray::number(qlonglong{entry.size}));
+  }
+  if (plain.modified != entry.modified) {
+    records += recordOf("mtime", QByteArray::number(qlonglong{entry.modified}));
+  }
+  Block block;
+  fillHeader(block, plain, "0");
+  if (records.isEmpty()) {
+    return finished(block);
+  }
+  markAsPosix(block);
+  return attributes(plain, records) + finished(block);
 }
 
 bool checksumFits(const Block& block) {
@@ -148,32 +257,44 @@ bool isZero(const Block& block) {
 }
 
 Kind kindOf(const Block& block) {
-  switch (block[typeField.offset]) {
+  switch (typeOf(block)) {
     case '\0':
     case '0':
     case '7':
       // The oldest programs know directories by their names alone.
-      return nameIn(block).endsWith('/') ? WithoutContent : File;
+      return nameIn(block).endsWith('/') ? Directory : File;
     case '1':
+      return HardLink;
     case '2':
+      return SoftLink;
     case '3':
     case '4':
+      return Device;
     case '5':
+      return Directory;
     case '6':
-      return WithoutContent;
+      return Pipe;
     case 'L':
       return LongName;
+    case 'K':
+      return LongLink;
     case 'x':
       return Attributes;
     case 'S':
       return SparseFile;
-    case 'K':
     case 'X':
     case 'g':
       return Aside;
+    case 'D':
+    case 'V':
+      return NoFile;
     default:
-      return WithContent;
+      return Unknown;
   }
+}
+
+char typeOf(const Block& block) {
+  return static_cast<char>(block[typeField.offset]);
 }
 
 QByteArray nameIn(const Block& block) {
@@ -181,6 +302,10 @@ QByteArray nameIn(const Block& block) {
   const bool isPosix = bytesIn(block, magicField) == QByteArray("ustar\0", 6);
   const QByteArray prefix = isPosix ? textIn(block, prefixField) : QByteArray();
   return prefix.isEmpty() ? name : prefix + '/' + name;
+}
+
+QByteArray linkIn(const Block& block) {
+  return textIn(block, linkField);
 }
 
 std::optional<std::int64_t> sizeIn(const Block& block) {
@@ -192,25 +317,34 @@ std::int64_t modifiedIn(const Block& block) {
   return numberIn(block, timeField).value_or(0);
 }
 
-bool sparseHeaderGoesOn(const Block& block, bool isFirst) {
-  constexpr unsigned inFirst = 482;
-  constexpr unsigned inOthers = 504;
-  return block[isFirst ? inFirst : inOthers] != 0;
+bool readSparseBlock(const Block& block, bool isFirst, SparseMap& map) {
+  constexpr unsigned numberSize = 12;
+  constexpr Field realSize{483, numberSize};
+  const Field numbers = isFirst ? Field{386, 8 * numberSize} : Field{0, 42 * numberSize};
+  const unsigned end = numbers.offset + numbers.size;  // there it says whether more blocks follow
+  for (unsigned at = numbers.offset; at < end && block[at] != 0; at += numberSize) {
+    map.numbers.push_back(numberIn(block, {at, numberSize}).value_or(-1));
+  }
+  if (isFirst) {
+    map.size = numberIn(block, realSize).value_or(-1);
+  }
+  return block[end] != 0;
 }
 
 // Each record is "25 path=directory/name\n", the number being its own length.
-bool readRecords(const QByteArray& bytes, Record& record) {
+bool readRecords(const QByteArray& bytes, Record& record, std::uint64_t& left) {
   for (int start = 0; start < bytes.size();) {
     const int blank = bytes.indexOf(' ', start);
     bool ok = false;
     const int length = bytes.mid(start, std::min(blank - start, 10)).toInt(&ok);
     const int equals = bytes.indexOf('=', blank);
-    if (blank < 0 || !ok || length > bytes.size() - start || equals < 0 ||
+    if (left == 0 || blank < 0 || !ok || length > bytes.size() - start || equals < 0 ||
         equals >= start + length || bytes[start + length - 1] != '\n') {
       return false;
     }
     const QByteArray key = bytes.mid(blank + 1, equals - blank - 1);
-    if (!apply(key, bytes.mid(equals + 1, start + length - equals - 2), record)) {
+    --left;
+    if (!apply(key, bytes.mid(equals + 1, start + length - equals - 2), record, left)) {
       return false;
     }
     start += length;

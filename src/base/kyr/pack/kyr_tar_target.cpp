@@ -29,6 +29,7 @@ class MemoryTarget : public TarTarget {
   void compress(const unsigned char* bytes, unsigned count) override { run(bytes, count, false); }
   void complete() override {
     run(nullptr, 0, true);
+    _out->setSize(_out->size() - withheld());
     _out->trim();
   }
 
@@ -68,7 +69,9 @@ class StreamTarget : public TarTarget {
     run(nullptr, 0, true);
     settle();
     expect(_target->good());
-    Unfinished::clear(*_target);
+    if (withheld() == 0) {
+      Unfinished::clear(*_target);
+    }
   }
   virtual void settle() { _target->flush(); }
 
@@ -78,7 +81,9 @@ class StreamTarget : public TarTarget {
     do {
       _engine.setOutput(_piece.get(), pieceSize);
       step = _engine.run(finish);
-      send(pieceSize - _engine.outputLeft());
+      const unsigned produced = pieceSize - _engine.outputLeft();
+      // The last piece has a byte at least, and one that is missing is enough.
+      send(produced - (step == Step::Ended ? std::min(produced, withheld()) : 0));
     } while (step == Step::Progressed && _engine.outputLeft() == 0);
     expect(step != Step::Failed && (!finish || step == Step::Ended));
   }
@@ -172,6 +177,19 @@ void TarTarget::finish() {
   if (_closed) {
     throw std::bad_alloc();
   }
+  close();
+}
+
+void TarTarget::abandon() {
+  constexpr unsigned trailer = 8;  // of gzip: checksum and size
+  if (!_closed) {
+    send();
+    _withheld = trailer;
+    close();
+  }
+}
+
+void TarTarget::close() {
   send();
   _closed = true;
   complete();

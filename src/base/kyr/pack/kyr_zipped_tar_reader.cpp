@@ -1,15 +1,11 @@
 #include <kyr/pack/KyrZippedTar.h>
 
-#include <kyr/core/KyrException.h>
 #include <kyr/core/KyrProgError.h>
-#include <kyr/os/KyrOS.h>
 #include <kyr/pack/gzip_source_p.h>
-#include <kyr/pack/tar_files_p.h>
 #include <kyr/pack/tar_header_p.h>
 
-#include <QDir>
+#include <QHash>
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -25,10 +21,13 @@ constexpr const char* File = "kyr_zipped_tar_reader";
 class TarParser {
  public:
   TarParser(const StructVector<unsigned char>& data, const ZippedTarLimits& limits,
-            std::vector<ZippedTarReader::File>& files)
-      : _source(data, limits.totalSize), _entriesLeft(limits.entries), _files(files) {}
+            ZippedTarReader& reader)
+      : _source(data, limits.totalSize),
+        _entriesLeft(limits.entries),
+        _recordsLeft(limits.records),
+        _reader(reader) {}
 
-  /// \return whether the archive is good to its end
+  /// \return whether the archive is good to the mark of its end
   bool run() {
     while (nextHeader()) {
       if (!readEntry()) {
@@ -39,16 +38,16 @@ class TarParser {
   }
 
  private:
+  static constexpr std::uint64_t largestMetadata = 1U << 20U;
+
   /// \return false at the end of the archive, and at a fault, which clears _good
   bool nextHeader() {
     const std::size_t count = _source.read(_header.data(), _header.size());
-    if (count == 0) {
-      return false;  // an archive without a mark of its end is whole if its gzip file is
-    }
     if (count == _header.size() && Tar::isZero(_header)) {
       _source.drain();
       return false;
     }
+    // Also at the end of the gzip data: whoever leaves the mark out has not finished the archive.
     _good = count == _header.size() && _entriesLeft > 0 && Tar::checksumFits(_header);
     --_entriesLeft;
     return _good;
@@ -62,19 +61,32 @@ class TarParser {
     const auto count = static_cast<std::uint64_t>(*size);
     switch (Tar::kindOf(_header)) {
       case Tar::LongName:
-        return readMetadata(count, _name);
+        return readText(count, _name);
+      case Tar::LongLink:
+        return readText(count, _link);
       case Tar::Attributes:
         return readRecords(count);
       case Tar::File:
-        return (_record.isSparse ? skip(count) : readFile(count)) && forget();
+        return (_record.sparse.isThere ? readSparse(count) : readFile(count)) && forget();
       case Tar::SparseFile:
-        return skipSparseHeaders() && skip(count) && forget();
+        return readSparseHeaders() && readSparse(count) && forget();
+      case Tar::HardLink:
+        return copyEarlierFile() && forget();
+      case Tar::Directory:
+        _reader._directories.push_back(QString::fromUtf8(name()));
+        return forget();
       case Tar::Aside:
         return skip(count);
-      case Tar::WithContent:
+      case Tar::NoFile:
         return skip(count) && forget();
-      case Tar::WithoutContent:
-        return forget();
+      case Tar::SoftLink:
+        return lose("a link to " + QString::fromUtf8(link())) && forget();
+      case Tar::Device:
+        return lose("a device") && forget();
+      case Tar::Pipe:
+        return lose("a pipe") && forget();
+      case Tar::Unknown:
+        return skip(count) && lose(unknownType()) && forget();
     }
     return false;
   }
@@ -83,65 +95,158 @@ class TarParser {
     return _record.size ? _record.size : Tar::sizeIn(_header);
   }
 
+  QByteArray name() const {
+    return !_record.sparse.name.isEmpty() ? _record.sparse.name
+           : !_record.path.isEmpty()      ? _record.path
+           : !_name.isEmpty()             ? _name
+                                          : Tar::nameIn(_header);
+  }
+
+  QByteArray link() const {
+    return !_record.linkPath.isEmpty() ? _record.linkPath
+           : !_link.isEmpty()          ? _link
+                                       : Tar::linkIn(_header);
+  }
+
+  QString unknownType() const {
+    return QString("an entry of the unknown type %1")
+        .arg(static_cast<unsigned char>(Tar::typeOf(_header)));
+  }
+
+  bool lose(const QString& reason) {
+    _reader._losses.push_back({QString::fromUtf8(name()), reason});
+    return true;
+  }
+
+  bool addFile(std::vector<unsigned char>&& contents) {
+    const QString file = QString::fromUtf8(name());
+    _indices[file] = _reader._files.size();
+    _reader._files.push_back(
+        {file, std::move(contents), _record.modified.value_or(Tar::modifiedIn(_header))});
+    return true;
+  }
+
   bool readFile(std::uint64_t count) {
-    const QByteArray name = !_record.path.isEmpty() ? _record.path
-                            : !_name.isEmpty()      ? _name
-                                                    : Tar::nameIn(_header);
     std::vector<unsigned char> contents;
-    if (!readPadded(count, contents)) {
+    return readPadded(count, contents) && addFile(std::move(contents));
+  }
+
+  /// The link and its file count as two files, as they do when they are written.
+  bool copyEarlierFile() {
+    const QString earlier = QString::fromUtf8(link());
+    const auto found = _indices.constFind(earlier);
+    if (found == _indices.constEnd()) {
+      return lose(
+          QString("a further name of %1, which is no file in the archive before it").arg(earlier));
+    }
+    const std::vector<unsigned char>& original = _reader._files[*found].contents;
+    return _source.spend(original.size()) && addFile(std::vector<unsigned char>(original));
+  }
+
+  bool readSparseHeaders() {
+    Tar::SparseMap& map = _record.sparse;
+    bool goesOn = Tar::readSparseBlock(_header, true, map);
+    Tar::Block more{};
+    while (goesOn) {
+      if (_source.read(more.data(), more.size()) < more.size()) {
+        return false;
+      }
+      goesOn = Tar::readSparseBlock(more, false, map);
+    }
+    return true;
+  }
+
+  /// Reads the data of a sparse file to their places among zeros.
+  /// \param count of the bytes in the archive, which may begin with the map
+  bool readSparse(std::uint64_t count) {
+    Tar::SparseMap& map = _record.sparse;
+    if ((map.isInContent && !readMap(count)) || !Tar::fits(map, static_cast<std::int64_t>(count))) {
+      return skip(count) && lose("a sparse file of a kind that is not known here");
+    }
+    std::vector<unsigned char> contents;
+    const auto size = static_cast<std::uint64_t>(map.size);
+    if (!_source.spend(size - count) || !_source.canHold(count) || !setSize(contents, size)) {
       return false;
     }
-    _files.push_back({QString::fromUtf8(name), std::move(contents),
-                      _record.modified.value_or(Tar::modifiedIn(_header))});
-    return true;
+    for (std::size_t i = 0; i < map.numbers.size(); i += 2) {
+      const auto portion = static_cast<std::size_t>(map.numbers[i + 1]);
+      if (portion > 0 &&
+          _source.read(&contents[static_cast<std::size_t>(map.numbers[i])], portion) < portion) {
+        return false;
+      }
+    }
+    return _source.skip(paddingOf(count)) && addFile(std::move(contents));
+  }
+
+  /// Reads how many parts there are, and then where; in lines that fill whole blocks.
+  bool readMap(std::uint64_t& count) {
+    QByteArray text;
+    std::uint64_t lines = 0;
+    std::uint64_t wanted = 1;
+    while (lines < wanted) {
+      Tar::Block block{};
+      if (count < block.size() || text.size() > int{largestMetadata} ||
+          _source.read(block.data(), block.size()) < block.size()) {
+        return false;
+      }
+      count -= block.size();
+      for (auto byte = block.begin(); byte != block.end() && lines < wanted; ++byte) {
+        text += static_cast<char>(*byte);
+        if (*byte == '\n' && ++lines == 1) {
+          wanted += 2 * std::uint64_t{text.trimmed().toUInt()};
+        }
+      }
+    }
+    text.chop(1);
+    std::vector<std::int64_t>& numbers = _record.sparse.numbers;
+    numbers.clear();
+    const bool isRead = Tar::readNumbers(text, '\n', numbers, _recordsLeft);
+    numbers.erase(numbers.begin(), numbers.begin() + (isRead ? 1 : 0));
+    return isRead;
   }
 
   bool readRecords(std::uint64_t count) {
     QByteArray bytes;
-    return readMetadata(count, bytes) && Tar::readRecords(bytes, _record);
+    return readMetadata(count, bytes) && Tar::readRecords(bytes, _record, _recordsLeft);
+  }
+
+  /// Reads a text that a zero may end.
+  bool readText(std::uint64_t count, QByteArray& text) {
+    const bool isRead = readMetadata(count, text);
+    text.truncate(static_cast<int>(qstrnlen(text.constData(), static_cast<uint>(text.size()))));
+    return isRead;
   }
 
   bool readMetadata(std::uint64_t count, QByteArray& bytes) {
-    constexpr std::uint64_t largest = 1U << 20U;
     std::vector<unsigned char> contents;
-    if (count > largest || !readPadded(count, contents)) {
+    if (count > largestMetadata || !readPadded(count, contents)) {
       return false;
     }
     bytes = QByteArray(reinterpret_cast<const char*>(contents.data()), static_cast<int>(count));
-    if (Tar::kindOf(_header) == Tar::LongName) {
-      bytes.truncate(static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(count))));
-    }
     return true;
   }
 
   /// Reads a content and what fills its last block up.
   bool readPadded(std::uint64_t count, std::vector<unsigned char>& contents) {
-    if (!_source.canHold(count) || count > contents.max_size()) {
-      return false;
-    }
-    contents.resize(static_cast<std::size_t>(count));
-    return _source.read(contents.data(), contents.size()) == count &&
+    return _source.canHold(count) && setSize(contents, count) &&
+           _source.read(contents.data(), contents.size()) == count &&
            _source.skip(paddingOf(count));
+  }
+
+  static bool setSize(std::vector<unsigned char>& contents, std::uint64_t size) {
+    const bool isPossible = size <= contents.max_size();
+    contents.resize(isPossible ? static_cast<std::size_t>(size) : 0);
+    return isPossible;
   }
 
   bool skip(std::uint64_t count) {
     return _source.canHold(count) && _source.skip(count + paddingOf(count));
   }
 
-  bool skipSparseHeaders() {
-    bool goesOn = Tar::sparseHeaderGoesOn(_header, true);
-    while (goesOn) {
-      if (_source.read(_header.data(), _header.size()) < _header.size()) {
-        return false;
-      }
-      goesOn = Tar::sparseHeaderGoesOn(_header, false);
-    }
-    return true;
-  }
-
   /// What was said about an entry does not hold for the next one.
   bool forget() {
     _name.clear();
+    _link.clear();
     _record = {};
     return true;
   }
@@ -152,64 +257,20 @@ class TarParser {
 
   GzipSource _source;
   unsigned _entriesLeft;
-  std::vector<ZippedTarReader::File>& _files;
+  std::uint64_t _recordsLeft;
+  ZippedTarReader& _reader;
+  QHash<QString, std::size_t> _indices;  // of the files so far; of several of one name the last
   Tar::Block _header{};
   QByteArray _name;
+  QByteArray _link;
   Tar::Record _record;
   bool _good = true;
 };
 
-namespace {
-
-/// Parts that some system takes for the directory above: "..", but also ".. " and "...".
-bool leadsUp(const QString& part) {
-  return part.size() > 1 &&
-         std::all_of(part.begin(), part.end(), [](QChar c) { return c == '.' || c == ' '; });
-}
-
-/// Whether a name stays below the directory that it is put into, on every system.
-bool isHarmless(const QString& name) {
-  const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
-  const bool hasDrive = name.size() > 1 && name[0].isLetter() && name[1] == ':';
-  return !hasDrive && !parts.first().isEmpty() && !parts.last().isEmpty() && parts.last() != "." &&
-         !name.contains(QChar::Null) && std::none_of(parts.begin(), parts.end(), leadsUp);
-}
-
-/// Whether files here can have such a name; harmless ones that cannot are devices, for example.
-bool isPossible(const QString& name) {
-  const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
-  return std::all_of(parts.begin(), parts.end(), TarFiles::canBeName);
-}
-
-[[noreturn]] void refuse(const char* fault, const QString& what) {
-  throw Exception(QString("%1: %2").arg(fault, what));
-}
-
-/// Makes room for a file: whatever is no plain file there, a link that leads elsewhere included,
-/// must not be written to.
-void makeRoom(const QString& path) {
-  TarFiles::Facts facts;
-  OS::mkdir(path.left(path.lastIndexOf('/')));
-  if (TarFiles::examine(path, facts) && (facts.isLink || !facts.isFile)) {
-    OS::unlink(path);
-  }
-}
-
-bool writeFile(const QString& path, const std::vector<unsigned char>& contents) {
-  std::ofstream stream;
-  OS::openStdStream(stream, path, OS::OpenWrite, true);
-  stream.write(reinterpret_cast<const char*>(contents.data()),
-               static_cast<std::streamsize>(contents.size()));
-  stream.close();
-  return stream.good();
-}
-
-}  // namespace
-
 ZippedTarReader::ZippedTarReader(const StructVector<unsigned char>& data,
                                  const ZippedTarLimits& limits) {
   try {
-    _valid = TarParser(data, limits, _files).run();
+    _valid = TarParser(data, limits, *this).run();
   } catch (const std::bad_alloc&) {
     _valid = false;
   }
@@ -242,31 +303,6 @@ const std::vector<unsigned char>& ZippedTarReader::getContents(unsigned int inde
 
 std::int64_t ZippedTarReader::getModificationTime(unsigned int index) const {
   return at(index, "Kyr::ZippedTarReader::getModificationTime", site::GetModificationTime).modified;
-}
-
-void ZippedTarReader::extractTo(const QString& directory) const {
-  if (!isValid()) {
-    throw Exception("the archive is damaged or larger than allowed");
-  }
-  for (const File& file : _files) {
-    if (!isHarmless(file.name)) {
-      refuse("a name in the archive leads out of the directory", file.name);
-    }
-    if (!isPossible(file.name)) {
-      refuse("this system has no files of such a name", file.name);
-    }
-  }
-  if (!OS::mkdir(directory)) {
-    refuse("cannot make the directory", directory);
-  }
-  for (const File& file : _files) {
-    const QString path = directory + "/" + QDir::fromNativeSeparators(file.name);
-    makeRoom(path);
-    if (!writeFile(path, file.contents)) {
-      refuse("cannot write", path);
-    }
-    TarFiles::setModified(path, file.modified);
-  }
 }
 
 }  // namespace Kyr

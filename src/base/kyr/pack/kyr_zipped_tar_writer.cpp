@@ -3,6 +3,7 @@
 #include <kyr/core/KyrException.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
 #include <kyr/pack/tar_files_p.h>
 #include <kyr/pack/tar_header_p.h>
 #include <kyr/pack/tar_target_p.h>
@@ -10,7 +11,10 @@
 #include <QDir>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <ios>
+#include <new>
 
 namespace Kyr {
 
@@ -20,11 +24,38 @@ constexpr auto binaryInput = std::ios_base::in | std::ios_base::binary;
 
 /// Reads as much as there is, and fills the rest of the room with zeros.
 /// \return whether there was enough
-bool fill(std::ifstream& in, unsigned char* room, std::size_t count) {
-  in.read(reinterpret_cast<char*>(room), static_cast<std::streamsize>(count));
-  const auto got = static_cast<std::size_t>(in.gcount());
+bool fill(std::filebuf& in, unsigned char* room, std::size_t count) {
+  std::size_t got = 0;
+  try {
+    // Not by the stream, which keeps the lack of memory to itself.
+    const auto wanted = static_cast<std::streamsize>(count);
+    got = static_cast<std::size_t>(in.sgetn(reinterpret_cast<char*>(room), wanted));
+  } catch (const std::ios_base::failure&) {
+    got = 0;  // the library's way to say that reading failed
+  }
   std::memset(room + got, 0, count - got);
   return got == count;
+}
+
+/// To be asked for right after the failure.
+/// \throws std::bad_alloc for the lack of memory, which is no fault of a file
+QString reasonOfFailure() {
+  const Platform::SystemError error = Platform::lastError();
+  if (error.known == ENOMEM) {
+    throw std::bad_alloc();
+  }
+  return "cannot be read: " + Platform::inWords(error);
+}
+
+/// Why something is no file that could be added.
+QString reasonOf(const TarFiles::Facts& facts) {
+  if (facts.isBroken) {
+    return "a link that cannot be followed: " + Platform::inWords(Platform::lastError());
+  }
+  if (facts.isDirectory) {
+    return facts.isLink ? "a link to a directory, which is not followed" : "a directory";
+  }
+  return "neither a file nor a directory";
 }
 
 }  // namespace
@@ -41,20 +72,46 @@ ZippedTarWriter::ZippedTarWriter(std::ostream* target)
 
 ZippedTarWriter::~ZippedTarWriter() {
   try {
-    flush();
+    _hasEnd ? flush() : _target->abandon();
   } catch (...) {
     // Without its end the archive is visibly incomplete.
   }
 }
 
-bool ZippedTarWriter::addStream(std::ifstream& in, const QString& name, std::int64_t modified,
-                                std::int64_t size) {
+/// \return why the entry does not fit; empty when it was written
+QString ZippedTarWriter::writeHeader(const QString& name, std::int64_t modified,
+                                     std::int64_t size) {
+  const Tar::Entry entry{name.toUtf8(), modified, size};
+  if (name.contains(QChar::Null)) {
+    return "its name in the archive holds a zero";
+  }
+  if (_taking == TakeAll) {
+    if (name.isEmpty() || name.endsWith('/')) {
+      return "its name in the archive is that of a directory";
+    }
+    const QByteArray headers = Tar::makeHeaders(entry);
+    _target->write(reinterpret_cast<const unsigned char*>(headers.constData()),
+                   static_cast<std::size_t>(headers.size()));
+    return {};
+  }
   Tar::Block header;
-  if (name.contains(QChar::Null) || !Tar::makeHeader(header, name.toUtf8(), modified, size)) {
-    return false;
+  if (const char* const reason = Tar::makeHeader(header, entry)) {
+    return reason;
   }
   _target->write(header.data(), header.size());
-  return copyContent(in, size);
+  return {};
+}
+
+QString ZippedTarWriter::addStream(std::ifstream& in, const QString& name, std::int64_t modified,
+                                   std::int64_t size) {
+  const QString reason = writeHeader(name, modified, size);
+  if (!reason.isEmpty()) {
+    return reason;
+  }
+  return copyContent(in, size)
+             ? QString()
+             : "cannot be read to the size that it had: its end in the archive is "
+               "filled up with zeros";
 }
 
 /// Writes what the header has promised, whatever has become of the file.
@@ -63,7 +120,7 @@ bool ZippedTarWriter::copyContent(std::ifstream& in, std::int64_t size) {
   for (std::int64_t left = size; left > 0;) {
     const auto portion =
         static_cast<std::size_t>(std::min<std::int64_t>(left, std::int64_t(_target->roomSize())));
-    complete = fill(in, _target->room(), portion) && complete;
+    complete = fill(*in.rdbuf(), _target->room(), portion) && complete;
     _target->added(portion);
     left -= std::int64_t(portion);
   }
@@ -73,35 +130,50 @@ bool ZippedTarWriter::copyContent(std::ifstream& in, std::int64_t size) {
   return complete;
 }
 
+/// \return whether it was
+bool ZippedTarWriter::expectAdded(const QString& path, const QString& reason) {
+  if (reason.isEmpty()) {
+    return true;
+  }
+  _losses.push_back({path, reason});
+  if (_taking == RefuseUnfit) {
+    throw Exception(path);
+  }
+  return false;
+}
+
 void ZippedTarWriter::addFile(const QString& path, const QString& name) {
   TarFiles::Facts facts;
-  if (!TarFiles::examine(path, facts) || !addIfReadable(path, facts, name)) {
-    throw Exception(path);
+  const QString unexamined = TarFiles::examine(path, facts) ? QString() : reasonOfFailure();
+  if (expectAdded(path, unexamined)) {
+    expectAdded(path, addIfReadable(path, facts, name));
   }
 }
 
-/// \return false when it is no plain file, where opening a pipe would wait for its writer, or
-///         cannot be opened
-bool ZippedTarWriter::addIfReadable(const QString& path, const TarFiles::Facts& facts,
-                                    const QString& name) {
+/// \return why it cannot be opened; empty otherwise
+/// \throws as addFile() what comes afterwards
+QString ZippedTarWriter::addIfReadable(const QString& path, const TarFiles::Facts& facts,
+                                       const QString& name) {
+  if (!facts.isFile) {
+    return reasonOf(facts);  // to open a pipe would be to wait for its writer
+  }
   std::ifstream in;
   // Not by OS, which would look once more whether it is a directory.
-  if (!facts.isFile || !Platform::openBuffer(*in.rdbuf(), path, binaryInput, true)) {
-    return false;
+  if (!Platform::openBuffer(*in.rdbuf(), path, binaryInput, true)) {
+    return reasonOfFailure();
   }
-  if (!addStream(in, name, facts.modified, facts.size)) {
-    throw Exception(path);
+  if (expectAdded(path, addStream(in, name, facts.modified, facts.size))) {
+    ++_fileCount;
   }
-  ++_fileCount;
-  return true;
+  return {};
 }
 
 void ZippedTarWriter::addDirectory(const QString& dir, bool recursive, const QString& prefix) {
   QStringList entries;
-  if (!OS::readDirectory(dir, &entries)) {
-    throw Exception(dir);
+  const QString unread = OS::readDirectory(dir, &entries) ? QString() : reasonOfFailure();
+  if (expectAdded(dir, unread)) {
+    addEntries(TarFiles::absolute(dir), entries, recursive, prefix);
   }
-  addEntries(TarFiles::absolute(dir), entries, recursive, prefix);
 }
 
 void ZippedTarWriter::addEntries(const QString& dir, const QStringList& entries, bool recursive,
@@ -122,12 +194,20 @@ void ZippedTarWriter::addEntry(const QString& path, bool recursive, const QStrin
   }
   TarFiles::Facts facts;
   QStringList entries;
-  const bool isThere = TarFiles::examine(path, facts);
-  const bool isToBeListed = facts.isDirectory && recursive && !facts.isLink;
-  if (isToBeListed && OS::readDirectory(path, &entries)) {
+  QString unread;
+  if (!TarFiles::examine(path, facts)) {
+    unread = reasonOfFailure();
+  } else if (facts.isFile) {
+    unread = addIfReadable(path, facts, name);
+  } else if (facts.isDirectory && !facts.isLink) {
+    unread = !recursive || OS::readDirectory(path, &entries) ? QString() : reasonOfFailure();
     addEntries(path, entries, recursive, name);
-  } else if (!isThere || isToBeListed || (facts.isFile && !addIfReadable(path, facts, name))) {
+  } else if (_taking == TakeAll && (recursive || !facts.isDirectory)) {
+    _losses.push_back({path, reasonOf(facts)});
+  }
+  if (!unread.isEmpty()) {
     _unread.append(path);
+    _losses.push_back({path, unread});
   }
 }
 
@@ -135,6 +215,7 @@ void ZippedTarWriter::addEof() {
   constexpr Tar::Block zeros{};
   _target->write(zeros.data(), zeros.size());
   _target->write(zeros.data(), zeros.size());
+  _hasEnd = true;
 }
 
 void ZippedTarWriter::flush() {

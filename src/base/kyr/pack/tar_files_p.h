@@ -13,11 +13,13 @@ struct Facts {
   bool isFile = false;  ///< a plain one
   bool isDirectory = false;
   bool isLink = false;        ///< the name itself is one, wherever it leads
+  bool isBroken = false;      ///< a link that cannot be followed; the reason is lastError()
   std::int64_t size = 0;      ///< in bytes
   std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC
 };
 
-/// \return false when there is nothing of this name, not even a link that leads nowhere
+/// \return false when there is nothing of this name, not even a link that leads nowhere, or it
+///         cannot be examined; the reason is lastError()
 bool examine(const QString& name, Facts& facts);
 
 /// The name from the root on, by which it means the same from every current directory.

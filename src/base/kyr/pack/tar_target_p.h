@@ -34,9 +34,14 @@ class TarTarget {
   /// Finishes the compression, once. Afterwards, as after a failure, everything else throws
   /// std::bad_alloc.
   void finish();
+  /// Lets everything arrive that was written, but withholds the checksum at the end, without which
+  /// nobody takes the archive for whole. Does nothing after finish() or a failure.
+  void abandon();
 
  protected:
   TarTarget();
+  /// How many bytes of what compresses the end are not to arrive.
+  unsigned withheld() const { return _withheld; }
 
  private:
   static constexpr std::size_t bufferSize = 65536;
@@ -44,9 +49,11 @@ class TarTarget {
   virtual void compress(const unsigned char* bytes, unsigned count) = 0;
   virtual void complete() = 0;
   void send();
+  void close();
 
   std::unique_ptr<unsigned char[]> _buffer;
   std::size_t _filled = 0;
+  unsigned _withheld = 0;
   bool _closed = false;  // finished, or failed for good
   bool _finished = false;
 };

@@ -21,7 +21,8 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
     return false;
   }
   facts.isLink = S_ISLNK(found.st_mode);
-  if (facts.isLink && ::stat(path.c_str(), &found) != 0) {
+  facts.isBroken = facts.isLink && ::stat(path.c_str(), &found) != 0;
+  if (facts.isBroken) {
     return true;
   }
   facts.isFile = S_ISREG(found.st_mode);

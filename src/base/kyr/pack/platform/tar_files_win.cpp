@@ -72,7 +72,8 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   const File file(name, FILE_READ_ATTRIBUTES);
   BY_HANDLE_FILE_INFORMATION found{};
   if (!file.isOpen() || !::GetFileInformationByHandle(file.handle(), &found)) {
-    return true;
+    facts.isBroken = facts.isLink;
+    return facts.isBroken;
   }
   facts.isDirectory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   facts.isFile = !facts.isDirectory;

@@ -1,0 +1,181 @@
+#include <kyr/core/KyrException.h>
+#include <kyr/files/safe_file_p.h>
+#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_process_p.h>
+#include <kyr/os/os_reason_p.h>
+#include <kyr/pack/KyrZippedTar.h>
+#include <kyr/pack/tar_files_p.h>
+
+#include <QDir>
+#include <QHash>
+
+#include <algorithm>
+
+namespace Kyr {
+
+namespace {
+
+/// Parts that some system takes for the directory above: "..", but also ".. " and "...".
+bool leadsUp(const QString& part) {
+  return part.size() > 1 &&
+         std::all_of(part.begin(), part.end(), [](QChar c) { return c == '.' || c == ' '; });
+}
+
+/// Whether a name stays below the directory that it is put into, on every system.
+bool isHarmless(const QString& name) {
+  const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
+  const bool hasDrive = name.size() > 1 && name[0].isLetter() && name[1] == ':';
+  return !hasDrive && !parts.first().isEmpty() && !parts.last().isEmpty() && parts.last() != "." &&
+         !name.contains(QChar::Null) && std::none_of(parts.begin(), parts.end(), leadsUp);
+}
+
+/// Whether files here can have such a name; harmless ones that cannot are devices, for example.
+bool isPossible(const QString& name) {
+  const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
+  return std::all_of(parts.begin(), parts.end(), TarFiles::canBeName);
+}
+
+[[noreturn]] void refuse(const char* fault, const QString& what) {
+  throw Exception(QString("%1: %2").arg(fault, what));
+}
+
+/// Empty for the directory itself, as "./".
+QString directoryIn(QString name) {
+  while (name.endsWith('/') || name.endsWith("/.")) {
+    name.chop(1);
+  }
+  return name == "." ? QString() : name;
+}
+
+void expectName(const QString& name) {
+  if (!isHarmless(name)) {
+    refuse("a name in the archive leads out of the directory", name);
+  }
+  if (!isPossible(name)) {
+    refuse("this system has no files of such a name", name);
+  }
+}
+
+QString pathOf(const QString& directory, const QString& name) {
+  return directory + "/" + QDir::fromNativeSeparators(name);
+}
+
+void expectFree(const QString& path) {
+  TarFiles::Facts facts;
+  if (TarFiles::examine(path, facts)) {
+    refuse("something of this name is there already", path);
+  }
+}
+
+/// Refuses with the reason of the system.
+[[noreturn]] void refuseToWrite(const QString& path) {
+  const QString reason = Platform::inWords(Platform::lastError());
+  throw Exception(QString("cannot write, as %1: %2").arg(reason, path));
+}
+
+void makeDirectory(const QString& path) {
+  if (!OS::mkdir(path)) {
+    refuse("cannot make the directory", path);
+  }
+}
+
+bool isPlainFile(const QString& path) {
+  TarFiles::Facts facts;
+  return TarFiles::examine(path, facts) && facts.isFile && !facts.isLink;
+}
+
+/// A file under a name of its own, which goes with it unless the file was put in its place.
+class NewFile {
+ public:
+  explicit NewFile(const QString& path) : _path(path), _temporary(TemporaryFile::besideOf(path)) {}
+  ~NewFile() {
+    if (_isThere) {
+      _file.close();
+      Platform::removeFile(_temporary);
+    }
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  /// \param keepsPermissions whether it gets those of the plain file that has its place
+  bool write(const std::vector<unsigned char>& contents, bool keepsPermissions) {
+    const bool isMade = _file.create(_temporary, keepsPermissions ? _path : _temporary);
+    const auto* const bytes = reinterpret_cast<const char*>(contents.data());
+    _isThere = _file.isOpen();
+    return isMade && _file.write(bytes, contents.size()) && _file.close();
+  }
+
+  /// \return false when it is still under its own name
+  bool put(OS::Existing_t existing) {
+    const bool isPut =
+        existing == OS::KeepExisting ? Platform::renameToFree(_temporary, _path) : replace();
+    _isThere = !isPut;
+    return isPut;
+  }
+
+  const QString& temporary() const { return _temporary; }
+
+ private:
+  /// Links to directories are not replaced in one step everywhere.
+  bool replace() {
+    return Platform::renameOver(_temporary, _path) ||
+           (!isPlainFile(_path) && Platform::removeFile(_path) &&
+            Platform::renameOver(_temporary, _path));
+  }
+
+  QString _path;
+  QString _temporary;
+  Platform::OutputFile _file;
+  bool _isThere = false;
+};
+
+void writeFile(const QString& path, const std::vector<unsigned char>& contents,
+               std::int64_t modified, OS::Existing_t existing) {
+  NewFile file(path);
+  makeDirectory(path.left(path.lastIndexOf('/')));
+  if (!file.write(contents, existing == OS::ReplaceExisting && isPlainFile(path))) {
+    refuseToWrite(path);
+  }
+  TarFiles::setModified(file.temporary(), modified);
+  if (!file.put(existing)) {
+    refuseToWrite(path);
+  }
+}
+
+}  // namespace
+
+void ZippedTarReader::extractTo(const QString& directory) const {
+  extractTo(directory, OS::ReplaceExisting);
+}
+
+void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existing) const {
+  if (!isValid()) {
+    throw Exception("the archive is damaged or larger than allowed");
+  }
+  std::vector<QString> paths;
+  QHash<QString, std::size_t> last;  // of several files of one name the last counts
+  for (const File& file : _files) {
+    expectName(file.name);
+    paths.push_back(pathOf(directory, file.name));
+    last[QDir::cleanPath(paths.back())] = paths.size() - 1;
+  }
+  std::vector<QString> directories{directory};
+  for (const QString& name : _directories) {
+    if (const QString inside = directoryIn(name); !inside.isEmpty()) {
+      expectName(inside);
+      directories.push_back(pathOf(directory, inside));
+    }
+  }
+  if (existing == OS::KeepExisting) {
+    std::for_each(paths.begin(), paths.end(), expectFree);
+  }
+  std::for_each(directories.begin(), directories.end(), makeDirectory);
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    if (last[QDir::cleanPath(paths[i])] == i) {
+      writeFile(paths[i], _files[i].contents, _files[i].modified, existing);
+    }
+  }
+}
+
+}  // namespace Kyr
