@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -177,6 +178,32 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   }
   EXPECT_EQ(lost.mid(1).join("|"),
             "/missing cannot be read:| a directory|/f its name in|/missing cannot be read:");
+}
+
+TEST(ZippedTar, TellsTheLackOfMemory) {
+#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
+  GTEST_SKIP() << "sanitizers themselves end a process that is out of memory";
+#endif
+  const TempDir dir;
+  const QString path = dir.path();
+  const auto ended = KyrTest::inChild([&path] {
+    Bytes out;
+    ZippedTarWriter writer(&out);
+    writer.setTaking(ZippedTarWriter::TakeAll);
+    KyrTest::limitMemory(true);
+    try {
+      for (;;) {
+        Kyr::reallocateStorage(nullptr, 16384);
+      }
+    } catch (const std::bad_alloc&) {
+    }
+    try {
+      writer.addDirectory(path, true, "d");
+    } catch (const std::bad_alloc&) {
+      std::_Exit(3);
+    }
+  });
+  EXPECT_EQ(ended.code, 3) << "a directory that cannot be read for lack of memory is at fault";
 }
 
 TEST(ZippedTar, WritesSizesBeyondTheHeader) {

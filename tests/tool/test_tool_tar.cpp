@@ -43,11 +43,18 @@ TEST(ToolTar, PacksListsAndUnpacks) {
     const char* error;   // a part
     const char* fault;
   } rows[] = {
-      {"tar create a.tgz missing", 1, "", "missing: cannot be read", "a missing file"},
-      {"tar list a.tgz", 1, "", "a.tgz: no complete tar.gz", "the older one is gone by then"},
+      {"tar create a.tgz missing", 1, "", "missing: cannot be read: there is no", "a missing file"},
+      {"tar create new.tgz missing --force", 1, "", "nothing is left", "an archive of nothing"},
+      {"tar list new.tgz", 1, "", "new.tgz: no such file", "an archive of nothing"},
       {"tar create no/a.tgz empty", 1, "", "no/a.tgz: there is no such file", "nowhere to write"},
       {"tar create a.tgz ./tree/ ../empty", 1, "", "empty: cannot be read", "a file elsewhere"},
       {"tar create a.tgz . tree/../empty", 0, "", "", "a tree that holds the archive"},
+      {"tar create b.tgz tree no", 1, "", "no: cannot be read", "a missing file among others"},
+      {"tar create b.tgz empty no", 1, "", "b.tgz: stays as it was", "an older archive"},
+      {"tar list b.tgz", 0, "tree/a\n", "", "the older archive"},
+      {"tar create b.tgz empty no --force", 1, "", "no: cannot be read", "one to be replaced"},
+      {"tar list b.tgz", 0, "Z  empty\n", "", "the newer archive"},
+      {"tar create - no", 1, "", "no: cannot be read", "a failure to standard output"},
       {"tar list a.tgz", 0, "         5  20", "", "sizes and times"},
       {"tar list a.tgz", 0, "Z  ./tree/a\n", "", "names"},
       {"tar list a.tgz", 0, "Z  ./tree/sub/\xc3\xa4\n", "", "letters"},
@@ -56,6 +63,9 @@ TEST(ToolTar, PacksListsAndUnpacks) {
       {"tar list garbage", 1, "", "garbage: no complete tar.gz", "no archive"},
       {"tar extract garbage out", 1, "", "garbage: no complete tar.gz", "no archive"},
       {"tar extract a.tgz out", 0, "", "", "a directory of its own"},
+      {"tar extract a.tgz out", 1, "", "something of this name is there already: out/",
+       "older files"},
+      {"tar extract a.tgz out --force", 0, "", "", "files to be replaced"},
       {"tar extract a.tgz empty", 1, "", "cannot make the directory: empty", "a file in the way"},
       {"tar", 2, "", "tar needs one of list, create, extract", "half a command"},
   };

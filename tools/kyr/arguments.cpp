@@ -4,11 +4,12 @@
 
 namespace KyrTool {
 
-Arguments::Arguments(const QStringList& words, const QStringList& options, int fewest, int most) {
+Arguments::Arguments(const QStringList& words, const QStringList& options, const QStringList& flags,
+                     int fewest, int most) {
   QStringList rest = words;
   while (!rest.isEmpty() && rest.first() != "--") {
     if (rest.first().startsWith("--")) {
-      takeOption(rest, options);
+      takeOption(rest, options, flags);
     } else {
       _plain += rest.takeFirst();
     }
@@ -22,9 +23,13 @@ Arguments::Arguments(const QStringList& words, const QStringList& options, int f
   }
 }
 
-void Arguments::takeOption(QStringList& words, const QStringList& known) {
+void Arguments::takeOption(QStringList& words, const QStringList& known, const QStringList& flags) {
   const QString word = words.takeFirst();
   const QString name = word.mid(2);
+  if (flags.contains(name)) {
+    _options[name] = QString();
+    return;
+  }
   if (!known.contains(name)) {
     throw UsageError{QString("unknown option \"%1\"").arg(word)};
   }

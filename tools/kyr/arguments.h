@@ -28,13 +28,16 @@ struct FileError {
 /// The words after a command's name.
 ///
 /// An option is a word that begins with "--", followed by its value; so "-" and "-40" are plain
-/// arguments. After the word "--" everything is a plain argument.
+/// arguments. A flag is an option without value. After the word "--" everything is a plain
+/// argument.
 class Arguments {
  public:
   /// \param options names of the known options, without "--"
+  /// \param flags names of the known flags, without "--"
   /// \throws UsageError for unknown options, options without value, and fewer or more plain
   ///         arguments than expected
-  Arguments(const QStringList& words, const QStringList& options, int fewest, int most);
+  Arguments(const QStringList& words, const QStringList& options, const QStringList& flags,
+            int fewest, int most);
 
   int count() const { return _plain.size(); }
   const QString& operator[](int index) const { return _plain[index]; }
@@ -46,7 +49,7 @@ class Arguments {
   unsigned number(const QString& name, unsigned lowest, unsigned highest, unsigned otherwise) const;
 
  private:
-  void takeOption(QStringList& words, const QStringList& known);
+  void takeOption(QStringList& words, const QStringList& known, const QStringList& flags);
 
   QStringList _plain;
   QMap<QString, QString> _options;

@@ -29,6 +29,7 @@ struct Command {
   int most;
   QStringList options;
   int (*run)(const Arguments&);
+  QStringList flags = {};
 };
 
 const Command commands[] = {
@@ -52,19 +53,21 @@ const Command commands[] = {
      zipPack},
     {"tar list", "FILE [--limit MIB]", "lists the files of a tar.gz", 1, 1, {"limit"}, tarList},
     {"tar create",
-     "OUTPUT PATH...",
-     "makes a tar.gz of files and directories",
+     "OUTPUT PATH... [--force]",
+     "makes a tar.gz of files and directories; keeps an older one if files are missing",
      2,
      10000,
      {},
-     tarCreate},
+     tarCreate,
+     {"force"}},
     {"tar extract",
-     "FILE [DIRECTORY] [--limit MIB]",
-     "unpacks a tar.gz, of at most 512 MiB unless told",
+     "FILE [DIRECTORY] [--limit MIB] [--force]",
+     "unpacks a tar.gz, of at most 512 MiB unless told, and replaces no files",
      1,
      2,
      {"limit"},
-     tarExtract},
+     tarExtract,
+     {"force"}},
     {"base64 encode", "FILE", "writes a file as Base64, in one line", 1, 1, {}, base64Encode},
     {"base64 decode",
      "FILE",
@@ -119,7 +122,8 @@ int complain(const QString& fault, const QString& usage) {
 
 int run(const Command& command, const QStringList& words) {
   try {
-    return command.run(Arguments(words, command.options, command.fewest, command.most));
+    return command.run(
+        Arguments(words, command.options, command.flags, command.fewest, command.most));
   } catch (const UsageError& error) {
     return complain(error.fault, usageOf(command));
   } catch (const FileError& error) {

@@ -11,6 +11,8 @@
 #include <QDir>
 
 #include <iostream>
+#include <new>
+#include <vector>
 
 namespace KyrTool {
 
@@ -73,38 +75,66 @@ void add(Kyr::ZippedTarWriter& writer, const QString& path) {
   }
 }
 
-void addAll(Kyr::ZippedTarWriter& writer, const Arguments& arguments) {
-  for (int i = 1; i < arguments.count(); ++i) {
-    add(writer, arguments[i]);
+/// What an archive is without, on standard error.
+void report(const std::vector<Kyr::ZippedTarLoss>& losses) {
+  for (const Kyr::ZippedTarLoss& loss : losses) {
+    printError(loss.name + ": " + loss.reason);
   }
-  writer.addEof();
-  writer.flush();
 }
 
+/// Writes an archive of whatever can be read, and names the rest.
 /// \param output takes the archive; whoever looks after it reports its failures
-/// \return what of the directories could not be read
-QStringList create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
+/// \return whether nothing is missing
+/// \throws FileError when there is no memory, or nothing for the archive
+bool create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
   Kyr::ZippedTarWriter writer(&output);
+  writer.setTaking(Kyr::ZippedTarWriter::TakeAll);
   for (const QString& name : leftOut) {
     writer.leaveOut(name);
   }
-  try {
-    addAll(writer, arguments);
-  } catch (const Kyr::Exception& error) {
-    if (output) {
-      throw FileError{QString("%1: cannot be read, or does not fit: names have at most 99 "
-                              "bytes, files less than 8 GiB, times are from 1970 on")
-                          .arg(printable(error.getText()))};
-    }
+  for (int i = 1; i < arguments.count(); ++i) {
+    add(writer, arguments[i]);
   }
-  return writer.getUnread();
+  report(writer.getLosses());
+  if (writer.getFileCount() == 0 && !writer.getLosses().empty()) {
+    throw FileError{QString("%1: not written, as nothing is left for it").arg(arguments[0])};
+  }
+  writer.addEof();
+  writer.flush();
+  return writer.getLosses().empty();
 }
 
-int reportUnread(const QStringList& unread) {
-  for (const QString& path : unread) {
-    printError(path + ": cannot be read; the archive is without it");
+/// \return as create(); true when the output has failed, which is reported later
+bool tryToCreate(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
+  try {
+    return create(arguments, output, leftOut);
+  } catch (const std::bad_alloc&) {
+    if (output) {
+      throw FileError{QString("%1: there is not enough memory").arg(arguments[0])};
+    }
+  } catch (const Kyr::Exception& error) {
+    if (output) {
+      throw FileError{printable(error.getText())};
+    }
   }
-  return unread.isEmpty() ? Fine : FileAtFault;
+  return true;
+}
+
+int createFile(const Arguments& arguments) {
+  Kyr::OS::FileStatus older;
+  const bool isThere = Kyr::OS::stat(arguments[0], &older) && older.size > 0;
+  Target target(arguments[0]);
+  const bool isFile = !target.temporaryName().isEmpty();
+  const bool isWhole =
+      tryToCreate(arguments, target.stream(),
+                  isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
+  if (!isWhole && isThere && !arguments.has("force")) {
+    throw FileError{QString("%1: stays as it was, as the new archive misses what is named above; "
+                            "--force replaces it")
+                        .arg(arguments[0])};
+  }
+  target.complete();
+  return isWhole ? Fine : FileAtFault;
 }
 
 }  // namespace
@@ -114,23 +144,19 @@ int tarList(const Arguments& arguments) {
   for (unsigned i = 0; i < reader.size(); ++i) {
     showFile(reader, i);
   }
+  report(reader.getLosses());
   if (!reader.isValid()) {
     throw damaged(arguments[0]);
   }
-  return Fine;
+  return reader.getLosses().empty() ? Fine : FileAtFault;
 }
 
 int tarCreate(const Arguments& arguments) {
-  if (arguments[0] == "-") {
-    return reportUnread(create(arguments, std::cout, {}));  // its own failure is standard output's
+  if (arguments[0] != "-") {
+    return createFile(arguments);
   }
-  Target target(arguments[0]);
-  const bool isFile = !target.temporaryName().isEmpty();
-  const QStringList unread =
-      create(arguments, target.stream(),
-             isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
-  target.complete();
-  return reportUnread(unread);
+  // Its own failure is standard output's.
+  return tryToCreate(arguments, std::cout, {}) ? Fine : FileAtFault;
 }
 
 int tarExtract(const Arguments& arguments) {
@@ -138,12 +164,15 @@ int tarExtract(const Arguments& arguments) {
   if (!reader.isValid()) {
     throw damaged(arguments[0]);
   }
+  const bool replaces = arguments.has("force");
   try {
-    reader.extractTo(arguments.count() > 1 ? arguments[1] : QString("."));
+    reader.extractTo(arguments.count() > 1 ? arguments[1] : QString("."),
+                     replaces ? Kyr::OS::ReplaceExisting : Kyr::OS::KeepExisting);
   } catch (const Kyr::Exception& error) {
     throw FileError{printable(error.getText())};
   }
-  return Fine;
+  report(reader.getLosses());
+  return reader.getLosses().empty() ? Fine : FileAtFault;
 }
 
 }  // namespace KyrTool

@@ -32,8 +32,10 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   return true;
 }
 
+// A directory that the system does not tell must not become the root.
 QString TarFiles::absolute(const QString& name) {
-  return QDir::isAbsolutePath(name) ? name : OS::getCurrentDirectory() + "/" + name;
+  const QString current = QDir::isAbsolutePath(name) ? QString() : OS::getCurrentDirectory();
+  return current.isEmpty() ? name : current + "/" + name;
 }
 
 bool TarFiles::canBeName(const QString& /*part*/) {
