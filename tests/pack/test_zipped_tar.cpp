@@ -168,8 +168,9 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   writer.addDirectory(missing, true, "bad");
   writer.addEof();
   writer.flush();
-  EXPECT_EQ(read(out),
-            kana + "=1|" + cyrillic + "=1|" + deep + "=1|" + QString(5000, 'x') + "=1|early=2");
+  const QString expected =
+      kana + "=1|" + cyrillic + "=1|" + deep + "=1|" + QString(5000, 'x') + "=1|early=2";
+  ASSERT_EQ(read(out).toStdString(), expected.toStdString());
   EXPECT_EQ(ZippedTarReader(out).getModificationTime(4), -5);
   EXPECT_EQ(writer.getFileCount(), 5U);
   QStringList lost;
@@ -450,8 +451,7 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
     huge.append(behind.data(), behind.size());
     EXPECT_EQ(read(huge, {1ULL << 40U, 2}), "!");
   }
-  const QByteArray hole =
-      record("GNU.sparse.size=4000000000000000000") + record("GNU.sparse.map=0,1");
+  const QByteArray map = record("GNU.sparse.map=0,1");
   const QByteArray link = entry("x", 'x', record("linkpath=a")) + entry("h", '1', "");
   const struct {
     QByteArray tar;
@@ -462,9 +462,12 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
       {entry("x", 'x', record("path=a").repeated(4)), {9999, 9, 4}, "a=1", "as many as allowed"},
       {entry("x", 'x', record("path=a").repeated(5)), {9999, 9, 4}, "!", "many records"},
       {entry("x", 'x', record("GNU.sparse.map=1,1,2,1")), {9999, 9, 4}, "!", "long maps"},
-      {entry("x", 'x', hole), {9999, 9, 9}, "!", "a file of holes only"},
-      {entry("x", 'x', hole), {~0ULL, 9, 9}, "!", "more than any memory holds"},
-      {entry("a", '0', QByteArray(600, 'a')) + link, {4000, 9, 9}, "!", "copies"},
+      {entry("x", 'x', map + record("GNU.sparse.size=10000")), {9999, 9, 9}, "!", "holes"},
+      {entry("x", 'x', map + record("GNU.sparse.size=4000000000000000000")),
+       {~0ULL, 9, 9},
+       "!",
+       "more than any memory holds"},
+      {entry("a", '0', QByteArray(600, 'a')) + link, {5400, 9, 9}, "!", "copies"},
   };
   for (const auto& row : bombs) {
     const QString files = read(zip(row.tar + entry("a", '0', "1") + mark), row.limits);
