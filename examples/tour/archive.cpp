@@ -61,18 +61,12 @@ struct Entry {
   QString name;
 };
 
-/// Headers of archives have no room for the longest names that files can have.
-QString shortened(const QString& name, const char* otherwise) {
-  constexpr int longest = 80;  // bytes
-  return name.toUtf8().size() <= longest ? name : QString(otherwise);
-}
-
 std::vector<Entry> entriesOf(const Options& options, const QString& logFile) {
   const QFileInfo scan(options.scan);
-  const QString base = shortened(scan.completeBaseName(), "scan");
+  const QString base = scan.completeBaseName();
   std::vector<Entry> entries;
   if (scan.isFile()) {
-    entries.push_back({options.scan, "input/" + shortened(scan.fileName(), "scan.obj")});
+    entries.push_back({options.scan, "input/" + scan.fileName()});
   }
   entries.push_back({options.project(), base + ".kyr"});
   entries.push_back({logFile, base + ".log"});
@@ -83,8 +77,12 @@ void write(std::ostream& file, const std::vector<Entry>& entries) {
   UntilAborted buffer(file.rdbuf());
   std::ostream stream(&buffer);
   Kyr::ZippedTarWriter writer(&stream);
+  writer.setTaking(Kyr::ZippedTarWriter::TakeAll);  // scans have names in any letters
   for (const Entry& entry : entries) {
     writer.addFile(entry.path, entry.name);
+  }
+  if (!writer.getLosses().empty()) {
+    throw Kyr::Exception(writer.getLosses().front().name);
   }
   writer.addEof();
   writer.flush();
