@@ -25,6 +25,7 @@ void prepareStandardStreams() {
   plug(STDOUT_FILENO, O_RDONLY);
   plug(STDERR_FILENO, O_RDONLY);
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);  // output may go to a file that may not grow
 }
 
 std::ptrdiff_t writeToOutput(const char* bytes, std::size_t count) {

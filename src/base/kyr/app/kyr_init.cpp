@@ -8,6 +8,7 @@
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrThreadPool.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_file_p.h>
 #include <kyr/text/KyrParse.h>
 #include <kyr/units/KyrUnit.h>
 
@@ -98,6 +99,7 @@ void applyNumberOfCPUs() {
 
 void KyrInit::InitLibrary(Application_t app, QStringList& arguments) {
   Start::setSmallBlockThreshold();
+  Platform::surviveFileLimit();
   openStandardStreams();
   unbufferStandardStreams();
   Crash::install();

@@ -1,7 +1,8 @@
 #include <kyr/log/KyrSyncErrorLog.h>
 #include <kyr/log/log_output_p.h>
 
-#include <kyr/os/KyrOS.h>
+#include <kyr/os/os_file_p.h>
+#include <kyr/os/os_reason_p.h>
 #include <kyr/sync/site_lock_p.h>
 
 namespace Kyr {
@@ -16,12 +17,9 @@ constexpr const char* File = "kyr_sync_error_log";
 namespace {
 
 void appendToFile(const QString& fileName, const QString& message) {
-  std::ofstream file;
-  OS::openStdStream(file, fileName, OS::OpenAppend, true);
-  if (file.good() || file.rdstate() == std::ios_base::eofbit) {
-    const QByteArray bytes = message.toLocal8Bit();
-    file.write(bytes.constData(), bytes.size());
-    file.close();
+  const QByteArray bytes = message.toLocal8Bit();
+  if (Platform::isName(fileName)) {
+    Platform::appendToFile(fileName, bytes.constData(), static_cast<std::size_t>(bytes.size()));
   }
 }
 

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -30,5 +32,19 @@ bool openBuffer(std::filebuf& buffer, const QString& name, std::ios_base::openmo
 /// \param mode as for fopen()
 /// \return null on failure
 FILE* openFile(const QString& name, const char* mode);
+
+/// Writes all of it to an open file of the system.
+/// \return false with the reason in lastError(); also when the system takes nothing and calls that
+///         no failure
+bool writeAll(std::intptr_t file, const char* bytes, std::size_t count) noexcept;
+
+/// Writes to the end of a file, which is created when missing. Several processes may do so at once.
+/// \return false when not all of it was written
+bool appendToFile(const QString& name, const char* bytes, std::size_t count);
+
+/// Makes a write that exceeds the largest size of files that the process may have fail, where it
+/// would end the process. Whatever the application has set itself for that case stays. The library
+/// calls it before it opens files for writing; further calls do nothing.
+void surviveFileLimit() noexcept;
 
 }  // namespace Kyr::Platform

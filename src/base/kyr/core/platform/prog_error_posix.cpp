@@ -12,18 +12,20 @@ namespace {
 
 thread_local bool insideHook = false;
 
-/// A reader of standard error that has gone away must not replace the coming fault by SIGPIPE.
-void holdBackBrokenPipe() noexcept {
+/// A reader of standard error that has gone away, or a file that may not grow, must not replace the
+/// coming fault by a signal.
+void holdBackSignals() noexcept {
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGPIPE);
+  sigaddset(&signals, SIGXFSZ);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
 }  // namespace
 
 void Fatal::writeToStandardError(const char* bytes, std::size_t length) noexcept {
-  holdBackBrokenPipe();
+  holdBackSignals();
   const int descriptor = fileno(stderr);
   while (length > 0) {
     const ssize_t written = ::write(descriptor, bytes, length);

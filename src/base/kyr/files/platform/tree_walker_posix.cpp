@@ -1,11 +1,11 @@
 #include <kyr/files/tree_walker_p.h>
 
+#include <kyr/os/os_directory_posix_p.h>
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
 #include <cerrno>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -49,11 +49,6 @@ bool findPlace(int directory, Place& place) {
       isMountKnown ? found.stx_mnt_id : makedev(found.stx_dev_major, found.stx_dev_minor);
   place.number = found.stx_ino;
   return true;
-}
-
-bool isEntry(const char* name) {
-  const std::string text = name;
-  return text != "." && text != "..";
 }
 
 }  // namespace
@@ -102,23 +97,14 @@ TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
 }
 
 bool TreeWalker::list(std::vector<NativeName>& names) const {
-  std::intptr_t copy = ::openat(descriptor(_levels.back().handle), ".", toEnter);
-  DIR* const directory = copy == closed ? nullptr : ::fdopendir(descriptor(copy));
-  if (!directory) {
-    close(copy);
+  EntryReader reader(::openat(descriptor(_levels.back().handle), ".", toEnter));
+  if (!reader.isOpen()) {
     return false;
   }
-  errno = 0;
-  while (const dirent* const entry = ::readdir(directory)) {
-    if (isEntry(entry->d_name)) {
-      names.emplace_back(entry->d_name);
-    }
-    errno = 0;
+  while (const char* const entry = reader.next()) {
+    names.emplace_back(entry);
   }
-  const bool complete = errno == 0;
-  const KeepLastError keep;
-  ::closedir(directory);
-  return complete;
+  return reader.isComplete();
 }
 
 bool TreeWalker::removeOther(const NativeName& name) const {

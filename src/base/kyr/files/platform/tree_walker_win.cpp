@@ -1,5 +1,6 @@
 #include <kyr/files/tree_walker_p.h>
 
+#include <kyr/os/os_directory_win_p.h>
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
@@ -79,19 +80,16 @@ TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
 
 bool TreeWalker::list(std::vector<NativeName>& names) const {
   WIN32_FIND_DATAW found{};
-  const HANDLE search = ::FindFirstFileW(pathOf(L"*").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
+  const Search search(::FindFirstFileW(pathOf(L"*").c_str(), &found));
+  if (!search.isOpen()) {
     return ::GetLastError() == ERROR_FILE_NOT_FOUND;  // the root of an empty drive
   }
   do {
     if (isEntry(found.cFileName)) {
       names.emplace_back(found.cFileName);
     }
-  } while (::FindNextFileW(search, &found));
-  const bool complete = ::GetLastError() == ERROR_NO_MORE_FILES;
-  const KeepLastError keep;
-  ::FindClose(search);
-  return complete;
+  } while (::FindNextFileW(search.handle(), &found));
+  return ::GetLastError() == ERROR_NO_MORE_FILES;
 }
 
 // Files that must not be written can be removed, as on other systems.

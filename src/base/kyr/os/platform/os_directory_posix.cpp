@@ -1,9 +1,10 @@
 #include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_directory_posix_p.h>
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
 #include <cerrno>
-#include <memory>
+#include <cstring>
 #include <string>
 
 #include <dirent.h>
@@ -86,22 +87,49 @@ bool Platform::makeDirectory(const QString& name, bool ownerOnly) {
   return ::mkdir(native(name).c_str(), ownerOnly ? 0700 : 0777) == 0;
 }
 
-// Not by the C++ library, whose iterator ends the process when it has no memory for a name.
+Platform::EntryReader::EntryReader(const std::string& directory)
+    : _directory(::opendir(directory.c_str())) {}
+
+Platform::EntryReader::EntryReader(int directory)
+    : _directory(directory < 0 ? nullptr : ::fdopendir(directory)) {
+  if (!isOpen() && directory >= 0) {
+    const KeepLastError keep;
+    ::close(directory);
+  }
+}
+
+Platform::EntryReader::~EntryReader() {
+  if (isOpen()) {
+    const KeepLastError keep;
+    ::closedir(static_cast<DIR*>(_directory));
+  }
+}
+
+const char* Platform::EntryReader::next() {
+  errno = 0;
+  DIR* const directory = static_cast<DIR*>(_directory);
+  const dirent* entry = ::readdir(directory);
+  while (entry && (std::strcmp(entry->d_name, ".") == 0 || std::strcmp(entry->d_name, "..") == 0)) {
+    entry = ::readdir(directory);
+  }
+  _isComplete = !entry && errno == 0;
+  return entry ? entry->d_name : nullptr;
+}
+
 bool Platform::readEntries(const QString& name, QStringList& entries) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(native(name).c_str()), &::closedir);
-  if (!directory) {
+  EntryReader reader(native(name));
+  if (!reader.isOpen()) {
     return false;
   }
-  errno = 0;
-  while (const dirent* const entry = ::readdir(directory.get())) {
-    entries.append(nameOf(entry->d_name));
-    errno = 0;
+  while (const char* const entry = reader.next()) {
+    entries.append(nameOf(entry));
   }
-  return errno == 0;
+  return reader.isComplete();
 }
 
 // The name is taken first: a copy that fails must not remove what somebody else has put there.
 bool Platform::copyFile(const QString& from, const QString& to) {
+  surviveFileLimit();
   const std::string target = native(to);
   const int taken = ::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   if (taken < 0) {

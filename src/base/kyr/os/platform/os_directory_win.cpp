@@ -1,4 +1,5 @@
 #include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_directory_win_p.h>
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
@@ -14,6 +15,7 @@ namespace Kyr {
 namespace {
 
 using Platform::nativePath;
+using Platform::Search;
 
 struct Translation {
   DWORD native;
@@ -107,13 +109,9 @@ bool isLink(const QString& name, DWORD attributes) {
     return false;
   }
   WIN32_FIND_DATAW found{};
-  const HANDLE search = ::FindFirstFileW(nativePath(name).c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
-    return false;
-  }
-  ::FindClose(search);
-  return found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
-         found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
+  const Search search(::FindFirstFileW(nativePath(name).c_str(), &found));
+  return search.isOpen() && (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
+                             found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
 }
 
 }  // namespace
@@ -160,19 +158,27 @@ bool Platform::makeDirectory(const QString& name, bool /*ownerOnly*/) {
   return ::CreateDirectoryW(nativePath(name).c_str(), nullptr) != 0;
 }
 
+Platform::Search::~Search() {
+  if (isOpen()) {
+    const KeepLastError keep;
+    ::FindClose(_handle);
+  }
+}
+
+bool Platform::Search::isOpen() const {
+  return _handle != INVALID_HANDLE_VALUE;
+}
+
 bool Platform::readEntries(const QString& name, QStringList& entries) {
   WIN32_FIND_DATAW found{};
-  const HANDLE search = ::FindFirstFileW(nativePath(name + "/*").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
+  const Search search(::FindFirstFileW(nativePath(name + "/*").c_str(), &found));
+  if (!search.isOpen()) {
     return ::GetLastError() == ERROR_FILE_NOT_FOUND;  // the root of an empty drive
   }
   do {
     entries.append(QString::fromWCharArray(found.cFileName));
-  } while (::FindNextFileW(search, &found));
-  const bool complete = ::GetLastError() == ERROR_NO_MORE_FILES;
-  const KeepLastError keep;
-  ::FindClose(search);
-  return complete;
+  } while (::FindNextFileW(search.handle(), &found));
+  return ::GetLastError() == ERROR_NO_MORE_FILES;
 }
 
 // The name is taken first: a copy that fails must not remove what somebody else has put there.

@@ -4,6 +4,7 @@
 
 #include <ext/stdio_filebuf.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -125,5 +126,37 @@ FILE* Platform::openFile(const QString& name, const char* mode) {
   }
   return file;
 }
+
+bool Platform::writeAll(std::intptr_t file, const char* bytes, std::size_t count) noexcept {
+  while (count > 0) {
+    const auto portion = static_cast<DWORD>(std::min<std::size_t>(count, 1U << 20U));
+    DWORD written = 0;
+    if (!::WriteFile(reinterpret_cast<HANDLE>(file), bytes, portion, &written, nullptr)) {
+      return false;
+    }
+    if (written == 0) {
+      ::SetLastError(ERROR_WRITE_FAULT);
+      return false;
+    }
+    bytes += written;
+    count -= written;
+  }
+  return true;
+}
+
+bool Platform::appendToFile(const QString& name, const char* bytes, std::size_t count) {
+  const Access access = accessFor(std::ios_base::out | std::ios_base::app);
+  const HANDLE handle =
+      ::CreateFileW(nativePath(name).c_str(), access.rights, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, access.creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  const bool written = writeAll(reinterpret_cast<std::intptr_t>(handle), bytes, count);
+  return ::CloseHandle(handle) != 0 && written;
+}
+
+// Nothing here ends a process that writes too much.
+void Platform::surviveFileLimit() noexcept {}
 
 }  // namespace Kyr
