@@ -66,6 +66,13 @@ TEST(Locking, JudgesTheLockFile) {
   ended.end();
   const QByteArray own = QByteArray::number(Kyr::OS::getPID());
   const QByteArray null;
+  const LockingManager manager;
+  const QString path = dir.file(QString::fromUtf8("sc\xc3\xa4n.dat"));
+  const QString name = manager.getLockFileName(path);
+  ExclusiveLock held(path);
+  ASSERT_TRUE(held.tryLock());
+  const QByteArray rest = readFile(name).mid(own.size());  // all that tells of this machine
+  held.unlock();
   constexpr auto none = LockingManager::NotLocked;
   constexpr auto here = LockingManager::LockedHere;
   constexpr auto there = LockingManager::LockedElsewhere;
@@ -83,8 +90,14 @@ TEST(Locking, JudgesTheLockFile) {
       {live + "\n", there, false, true, true, false, "takes a lock away"},
       {dead + "\n", none, true, true, false, true, "bows to the dead"},
       {live + "\nstart x\n", there, false, true, true, true, "a number is used again"},
-      {dead + "\nhost x\n", none, true, true, false, false, "judges another host"},
-      {dead + "\nspace x\n", none, true, true, false, false, "judges another container"},
+      {live + "\nstart 5@\n", there, false, true, true, false, "half a start tells two apart"},
+      {dead + "\nhost x\n", there, false, true, true, false, "judges another host"},
+      {own + "\nhost x\n", there, false, true, true, false, "is at home on another host"},
+      {dead + "\nspace x\n", there, false, true, true, false, "judges another container"},
+      {dead + "\nmachine x\n", there, false, true, true, false, "two machines of one name"},
+      {dead + "\nkept yes\n", there, false, true, true, false, "judges an unknown machine"},
+      {dead + rest, none, true, true, false, true, "the system keeps a file locked for the dead"},
+      {live + rest, there, false, true, true, true, "lives on in one that has its number"},
       {"text", none, true, false, false, true, "text is a number"},
       {"", none, true, false, false, true, "an empty file is a lock"},
       {" " + own + "abc", here, false, false, true, false, "no rest allowed"},
@@ -92,9 +105,6 @@ TEST(Locking, JudgesTheLockFile) {
       {"99999999999999999999", none, true, false, false, true, "wraps"},
       {QByteArray(1 << 20, '\0'), none, true, false, false, true, "binary"},
   };
-  const LockingManager manager;
-  const QString path = dir.file(QString::fromUtf8("sc\xc3\xa4n.dat"));
-  const QString name = manager.getLockFileName(path);
   EXPECT_EQ(name, path + ".lock");
   const auto put = [&](const QByteArray& text) {
     QFile::remove(name);
@@ -120,6 +130,11 @@ TEST(Locking, JudgesTheLockFile) {
       EXPECT_EQ(manager.isLocked(path) == here, row.locksExclusively || row.mode == here)
           << "the other class reads another owner: " << row.catches;
       EXPECT_FALSE(lock.tryLock() || ExclusiveLock(path).tryLock()) << "twice";
+      if (row.locksExclusively) {
+        manager.removeStaleLocks(dir.path());
+        manager.unlock(path);
+        EXPECT_TRUE(QFile::exists(name)) << "its lock is taken away";
+      }
     }
     EXPECT_EQ(QFile::exists(name), !row.locksExclusively) << row.catches;
   }
@@ -150,6 +165,8 @@ TEST(Locking, NeverHasTwoOwners) {
   EXPECT_EQ(ExclusiveLock(path).getOwner().pid, killed->pid().toLongLong());
   killed->kill();
   const QByteArray stale = readFile(path + ".lock");
+  const QString earlier = ".kyr-" + QString(32, '5');
+  dir.write(earlier + ".new", stale);
   std::vector<std::unique_ptr<Fighter>> fighters;
   for (int i = 0; i < 4; ++i) {
     fighters.push_back(std::make_unique<Fighter>(path));

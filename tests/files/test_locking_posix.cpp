@@ -1,12 +1,23 @@
+#include "files/Traced.h"
 #include "support/Support.h"
 
+#include <kyr/core/KyrException.h>
 #include <kyr/files/KyrLockingManager.h>
+#include <kyr/files/KyrSafeFile.h>
+#include <kyr/os/KyrOS.h>
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 
+#include <atomic>
+#include <iostream>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -32,6 +43,54 @@ TEST(LockingPosix, StaysWithTheParentWhenAForkedChildEnds) {
   ASSERT_TRUE(lock.tryLock());
   KyrTest::inChild([&lock] { lock.unlock(); });
   EXPECT_EQ(LockingManager().isLocked(dir.file("a")), LockingManager::LockedHere);
+}
+
+TEST(LockingPosix, KeepsTheOwnerOfWhomNothingCanBeRead) {
+  const KyrTest::TempDir dir;
+  const LockingManager manager;
+  ExclusiveLock lock(dir.file("a"));
+  ASSERT_TRUE(lock.tryLock() && manager.lock(dir.file("b")));
+  Kyr::SafeFile saved(dir.file("c"));
+  const QStringList before = Kyr::OS::listDirectory(dir.path());
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    const rlimit few{20, 20};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    const int last = ::dup(STDIN_FILENO);
+    while (::dup(STDIN_FILENO) >= 0) {
+    }
+    ::close(last);
+    std::atomic<bool> isOver{false};
+    std::thread rival([&] {
+      while (!isOver) {
+        ::close(::open("/dev/null", O_RDONLY));
+      }
+    });
+    int stolen = 0;
+    for (int i = 0; i < 3000; ++i) {
+      stolen += ExclusiveLock(dir.file("a")).tryLock() || manager.lock(dir.file("b")) ? 1 : 0;
+      stolen += manager.isLocked(dir.file("b")) == LockingManager::NotLocked ? 1 : 0;
+      manager.unlock(dir.file("b"));
+      manager.removeStaleLocks(dir.path());
+      KyrTest::failure([&] { Kyr::SafeFile(dir.file("d")).discard(); });
+    }
+    isOver = true;
+    rival.join();
+    std::cout << stolen;
+  });
+  EXPECT_EQ(ended.output, "0") << ended.errors.toStdString();
+  EXPECT_EQ(Kyr::OS::listDirectory(dir.path()), before);
+}
+
+TEST(LockingPosix, SurvivesADeathAtEverySystemCall) {
+  const KyrTest::TempDir dir;
+  const auto take = [&] { ExclusiveLock(dir.file("a")).tryLock(); };
+  int died = 0;
+  KyrTest::Traced locker = KyrTest::trace(take, 1);
+  for (; locker.wasKilled; locker = KyrTest::trace(take, ++died + 1)) {
+    ASSERT_TRUE(ExclusiveLock(dir.file("a")).tryLock()) << "at call " << died;
+    ASSERT_EQ(Kyr::OS::listDirectory(dir.path()), QStringList()) << "at call " << died;
+  }
+  EXPECT_TRUE(!locker.isPossible || died > 20);
 }
 
 }  // namespace

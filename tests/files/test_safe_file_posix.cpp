@@ -1,23 +1,30 @@
 // A writer that dies at each of its system calls, full disks, permissions and links.
+#include "files/FailingMemory.h"
 #include "files/Mounts.h"
+#include "files/Traced.h"
 #include "support/Support.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/files/KyrLockingManager.h>
 #include <kyr/files/KyrSafeFile.h>
+#include <kyr/log/KyrSyncErrorLog.h>
 #include <kyr/os/KyrOS.h>
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 
-#include <csignal>
+#include <array>
+#include <cstddef>
 #include <iostream>
 #include <string>
 
 #include <grp.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/ptrace.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -41,68 +48,44 @@ void save(const QString& path) {
   file.commit();
 }
 
-/// Adds what tells the order of the calls that matter. A sanitizer writes some bytes of its own.
-void note(pid_t child, std::string& order) {
-  __ptrace_syscall_info info{};
-  ::ptrace(PTRACE_GET_SYSCALL_INFO, child, sizeof info, &info);
-  if (info.op == PTRACE_SYSCALL_INFO_ENTRY) {
-    const auto call = info.entry.nr;
-    order += call == SYS_write && info.entry.args[2] > 1000 ? "w" : "";
-    order += call == SYS_fsync ? "f" : call == SYS_rename ? "r" : "";
-  }
-}
-
-/// Saves in a child that is killed when it has begun or ended system calls so often.
-/// \param order receives a letter for each call of write, fsync and rename
-/// \return whether it was killed; its exit code in \a code otherwise
-bool killedAtCall(const QString& path, int calls, int& code, std::string& order) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
-      ::_exit(77);
-    }
-    ::raise(SIGSTOP);
-    save(path);
-    ::_exit(0);
-  }
-  int status = 0;
-  for (int i = 0; ::waitpid(child, &status, 0) == child && WIFSTOPPED(status); ++i) {
-    ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
-    if (i == calls) {
-      ::kill(child, SIGKILL);
-    }
-    note(child, order);
-    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-  }
-  code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return WIFSIGNALED(status);
-}
-
 TEST(SafeFilePosix, SurvivesADeathAtEverySystemCall) {
   const KyrTest::TempDir dir;
-  int code = 0;
+  const QString path = dir.write("file", oldContent);
   int died = 0;
   int olds = 0;
-  std::string order;
-  while (true) {
-    const QString path = dir.write("file", oldContent);
-    order.clear();
-    if (!killedAtCall(path, died + 1, code, order)) {
-      break;
-    }
+  KyrTest::Traced saver = KyrTest::trace([&] { save(path); }, 1);
+  for (; saver.wasKilled; saver = KyrTest::trace([&] { save(path); }, died + 1)) {
     ++died;
     const QByteArray content = readFile(path);
     ASSERT_TRUE(content == oldContent || content == newContent) << "at call " << died;
     olds += content == oldContent ? 1 : 0;
     SafeFile(dir.file("any")).discard();
     ASSERT_EQ(OS::listDirectory(dir.path()), QStringList("file")) << "at call " << died;
+    dir.write("file", oldContent);
   }
-  if (code == 77) {
+  if (!saver.isPossible) {
     GTEST_SKIP() << "this system lets nobody trace its child";
   }
-  EXPECT_EQ(code, 0);
-  EXPECT_EQ(order, "wwwfrf") << "only so a power cut does no harm";
+  EXPECT_EQ(saver.code, 0);
+  EXPECT_EQ(saver.calls, "ggwwwfrf") << "only so a power cut does no harm";
   EXPECT_TRUE(olds > 20 && olds < died) << olds << " of " << died << " deaths left the old file";
+}
+
+TEST(SafeFilePosix, LooksAtALargeDirectoryOnce) {
+  const KyrTest::TempDir dir;
+  for (int i = 0; i < 1100; ++i) {
+    dir.write(QString::number(i), {});
+  }
+  const KyrTest::Traced saver = KyrTest::trace(
+      [&] {
+        save(dir.file("a"));
+        save(dir.file("b"));
+      },
+      -1);
+  if (!saver.isPossible) {
+    GTEST_SKIP() << "this system lets nobody trace its child";
+  }
+  EXPECT_EQ(saver.calls.substr(saver.calls.find('r')), "rfwwwfrf") << "each save lists it anew";
 }
 
 /// Mounts a disk of 64 KiB on a directory, for this process only.
@@ -112,7 +95,6 @@ bool mountSmallDisk(const QString& directory) {
 }
 
 void limitFiles(rlim_t bytes) {
-  std::signal(SIGXFSZ, SIG_IGN);
   const rlimit limit{bytes, bytes};
   ::setrlimit(RLIMIT_FSIZE, &limit);
 }
@@ -144,6 +126,67 @@ TEST(SafeFilePosix, LeavesTheOldFileWhenTheDiskIsFull) {
                                 "|file|old")
         << limit << ended.errors.toStdString();
   }
+}
+
+TEST(SafeFilePosix, LosesNothingWithoutMemory) {
+  const KyrTest::TempDir dir;
+  const QString path = dir.write("file", "old");
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    bool isFailing = true;
+    for (int calls = 0; isFailing; ++calls) {
+      dir.write("file", "old");
+      KyrTest::failAfter(calls);
+      try {
+        QStringList entries;
+        Kyr::ExclusiveLock lock(path);
+        lock.tryLock();
+        OS::readDirectory(dir.path(), &entries);
+        save(path);
+      } catch (const std::exception&) {
+      }
+      isFailing = KyrTest::hasFailed();
+      KyrTest::failAfter(-1);
+      const QByteArray content = readFile(path);
+      const bool isWhole = content == "old" || content == newContent;
+      const bool isClean = OS::listDirectory(dir.path()) == QStringList("file");
+      std::cout << (isWhole && isClean ? "" : "harmed ") << std::flush;
+    }
+    std::cout << "to the end";
+  });
+  EXPECT_EQ(ended.output, "to the end") << ended.errors.toStdString();
+}
+
+/// From now on this process's files take nothing, and the system calls that no failure.
+bool takeNothing() {
+  std::array<sock_filter, 6> program{{
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_write, 0, 3),
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args)),
+      BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, STDERR_FILENO, 0, 1),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+  }};
+  const sock_fprog filter{program.size(), program.data()};
+  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
+
+TEST(SafeFilePosix, GivesUpWhereNothingIsTaken) {
+  const KyrTest::TempDir dir;
+  const QString path = dir.write("file", "old");
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    ::alarm(20);
+    if (!takeNothing()) {
+      std::cout << "skipped";
+      return;
+    }
+    Kyr::SyncSystemErrorLog(false, dir.file("log")) << "lost" << Kyr::END_LOG;
+    std::cout << KyrTest::failure([&] { save(path); });
+  });
+  if (ended.output == "skipped") {
+    GTEST_SKIP() << "this system lets nobody filter its calls";
+  }
+  EXPECT_EQ(ended.output, "cannot save " + path.toUtf8() + ": the disk or its connection failed");
 }
 
 TEST(SafeFilePosix, KeepsPermissionsAndLinks) {

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 
 namespace Kyr {
 
@@ -14,16 +15,18 @@ namespace Kyr {
 ///
 /// A lock whose process no longer exists is stale and counts as none. Looking at a lock and
 /// taking it are two steps: of two processes that do so at the same moment both may succeed.
-/// Where that matters, use ExclusiveLock, whose locks this class sees. The format:
-/// docs/formats/lock-file.md.
+/// Where that matters, use ExclusiveLock, whose locks this class sees and never takes, changes or
+/// removes while somebody has them, or while they tell of another machine. The same holds for what
+/// cannot be read: only what was seen to be nobody's is. The format: docs/formats/lock-file.md.
 /// \threadsafety any thread
 class KYR_EXPORT LockingManager {
  public:
   /// Who holds a lock. The numbers are part of the interface.
   enum LockingMode_t {
-    NotLocked = 0,        ///< no lock file, none that can be read, or a stale one
+    NotLocked = 0,        ///< no lock file, one that this user may not read, or a stale one
     LockedHere = 1,       ///< by this process
-    LockedElsewhere = 2,  ///< by another process, which lives
+    LockedElsewhere = 2,  ///< by another process, which lives, or one of another machine; also when
+                          ///< the system cannot look, as for a lack of descriptors
   };
 
   /// \param suffix what a lock file's name has behind that of its file; an empty one, with which
@@ -36,19 +39,19 @@ class KYR_EXPORT LockingManager {
   LockingMode_t isLocked(const QString& path) const;
 
   /// Takes the lock if nobody has it, a stale one included.
-  /// \return false when somebody has it, be it this process, or the file cannot be written
+  /// \return false when somebody has it, be it this process, or may have it, as the lock file
+  ///         cannot be read; also when the file cannot be written
   bool lock(const QString& path) const;
 
-  /// Removes the lock file, unless it names another process, be that alive or not.
+  /// Removes the lock file, unless it names another process, be that alive or not, cannot be read
+  /// or belongs to an ExclusiveLock that is held.
   void unlock(const QString& path) const;
 
   /// Removes the lock files of a directory whose processes no longer exist, and those without a
-  /// process's number; does nothing when the directory cannot be read.
+  /// process's number; does nothing when the directory cannot be read. What cannot be read stays.
   void removeStaleLocks(const QString& directory) const;
 
  private:
-  std::int64_t getLockFilePID(const QString& path) const;
-
   QString _suffix;
 };
 
@@ -63,9 +66,14 @@ struct LockOwner {
 ///
 /// It is the lock file of LockingManager with more lines, so each class sees the locks of the
 /// other; only among objects of this class the promise holds. The file appears complete or not at
-/// all. A lock is stale when its process has ended, and also when the number meanwhile belongs to
-/// another process; processes that find a stale one take turns in replacing it. The lock of
-/// another host, or of another container on this one, is never taken for stale.
+/// all. Its owner keeps it open and locked by the system until unlock() or the end of the process,
+/// however that comes: a lock is stale when nobody does so any more. Processes that find a stale
+/// one take turns in replacing it. The lock of another machine, or of another container on this
+/// one, is never taken for stale, and neither is one that cannot be looked at.
+///
+/// A child process that was forked and has not started a program has the file open as well: if the
+/// owner ends first, its lock counts as held until the child ends. Where a file system has no
+/// locks, an owner is known by its number and its start.
 /// \threadsafety one thread per object; objects of one path exclude each other across threads too
 class KYR_EXPORT ExclusiveLock {
  public:
@@ -80,24 +88,25 @@ class KYR_EXPORT ExclusiveLock {
   /// Takes the lock without waiting for its owner.
   /// \return whether this call took it; false also when the lock file cannot be written, or is
   ///         nothing that can be read, and for a stale one where the file system has no locks on
-  ///         directories
+  ///         directories. Leaves nothing behind then
+  /// \throws std::bad_alloc; the lock is then as it was
   bool tryLock();
 
   /// Removes the lock file if this object and this process took it; a second call does nothing.
+  /// Needs neither memory nor descriptors.
   void unlock();
 
   /// Whether tryLock() took the lock and unlock() did not give it back.
-  bool isHeld() const { return _held; }
+  bool isHeld() const { return _holder != nullptr; }
 
   /// Who has the lock now, for messages; also when the lock is stale.
   LockOwner getOwner() const;
 
  private:
-  bool settle(const QString& ownFile);
-  bool takeOver(const QString& ownFile);
+  class Holder;
 
   QString _lockFile;
-  bool _held = false;
+  std::unique_ptr<Holder> _holder;
 };
 
 }  // namespace Kyr

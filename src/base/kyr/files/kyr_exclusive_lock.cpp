@@ -1,158 +1,136 @@
 #include <kyr/files/KyrLockingManager.h>
 
 #include <kyr/files/KyrFilename.h>
+#include <kyr/files/leftovers_p.h>
 #include <kyr/files/lock_file_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_directory_p.h>
+#include <kyr/os/os_file_p.h>
 #include <kyr/os/os_process_p.h>
 
-#include <QSysInfo>
 #include <QThread>
-#include <QUuid>
 
 namespace Kyr {
 
 namespace {
 
-constexpr const char* startKey = "start ";
-constexpr const char* hostKey = "host ";
-constexpr const char* spaceKey = "space ";
-
-QByteArray hostName() {
-  return QSysInfo::machineHostName().toUtf8();
-}
-
-/// What this process writes into its lock files.
-QByteArray ownText() {
-  const unsigned pid = OS::getPID();
-  return QByteArray::number(pid) + '\n' + startKey + Platform::processStart(pid) + '\n' + hostKey +
-         hostName() + '\n' + spaceKey + Platform::processSpace() + '\n';
-}
-
-/// The rest of the line that begins with \a key.
-QString valueOf(const QByteArray& text, const char* key) {
-  for (const QByteArray& line : text.split('\n')) {
-    if (line.startsWith(key)) {
-      return QString::fromUtf8(line.mid(static_cast<int>(qstrlen(key))));
-    }
-  }
-  return {};
-}
-
-LockOwner ownerIn(const QByteArray& text) {
-  return {LockFile::processOf(text), valueOf(text, startKey), valueOf(text, hostKey)};
-}
-
-/// Whether the number of a lock's process is that of another one here, or of none.
-bool isElsewhere(const QByteArray& text) {
-  const QByteArray host = valueOf(text, hostKey).toUtf8();
-  const QByteArray space = valueOf(text, spaceKey).toUtf8();
-  return (!host.isEmpty() && host != hostName()) ||
-         (!space.isEmpty() && space != Platform::processSpace());
-}
-
-bool lives(const QByteArray& text) {
-  const LockOwner owner = ownerIn(text);
-  if (owner.pid == 0) {
-    return false;
-  }
-  if (isElsewhere(text)) {
-    return true;  // who would know
-  }
-  if (!OS::pidExists(owner.pid)) {
-    return false;
-  }
-  const QByteArray start = Platform::processStart(owner.pid);
-  return start.isEmpty() || owner.start.isEmpty() || owner.start == start;
-}
-
-/// Not so in a forked child.
-bool isThisProcess(const LockOwner& owner) {
-  return owner.pid == OS::getPID() && owner.start.toUtf8() == Platform::processStart(owner.pid);
-}
-
 QString directoryOf(const QString& lockFile) {
   return Filename::Name(lockFile).getDirectory() + "/";
 }
 
-bool writeFile(const QString& name, const QByteArray& text) {
-  std::ofstream stream;
-  OS::openStdStream(stream, name, OS::OpenWrite, true);
-  stream.write(text.constData(), text.size());
-  stream.close();
-  return stream.good();
+bool isFree(const QString& lockFile) {
+  LockFile::Mark mark;
+  const LockFile::Finding finding = LockFile::look(lockFile, mark);
+  return finding == LockFile::Missing || (finding == LockFile::Read && LockFile::isStale(mark));
 }
 
 /// Where an open file cannot be removed, a reader may be in the way for a moment.
-void removeFile(const QString& name) {
+void removePatiently(const std::filesystem::path& name) noexcept {
   constexpr int attempts = 100;
   constexpr unsigned long pause = 5;  // in milliseconds
-  for (int i = 0; i < attempts && !OS::unlink(name) && OS::stat(name); ++i) {
+  std::error_code error;
+  std::filesystem::remove(name, error);
+  for (int i = 1; i < attempts && error; ++i) {
     QThread::msleep(pause);
+    std::filesystem::remove(name, error);
   }
 }
 
 }  // namespace
 
-ExclusiveLock::ExclusiveLock(const QString& path, const LockingManager& names)
-    : _lockFile(names.getLockFileName(path)) {}
+/// The file of a lock that is being taken or held. It can be given back without memory.
+class ExclusiveLock::Holder {
+ public:
+  explicit Holder(const QString& lockFile);
+  ~Holder();
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
 
-ExclusiveLock::~ExclusiveLock() {
-  unlock();
-}
+  bool take();
 
-bool ExclusiveLock::tryLock() {
-  if (_held) {
+ private:
+  bool takeOver();
+
+  unsigned _process = OS::getPID();
+  QString _lockFile;
+  QString _temporary;
+  std::filesystem::path _nativeLockFile;
+  std::filesystem::path _nativeTemporary;
+  QByteArray _text;
+  Platform::KeptFile _file;
+};
+
+ExclusiveLock::Holder::Holder(const QString& lockFile)
+    : _lockFile(lockFile),
+      _temporary(TemporaryFile::besideOf(lockFile)),
+      _nativeLockFile(Platform::nativePath(_lockFile)),
+      _nativeTemporary(Platform::nativePath(_temporary)) {}
+
+bool ExclusiveLock::Holder::take() {
+  if (!_file.create(_nativeTemporary)) {
     return false;
   }
-  const QString ownFile =
-      directoryOf(_lockFile) + ".kyr-" + QUuid::createUuid().toString(QUuid::Id128) + ".new";
-  _held = writeFile(ownFile, ownText()) && settle(ownFile);
-  if (!_held) {
-    OS::unlink(ownFile);
-  }
-  return _held;
-}
-
-bool ExclusiveLock::settle(const QString& ownFile) {
-  return Platform::renameToFree(ownFile, _lockFile) || takeOver(ownFile);
+  _text = LockFile::ownText(_file.isKept());
+  return _file.write(_text) && (Platform::renameToFree(_temporary, _lockFile) || takeOver());
 }
 
 // A stale lock changes only here, as its owner is gone, and one after the other. A lock that was
 // given back meanwhile is free for everybody, so the name must be won as at first.
-bool ExclusiveLock::takeOver(const QString& ownFile) {
+bool ExclusiveLock::Holder::takeOver() {
   const Platform::DirectoryGuard guard(directoryOf(_lockFile));
   if (!guard.isHeld()) {
     return false;
   }
-  QByteArray text;
-  switch (LockFile::read(_lockFile, text)) {
+  LockFile::Mark mark;
+  switch (LockFile::look(_lockFile, mark)) {
     case LockFile::Missing:
-      return Platform::renameToFree(ownFile, _lockFile);
+      return Platform::renameToFree(_temporary, _lockFile);
     case LockFile::Read:
-      return !lives(text) && Platform::renameOver(ownFile, _lockFile);
-    case LockFile::Unreadable:
-      break;
+      return LockFile::isStale(mark) && Platform::renameOver(_temporary, _lockFile);
+    default:
+      return false;
   }
-  return false;
+}
+
+// What others have put into the place of the lock, or written into it, is theirs. The system lets
+// go of the file only afterwards, so that nobody takes it for stale meanwhile. A forked child has
+// the file as well, but does not own it.
+ExclusiveLock::Holder::~Holder() {
+  if (_process != OS::getPID()) {
+    return;
+  }
+  if (_file.isAt(_nativeTemporary)) {
+    removePatiently(_nativeTemporary);
+  } else if (_file.isAt(_nativeLockFile) && _file.holds(_text)) {
+    removePatiently(_nativeLockFile);
+  }
+}
+
+ExclusiveLock::ExclusiveLock(const QString& path, const LockingManager& names)
+    : _lockFile(names.getLockFileName(path)) {}
+
+ExclusiveLock::~ExclusiveLock() = default;
+
+bool ExclusiveLock::tryLock() {
+  if (_holder || !isFree(_lockFile)) {
+    return false;
+  }
+  Leftovers::sweep(directoryOf(_lockFile));
+  auto holder = std::make_unique<Holder>(_lockFile);
+  if (holder->take()) {
+    _holder = std::move(holder);
+  }
+  return isHeld();
 }
 
 void ExclusiveLock::unlock() {
-  if (!_held) {
-    return;
-  }
-  _held = false;
-  // The guard keeps readers away, but the lock must go without it as well.
-  const Platform::DirectoryGuard guard(directoryOf(_lockFile));
-  QByteArray text;
-  if (LockFile::read(_lockFile, text) == LockFile::Read && isThisProcess(ownerIn(text))) {
-    removeFile(_lockFile);
-  }
+  _holder.reset();
 }
 
 LockOwner ExclusiveLock::getOwner() const {
-  QByteArray text;
-  return LockFile::read(_lockFile, text) == LockFile::Read ? ownerIn(text) : LockOwner();
+  LockFile::Mark mark;
+  return LockFile::look(_lockFile, mark) == LockFile::Read ? LockFile::ownerIn(mark.text)
+                                                           : LockOwner();
 }
 
 }  // namespace Kyr

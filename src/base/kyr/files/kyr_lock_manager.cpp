@@ -3,57 +3,35 @@
 #include <kyr/files/KyrFilename.h>
 #include <kyr/files/lock_file_p.h>
 #include <kyr/os/KyrOS.h>
-#include <kyr/os/os_file_p.h>
-
-#include <array>
 
 namespace Kyr {
 
 namespace {
 
-bool isPlainFile(const std::filesystem::file_status& status) {
-  return std::filesystem::is_regular_file(status);
+/// Who owns a mark that was read. Of marks with one number alone only that is known.
+LockingManager::LockingMode_t modeOf(const LockFile::Mark& mark) {
+  const std::int64_t pid = LockFile::processOf(mark.text);
+  const bool isElsewhere = pid != 0 && LockFile::isElsewhere(mark);
+  if (pid == OS::getPID() && !isElsewhere) {
+    return LockingManager::LockedHere;
+  }
+  const bool lives = isElsewhere || LockFile::isKept(mark) || OS::pidExists(pid);
+  return lives ? LockingManager::LockedElsewhere : LockingManager::NotLocked;
 }
 
-std::filesystem::file_status statusOf(const QString& name) {
-  std::error_code ignored;
-  return std::filesystem::status(Platform::nativePath(name), ignored);
+bool mayBeUnlocked(const LockFile::Mark& mark) {
+  return !LockFile::isKept(mark) &&
+         (LockFile::processOf(mark.text) == 0 || modeOf(mark) == LockingManager::LockedHere);
 }
 
-bool isLink(const QString& name) {
-  std::error_code ignored;
-  return std::filesystem::is_symlink(Platform::nativePath(name), ignored);
+bool isStale(const QString& lockFile) {
+  LockFile::Mark mark;
+  const LockFile::Finding finding = LockFile::look(lockFile, mark);
+  return finding == LockFile::NoPlain ||
+         (finding == LockFile::Read && modeOf(mark) == LockingManager::NotLocked);
 }
 
 }  // namespace
-
-LockFile::Reading LockFile::read(const QString& name, QByteArray& bytes) {
-  const std::filesystem::file_status status = statusOf(name);
-  if (status.type() == std::filesystem::file_type::not_found) {
-    return isLink(name) ? Unreadable : Missing;
-  }
-  std::ifstream stream;
-  if (isPlainFile(status)) {
-    OS::openStdStream(stream, name, OS::OpenRead, true);
-  }
-  if (!isPlainFile(status) || !stream) {
-    return Unreadable;
-  }
-  std::array<char, 1024> start{};
-  stream.read(start.data(), start.size());
-  bytes = QByteArray(start.data(), static_cast<int>(stream.gcount()));
-  return stream.bad() ? Unreadable : Read;
-}
-
-// A number beyond an int is no number, as for the readers of other programs.
-std::int64_t LockFile::processOf(const QByteArray& bytes) {
-  const QByteArray text = bytes.trimmed();
-  int length = text.startsWith('-') || text.startsWith('+') ? 1 : 0;
-  while (length < text.size() && text[length] >= '0' && text[length] <= '9') {
-    ++length;
-  }
-  return text.left(length).toInt();  // 0 on failure
-}
 
 LockingManager::LockingManager(const QString& suffix)
     : _suffix(suffix.isEmpty() ? QString(".lock") : suffix) {}
@@ -64,29 +42,24 @@ QString LockingManager::getLockFileName(const QString& path) const {
   return name.getFullName();
 }
 
-std::int64_t LockingManager::getLockFilePID(const QString& path) const {
-  QByteArray bytes;
-  return LockFile::read(getLockFileName(path), bytes) == LockFile::Read ? LockFile::processOf(bytes)
-                                                                        : 0;
-}
-
+// What this user may not read is not locked for him, as it was from the first; but it is not his.
 LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) const {
-  const std::int64_t pid = getLockFilePID(path);
-  if (pid == OS::getPID()) {
-    return LockedHere;
+  LockFile::Mark mark;
+  const LockFile::Finding finding = LockFile::look(getLockFileName(path), mark);
+  if (finding == LockFile::Read) {
+    return modeOf(mark);
   }
-  return pid != 0 && OS::pidExists(pid) ? LockedElsewhere : NotLocked;
+  return finding == LockFile::Unlooked ? LockedElsewhere : NotLocked;
 }
 
 bool LockingManager::lock(const QString& path) const {
-  const std::int64_t pid = getLockFilePID(path);
-  if (pid == OS::getPID() || (pid != 0 && OS::pidExists(pid))) {
-    return false;
-  }
   const QString name = getLockFileName(path);
-  const std::filesystem::file_status status = statusOf(name);
-  if (std::filesystem::exists(status) && !isPlainFile(status)) {
-    return false;  // writing to a pipe would wait for its reader
+  LockFile::Mark mark;
+  const LockFile::Finding finding = LockFile::look(name, mark);
+  const bool isFree =
+      finding == LockFile::Read ? modeOf(mark) == NotLocked : finding == LockFile::Missing;
+  if (!isFree) {
+    return false;
   }
   std::ofstream stream;
   OS::openStdStream(stream, name, OS::OpenWrite, true);
@@ -96,9 +69,11 @@ bool LockingManager::lock(const QString& path) const {
 }
 
 void LockingManager::unlock(const QString& path) const {
-  const std::int64_t pid = getLockFilePID(path);
-  if (pid == 0 || pid == OS::getPID()) {
-    OS::unlink(getLockFileName(path));
+  const QString name = getLockFileName(path);
+  LockFile::Mark mark;
+  const LockFile::Finding finding = LockFile::look(name, mark);
+  if (finding == LockFile::NoPlain || (finding == LockFile::Read && mayBeUnlocked(mark))) {
+    OS::unlink(name);
   }
 }
 
@@ -108,12 +83,13 @@ void LockingManager::removeStaleLocks(const QString& directory) const {
     return;
   }
   for (const QString& entry : entries) {
-    if (!entry.endsWith(_suffix)) {
+    const QString lockFile = directory + "/" + entry;
+    if (!entry.endsWith(_suffix) || !isStale(lockFile)) {
       continue;
     }
-    const QString lockFile = directory + "/" + entry;
-    const std::int64_t pid = getLockFilePID(lockFile.chopped(_suffix.size()));
-    if (pid == 0 || !OS::pidExists(pid)) {
+    // An ExclusiveLock may have replaced it since; from here on none does.
+    const Platform::DirectoryGuard guard(directory + "/");
+    if (isStale(lockFile)) {
       OS::unlink(lockFile);
     }
   }

@@ -1,6 +1,7 @@
 #include <kyr/files/KyrSafeFile.h>
 
 #include <kyr/core/KyrException.h>
+#include <kyr/files/leftovers_p.h>
 #include <kyr/files/safe_file_p.h>
 #include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
@@ -43,17 +44,6 @@ QString findTarget(const QString& name) {
   return target;
 }
 
-/// A directory that cannot be read keeps what is left behind in it.
-void removeLeftovers(const QString& directory) {
-  QStringList entries;
-  Platform::readEntries(directory, entries);
-  for (const QString& entry : entries) {
-    if (TemporaryFile::isLeftover(entry)) {
-      Platform::removeFile(directory + entry);
-    }
-  }
-}
-
 bool renamePatiently(const QString& from, const QString& to) {
   constexpr int attempts = 41;
   constexpr unsigned long pause = 50;  // in milliseconds
@@ -72,10 +62,13 @@ class SafeFile::Buffer : public std::streambuf {
  public:
   Buffer() { setp(_bytes.get(), _bytes.get() + size); }
 
-  bool create(const QString& name, const QString& model) { return _file.create(name, model); }
+  bool create(const std::filesystem::path& name, const QString& model) {
+    return expect(_file.create(name, model));
+  }
   bool isOpen() const { return _file.isOpen(); }
-  /// Why the content is not whole; empty as long as it may be.
-  const QString& failure() const { return _failure; }
+  bool hasFailed() const { return _hasFailed; }
+  /// Why the content is not whole.
+  QString failure() const;
   /// Brings everything to the disk and closes the file.
   void complete();
   void close();
@@ -96,19 +89,28 @@ class SafeFile::Buffer : public std::streambuf {
   Platform::OutputFile _file;
   std::unique_ptr<char[]> _bytes{new char[size]};
   std::int64_t _written = 0;
-  QString _failure;
+  std::int64_t _onDisk = 0;  ///< if that is what has failed
+  bool _hasFailed = false;
+  Platform::SystemError _reason;
 };
 
 // The first failure counts: a system that has failed to write may forget that, and then succeed.
 bool SafeFile::Buffer::expect(bool succeeded) {
-  if (!succeeded && _failure.isEmpty()) {
-    _failure = Platform::inWords(Platform::lastError());
+  if (!succeeded && !_hasFailed) {
+    _reason = Platform::lastError();
+    _hasFailed = true;
   }
-  return _failure.isEmpty();
+  return !_hasFailed;
+}
+
+QString SafeFile::Buffer::failure() const {
+  const bool isSystem = _reason.native != 0;
+  return isSystem ? Platform::inWords(_reason)
+                  : QString("%1 of %2 bytes are on the disk").arg(_onDisk).arg(_written);
 }
 
 bool SafeFile::Buffer::send(const char* bytes, std::streamsize count) {
-  if (!_failure.isEmpty() || !expect(_file.write(bytes, static_cast<std::size_t>(count)))) {
+  if (_hasFailed || !expect(_file.write(bytes, static_cast<std::size_t>(count)))) {
     return false;
   }
   _written += count;
@@ -118,16 +120,13 @@ bool SafeFile::Buffer::send(const char* bytes, std::streamsize count) {
 bool SafeFile::Buffer::drain() {
   const std::streamsize count = pptr() - pbase();
   setp(pbase(), epptr());
-  return count == 0 ? _failure.isEmpty() : send(pbase(), count);
+  return count == 0 ? !_hasFailed : send(pbase(), count);
 }
 
 bool SafeFile::Buffer::isWhole() {
-  const std::int64_t onDisk = _file.size();
-  if (onDisk == _written) {
-    return true;
-  }
-  _failure = QString("%1 of %2 bytes are on the disk").arg(onDisk).arg(_written);
-  return false;
+  _onDisk = _file.size();
+  _hasFailed = _onDisk != _written;
+  return !_hasFailed;
 }
 
 void SafeFile::Buffer::complete() {
@@ -170,25 +169,37 @@ struct SafeFile::Private {
   explicit Private(const QString& name);
   void complete();
   void put();
+  void discard() noexcept;
 
   QString target;
   QString temporary;
+  std::filesystem::path nativeTemporary;
+  std::filesystem::path nativeDirectory;
   State state = Writing;
   Buffer buffer;
   std::ostream stream{&buffer};
 };
 
 SafeFile::Private::Private(const QString& name)
-    : target(findTarget(name)), temporary(TemporaryFile::besideOf(target)) {
-  removeLeftovers(directoryOf(target));
-  if (!buffer.create(temporary, target)) {
-    const QString reason = Platform::inWords(Platform::lastError());
+    : target(findTarget(name)),
+      temporary(TemporaryFile::besideOf(target)),
+      nativeTemporary(Platform::nativePath(temporary)),
+      nativeDirectory(Platform::nativePath(directoryOf(target))) {
+  Leftovers::sweep(directoryOf(target));
+  if (!buffer.create(nativeTemporary, target)) {
     if (buffer.isOpen()) {
-      buffer.close();
-      Platform::removeFile(temporary);
+      discard();
     }
-    Platform::fail(cannotSave, target, reason);
+    Platform::fail(cannotSave, target, buffer.failure());
   }
+}
+
+// Needs no memory, of which there may be none left.
+void SafeFile::Private::discard() noexcept {
+  std::error_code ignored;
+  state = Over;
+  buffer.close();
+  std::filesystem::remove(nativeTemporary, ignored);
 }
 
 void SafeFile::Private::complete() {
@@ -197,7 +208,7 @@ void SafeFile::Private::complete() {
     Platform::fail(cannotSave, target, "what compresses the content was not closed, or failed");
   }
   buffer.complete();
-  if (!buffer.failure().isEmpty()) {
+  if (buffer.hasFailed()) {
     Platform::fail(cannotSave, target, buffer.failure());
   }
   if (!writerIsGood) {
@@ -211,7 +222,7 @@ void SafeFile::Private::put() {
     Platform::fail(cannotSave, target);
   }
   state = Over;
-  if (!Platform::flushDirectory(directoryOf(target))) {
+  if (!Platform::flushDirectory(nativeDirectory)) {
     Platform::fail("saved %1, but the disk may forget it at a power cut", target);
   }
 }
@@ -248,12 +259,9 @@ void SafeFile::commit(const Check& check) {
 }
 
 void SafeFile::discard() noexcept {
-  if (_private->state == Private::Over) {
-    return;
+  if (_private->state != Private::Over) {
+    _private->discard();
   }
-  _private->state = Private::Over;
-  _private->buffer.close();
-  Platform::removeFile(_private->temporary);
 }
 
 }  // namespace Kyr

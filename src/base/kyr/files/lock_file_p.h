@@ -2,29 +2,86 @@
 /// What both kinds of locks know of lock files.
 #pragma once
 
+#include <kyr/files/KyrLockingManager.h>
+
 #include <QByteArray>
 #include <QString>
 
 #include <cstdint>
+#include <filesystem>
 
 namespace Kyr::LockFile {
 
-enum Reading {
-  Missing,     ///< there is nothing of this name
-  Unreadable,  ///< not a file, or the system refuses
+/// What there is under the name of a lock file. Only what was read can be judged.
+enum Finding {
+  Missing,   ///< nothing, or a link that leads nowhere
+  NoPlain,   ///< something that is no plain file, and so nobody's lock
+  Refused,   ///< a file that this user may not read
+  Unlooked,  ///< the system could not look, as for a lack of descriptors or memory
   Read,
 };
 
-/// Reads the first 1024 bytes. Never waits, as for the other end of a pipe.
-Reading read(const QString& name, QByteArray& bytes);
+/// Whether the system keeps a file locked for a process that has it open.
+enum Keeping { Free, Kept, Untold };
 
-/// The number of a process at the start of a lock file.
+/// What was read of a lock file.
+struct Mark {
+  QByteArray text;  ///< the first 1024 bytes
+  Keeping keeping = Untold;
+};
+
+/// Reads a lock file. Never waits, as for the other end of a pipe. Platform files define it.
+Finding look(const QString& name, Mark& mark);
+
+/// The first number of a lock file's text is that of a process.
 /// \return 0 when there is none
-std::int64_t processOf(const QByteArray& bytes);
+std::int64_t processOf(const QByteArray& text);
+
+/// The text of a lock file of this process.
+/// \param isKept whether the system keeps the file locked
+QByteArray ownText(bool isKept);
+
+LockOwner ownerIn(const QByteArray& text);
+
+/// Whether a mark tells of another machine or container, where the number of its process does not
+/// mean the one that has it here.
+bool isElsewhere(const Mark& mark);
+
+/// Whether its owner was to keep the file locked, and nobody says that he does not.
+bool isKept(const Mark& mark);
+
+/// Whether nobody can be the owner any more, as far as that can be known here.
+bool isStale(const Mark& mark);
 
 }  // namespace Kyr::LockFile
 
 namespace Kyr::Platform {
+
+/// A new file that the system keeps locked from its creation to the end of the process or of this
+/// object, whichever comes first, however that comes. Only file systems without locks do not.
+class KeptFile {
+ public:
+  KeptFile() = default;
+  ~KeptFile() { close(); }
+  KeptFile(const KeptFile&) = delete;
+  KeptFile& operator=(const KeptFile&) = delete;
+
+  /// Creates a file that is not there.
+  bool create(const std::filesystem::path& name) noexcept;
+  bool isKept() const noexcept { return _isKept; }
+  bool write(const QByteArray& text) noexcept;
+  /// Whether it has this text and nothing else.
+  /// \param text of at most 1023 bytes
+  bool holds(const QByteArray& text) const noexcept;
+  /// Whether the name is that of this very file.
+  bool isAt(const std::filesystem::path& name) const noexcept;
+  void close() noexcept;
+
+ private:
+  static constexpr std::intptr_t none = -1;
+  std::intptr_t _handle = none;
+  bool _isKept = false;
+};
 
 /// Keeps the other processes of this host out that ask for the same directory's guard. The system
 /// gives it back when the process ends, however that happens.

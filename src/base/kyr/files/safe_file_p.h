@@ -3,10 +3,13 @@
 /// lastError().
 #pragma once
 
+#include <kyr/os/os_file_p.h>
+
 #include <QString>
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 
 namespace Kyr::Platform {
 
@@ -20,9 +23,10 @@ class OutputFile {
 
   /// Creates a file that is not there.
   /// \param model the file whose permissions it gets, if that is there
-  bool create(const QString& name, const QString& model);
+  /// \return false also when it was created, but not with these permissions; it is open then
+  bool create(const std::filesystem::path& name, const QString& model);
   bool isOpen() const { return _handle != none; }
-  bool write(const char* bytes, std::size_t count);
+  bool write(const char* bytes, std::size_t count) { return writeAll(_handle, bytes, count); }
   /// Returns when the disk has everything.
   bool flushToDisk();
   /// \return negative on failure
@@ -46,6 +50,6 @@ bool mayWrite(const QString& name);
 bool isHeldByOther();
 
 /// Returns when the disk knows of the names in a directory; where the system can say so.
-bool flushDirectory(const QString& directory);
+bool flushDirectory(const std::filesystem::path& directory) noexcept;
 
 }  // namespace Kyr::Platform

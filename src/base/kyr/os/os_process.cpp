@@ -20,19 +20,42 @@ namespace {
 
 constexpr const char* cannotStart = "cannot start %1";
 
-/// Eight characters for a text, which a file's name can hold.
-QString fingerprint(const QByteArray& text) {
-  return QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex().left(8);
+/// What the system told a process.
+struct Told {
+  unsigned pid = 0;
+  QByteArray text;
+};
+
+/// Never destroyed, as threads may ask to the end. A forked child asks for itself.
+QByteArray askOnce(std::atomic<const Told*>& told, QByteArray (*ask)()) {
+  const unsigned pid = OS::getPID();
+  const Told* known = told;
+  if (known && known->pid == pid) {
+    return known->text;
+  }
+  auto now = std::make_unique<Told>(Told{pid, ask()});
+  const QByteArray text = now->text;
+  if (!text.isEmpty() && told.compare_exchange_strong(known, now.get())) {
+    static_cast<void>(now.release());
+  }
+  return text;
 }
 
-QString hostMark() {
-  return fingerprint(QSysInfo::machineHostName().toUtf8() + ' ' + Platform::processSpace());
+QByteArray fingerprint(const QByteArray& text) {
+  return QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex();
 }
 
-/// \return empty when the system does not tell
-QString startMark(std::int64_t pid) {
-  const QByteArray start = Platform::processStart(pid);
-  return start.isEmpty() ? QString() : fingerprint(start);
+/// Eight characters for a text, which a file's name can hold; none for none.
+QString mark(const QByteArray& text) {
+  return text.isEmpty() ? QString() : fingerprint(text).left(8);
+}
+
+/// Where the number of a process means the same as here; empty when the system does not tell.
+QString placeMark() {
+  const QByteArray machine = Platform::ownMachine();
+  const QByteArray host = QSysInfo::machineHostName().toUtf8();
+  return machine.isEmpty() ? QString()
+                           : mark(host + ' ' + Platform::processSpace() + ' ' + machine);
 }
 
 bool isAddress(const QString& text) {
@@ -200,15 +223,28 @@ void OS::openOnDesktop(const QString& documentOrAddress) {
   Platform::showOnDesktop(QFileInfo(documentOrAddress).absoluteFilePath());
 }
 
+QByteArray Platform::ownStart() {
+  static std::atomic<const Told*> told{nullptr};
+  return askOnce(told, [] { return processStart(OS::getPID()); });
+}
+
+QByteArray Platform::ownMachine() {
+  static std::atomic<const Told*> told{nullptr};
+  return askOnce(told, [] {
+    const QByteArray identifier = machineIdentifier();
+    return identifier.isEmpty() ? identifier : fingerprint("kyr " + identifier);
+  });
+}
+
 const char* const TemporaryFile::prefix = ".kyr-save-";
 
 QString TemporaryFile::besideOf(const QString& target) {
   static std::atomic<unsigned> count{0};
   const QString directory = target.left(QDir::fromNativeSeparators(target).lastIndexOf('/') + 1);
-  const unsigned pid = OS::getPID();
+  const QString pid = QString::number(OS::getPID());
+  const QString start = mark(Platform::ownStart());
   return directory + prefix +
-         QStringList{hostMark(), QString::number(pid), startMark(pid), QString::number(++count)}
-             .join('-');
+         QStringList{placeMark(), pid, start, QString::number(++count)}.join('-');
 }
 
 bool TemporaryFile::isLeftover(const QString& name) {
@@ -216,7 +252,8 @@ bool TemporaryFile::isLeftover(const QString& name) {
     return false;
   }
   const QStringList parts = name.mid(static_cast<int>(qstrlen(prefix))).split('-');
-  if (parts.size() != 4 || parts[0] != hostMark()) {
+  const QString place = placeMark();
+  if (parts.size() != 4 || place.isEmpty() || parts[0] != place) {
     return false;
   }
   bool isNumber = false;
@@ -224,7 +261,7 @@ bool TemporaryFile::isLeftover(const QString& name) {
   if (!isNumber || !OS::pidExists(pid)) {
     return isNumber;
   }
-  const QString start = startMark(pid);
+  const QString start = mark(Platform::processStart(pid));
   return !start.isEmpty() && !parts[2].isEmpty() && parts[2] != start;
 }
 

@@ -2,6 +2,8 @@
 
 #include <kyr/os/os_file_p.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include <windows.h>
@@ -10,12 +12,76 @@ namespace Kyr {
 
 namespace {
 
+HANDLE handleOf(std::intptr_t handle) {
+  return reinterpret_cast<HANDLE>(handle);
+}
+
+/// Closes a file at the end.
+struct Closer {
+  HANDLE file;
+  ~Closer() { ::CloseHandle(file); }
+};
+
+using Start = std::array<char, 1024>;
+
+/// \return the number of bytes; negative when the file cannot be read
+int readStart(HANDLE file, Start& start) noexcept {
+  DWORD count = 0;
+  OVERLAPPED fromStart{};
+  const bool read = ::ReadFile(file, start.data(), DWORD(start.size()), &count, &fromStart) != 0 ||
+                    ::GetLastError() == ERROR_HANDLE_EOF;
+  return read ? int(count) : -1;
+}
+
+/// The byte of a file that its owner keeps locked. It is far behind the text, as the system keeps
+/// others from reading what is locked.
+OVERLAPPED keptByte() {
+  OVERLAPPED place{};
+  place.Offset = 1U << 30U;
+  return place;
+}
+
+LockFile::Finding findingFor(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+      return LockFile::Missing;
+    case ERROR_ACCESS_DENIED:
+      return LockFile::Refused;
+    default:
+      return LockFile::Unlooked;
+  }
+}
+
+/// A lock that any number of processes may have at once, but only while nobody has one for itself.
+LockFile::Keeping askKeeping(HANDLE file) {
+  OVERLAPPED place = keptByte();
+  if (::LockFileEx(file, LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place)) {
+    ::UnlockFileEx(file, 0, 1, 0, &place);
+    return LockFile::Free;
+  }
+  const DWORD error = ::GetLastError();
+  return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? LockFile::Kept
+                                                                    : LockFile::Untold;
+}
+
+/// Opens whatever there is, only to ask about it.
+HANDLE openToAsk(const std::filesystem::path& name) noexcept {
+  return ::CreateFileW(name.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+bool isSameFile(const BY_HANDLE_FILE_INFORMATION& one, const BY_HANDLE_FILE_INFORMATION& other) {
+  return one.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
+         one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
+}
+
 /// The same for all spellings of a directory's name; empty when there is none.
 std::wstring nameOfGuard(const QString& directory) {
   BY_HANDLE_FILE_INFORMATION found{};
-  const HANDLE handle = ::CreateFileW(Platform::nativePath(directory).c_str(), 0,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  const HANDLE handle = openToAsk(Platform::nativePath(directory));
   if (handle == INVALID_HANDLE_VALUE) {
     return {};
   }
@@ -30,6 +96,79 @@ std::wstring nameOfGuard(const QString& directory) {
 }
 
 }  // namespace
+
+// Whoever reads keeps the file from being removed meanwhile: a file that is removed while somebody
+// has it open would hold its name a little longer.
+LockFile::Finding LockFile::look(const QString& name, Mark& mark) {
+  const std::wstring path = Platform::nativePath(name).native();
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    return findingFor(::GetLastError());
+  }
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    return NoPlain;
+  }
+  const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return findingFor(::GetLastError());
+  }
+  const Closer closer{file};
+  if (::GetFileType(file) != FILE_TYPE_DISK) {
+    return NoPlain;
+  }
+  Start start;
+  const int count = readStart(file, start);
+  mark = {QByteArray(start.data(), std::max(0, count)), askKeeping(file)};
+  return count < 0 ? Unlooked : Read;
+}
+
+// Without the right to remove the file, so that readers need not permit that; but others may remove
+// and rename it.
+bool Platform::KeptFile::create(const std::filesystem::path& name) noexcept {
+  close();
+  const HANDLE file = ::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  OVERLAPPED place = keptByte();
+  constexpr DWORD atOnceForOne = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+  _handle = reinterpret_cast<std::intptr_t>(file);
+  _isKept = ::LockFileEx(file, atOnceForOne, 0, 1, 0, &place) != 0;
+  return true;
+}
+
+bool Platform::KeptFile::write(const QByteArray& text) noexcept {
+  return writeAll(_handle, text.constData(), std::size_t(text.size()));
+}
+
+bool Platform::KeptFile::holds(const QByteArray& text) const noexcept {
+  Start start;
+  return readStart(handleOf(_handle), start) == text.size() &&
+         std::equal(text.begin(), text.end(), start.begin());
+}
+
+bool Platform::KeptFile::isAt(const std::filesystem::path& name) const noexcept {
+  BY_HANDLE_FILE_INFORMATION own{};
+  BY_HANDLE_FILE_INFORMATION there{};
+  const HANDLE file = openToAsk(name);
+  if (file == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  const Closer closer{file};
+  return ::GetFileInformationByHandle(handleOf(_handle), &own) &&
+         ::GetFileInformationByHandle(file, &there) && isSameFile(own, there);
+}
+
+void Platform::KeptFile::close() noexcept {
+  if (_handle != none) {
+    ::CloseHandle(handleOf(_handle));
+    _handle = none;
+  }
+  _isKept = false;
+}
 
 Platform::DirectoryGuard::DirectoryGuard(const QString& directory) {
   constexpr DWORD longestWait = 5000;  // in milliseconds

@@ -1,9 +1,7 @@
 #include <kyr/files/safe_file_p.h>
 
-#include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <string>
@@ -63,31 +61,18 @@ bool makeAbsolute(std::filesystem::path& path) {
 }  // namespace
 
 // Nobody may open the new file meanwhile who may not read the old one.
-bool OutputFile::create(const QString& name, const QString& model) {
+bool OutputFile::create(const std::filesystem::path& name, const QString& model) {
+  surviveFileLimit();
   struct stat old = {};
   const std::string modelPath = nativePath(model).native();
   const bool hasModel = ::stat(modelPath.c_str(), &old) == 0;
   const mode_t atFirst = hasModel ? old.st_mode & mode_t{0600} : newFile;
-  const int file =
-      ::open(nativePath(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, atFirst);
+  const int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, atFirst);
   if (file < 0) {
     return false;
   }
   _handle = file;
   return !hasModel || copyPermissions(old, modelPath.c_str(), file);
-}
-
-bool OutputFile::write(const char* bytes, std::size_t count) {
-  while (count > 0) {
-    const ssize_t written = ::write(static_cast<int>(_handle), bytes, count);
-    if (written < 0 && errno != EINTR) {
-      return false;
-    }
-    const auto done = static_cast<std::size_t>(std::max<ssize_t>(0, written));
-    bytes += done;
-    count -= done;
-  }
-  return true;
 }
 
 bool OutputFile::flushToDisk() {
@@ -134,8 +119,8 @@ bool isHeldByOther() {
 }
 
 // Some file systems have nothing to flush for a directory, and say so.
-bool flushDirectory(const QString& directory) {
-  const int opened = ::open(nativePath(directory).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+bool flushDirectory(const std::filesystem::path& directory) noexcept {
+  const int opened = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (opened < 0) {
     return errno == EACCES;  // a directory that may be written, but not read
   }

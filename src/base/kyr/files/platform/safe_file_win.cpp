@@ -1,10 +1,7 @@
 #include <kyr/files/safe_file_p.h>
 
-#include <kyr/os/os_file_p.h>
-
 #include <QDir>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -51,9 +48,9 @@ std::wstring finalPath(const std::wstring& path) {
 
 }  // namespace
 
-bool OutputFile::create(const QString& name, const QString& model) {
+bool OutputFile::create(const std::filesystem::path& name, const QString& model) {
   constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-  const std::wstring path = nativePath(name).native();
+  const std::wstring& path = name.native();
   const std::wstring modelPath = nativePath(model).native();
   const DWORD old = ::GetFileAttributesW(modelPath.c_str());
   const bool hasModel = old != INVALID_FILE_ATTRIBUTES;
@@ -66,19 +63,6 @@ bool OutputFile::create(const QString& name, const QString& model) {
   _handle = reinterpret_cast<std::intptr_t>(file);
   if (hasModel) {
     copyAccessList(modelPath, path);
-  }
-  return true;
-}
-
-bool OutputFile::write(const char* bytes, std::size_t count) {
-  while (count > 0) {
-    const auto portion = static_cast<DWORD>(std::min<std::size_t>(count, 1U << 20U));
-    DWORD written = 0;
-    if (!::WriteFile(handleOf(_handle), bytes, portion, &written, nullptr)) {
-      return false;
-    }
-    bytes += written;
-    count -= written;
   }
   return true;
 }
@@ -131,7 +115,7 @@ bool isHeldByOther() {
 }
 
 // Renaming has returned only when the disk knows.
-bool flushDirectory(const QString& /*directory*/) {
+bool flushDirectory(const std::filesystem::path& /*directory*/) noexcept {
   return true;
 }
 

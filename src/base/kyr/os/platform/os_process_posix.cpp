@@ -3,6 +3,7 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QProcess>
+#include <QSysInfo>
 
 #include <cerrno>
 #include <csignal>
@@ -14,6 +15,8 @@
 namespace Kyr {
 
 namespace {
+
+constexpr const char* bootIdentifier = "/proc/sys/kernel/random/boot_id";
 
 QByteArray firstLine(const std::string& file) {
   std::ifstream stream(file, std::ios_base::binary);
@@ -48,13 +51,24 @@ bool OS::pidExists(std::int64_t pid) {
 QByteArray Platform::processStart(std::int64_t pid) {
   constexpr int startField = 19;
   const QByteArray ticks = fieldsOf(pid).value(startField);
-  return ticks.isEmpty() ? ticks : ticks + '@' + firstLine("/proc/sys/kernel/random/boot_id");
+  const QByteArray boot = firstLine(bootIdentifier);
+  return ticks.isEmpty() || boot.isEmpty() ? QByteArray() : ticks + '@' + boot;
 }
 
 QByteArray Platform::processSpace() {
   std::error_code error;
   const std::string space = std::filesystem::read_symlink("/proc/self/ns/pid", error).native();
-  return QByteArray::fromStdString(space);
+  const bool isUntold = error && error != std::errc::no_such_file_or_directory;
+  return isUntold ? "untold:" + QByteArray::number(OS::getPID()) : QByteArray::fromStdString(space);
+}
+
+// Many containers have no identifier, or an empty file for it. No other machine has the number of
+// this one's start, though it is another one after the next start.
+QByteArray Platform::machineIdentifier() {
+  const QByteArray identifier = QSysInfo::machineUniqueId();
+  OS::FileStatus status;
+  const bool hasNone = !OS::stat("/etc/machine-id", &status) || status.size == 0;
+  return identifier.isEmpty() && hasNone ? firstLine(bootIdentifier) : identifier;
 }
 
 void Platform::showOnDesktop(const QString& target) {

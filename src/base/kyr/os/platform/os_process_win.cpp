@@ -3,6 +3,7 @@
 #include <kyr/os/os_reason_p.h>
 
 #include <QDir>
+#include <QSysInfo>
 
 #include <limits>
 #include <string>
@@ -58,6 +59,12 @@ QByteArray Platform::processStart(std::int64_t pid) {
 
 QByteArray Platform::processSpace() {
   return {};
+}
+
+// A system that was set up without an identifier goes by its name alone.
+QByteArray Platform::machineIdentifier() {
+  const QByteArray identifier = QSysInfo::machineUniqueId();
+  return identifier.isEmpty() ? QByteArray("none") : identifier;
 }
 
 void Platform::showOnDesktop(const QString& target) {
