@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <string>
 
@@ -124,6 +125,16 @@ TEST(StartOnLinux, WritesItsOwnFileForTheUserAlone) {
   const auto refused = start([](const QString& own) { OS::mkdir(own); });
   EXPECT_TRUE(refused.errors.startsWith("Could not redirect stdout to " + home.path().toUtf8()));
   EXPECT_TRUE(refused.output.startsWith("Could not redirect stderr to " + home.path().toUtf8()));
+}
+
+TEST(StartOnLinux, SurvivesAFileThatMayNotGrow) {
+  const Home home;
+  inChild([&] {
+    home.start({{"KYR_CONSOLE", "terminal"}});
+    std::raise(SIGXFSZ);
+    home.say("alive");
+  });
+  EXPECT_EQ(home.said(), "alive");
 }
 
 TEST(StartOnLinux, TakesTheNullDeviceForATemporaryDirectoryThatIsTooLong) {

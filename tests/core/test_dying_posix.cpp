@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdio>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -22,6 +24,12 @@ void breakPipe() {
   EXPECT_EQ(::pipe(ends), 0);
   ::close(ends[0]);
   ::dup2(ends[1], STDERR_FILENO);
+}
+
+void limitFile() {
+  const rlimit none{0, 0};
+  ::setrlimit(RLIMIT_FSIZE, &none);
+  ::dup2(::fileno(std::tmpfile()), STDERR_FILENO);
 }
 
 /// Exit code 7 when the fault is what a crash handler calls a write to address zero.
@@ -64,6 +72,7 @@ TEST(ProgError, FaultsAsACrashHandlerExpectsWhereverStandardErrorGoes) {
       {judgeFaults, 7, "a trap of the optimiser in place of the null write"},
       {[] { ::close(STDERR_FILENO); }, -1, "a loop on a closed descriptor"},
       {[] { ::dup2(::open("/dev/full", O_WRONLY), STDERR_FILENO); }, -1, "a loop on a full device"},
+      {limitFile, -1, "SIGXFSZ in place of the fault"},
       {breakPipe, -1, "SIGPIPE in place of the fault"},
   };
   for (const auto& row : rows) {

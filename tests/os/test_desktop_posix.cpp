@@ -10,13 +10,16 @@
 #include <QFile>
 
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
+#include <functional>
 #include <iostream>
 #include <string>
 
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
@@ -117,6 +120,41 @@ TEST(SystemPosix, KeepsWhatHasTheName) {
   }
   EXPECT_EQ(ended.output, "----+-");
   EXPECT_EQ(OS::listDirectory(dir.path()).join(' '), "empty last new pipe");
+}
+
+TEST(SystemPosix, FailsWhereAFileMayNotGrow) {
+  const KyrTest::TempDir dir;
+  const QString full = dir.write("full", QByteArray(4096, 'x'));
+  const QString name = dir.file("new");
+  const struct {
+    std::function<bool()> isWritten;
+    const char* catches;
+  } rows[] = {
+      {[&] {
+         std::ofstream stream;
+         OS::openStdStream(stream, name, OS::OpenWrite, true);
+         return bool(stream << std::string(4096, 'x') << std::flush);
+       },
+       "a stream"},
+      {[&] {
+         const KyrTest::Stream file(OS::openFile(name, OS::OpenAppend), &std::fclose);
+         return std::fputs("much", file.get()) >= 0 && std::fflush(file.get()) == 0;
+       },
+       "a stream of the C library"},
+      {[&] { return OS::copyFile(full, dir.file("copy")); }, "a copy"},
+  };
+  for (const auto& row : rows) {
+    const KyrTest::Ended ended = KyrTest::inChild([&] {
+      const rlimit none{0, 0};
+      ::setrlimit(RLIMIT_FSIZE, &none);
+      std::cout << (row.isWritten() ? "written" : "refused");
+    });
+    EXPECT_EQ(ended.output, "refused") << row.catches;
+  }
+  const Kyr::ProcessResult started = OS::run("grep", {"SigIgn", "/proc/self/status"});
+  const quint64 ignored =
+      started.output.mid(started.output.indexOf(':') + 1).trimmed().toULongLong(nullptr, 16);
+  EXPECT_EQ(ignored >> (SIGXFSZ - 1) & 1U, 0U) << "programs that are started inherit it";
 }
 
 }  // namespace
