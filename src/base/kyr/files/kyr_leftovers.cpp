@@ -16,6 +16,9 @@ namespace Kyr {
 
 namespace {
 
+/// Of the names of all such files.
+constexpr const char* startOfAll = ".kyr-";
+
 constexpr int manyEntries = 1000;
 
 /// Fingerprints of the large directories that were looked at last; 0 for none.
@@ -45,7 +48,7 @@ bool isOld(const QString& name) {
 bool isUnusedLock(const QString& directory, const QString& entry) {
   constexpr int length = 41;
   LockFile::Mark mark;
-  return entry.size() == length && entry.startsWith(".kyr-") && entry.endsWith(".new") &&
+  return entry.size() == length && entry.endsWith(".new") &&
          LockFile::look(directory + entry, mark) == LockFile::Read && LockFile::isStale(mark) &&
          (LockFile::processOf(mark.text) != 0 || isOld(directory + entry));
 }
@@ -57,8 +60,9 @@ void Leftovers::sweep(const QString& directory) {
     return;
   }
   QStringList entries;
-  Platform::readEntries(directory, entries);
-  if (entries.size() > manyEntries) {
+  int all = 0;
+  Platform::readEntries(directory, startOfAll, entries, all);
+  if (all > manyEntries) {
     rememberSeen(directory);
   }
   for (const QString& entry : entries) {

@@ -41,6 +41,11 @@ bool copyOver(const QString& from, const QString& to) {
 
 }  // namespace
 
+bool Platform::readEntries(const QString& name, QStringList& entries) {
+  int all = 0;
+  return readEntries(name, {}, entries, all);
+}
+
 bool OS::stat(const QString& name, FileStatus* status) {
   FileStatus unused;
   return Platform::isName(name) && Platform::readStatus(name, status ? *status : unused);

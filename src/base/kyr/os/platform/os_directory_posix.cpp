@@ -116,13 +116,17 @@ const char* Platform::EntryReader::next() {
   return entry ? entry->d_name : nullptr;
 }
 
-bool Platform::readEntries(const QString& name, QStringList& entries) {
+bool Platform::readEntries(const QString& name, const QByteArray& start, QStringList& entries,
+                           int& all) {
   EntryReader reader(native(name));
   if (!reader.isOpen()) {
     return false;
   }
   while (const char* const entry = reader.next()) {
-    entries.append(nameOf(entry));
+    ++all;
+    if (std::strncmp(entry, start.constData(), static_cast<std::size_t>(start.size())) == 0) {
+      entries.append(nameOf(entry));
+    }
   }
   return reader.isComplete();
 }

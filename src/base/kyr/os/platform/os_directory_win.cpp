@@ -169,14 +169,19 @@ bool Platform::Search::isOpen() const {
   return _handle != INVALID_HANDLE_VALUE;
 }
 
-bool Platform::readEntries(const QString& name, QStringList& entries) {
+bool Platform::readEntries(const QString& name, const QByteArray& start, QStringList& entries,
+                           int& all) {
+  const std::wstring wanted = QString(start).toStdWString();
   WIN32_FIND_DATAW found{};
   const Search search(::FindFirstFileW(nativePath(name + "/*").c_str(), &found));
   if (!search.isOpen()) {
     return ::GetLastError() == ERROR_FILE_NOT_FOUND;  // the root of an empty drive
   }
   do {
-    entries.append(QString::fromWCharArray(found.cFileName));
+    ++all;
+    if (std::wcsncmp(found.cFileName, wanted.c_str(), wanted.size()) == 0) {
+      entries.append(QString::fromWCharArray(found.cFileName));
+    }
   } while (::FindNextFileW(search.handle(), &found));
   return ::GetLastError() == ERROR_NO_MORE_FILES;
 }
