@@ -51,6 +51,9 @@ class KYR_EXPORT KyrInit {
   /// what the system says; the last three count as unset when they are empty, and KYR also when
   /// it holds nothing but quotes.
   ///
+  /// A write that exceeds the largest size of files fails from here on, and does not end the
+  /// process; see OS.
+  ///
   /// A second call reads everything anew, for instance after CloseLibrary(). The process's own
   /// file of output is then kept, and handlers are not installed twice.
   /// \param arguments of the program, its name first; loses "-start-app-socket" and the number

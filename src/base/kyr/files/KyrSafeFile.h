@@ -17,7 +17,8 @@ namespace Kyr {
 /// What is written to stream() goes to a temporary file beside the target. commit() brings it to
 /// the disk, checks it and renames it over the target. A crash, a power cut or a full disk at any
 /// moment leaves the target as it was or as it is to be, whole. Without commit() nothing happens to
-/// it. What a killed process left behind is removed by the next save into the same directory.
+/// it. What a killed process left behind is removed by the next save into the same directory, if
+/// that has at most 1000 entries, otherwise by the first one of the next process.
 ///
 ///     SafeFile file("part.kyr");
 ///     ZipOutStream zip(&file.stream(), version);
@@ -65,7 +66,7 @@ class KYR_EXPORT SafeFile {
   ///         power cut
   void commit(const Check& check = {});
 
-  /// Removes the temporary file. After commit() it does nothing.
+  /// Removes the temporary file; needs no memory. After commit() it does nothing.
   void discard() noexcept;
 
  private:

@@ -25,6 +25,10 @@ namespace Kyr {
 /// knows. Members that answer with a bool are for places where a failure is an ordinary answer;
 /// the others throw a Kyr::Exception with the name and the reason, in English and in the same
 /// words on every platform.
+///
+/// Where a file may not grow any more (on Linux RLIMIT_FSIZE), writing to it fails: before it opens
+/// the first file for writing, the library gives the signal SIGXFSZ a handler that does nothing,
+/// unless the application has set what happens. Programs that are started do not inherit that.
 /// \threadsafety any thread
 class KYR_EXPORT OS {
  public:
