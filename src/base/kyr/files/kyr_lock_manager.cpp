@@ -4,6 +4,8 @@
 #include <kyr/files/lock_file_p.h>
 #include <kyr/os/KyrOS.h>
 
+#include <optional>
+
 namespace Kyr {
 
 namespace {
@@ -82,13 +84,16 @@ void LockingManager::removeStaleLocks(const QString& directory) const {
   if (!OS::readDirectory(directory, &entries)) {
     return;
   }
+  std::optional<Platform::DirectoryGuard> guard;
   for (const QString& entry : entries) {
     const QString lockFile = directory + "/" + entry;
     if (!entry.endsWith(_suffix) || !isStale(lockFile)) {
       continue;
     }
     // An ExclusiveLock may have replaced it since; from here on none does.
-    const Platform::DirectoryGuard guard(directory + "/");
+    if (!guard) {
+      guard.emplace(directory + "/");
+    }
     if (isStale(lockFile)) {
       OS::unlink(lockFile);
     }
