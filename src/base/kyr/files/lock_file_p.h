@@ -35,7 +35,7 @@ Finding look(const QString& name, Mark& mark);
 
 /// The first number of a lock file's text is that of a process.
 /// \return 0 when there is none
-std::int64_t processOf(const QByteArray& text);
+std::int64_t processOf(const QByteArray& bytes);
 
 /// The text of a lock file of this process.
 /// \param isKept whether the system keeps the file locked

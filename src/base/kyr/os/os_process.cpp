@@ -34,7 +34,7 @@ QByteArray askOnce(std::atomic<const Told*>& told, QByteArray (*ask)()) {
     return known->text;
   }
   auto now = std::make_unique<Told>(Told{pid, ask()});
-  const QByteArray text = now->text;
+  QByteArray text = now->text;
   if (!text.isEmpty() && told.compare_exchange_strong(known, now.get())) {
     static_cast<void>(now.release());
   }
