@@ -251,7 +251,7 @@ TEST(Report, WritesWholeArchivesOnly) {
     EXPECT_THROW(report.write(name), Exception) << name.toStdString();
   }
   EXPECT_EQ(KyrTest::readFile(target), bytes) << "an older report was replaced";
-  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "leftovers";
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1) << "leftovers";
 }
 
 TEST(Report, CollectsWhatThereIs) {

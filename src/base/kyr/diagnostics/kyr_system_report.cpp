@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLocale>
+#include <QTemporaryFile>
 
 #include <algorithm>
 #include <exception>
@@ -79,15 +80,17 @@ Exception cannotWrite(const QString& fileName, const QString& reason) {
 }
 
 /// An empty file of a free name beside another, for its owner alone; removed unless it was renamed.
-/// Of a process that was killed, the next SafeFile of the directory removes it.
+/// Of a process that was killed, the next SafeFile of the directory removes it. QTemporaryFile by
+/// itself keeps the file open, in the way of a new name on Windows.
 class TemporaryName {
  public:
-  explicit TemporaryName(const QString& fileName) : _path(TemporaryFile::besideOf(fileName)) {
-    QFile file(_path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+  explicit TemporaryName(const QString& fileName) {
+    QTemporaryFile file(TemporaryFile::besideOf(fileName) + "XXXXXX");
+    file.setAutoRemove(false);
+    if (!file.open()) {
       throw cannotWrite(fileName, file.errorString());
     }
-    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    _path = file.fileName();
   }
   TemporaryName(const TemporaryName&) = delete;
   TemporaryName& operator=(const TemporaryName&) = delete;
