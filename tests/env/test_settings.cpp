@@ -1,5 +1,4 @@
 #include <kyr/env/KyrInit.h>
-#include <kyr/env/settings_p.h>
 #include <kyr/os/KyrOS.h>
 
 #include "support/Support.h"
@@ -14,28 +13,6 @@ using Kyr::KyrInit;
 using Kyr::OS;
 
 namespace {
-
-TEST(SoftwareRoot, StandsBeforeTheLastBin) {
-  const struct {
-    const char* executable;
-    const char* current;
-    const char* root;
-    const char* catches;
-  } rows[] = {
-      {"C:\\Prog\\BIN\\app.exe", "/c", "C:/Prog", "case of the letters; separators"},
-      {"/a/bin/B\"\"\xc3\x84/bin/x/app", "/c", "/a/bin/B\xc3\x84", "the first one; quotes stay"},
-      {"/\xc4\xb0\xc4\xb0/Bin/app", "/c", "/\xc4\xb0\xc4\xb0", "letters that grow in lower case"},
-      {"/bin/app", "/c", "", "the system's own root passes for none"},
-      {"/opt/cabin/app", "C:\\\"c\"", "C:/c", "a part of a name; the directory is not converted"},
-      {"/a/bin", "/c", "/c", "a program of that name"},
-      {"", "/c", "/c", "no name of the program"},
-  };
-  for (const auto& row : rows) {
-    const QString root = Kyr::Settings::softwareRoot(row.executable, row.current);
-    EXPECT_TRUE(root == row.root && !root.isNull()) << row.catches << ": " << root.toStdString();
-  }
-  EXPECT_TRUE(Kyr::Settings::softwareRoot("/opt/app", {}).isNull());
-}
 
 TEST(CrashDump, IsNamedWhereverItFits) {
   const QString whole = OS::getTempDirectory() + QDir::separator() + "ORV-4294967295.dmp";

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -90,6 +91,7 @@ TEST(KStringTest, TakesTemporariesViewsAndBraces) {
                 decltype(own + "x"), decltype("x" + own), decltype(own + 'x'), decltype('x' + own),
                 decltype(KString() + KString()), decltype(view + own)>);
   static_assert(std::is_same_v<decltype(plain + plain), std::string>, "others are left alone");
+  static_assert(!std::is_invocable_v<std::plus<>, KString, int>, "a number is no character");
   EXPECT_EQ(('<' + own + ' ' + plain + " %1" + view + '>').arg("x"), "<own plain xview>");
   EXPECT_EQ(text + text, "abab");
   EXPECT_EQ(std::move(text) + text.mid(0), "abab") << "the memory of the left one is used on";

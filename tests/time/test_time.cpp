@@ -13,6 +13,7 @@
 #include <ctime>
 #include <functional>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 using Kyr::Time;
@@ -53,6 +54,7 @@ TEST(Time, DifferencesAndOrder) {
     EXPECT_EQ(earlier - later, -span.toDuration()) << fault;
   }
   EXPECT_EQ(Time(1, 0).difference(Time(2, 500000)), -1.5) << "unsigned subtraction";
+  static_assert(!std::is_invocable_v<std::minus<>, Time, int>, "a number taken for a moment");
 }
 
 TEST(Time, OtherClocks) {

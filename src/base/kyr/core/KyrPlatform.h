@@ -12,6 +12,13 @@
 #define KYR_EXPORT __attribute__((visibility("default")))
 #endif
 
+/// For a private class inside of an exported one, which otherwise is exported with it.
+#if defined(_WIN32)
+#define KYR_HIDDEN
+#else
+#define KYR_HIDDEN __attribute__((visibility("hidden")))
+#endif
+
 /// Clang's static lock checks (-Wthread-safety); other compilers see nothing.
 #if defined(__clang__)
 #define KYR_THREAD_ATTRIBUTE(x) __attribute__((x))

@@ -2,8 +2,6 @@
 /// What a dying process needs of other rooms and of the platform.
 #pragma once
 
-#include <kyr/core/KyrPlatform.h>
-
 #include <cstddef>
 
 namespace Kyr::Fatal {
@@ -11,7 +9,7 @@ namespace Kyr::Fatal {
 /// Sets what releases the shared-memory segments of this process. Called when the first
 /// segment is born, so that this room need not know the class that owns them.
 /// \param release must not allocate or lock; null takes it back
-KYR_EXPORT void setSharedMemoryRelease(void (*release)()) noexcept;
+void setSharedMemoryRelease(void (*release)()) noexcept;
 
 /// Releases them. Waits for a lock, a second at most.
 void releaseSharedMemory() noexcept;

@@ -11,6 +11,6 @@ namespace Kyr::Report {
 
 /// Screens and graphics cards as the kernel's files tell them.
 /// \param root the directory of these files, "/sys"
-KYR_EXPORT void describeDisplaysBelow(const QString& root, SystemReport::Section& section);
+void describeDisplaysBelow(const QString& root, SystemReport::Section& section);
 
 }  // namespace Kyr::Report

@@ -2,8 +2,6 @@
 /// The rules of the directories, also for those who do not start the library.
 #pragma once
 
-#include <kyr/core/KyrPlatform.h>
-
 #include <QString>
 
 namespace Kyr::Settings {
@@ -14,7 +12,7 @@ namespace Kyr::Settings {
 /// \param currentDirectory the root of a program elsewhere; may be empty
 /// \return null when neither tells it
 /// \threadsafety any thread
-KYR_EXPORT QString softwareRoot(const QString& executable, const QString& currentDirectory);
+QString softwareRoot(const QString& executable, const QString& currentDirectory);
 
 /// What KyrInit::InitLibrary() settles, for those who ask without starting the library.
 struct ConfigDirectories {

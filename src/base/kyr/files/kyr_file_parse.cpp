@@ -244,7 +244,7 @@ void Line::copy(std::size_t begin, std::size_t end, QString* to) const {
 
 }  // namespace
 
-struct File::State {
+struct KYR_HIDDEN File::State {
   std::FILE* stream;
   std::array<Line, 2> lines;  ///< the current line and the one being read
   TextCodec_t codec;

@@ -58,7 +58,7 @@ bool renamePatiently(const QString& from, const QString& to) {
 }  // namespace
 
 /// Keeps count of what it writes, and the reason of the first failure.
-class SafeFile::Buffer : public std::streambuf {
+class KYR_HIDDEN SafeFile::Buffer : public std::streambuf {
  public:
   Buffer() { setp(_bytes.get(), _bytes.get() + size); }
 
@@ -158,7 +158,7 @@ std::streamsize SafeFile::Buffer::xsputn(const char* bytes, std::streamsize coun
 }
 
 /// What stands behind the interface.
-struct SafeFile::Private {
+struct KYR_HIDDEN SafeFile::Private {
   /// How far the new file is.
   enum State {
     Writing,   ///< complete() leads to Complete

@@ -69,7 +69,7 @@ bool isAddress(const QString& text) {
 
 }  // namespace
 
-class Process::Running {
+class KYR_HIDDEN Process::Running {
  public:
   Running(const QString& program, const QStringList& arguments)
       : _program(program), _arguments(arguments) {}

@@ -2,8 +2,6 @@
 /// The counter behind the debug timer; tests put one of their own here.
 #pragma once
 
-#include <kyr/core/KyrPlatform.h>
-
 #include <cstdint>
 
 namespace Kyr {
@@ -20,7 +18,7 @@ struct Source {
 /// \param source lives as long as it is set; null for the machine's counter
 /// \return the source that was set before
 /// \threadsafety any thread
-KYR_EXPORT const Source* setSource(const Source* source) noexcept;
+const Source* setSource(const Source* source) noexcept;
 
 }  // namespace PerformanceCounter
 

@@ -2,8 +2,6 @@
 /// Where the present moment comes from; tests put a clock of their own here.
 #pragma once
 
-#include <kyr/core/KyrPlatform.h>
-
 #include <cstdint>
 
 namespace Kyr::Clock {
@@ -15,7 +13,7 @@ using Source = std::int64_t (*)();
 /// \param source null for the system's clock
 /// \return the source that was set before
 /// \threadsafety any thread
-KYR_EXPORT Source setSource(Source source) noexcept;
+Source setSource(Source source) noexcept;
 
 /// The present moment of the source that is set.
 std::int64_t milliseconds();

@@ -1,4 +1,5 @@
 #include <kyr/app/crash_posix_p.h>
+#include <kyr/core/KyrPlatform.h>
 #include <kyr/sync/thread_start_p.h>
 
 #include <new>

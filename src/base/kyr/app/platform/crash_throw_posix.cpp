@@ -1,6 +1,7 @@
 // Where exceptions come from that end a thread of the suite. Qt catches whatever leaves run() and
 // only then ends the process: the stack of the throw is gone, unlike in other threads.
 #include <kyr/app/crash_posix_p.h>
+#include <kyr/core/KyrPlatform.h>
 
 #include <exception>
 #include <typeinfo>
