@@ -83,9 +83,10 @@ class KYR_EXPORT File {
   /// Whether nothing of the current line is left, at constant cost.
   bool atEndOfLine() const;
 
-  /// Whether the stream ended where a line is continued. What there was of that line is dropped;
-  /// the operation that met it succeeded all the same, leaving the current line as it was, unless
-  /// the reader is strict. Stays until a further data line is read; a comment counts as well.
+  /// Whether the stream ended where a line is continued; a comment counts as well. What there was
+  /// of that line is dropped. If it was anything and the reader is not strict, the operation that
+  /// met it has succeeded all the same and left the current line as it was.
+  /// \return stays true until a further line is read
   bool endedInside() const;
 
   /// Makes the keyed operations throw Error once when the stream ends where a data line is
