@@ -91,8 +91,8 @@ class KYR_EXPORT ZippedTarWriter {
   /// Adds a file that only the memory holds.
   /// \param name in the archive
   /// \param modified in seconds since 1970-01-01 00:00 UTC
-  /// \throws Exception whose text is \a name when that or the time does not fit into a header; the
-  ///         others of addFile() for the archive
+  /// \throws Exception whose text is \a name when that or the time does not fit into a header, but
+  ///         not with TakeAll; the others of addFile() for the archive
   void addContents(const QString& name, const QByteArray& contents, std::int64_t modified);
 
   /// Adds the files of a directory, sorted by code points. Entries that cannot be read are left
@@ -130,6 +130,7 @@ class KYR_EXPORT ZippedTarWriter {
   QString addStream(std::ifstream& in, const QString& name, std::int64_t modified,
                     std::int64_t size);
   bool copyContent(std::ifstream& in, std::int64_t size);
+  void fillLastBlock(std::int64_t size);
   bool expectAdded(const QString& path, const QString& reason);
   QString addIfReadable(const QString& path, const TarFiles::Facts& facts, const QString& name);
   void addEntries(const QString& dir, const QStringList& entries, bool recursive,

@@ -124,10 +124,15 @@ bool ZippedTarWriter::copyContent(std::ifstream& in, std::int64_t size) {
     _target->added(portion);
     left -= std::int64_t(portion);
   }
+  fillLastBlock(size);
+  return complete;
+}
+
+/// \param size of the content that has been written
+void ZippedTarWriter::fillLastBlock(std::int64_t size) {
   constexpr Tar::Block zeros{};
   const auto rest = static_cast<std::size_t>(size % Tar::blockSize);
   _target->write(zeros.data(), rest > 0 ? Tar::blockSize - rest : 0);
-  return complete;
 }
 
 /// \return whether it was
@@ -224,17 +229,12 @@ void ZippedTarWriter::flush() {
 
 void ZippedTarWriter::addContents(const QString& name, const QByteArray& contents,
                                   std::int64_t modified) {
-  Tar::Block header;
-  if (name.contains(QChar::Null) ||
-      !Tar::makeHeader(header, name.toUtf8(), modified, contents.size())) {
-    throw Exception(name);
+  if (expectAdded(name, writeHeader(name, modified, contents.size()))) {
+    _target->write(reinterpret_cast<const unsigned char*>(contents.constData()),
+                   static_cast<std::size_t>(contents.size()));
+    fillLastBlock(contents.size());
+    ++_fileCount;
   }
-  const auto size = static_cast<std::size_t>(contents.size());
-  constexpr Tar::Block zeros{};
-  _target->write(header.data(), header.size());
-  _target->write(reinterpret_cast<const unsigned char*>(contents.constData()), size);
-  _target->write(zeros.data(), (Tar::blockSize - size % Tar::blockSize) % Tar::blockSize);
-  ++_fileCount;
 }
 
 }  // namespace Kyr
