@@ -68,8 +68,6 @@ TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
        "a signal left out"},
       {"overflow", "EXCEPTION_STACK_OVERFLOW", address, "overflowStack", "sink = overflowStack(0)",
        "a handler on the stack that is used up; who began is left out"},
-      {"big-frame", "EXCEPTION_STACK_OVERFLOW", address, "takeBigFrame", "frame[zero] = 1",
-       "a frame that reaches far below the stack"},
       {"abort", "0x40000015 \\(abort\\(\\) was called\\)", address, "abortProcess", "std::abort();",
        "a silent abort"},
       {"exception", "0x20474343 \\(Kyr::Exception: the measurement is gone\\)", address,

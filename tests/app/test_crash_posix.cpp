@@ -53,6 +53,8 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
       {"cp \"" KYR_CRASH "\" \"$TMPDIR/c\"; exec 9<\"$TMPDIR/c\"; rm \"$TMPDIR/c\"; "
        "exec /proc/self/fd/9 --kind divide",
        " c!Crash::(anonymous namespace)::divideByZero()", 1, "a removed program without symbols"},
+      {"exec \"" KYR_CRASH "\" --kind big-frame --in-thread --threads 8",
+       "EXCEPTION_STACK_OVERFLOW\n", 1, "a frame that reaches far below the stack"},
       {"trap '' ABRT SEGV FPE ALRM PIPE", "EXCEPTION_INT_DIVIDE_BY_ZERO\n", 1,
        "signals that the process was born without"},
   };

@@ -19,6 +19,10 @@ using Crash::Text;
 /// whom, and the outermost, which show who began.
 constexpr unsigned mostInnermost = 50;
 constexpr unsigned mostOutermost = 50;
+/// As many functions may call each other in a circle for their frames to be skipped, not walked.
+constexpr unsigned longestCircle = 16;
+/// Walking through a stack takes no longer; its outermost frames are not known then.
+constexpr DWORD patience = 10'000;  // milliseconds
 
 /// The stack of a thread as it was when the thread stood still. It stands no longer than the
 /// copying takes: what reads symbols needs locks that it may hold.
@@ -100,57 +104,180 @@ bool returnToCaller(CONTEXT& context) noexcept {
   return true;
 }
 
+/// A function of a stack that was called or interrupted.
+struct Frame {
+  DWORD address;  ///< where it goes on
+  DWORD stack;    ///< the stack pointer then, behind the way back to the address
+};
+
+/// A recursion: so many frames, the same ones again and again, in as many bytes of the stack.
+struct Circle {
+  unsigned frames;  ///< 0 for none
+  DWORD bytes;
+};
+
+bool holdsWayBack(const Frame& frame, DWORD distance) noexcept {
+  DWORD address = 0;
+  DWORD count = 0;
+  return readMemory(::GetCurrentProcess(), frame.stack + distance - DWORD{sizeof address}, &address,
+                    sizeof address, &count) &&
+         count == sizeof address && address == frame.address;
+}
+
 /// The frames of one stack, which come from the innermost outwards: the first are printed at once,
 /// the last are kept.
 class Frames {
  public:
   explicit Frames(const Symbols& symbols) noexcept : _symbols(symbols) {}
 
-  void add(DWORD address) noexcept {
+  void add(const Frame& frame) noexcept {
     if (_count < mostInnermost) {
-      _symbols.printFrame(_count, address);
-    } else {
-      _last[_count % mostOutermost] = address;
+      _symbols.printFrame(_count, frame.address);
     }
+    _last[_count % mostOutermost] = frame;
     ++_count;
+    ++_known;
+  }
+
+  /// Leaves out a recursion up to its outermost frames, which may be a hundred thousand calls.
+  /// \return by how many bytes the last frame has moved outwards, to be added again; 0 for none
+  DWORD skipCircle() noexcept {
+    const Circle circle = _known >= 2 * longestCircle ? findCircle() : Circle{};
+    const unsigned whole = circle.frames > 0 ? countRepetitions(circle) : 0;
+    const unsigned walked = circle.frames > 0 ? mostOutermost / circle.frames + 1 : 0;
+    if (whole <= walked) {
+      return 0;
+    }
+    _count += (whole - walked) * circle.frames - 1;
+    _known = 0;
+    return (whole - walked) * circle.bytes;
   }
 
   void printOutermost() const noexcept {
     const unsigned behind = _count - std::min(_count, mostInnermost);
-    const unsigned kept = std::min(behind, mostOutermost);
+    const unsigned kept = std::min({behind, mostOutermost, _known});
     if (behind > kept) {
       Text text;
       text.decimal(behind - kept) << " frames are left out\n";
       Crash::write(text);
     }
     for (unsigned number = _count - kept; number < _count; ++number) {
-      _symbols.printFrame(number, _last[number % mostOutermost]);
+      _symbols.printFrame(number, _last[number % mostOutermost].address);
     }
   }
 
  private:
+  /// \param back how many frames before the last
+  const Frame& before(unsigned back) const noexcept {
+    return _last[(_count - 1 - back) % mostOutermost];
+  }
+
+  bool repeats(const Circle& circle) const noexcept {
+    for (unsigned i = 0; i < circle.frames; ++i) {
+      if (before(i).address != before(i + circle.frames).address ||
+          before(i).stack - before(i + circle.frames).stack != circle.bytes) {
+        return false;
+      }
+    }
+    return circle.bytes > 0;
+  }
+
+  Circle findCircle() const noexcept {
+    for (unsigned frames = 1; frames <= longestCircle; ++frames) {
+      const Circle circle{frames, before(0).stack - before(frames).stack};
+      if (repeats(circle)) {
+        return circle;
+      }
+    }
+    return {};
+  }
+
+  /// How often the circle comes again behind the last frame.
+  unsigned countRepetitions(const Circle& circle) const noexcept {
+    unsigned count = 0;
+    while (true) {
+      for (unsigned i = 0; i < circle.frames; ++i) {
+        if (!holdsWayBack(before(i), (count + 1) * circle.bytes)) {
+          return count;
+        }
+      }
+      ++count;
+    }
+  }
+
   const Symbols& _symbols;
   unsigned _count = 0;
-  std::array<DWORD, mostOutermost> _last{};
+  unsigned _known = 0;  ///< of the last frames
+  std::array<Frame, mostOutermost> _last{};
+};
+
+/// The way through one stack.
+class Walk {
+ public:
+  Walk(const Walker& walker, HANDLE thread, const CONTEXT& context) noexcept
+      : _walker(walker), _thread(thread), _context(context) {
+    start();
+  }
+
+  /// \return false behind the outermost frame
+  bool next() noexcept {
+    const DWORD64 before = _frame.AddrStack.Offset;
+    const bool found =
+        _walker.walk(IMAGE_FILE_MACHINE_I386, ::GetCurrentProcess(), _thread, &_frame, &_context,
+                     &readMemory, _walker.tableAccess, _walker.moduleBase, nullptr) &&
+        _frame.AddrPC.Offset != 0 && (_isFirst || _frame.AddrStack.Offset > before);
+    _isFirst = false;
+    return found;
+  }
+
+  Frame frame() const noexcept {
+    return {static_cast<DWORD>(_frame.AddrPC.Offset), static_cast<DWORD>(_frame.AddrStack.Offset)};
+  }
+
+  /// Goes on at the same place of a function that was called in the same way, further outwards.
+  void move(DWORD bytes) noexcept {
+    const auto base = static_cast<DWORD>(_frame.AddrFrame.Offset);
+    _context.Eip = frame().address;
+    _context.Esp = frame().stack + bytes;
+    _context.Ebp = base - frame().stack < bytes ? base + bytes : base;
+    start();
+  }
+
+ private:
+  void start() noexcept {
+    _frame = {};
+    _frame.AddrPC = flat(_context.Eip);
+    _frame.AddrFrame = flat(_context.Ebp);
+    _frame.AddrStack = flat(_context.Esp);
+    _isFirst = true;
+  }
+
+  const Walker& _walker;
+  HANDLE _thread;
+  CONTEXT _context;
+  STACKFRAME64 _frame{};
+  bool _isFirst = true;
 };
 
 void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
                 CONTEXT context) noexcept {
   Frames frames(symbols);
-  const DWORD first = context.Eip;
+  const Frame first{context.Eip, context.Esp};
   if (returnToCaller(context)) {
     frames.add(first);
   }
-  STACKFRAME64 frame{};
-  frame.AddrPC = flat(context.Eip);
-  frame.AddrFrame = flat(context.Ebp);
-  frame.AddrStack = flat(context.Esp);
-  DWORD64 before = 0;
-  while (walker.walk(IMAGE_FILE_MACHINE_I386, ::GetCurrentProcess(), thread, &frame, &context,
-                     &readMemory, walker.tableAccess, walker.moduleBase, nullptr) &&
-         frame.AddrPC.Offset != 0 && frame.AddrStack.Offset > before) {
-    before = frame.AddrStack.Offset;
-    frames.add(static_cast<DWORD>(frame.AddrPC.Offset));
+  Walk walk(walker, thread, context);
+  const DWORD begin = ::GetTickCount();
+  for (unsigned number = 1; walk.next(); ++number) {
+    frames.add(walk.frame());
+    if (::GetTickCount() - begin > patience) {
+      Crash::write(Text() << "further frames are left out\n");
+      return;
+    }
+    const DWORD bytes = number % mostInnermost == 0 ? frames.skipCircle() : 0;
+    if (bytes > 0) {
+      walk.move(bytes);
+    }
   }
   frames.printOutermost();
 }
