@@ -53,58 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>英语</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>德语</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>法语</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>日语</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>中文</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>葡萄牙语</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>文件版本无效：%1。该文件比当前程序版本更新：%2</translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation>未知的文件版本</translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation>无法读取 zip 流的文件头。</translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation>zip 流的文件头无效。</translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation>文件头无效：该文件是以 FTP 的 ASCII 模式传输的。
-必须以二进制模式传输。</translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -164,6 +112,33 @@ it must be transferred by binary-ftp.</source>
     <message>
         <source>libKyr %1: changes of the interface</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>德语</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>法语</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>日语</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>葡萄牙语</translation>
     </message>
 </context>
 <context>
@@ -227,6 +202,35 @@ it must be transferred by binary-ftp.</source>
     <message>
         <source>%1 exists already and is not replaced</source>
         <translation>%1 已存在，不会被替换</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>文件版本无效：%1。该文件比当前程序版本更新：%2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>未知的文件版本</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>无法读取 zip 流的文件头。</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>zip 流的文件头无效。</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>文件头无效：该文件是以 FTP 的 ASCII 模式传输的。
+必须以二进制模式传输。</translation>
     </message>
 </context>
 </TS>

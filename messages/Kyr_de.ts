@@ -53,58 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>Englisch</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>Deutsch</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>Französisch</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>Japanisch</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>Chinesisch</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>Portugiesisch</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>Ungültige Dateiversion: %1. Die Datei ist neuer als die vorliegende Programmversion: %2</translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation>unbekannte Dateiversion</translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation>Der Kopf des Zip-Stroms kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation>Ungültiger Kopf des Zip-Stroms.</translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation>Ungültiger Dateikopf: Die Datei wurde per FTP im Textmodus (ASCII) übertragen.
-Sie muss im Binärmodus übertragen werden.</translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -164,6 +112,33 @@ Sie muss im Binärmodus übertragen werden.</translation>
     <message>
         <source>libKyr %1: changes of the interface</source>
         <translation>libKyr %1: Änderungen der Schnittstelle</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>Chinesisch</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>Portugiesisch</translation>
     </message>
 </context>
 <context>
@@ -227,6 +202,35 @@ Sie muss im Binärmodus übertragen werden.</translation>
     <message>
         <source>%1 exists already and is not replaced</source>
         <translation>%1 ist schon vorhanden und wird nicht ersetzt</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation>die Datei endet mitten in dieser Zeile</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>Ungültige Dateiversion: %1. Die Datei ist neuer als die vorliegende Programmversion: %2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>unbekannte Dateiversion</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>Der Kopf des Zip-Stroms kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>Ungültiger Kopf des Zip-Stroms.</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>Ungültiger Dateikopf: Die Datei wurde per FTP im Textmodus (ASCII) übertragen.
+Sie muss im Binärmodus übertragen werden.</translation>
     </message>
 </context>
 </TS>

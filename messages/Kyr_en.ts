@@ -53,57 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>English</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>German</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>French</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>Japanese</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>Chinese</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>Portuguese</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -166,6 +115,33 @@ it must be transferred by binary-ftp.</source>
     </message>
 </context>
 <context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>German</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>French</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>Japanese</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>Chinese</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>Portuguese</translation>
+    </message>
+</context>
+<context>
     <name>Kyr_diagnostics</name>
     <message>
         <source>line %1: %2</source>
@@ -225,6 +201,34 @@ it must be transferred by binary-ftp.</source>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -53,58 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>Anglais</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>Allemand</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>Français</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>Japonais</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>Chinois</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>Portugais</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>Version de fichier non valide : %1. Le fichier est plus récent que la version actuelle du programme : %2</translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation>version de fichier inconnue</translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation>Impossible de lire l&apos;en-tête du flux zip.</translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation>En-tête de flux zip non valide.</translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation>En-tête non valide : le fichier a été transféré par FTP en mode texte (ASCII).
-Il doit être transféré en mode binaire.</translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -164,6 +112,33 @@ Il doit être transféré en mode binaire.</translation>
     <message>
         <source>libKyr %1: changes of the interface</source>
         <translation>libKyr %1 : changements de l’interface</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>Anglais</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>Allemand</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>Français</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>Japonais</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>Chinois</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>Portugais</translation>
     </message>
 </context>
 <context>
@@ -227,6 +202,35 @@ Il doit être transféré en mode binaire.</translation>
     <message>
         <source>%1 exists already and is not replaced</source>
         <translation>%1 existe déjà et n&apos;est pas remplacé</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation>le fichier se termine au milieu de cette ligne</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>Version de fichier non valide : %1. Le fichier est plus récent que la version actuelle du programme : %2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>version de fichier inconnue</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>Impossible de lire l&apos;en-tête du flux zip.</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>En-tête de flux zip non valide.</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>En-tête non valide : le fichier a été transféré par FTP en mode texte (ASCII).
+Il doit être transféré en mode binaire.</translation>
     </message>
 </context>
 </TS>

@@ -53,58 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>英語</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>ドイツ語</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>フランス語</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>日本語</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>中国語</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>ポルトガル語</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>ファイルのバージョンが無効です: %1。ファイルは現在のプログラムのバージョンより新しいものです: %2</translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation>不明なファイルバージョン</translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation>zip ストリームのヘッダーを読み取れません。</translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation>zip ストリームのヘッダーが無効です。</translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation>ヘッダーが無効です: ファイルが FTP の ASCII モードで転送されました。
-バイナリモードで転送する必要があります。</translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -164,6 +112,33 @@ it must be transferred by binary-ftp.</source>
     <message>
         <source>libKyr %1: changes of the interface</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>英語</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>ドイツ語</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>フランス語</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>中国語</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>ポルトガル語</translation>
     </message>
 </context>
 <context>
@@ -227,6 +202,35 @@ it must be transferred by binary-ftp.</source>
     <message>
         <source>%1 exists already and is not replaced</source>
         <translation>%1 はすでに存在するため、置き換えません</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>ファイルのバージョンが無効です: %1。ファイルは現在のプログラムのバージョンより新しいものです: %2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>不明なファイルバージョン</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>zip ストリームのヘッダーを読み取れません。</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>zip ストリームのヘッダーが無効です。</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>ヘッダーが無効です: ファイルが FTP の ASCII モードで転送されました。
+バイナリモードで転送する必要があります。</translation>
     </message>
 </context>
 </TS>

@@ -53,58 +53,6 @@
     </message>
 </context>
 <context>
-    <name>Kyr_Translator</name>
-    <message>
-        <source>language: english</source>
-        <translation>Inglês</translation>
-    </message>
-    <message>
-        <source>language: german</source>
-        <translation>Alemão</translation>
-    </message>
-    <message>
-        <source>language: french</source>
-        <translation>Francês</translation>
-    </message>
-    <message>
-        <source>language: japanese</source>
-        <translation>Japonês</translation>
-    </message>
-    <message>
-        <source>language: chinese</source>
-        <translation>Chinês</translation>
-    </message>
-    <message>
-        <source>language: portuguese</source>
-        <translation>Português</translation>
-    </message>
-</context>
-<context>
-    <name>Kyr_zip_err</name>
-    <message>
-        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>Versão de ficheiro inválida: %1. O ficheiro é mais recente do que a versão atual do programa: %2</translation>
-    </message>
-    <message>
-        <source>unknown file version</source>
-        <translation>versão de ficheiro desconhecida</translation>
-    </message>
-    <message>
-        <source>cannot read zip stream header</source>
-        <translation>Não é possível ler o cabeçalho do fluxo zip.</translation>
-    </message>
-    <message>
-        <source>invalid zip stream header</source>
-        <translation>Cabeçalho do fluxo zip inválido.</translation>
-    </message>
-    <message>
-        <source>invalid header: the file was transferred by ascii-ftp.
-it must be transferred by binary-ftp.</source>
-        <translation>Cabeçalho inválido: o ficheiro foi transferido por FTP em modo ASCII.
-Tem de ser transferido em modo binário.</translation>
-    </message>
-</context>
-<context>
     <name>KyrChangeLog</name>
     <message>
         <source>new %1.</source>
@@ -164,6 +112,33 @@ Tem de ser transferido em modo binário.</translation>
     <message>
         <source>libKyr %1: changes of the interface</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Translator</name>
+    <message>
+        <source>language: english</source>
+        <translation>Inglês</translation>
+    </message>
+    <message>
+        <source>language: german</source>
+        <translation>Alemão</translation>
+    </message>
+    <message>
+        <source>language: french</source>
+        <translation>Francês</translation>
+    </message>
+    <message>
+        <source>language: japanese</source>
+        <translation>Japonês</translation>
+    </message>
+    <message>
+        <source>language: chinese</source>
+        <translation>Chinês</translation>
+    </message>
+    <message>
+        <source>language: portuguese</source>
+        <translation>Português</translation>
     </message>
 </context>
 <context>
@@ -227,6 +202,35 @@ Tem de ser transferido em modo binário.</translation>
     <message>
         <source>%1 exists already and is not replaced</source>
         <translation>%1 já existe e não é substituído</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_zip_err</name>
+    <message>
+        <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
+        <translation>Versão de ficheiro inválida: %1. O ficheiro é mais recente do que a versão atual do programa: %2</translation>
+    </message>
+    <message>
+        <source>unknown file version</source>
+        <translation>versão de ficheiro desconhecida</translation>
+    </message>
+    <message>
+        <source>cannot read zip stream header</source>
+        <translation>Não é possível ler o cabeçalho do fluxo zip.</translation>
+    </message>
+    <message>
+        <source>invalid zip stream header</source>
+        <translation>Cabeçalho do fluxo zip inválido.</translation>
+    </message>
+    <message>
+        <source>invalid header: the file was transferred by ascii-ftp.
+it must be transferred by binary-ftp.</source>
+        <translation>Cabeçalho inválido: o ficheiro foi transferido por FTP em modo ASCII.
+Tem de ser transferido em modo binário.</translation>
     </message>
 </context>
 </TS>

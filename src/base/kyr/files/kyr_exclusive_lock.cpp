@@ -39,7 +39,7 @@ void removePatiently(const std::filesystem::path& name) noexcept {
 }  // namespace
 
 /// The file of a lock that is being taken or held. It can be given back without memory.
-class ExclusiveLock::Holder {
+class KYR_HIDDEN ExclusiveLock::Holder {
  public:
   explicit Holder(const QString& lockFile);
   ~Holder();
