@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the sources of a build folder, as many at once as there are processors.
 
-A file that was found clean is not looked at again until it, a header of this project that it
-includes, its compiler command or the configuration of the lint changes.
+A file that was found clean is not looked at again, in this checkout or in another one on this
+machine, until it, a header of this project that it includes, its compiler command or the
+configuration of the lint changes.
 """
 import argparse
 import concurrent.futures
@@ -12,6 +13,7 @@ import os
 import re
 import subprocess
 import sys
+import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -49,7 +51,8 @@ def configurations():
 
 
 def fingerprint(source, command):
-    digest = hashlib.sha256(command.encode())
+    """A name for all that decides what the lint says; where the checkout lies does not."""
+    digest = hashlib.sha256(command.replace(str(ROOT), ".").encode())
     for path in [*configurations(), *with_headers(source)]:
         digest.update(path.read_bytes())
     return digest.hexdigest()
@@ -68,16 +71,26 @@ def outdated(build, stamps):
         source = Path(entry["file"]).resolve()
         generated = build.resolve() in source.parents
         stamp = stamps / fingerprint(source, entry["command"]) if not generated else None
-        if stamp and not stamp.exists():
+        if stamp and stamp.exists():
+            stamp.touch()
+        elif stamp:
             yield source, stamp
+
+
+def forget_old(stamps):
+    """Takes away what no lint has asked for in a month."""
+    for stamp in stamps.iterdir():
+        if stamp.stat().st_mtime < time.time() - 30 * 24 * 3600:
+            stamp.unlink()
 
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("build", type=Path, help="with compile_commands.json")
-    build = arguments.parse_args().build
-    stamps = build / "lint"
-    stamps.mkdir(exist_ok=True)
+    arguments.add_argument("stamps", type=Path, help="folder for the names of what was clean")
+    options = arguments.parse_args()
+    build, stamps = options.build, options.stamps
+    stamps.mkdir(parents=True, exist_ok=True)
     work = sorted(outdated(build, stamps), key=lambda pair: -pair[0].stat().st_size)
     clean = True
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
@@ -87,6 +100,7 @@ def main():
                 print(found)
             else:
                 stamp.touch()
+    forget_old(stamps)
     return 0 if clean else 1
 
 

@@ -43,8 +43,9 @@ class Machine:
         self.root = root
         self.calls = root / "calls"
         (root / "bin").mkdir(parents=True)
-        for folder in ("src", "tests", "bench", "examples", "tools"):
+        for folder in ("src", "tests", "bench", "examples"):
             (root / folder).mkdir()
+        shutil.copytree(DEV.parent / "tools/dev", root / "tools/dev")
         (root / "src/any.cpp").touch()
         shutil.copy(DEV, root / "dev")
         for name in [*REAL, "basename"]:
