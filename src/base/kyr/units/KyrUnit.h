@@ -176,7 +176,7 @@ class KYR_EXPORT Unit {
  private:
   friend class UnitDiff;
   /// Identifiers of all living kinds.
-  static std::map<const Unit*, QString> unit_ids;
+  static std::map<const Unit*, QString>& unit_ids;
 
   Units_t _default = Millimetre;
   QString _name;
@@ -273,7 +273,7 @@ class KYR_EXPORT UnitDiff : public UnitLinear {
   static QString getID(const Unit* base, const QString& denominator);
 
   /// All living difference units by their identifiers.
-  static std::map<QString, UnitDiff*> diff_units;
+  static std::map<QString, UnitDiff*>& diff_units;
 };
 
 }  // namespace Kyr

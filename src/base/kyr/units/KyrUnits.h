@@ -8,7 +8,8 @@ namespace Kyr {
 
 // The objects below are the only ones of their classes: constructing another raises ProgError
 // "Do not instanciate, use uLength!" (or the like), copying one "Do not copy this". They live
-// from the loading of the library to its unloading. The default unit is the internal one at first,
+// from the loading of the library on and are never destroyed: other threads may use them until the
+// process is gone. The default unit is the internal one at first,
 // but for angles (degree) and fractions (percent).
 
 /// Lengths. Internal unit: millimetre.

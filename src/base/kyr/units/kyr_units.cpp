@@ -1,15 +1,24 @@
 #include <kyr/units/KyrUnits.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/forever_p.h>
+#include <kyr/units/unit_rooms_p.h>
 
 #include <cstring>
+#include <new>
 
 namespace Kyr {
 
-// The registries stand before the kinds in this one file, so that they are built first and
-// destroyed last.
-std::map<const Unit*, QString> Unit::unit_ids;
-std::map<QString, UnitDiff*> UnitDiff::diff_units;
+namespace {
+
+// The registries stand before the kinds in this one file, so that they are built first.
+Forever<std::map<const Unit*, QString>> kindsRoom;
+Forever<std::map<QString, UnitDiff*>> differencesRoom;
+
+}  // namespace
+
+std::map<const Unit*, QString>& Unit::unit_ids = kindsRoom.object;
+std::map<QString, UnitDiff*>& UnitDiff::diff_units = differencesRoom.object;
 
 namespace {
 
@@ -122,11 +131,6 @@ constexpr Row catalogue[] = {
 [[noreturn]] void refuseCopy(const char* constructor) {
   throw ProgError(constructor, site::File, site::Copy, "Do not copy this");
 }
-
-/// Deletes the difference units that nobody cleared, before the kinds go that they stem from.
-struct ClearAtUnloading {
-  ~ClearAtUnloading() { UnitDiff::clearUnits(); }
-};
 
 }  // namespace
 
@@ -306,27 +310,38 @@ void UnitFigure::setDPI(unsigned dpi) {
   setFactor(Pixel, 25.4 / dpi);
 }
 
-UnitLength uLength;
-UnitTemp uTemp;
-UnitAngle uAngle;
-UnitTime uTime;
-UnitStrain uStrain;
-UnitPress uPress;
-UnitShutter uShutter;
-UnitFigure uFigure;
-UnitVelocity uVelocity;
-UnitAcceleration uAccel;
-UnitStrainVelocity uStrainVelocity;
-UnitStrainAcceleration uStrainAccel;
-UnitArea uArea;
-UnitVolume uVolume;
-UnitFraction uFraction;
-UnitCurvature uCurvature;
-UnitAngleVelocity uAngleVelocity;
-UnitAngleAcceleration uAngleAccel;
-
 namespace {
-const ClearAtUnloading clearAtUnloading;
+
+/// Builds an object in its room of kyr_unit_rooms.cpp.
+template <class Kind>
+void build(Kind& room) {
+  static_assert(sizeof(Kind) <= unitRoomSize && alignof(Kind) == alignof(UnitLinear));
+  ::new (static_cast<void*>(&room)) Kind;
+}
+
+struct BuildAtLoading {
+  BuildAtLoading() {
+    build(uLength);
+    build(uTemp);
+    build(uAngle);
+    build(uTime);
+    build(uStrain);
+    build(uPress);
+    build(uShutter);
+    build(uFigure);
+    build(uVelocity);
+    build(uAccel);
+    build(uStrainVelocity);
+    build(uStrainAccel);
+    build(uArea);
+    build(uVolume);
+    build(uFraction);
+    build(uCurvature);
+    build(uAngleVelocity);
+    build(uAngleAccel);
+  }
+};
+const BuildAtLoading buildAtLoading;
 
 using Kinds = std::vector<Unit*>;
 

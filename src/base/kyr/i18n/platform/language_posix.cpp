@@ -48,7 +48,7 @@ unsigned firstKnown(const QStringList& locales) {
 /// \return empty when nobody sets it
 QString localeOfMessages() {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const QString value = OS::getEnv(variable);
+    QString value = OS::getEnv(variable);
     if (!value.isEmpty()) {
       return value;
     }

@@ -1,0 +1,14 @@
+/// \file
+/// The memory of the objects of the kinds.
+#pragma once
+
+#include <kyr/units/KyrUnit.h>
+
+#include <cstddef>
+
+namespace Kyr {
+
+/// For a kind with whatever it adds to its base.
+constexpr std::size_t unitRoomSize = sizeof(UnitLinear) + 8;
+
+}  // namespace Kyr
