@@ -82,7 +82,7 @@ TEST(Catalogues, MayBeDamagedAnywhere) {
       damaged[bit / 8] = char(damaged[bit / 8] ^ 1 << bit % 8);
       refused += lookUp(damaged, texts, bit % 2 == 0) < 0 ? 1 : 0;
     }
-    for (int size = 0; size < whole.size(); ++size) {
+    for (int size = 0; size < whole.size(); size += 3) {
       refused += lookUp(whole.left(size), texts, true) < 0 ? 1 : 0;
     }
     std::printf("%d", refused);
