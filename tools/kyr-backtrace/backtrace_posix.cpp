@@ -42,7 +42,7 @@ using Registers = std::array<Dwarf_Word, registerCount>;
 /// whom, and the outermost, which show who began.
 constexpr std::size_t mostInnermost = 50;
 constexpr std::size_t mostOutermost = 50;
-/// Walking through a stack takes no longer; its outermost frames are not known then.
+/// Walking on from the innermost takes no longer; the outermost frames are not known then.
 constexpr std::chrono::seconds patience{8};
 
 struct Request {
@@ -269,7 +269,9 @@ class Walk {
     if (!dwfl_frame_pc(&frame, &address, &isActivation) || !leadsOutwards(frame, isActivation)) {
       return DWARF_CB_ABORT;
     }
-    _isUnfinished = std::chrono::steady_clock::now() > _end;
+    const auto now = std::chrono::steady_clock::now();
+    _end = _count <= mostInnermost ? now + patience : _end;
+    _isUnfinished = now > _end;
     if (_isUnfinished) {
       return DWARF_CB_ABORT;
     }
@@ -302,7 +304,7 @@ class Walk {
   bool _isUnfinished = false;
   std::size_t _count = 0;
   Dwarf_Word _top = 0;
-  std::chrono::steady_clock::time_point _end = std::chrono::steady_clock::now() + patience;
+  std::chrono::steady_clock::time_point _end;
   std::array<Frame, mostOutermost> _last{};
 };
 

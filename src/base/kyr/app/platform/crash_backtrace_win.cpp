@@ -21,7 +21,7 @@ constexpr unsigned mostInnermost = 50;
 constexpr unsigned mostOutermost = 50;
 /// As many functions may call each other in a circle for their frames to be skipped, not walked.
 constexpr unsigned longestCircle = 16;
-/// Walking through a stack takes no longer; its outermost frames are not known then.
+/// Walking on from the innermost takes no longer; the outermost frames are not known then.
 constexpr DWORD patience = 10'000;  // milliseconds
 
 /// The stack of a thread as it was when the thread stood still. It stands no longer than the
@@ -267,9 +267,10 @@ void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
     frames.add(first);
   }
   Walk walk(walker, thread, context);
-  const DWORD begin = ::GetTickCount();
+  DWORD begin = 0;
   for (unsigned number = 1; walk.next(); ++number) {
     frames.add(walk.frame());
+    begin = number <= mostInnermost ? ::GetTickCount() : begin;
     if (::GetTickCount() - begin > patience) {
       Crash::write(Text() << "further frames are left out\n");
       return;
