@@ -73,8 +73,8 @@ HANDLE openToAsk(const std::filesystem::path& name) noexcept {
                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
-/// Of two files on one volume. The volume's number is not compared: a new file is looked for only in
-/// its own directory, and not every system tells that number for every handle.
+/// Of two files on one volume. The volume's number is not compared: a new file is looked for only
+/// in its own directory, and not every system tells that number for every handle.
 bool isSameFile(const BY_HANDLE_FILE_INFORMATION& one, const BY_HANDLE_FILE_INFORMATION& other) {
   return one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
