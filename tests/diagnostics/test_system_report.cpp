@@ -213,6 +213,7 @@ TEST(Report, TakesOnlyHarmlessFiles) {
       {file, "l. ", 8, false, "ends that Windows drops"},
       {file, QString(20, QChar(0x4e00)), 8, false, "more than the archive's header takes"},
       {file, QString(13, QChar(0x4e00)), 8, true, "as much as it takes"},
+      {file, QString(20, QChar(0x434)), 8, true, "a name that makes the report unwritable"},
   };
   SystemReport report;
   for (const auto& row : rows) {
@@ -227,7 +228,7 @@ TEST(Report, TakesOnlyHarmlessFiles) {
   report.write(target);
   const Files files = unpack(target, report.name());
   EXPECT_EQ(files.at("files/a/b.txt"), "contents");
-  EXPECT_EQ(files.size(), 3U) << "two files and the page";
+  EXPECT_EQ(files.size(), 4U) << "three files and the page";
 }
 
 TEST(Report, WritesWholeArchivesOnly) {

@@ -223,6 +223,7 @@ void SystemReport::pack(const QString& fileName) const {
   const QString folder = name() + "/";
   SafeFile file(fileName);
   ZippedTarWriter archive(&file.stream());
+  archive.setTaking(ZippedTarWriter::TakeAll);  // also names whose header no signed sum fits
   try {
     archive.addContents(folder + "index.html", toHtml().toUtf8(), _seconds);
     for (std::size_t i = 0; i < _sections.size(); ++i) {
