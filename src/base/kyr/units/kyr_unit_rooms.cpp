@@ -6,27 +6,27 @@
 
 namespace Kyr {
 
-#define KYR_UNIT_ROOM(name)                           \
-  KYR_EXPORT extern unsigned char name[unitRoomSize]; \
-  alignas(UnitLinear) unsigned char name[unitRoomSize]
+struct UnitRoom {
+  alignas(UnitLinear) unsigned char bytes[unitRoomSize];
+};
 
-KYR_UNIT_ROOM(uLength);
-KYR_UNIT_ROOM(uTemp);
-KYR_UNIT_ROOM(uAngle);
-KYR_UNIT_ROOM(uTime);
-KYR_UNIT_ROOM(uStrain);
-KYR_UNIT_ROOM(uPress);
-KYR_UNIT_ROOM(uShutter);
-KYR_UNIT_ROOM(uFigure);
-KYR_UNIT_ROOM(uVelocity);
-KYR_UNIT_ROOM(uAccel);
-KYR_UNIT_ROOM(uStrainVelocity);
-KYR_UNIT_ROOM(uStrainAccel);
-KYR_UNIT_ROOM(uArea);
-KYR_UNIT_ROOM(uVolume);
-KYR_UNIT_ROOM(uFraction);
-KYR_UNIT_ROOM(uCurvature);
-KYR_UNIT_ROOM(uAngleVelocity);
-KYR_UNIT_ROOM(uAngleAccel);
+KYR_EXPORT UnitRoom uLength;
+KYR_EXPORT UnitRoom uTemp;
+KYR_EXPORT UnitRoom uAngle;
+KYR_EXPORT UnitRoom uTime;
+KYR_EXPORT UnitRoom uStrain;
+KYR_EXPORT UnitRoom uPress;
+KYR_EXPORT UnitRoom uShutter;
+KYR_EXPORT UnitRoom uFigure;
+KYR_EXPORT UnitRoom uVelocity;
+KYR_EXPORT UnitRoom uAccel;
+KYR_EXPORT UnitRoom uStrainVelocity;
+KYR_EXPORT UnitRoom uStrainAccel;
+KYR_EXPORT UnitRoom uArea;
+KYR_EXPORT UnitRoom uVolume;
+KYR_EXPORT UnitRoom uFraction;
+KYR_EXPORT UnitRoom uCurvature;
+KYR_EXPORT UnitRoom uAngleVelocity;
+KYR_EXPORT UnitRoom uAngleAccel;
 
 }  // namespace Kyr
