@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 
 namespace Crash {
 
@@ -78,7 +79,8 @@ volatile int sink = 0;
 }
 
 [[gnu::noinline]] void askForTooMuch() {
-  sink = *new unsigned char[tooMuch];
+  const std::unique_ptr<unsigned char[]> block(new unsigned char[tooMuch]);
+  sink = block[0];
 }
 
 [[gnu::noinline]] void raiseProgError() {
