@@ -445,12 +445,8 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
   for (const auto& row : rows) {
     EXPECT_EQ(read(good, row.limits), row.files);
   }
-  if (sizeof(std::size_t) == 4) {  // whose vectors hold less than the 2 GiB that deflate may
-    Bytes huge = zip(entry("a", '0', "", "20000000000"));
-    const Bytes behind(3U << 20U, 'x');
-    huge.append(behind.data(), behind.size());
-    EXPECT_EQ(read(huge, {1ULL << 40U, 2}), "!");
-  }
+  // On systems of 64 bits that much would only be a long wait.
+  const Kyr::ZippedTarLimits of32Bits{sizeof(void*) == 4 ? ~0ULL : 9999, 9, 9};
   const QByteArray map = record("GNU.sparse.map=0,1");
   const QByteArray link = entry("x", 'x', record("linkpath=a")) + entry("h", '1', "");
   const struct {
@@ -463,10 +459,8 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
       {entry("x", 'x', record("path=a").repeated(5)), {9999, 9, 4}, "!", "many records"},
       {entry("x", 'x', record("GNU.sparse.map=1,1,2,1")), {9999, 9, 4}, "!", "long maps"},
       {entry("x", 'x', map + record("GNU.sparse.size=10000")), {9999, 9, 9}, "!", "holes"},
-      {entry("x", 'x', map + record("GNU.sparse.size=4000000000000000000")),
-       {~0ULL, 9, 9},
-       "!",
-       "more than any memory holds"},
+      {entry("x", 'x', map + record("GNU.sparse.size=3000000000")), of32Bits, "!",
+       "more than 32 bits can count"},
       {entry("a", '0', QByteArray(600, 'a')) + link, {5400, 9, 9}, "!", "copies"},
   };
   for (const auto& row : bombs) {

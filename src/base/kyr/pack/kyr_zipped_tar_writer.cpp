@@ -104,7 +104,7 @@ QString ZippedTarWriter::writeHeader(const QString& name, std::int64_t modified,
 
 QString ZippedTarWriter::addStream(std::ifstream& in, const QString& name, std::int64_t modified,
                                    std::int64_t size) {
-  const QString reason = writeHeader(name, modified, size);
+  QString reason = writeHeader(name, modified, size);
   if (!reason.isEmpty()) {
     return reason;
   }
