@@ -14,20 +14,14 @@
 
 #include <QFile>
 
-#include <array>
-#include <cstddef>
 #include <iostream>
 #include <string>
 
 #include <grp.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -156,27 +150,12 @@ TEST(SafeFilePosix, LosesNothingWithoutMemory) {
   EXPECT_EQ(ended.output, "to the end") << ended.errors.toStdString();
 }
 
-/// From now on this process's files take nothing, and the system calls that no failure.
-bool takeNothing() {
-  std::array<sock_filter, 6> program{{
-      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_write, 0, 3),
-      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args)),
-      BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, STDERR_FILENO, 0, 1),
-      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO),
-      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
-  }};
-  const sock_fprog filter{program.size(), program.data()};
-  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
-         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
-}
-
 TEST(SafeFilePosix, GivesUpWhereNothingIsTaken) {
   const KyrTest::TempDir dir;
   const QString path = dir.write("file", "old");
   const KyrTest::Ended ended = KyrTest::inChild([&] {
     ::alarm(20);
-    if (!takeNothing()) {
+    if (!KyrTest::takeNothing()) {
       std::cout << "skipped";
       return;
     }

@@ -52,8 +52,8 @@ Stream pipeStream(const QByteArray& bytes);
 /// The path of a device that can be opened but has no space; empty where there is none.
 QString fullDevice();
 
-/// From now on larger writes of this process, and of programs that it becomes, take nothing and
-/// call that no failure.
+/// From now on writes of this process, and of programs that it becomes, take nothing and call that
+/// no failure; but for up to 1000 bytes to a standard stream.
 /// \return false where the system has no such thing
 bool takeNothing();
 

@@ -36,11 +36,14 @@ QString fullDevice() {
 }
 
 bool takeNothing() {
-  constexpr auto call = offsetof(seccomp_data, nr), count = offsetof(seccomp_data, args[2]);
+  constexpr auto call = offsetof(seccomp_data, nr);
+  constexpr auto file = offsetof(seccomp_data, args), count = offsetof(seccomp_data, args[2]);
   sock_filter rules[] = {
       BPF_STMT(BPF_LD | BPF_W | BPF_ABS, call),
-      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_writev, 3, 0),
-      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_write, 0, 3),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_writev, 1, 0),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_write, 0, 5),
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, file),
+      BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, STDERR_FILENO, 2, 0),
       BPF_STMT(BPF_LD | BPF_W | BPF_ABS, count),
       BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, 1000, 0, 1),
       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO),
