@@ -220,6 +220,7 @@ TEST_F(ToolZip, NeverReplacesItsOwnInput) {
   } rows[] = {{{"zip", "pack", "plain", "plain"}, {}},
               {{"zip", "pack", "plain", itself}, {}},
               {{"zip", "pack", "second name", "plain"}, {}},
+              {{"tar", "create", "plain", "second name"}, {}},
               {{"zip", "pack", "plain", "-"}, {{}, itself, true}}};
   for (const auto& row : rows) {
     const Result packed = run(row.words, folder, row.streams);

@@ -121,6 +121,9 @@ bool tryToCreate(const Arguments& arguments, std::ostream& output, const QString
 }
 
 int createFile(const Arguments& arguments) {
+  for (int i = 1; i < arguments.count(); ++i) {
+    expectOtherFile(arguments[i], arguments[0]);
+  }
   Kyr::OS::FileStatus older;
   const bool isThere = Kyr::OS::stat(arguments[0], &older) && older.size > 0;
   Target target(arguments[0]);
