@@ -101,7 +101,8 @@ class NewFile {
 
   /// \param keepsPermissions whether it gets those of the plain file that has its place
   bool write(const std::vector<unsigned char>& contents, bool keepsPermissions) {
-    const bool isMade = _file.create(Platform::nativePath(_temporary), keepsPermissions ? _path : _temporary);
+    const bool isMade =
+        _file.create(Platform::nativePath(_temporary), keepsPermissions ? _path : _temporary);
     const auto* const bytes = reinterpret_cast<const char*>(contents.data());
     _isThere = _file.isOpen();
     return isMade && _file.write(bytes, contents.size()) && _file.close();
