@@ -66,7 +66,8 @@ class Reader {
   template <class Number>
   Number number() {
     quint32 value = 0;
-    for (const char byte : take(sizeof(Number))) {
+    const QByteArray bytes = take(sizeof(Number));  // const: what is not const copies on reading
+    for (const char byte : bytes) {
       value = value << 8 | static_cast<quint8>(byte);
     }
     return static_cast<Number>(value);
