@@ -5,7 +5,8 @@
 # files, of which one set is compiled. NEEDS lists the rooms whose headers this one may
 # include besides those that they need themselves; tools/check_rooms.py holds the includes
 # against it. TAKES lists single public headers of other rooms, as "room/Header.h", whose classes
-# this room's functions are called with; they themselves include only what this room may. Every header of the folder is public and installed, unless its name ends in _p.h.
+# this room's functions are called with; they themselves include only what this room may. Every
+# header of the folder is public and installed, unless its name ends in _p.h.
 function(kyr_room)
   cmake_parse_arguments(ROOM "" "NAME" "SOURCES;POSIX;WINDOWS;NEEDS;TAKES" ${ARGN})
   if(ROOM_UNPARSED_ARGUMENTS)

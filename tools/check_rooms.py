@@ -3,7 +3,8 @@
 
 Each room's CMakeLists.txt says with kyr_room(NAME ... NEEDS ... TAKES ...) what it is made of, and
 which rooms and single headers it may include. A public header includes what its functions are
-called with, and kyr/Kyr.h includes all public headers. Prints one line for each breach and ends with 1 if there is any.
+called with, and kyr/Kyr.h includes all public headers. Prints one line for each breach and ends
+with 1 if there is any.
 """
 import argparse
 import re
