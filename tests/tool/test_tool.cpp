@@ -246,12 +246,14 @@ TEST_F(ToolZip, NoticesAFullDevice) {
     EXPECT_EQ(result.code, 1) << words.join(' ').toStdString();
     EXPECT_EQ(result.errors, "kyr: standard output: no space left\n");
   }
+#if !defined(KYR_THREAD_SANITIZER)  // which makes files of its own before main() begins
   QProcess limited;
   limited.start("/bin/sh",
                 {"-c", "ulimit -f 0; exec \"$0\" units >\"$1\"", KYR_TOOL, folder.file("new")});
   EXPECT_TRUE(limited.waitForFinished());
   EXPECT_EQ(limited.readAllStandardError(), "kyr: standard output: cannot be written\n")
       << "a file that may not grow ends it";
+#endif
 }
 
 TEST_F(ToolZip, GivesUpWhereNothingIsTaken) {
