@@ -150,6 +150,7 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   const QString kana = QString::fromUtf8("\xe3\x83\x8e").repeated(20);
   const QString cyrillic = QString::fromUtf8("\xd1\x84").repeated(45);
   const QString deep = QString("n").repeated(98) + letters;
+  const QString parts = QString("n").repeated(98) + "/" + letters;
   const QString missing = dir.file("missing");
   Bytes out;
   ZippedTarWriter writer(&out);
@@ -157,7 +158,7 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   ASSERT_EQ(writer.getLosses().size(), 1U);
   EXPECT_TRUE(writer.getLosses()[0].reason.contains("checksum")) << "the length is not the reason";
   writer.setTaking(ZippedTarWriter::TakeAll);
-  for (const QString& name : {kana, cyrillic, deep, QString(5000, 'x')}) {
+  for (const QString& name : {kana, cyrillic, deep, parts, QString(5000, 'x')}) {
     writer.addFile(path, name);
   }
   writer.addFile(early, "early");
@@ -168,11 +169,12 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   writer.addDirectory(missing, true, "bad");
   writer.addEof();
   writer.flush();
-  const QString expected =
-      kana + "=1|" + cyrillic + "=1|" + deep + "=1|" + QString(5000, 'x') + "=1|early=2";
+  const QString expected = kana + "=1|" + cyrillic + "=1|" + deep + "=1|" + parts + "=1|" +
+                           QString(5000, 'x') + "=1|early=2";
   ASSERT_EQ(read(out).toStdString(), expected.toStdString());
-  EXPECT_EQ(ZippedTarReader(out).getModificationTime(4), -5);
-  EXPECT_EQ(writer.getFileCount(), 5U);
+  EXPECT_EQ(ZippedTarReader(out).getModificationTime(5), -5);
+  EXPECT_EQ(writer.getFileCount(), 6U);
+  EXPECT_FALSE(unzip(out).contains(QByteArray(98, 'n') + '/' + '\0')) << "a directory's name";
   QStringList lost;
   for (const Kyr::ZippedTarLoss& loss : writer.getLosses()) {
     lost += loss.name.mid(dir.path().size()) + " " + loss.reason.section(" ", 0, 2);
@@ -364,10 +366,15 @@ TEST(ZippedTar, ReadsWhatOthersWrite) {
       {a + entry("a", '0', "2") + entry("x", 'x', record("linkpath=a")) + entry("h", '1', "", "1") +
            entry("x", 'x', record("linkpath=h")) + entry("i", '1', ""),
        "a=1|a=2|h=2|i=2", "further names of a file"},
+      {entry("\xe4", '0', "1") + entry("\xf6", '0', "2") + entry("K", 'K', "\xe4") +
+           entry("h", '1', ""),
+       QString::fromUtf8("\xef\xbf\xbd=1|\xef\xbf\xbd=2|h=1"), "names that are no UTF-8"},
       {entry("K", 'K', "b") + entry("h", '1', "") + entry("b", '0', "2"),
        "b=2|-h: a further name of b, which is no file in the archive before it", "a later file"},
       {entry("L", 'L', longName + '\0') + entry("K", 'K', longName) + a + a, longName + "=1|a=1",
        "long names of GNU tar"},
+      {entry("L", 'L', QByteArray(99, 'n') + "/b") + entry(QByteArray(99, 'n') + '/', '0', "1") + a,
+       QString(99, 'n') + "/b=1|a=1", "a name that the header cuts off behind a separator"},
       {entry("L", 'L', longName + '\0') + entry("D", 'D', "Yf") + a, "a=1",
        "the long name of a directory's list is none of the next file"},
       {entry("x", 'x', record("path=" + letters.toUtf8()) + record("size=1")) +
@@ -458,6 +465,10 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
       {entry("x", 'x', record("path=a").repeated(4)), {9999, 9, 4}, "a=1", "as many as allowed"},
       {entry("x", 'x', record("path=a").repeated(5)), {9999, 9, 4}, "!", "many records"},
       {entry("x", 'x', record("GNU.sparse.map=1,1,2,1")), {9999, 9, 4}, "!", "long maps"},
+      {entry("s", 'S', "", {}, QByteArray(386 - 257, '\0') + QByteArray(96, '1')),
+       {9999, 9, 7},
+       "!",
+       "long maps of GNU tar"},
       {entry("x", 'x', map + record("GNU.sparse.size=10000")), {9999, 9, 9}, "!", "holes"},
       {entry("x", 'x', map + record("GNU.sparse.size=3000000000")), of32Bits, "!",
        "more than 32 bits can count"},

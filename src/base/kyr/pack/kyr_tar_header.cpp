@@ -102,7 +102,7 @@ std::optional<std::int64_t> numberIn(const Block& block, Field field) {
 /// The digits at the start of a decimal number.
 std::optional<std::int64_t> wholeNumber(const QByteArray& text) {
   bool ok = false;
-  const qlonglong number = text.split('.').first().toLongLong(&ok);
+  const qlonglong number = text.mid(0, text.indexOf('.')).toLongLong(&ok);
   return ok ? std::optional<std::int64_t>(number) : std::nullopt;
 }
 
@@ -157,6 +157,16 @@ QByteArray startOf(const QByteArray& text, int size) {
     --size;
   }
   return text.left(size);
+}
+
+/// What a header has room for of a name. A separator at its end would make it a directory's for
+/// readers that look no further.
+QByteArray nameForHeader(const QByteArray& name) {
+  QByteArray start = startOf(name, longestName);
+  while (start.endsWith('/')) {
+    start.chop(1);
+  }
+  return start;
 }
 
 /// Everything but the checksum.
@@ -224,8 +234,7 @@ const char* makeHeader(Block& block, const Entry& entry) {
 }
 
 QByteArray makeHeaders(const Entry& entry) {
-  const Entry plain{startOf(entry.name, longestName),
-                    std::clamp<std::int64_t>(entry.modified, 0, largest),
+  const Entry plain{nameForHeader(entry.name), std::clamp<std::int64_t>(entry.modified, 0, largest),
                     std::min(entry.size, largest)};
   QByteArray records;
   if (plain.name != entry.name) {
@@ -261,8 +270,7 @@ Kind kindOf(const Block& block) {
     case '\0':
     case '0':
     case '7':
-      // The oldest programs know directories by their names alone.
-      return nameIn(block).endsWith('/') ? Directory : File;
+      return File;
     case '1':
       return HardLink;
     case '2':

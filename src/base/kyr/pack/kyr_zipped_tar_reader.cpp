@@ -59,7 +59,7 @@ class TarParser {
       return false;
     }
     const auto count = static_cast<std::uint64_t>(*size);
-    switch (Tar::kindOf(_header)) {
+    switch (kind()) {
       case Tar::LongName:
         return readText(count, _name);
       case Tar::LongLink:
@@ -91,6 +91,13 @@ class TarParser {
     return false;
   }
 
+  /// The oldest programs know directories by their names alone; by the whole names, as a header may
+  /// hold the start of a longer one, up to a separator.
+  Tar::Kind kind() const {
+    const Tar::Kind kind = Tar::kindOf(_header);
+    return kind == Tar::File && name().endsWith('/') ? Tar::Directory : kind;
+  }
+
   std::optional<std::int64_t> sizeOfContent() const {
     return _record.size ? _record.size : Tar::sizeIn(_header);
   }
@@ -119,10 +126,10 @@ class TarParser {
   }
 
   bool addFile(std::vector<unsigned char>&& contents) {
-    const QString file = QString::fromUtf8(name());
+    const QByteArray file = name();
     _indices[file] = _reader._files.size();
-    _reader._files.push_back(
-        {file, std::move(contents), _record.modified.value_or(Tar::modifiedIn(_header))});
+    _reader._files.push_back({QString::fromUtf8(file), std::move(contents),
+                              _record.modified.value_or(Tar::modifiedIn(_header))});
     return true;
   }
 
@@ -133,11 +140,10 @@ class TarParser {
 
   /// The link and its file count as two files, as they do when they are written.
   bool copyEarlierFile() {
-    const QString earlier = QString::fromUtf8(link());
-    const auto found = _indices.constFind(earlier);
+    const auto found = _indices.constFind(link());
     if (found == _indices.constEnd()) {
-      return lose(
-          QString("a further name of %1, which is no file in the archive before it").arg(earlier));
+      return lose(QString("a further name of %1, which is no file in the archive before it")
+                      .arg(QString::fromUtf8(link())));
     }
     const std::vector<unsigned char>& original = _reader._files[*found].contents;
     return _source.spend(original.size()) && addFile(std::vector<unsigned char>(original));
@@ -147,13 +153,15 @@ class TarParser {
     Tar::SparseMap& map = _record.sparse;
     bool goesOn = Tar::readSparseBlock(_header, true, map);
     Tar::Block more{};
-    while (goesOn) {
+    while (goesOn && map.numbers.size() <= _recordsLeft) {
       if (_source.read(more.data(), more.size()) < more.size()) {
         return false;
       }
       goesOn = Tar::readSparseBlock(more, false, map);
     }
-    return true;
+    const bool isAllowed = map.numbers.size() <= _recordsLeft;
+    _recordsLeft -= isAllowed ? map.numbers.size() : 0;
+    return isAllowed;
   }
 
   /// Reads the data of a sparse file to their places among zeros.
@@ -259,7 +267,9 @@ class TarParser {
   unsigned _entriesLeft;
   std::uint64_t _recordsLeft;
   ZippedTarReader& _reader;
-  QHash<QString, std::size_t> _indices;  // of the files so far; of several of one name the last
+  // Of the files so far, of several of one name the last. By bytes: those that are no UTF-8 look
+  // alike.
+  QHash<QByteArray, std::size_t> _indices;
   Tar::Block _header{};
   QByteArray _name;
   QByteArray _link;

@@ -62,6 +62,7 @@ QByteArray makeHeaders(const Entry& entry);
 bool checksumFits(const Block& block);
 
 bool isZero(const Block& block);
+/// By the type alone; files of the oldest programs may be directories, by their names.
 Kind kindOf(const Block& block);
 char typeOf(const Block& block);
 /// The name with its POSIX prefix.
