@@ -191,7 +191,7 @@ class KYR_EXPORT ZipInStream : public std::istream {
   /// How the stream's content stands; all but StreamOpen are final.
   enum State_t {
     StreamOpen = 0,      ///< no end seen so far; reading on leads to one of the others
-    StreamComplete = 1,  ///< everything was read, and the checksum fits
+    StreamComplete = 1,  ///< the end was met, which is ahead of the reader; the checksum fits
     StreamCutShort = 2,  ///< the source ended before the stream
     StreamDamaged = 3,   ///< bytes that no writer writes, a wrong checksum included
     StreamRefused = 4,   ///< nothing was read because of the header
@@ -228,8 +228,8 @@ class KYR_EXPORT ZipInStream : public std::istream {
   /// its own format before it opens the file.
   /// \param in bytes from the start of a file: the zip header and any part of what follows it
   /// \param out gets the plain bytes that these hold, in place of its contents
-  /// \param limit of the plain bytes; what lies behind them is not looked at. A few bytes can
-  ///        hold a thousand times as many
+  /// \param limit of the plain bytes; damage within 16 KiB behind them may count as well. A few
+  ///        bytes can hold a thousand times as many
   /// \return whether the zip header is good, of whatever version, and no damage was met; that
   ///         \a in ends before the stream does is no damage
   /// \throws std::bad_alloc
