@@ -1,3 +1,4 @@
+#include "files/Mounts.h"
 #include "files/Traced.h"
 #include "support/Support.h"
 
@@ -16,8 +17,10 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -83,6 +86,35 @@ TEST(LockingPosix, KeepsTheOwnerOfWhomNothingCanBeRead) {
   });
   EXPECT_EQ(ended.output, "0") << ended.errors.toStdString();
   EXPECT_EQ(Kyr::OS::listDirectory(dir.path()), before);
+}
+
+/// Leaves only the system's own name for this machine.
+bool hideOtherIdentifiers() {
+  const char* const folder = "/var/lib/dbus";
+  return KyrTest::mayMount() &&
+         (!QFile::exists(folder) || ::mount("none", folder, "tmpfs", 0, nullptr) == 0);
+}
+
+TEST(LockingPosix, OutlivesItsOwnerOnNoKindOfSystem) {
+  const KyrTest::TempDir dir;
+  const KyrTest::Ended ended = KyrTest::inChild([&] {
+    if (!hideOtherIdentifiers()) {
+      std::cout << "skipped";
+      return;
+    }
+    const pid_t owner = ::fork();
+    if (owner == 0) {
+      ExclusiveLock lock(dir.file("a"));
+      ::_exit(lock.tryLock() ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(owner, &status, 0);
+    std::cout << (status == 0) << ExclusiveLock(dir.file("a")).tryLock();
+  });
+  if (ended.output == "skipped") {
+    GTEST_SKIP() << "this system lets nobody mount";
+  }
+  EXPECT_EQ(ended.output, "11") << ended.errors.toStdString();
 }
 
 TEST(LockingPosix, SurvivesADeathAtEverySystemCall) {

@@ -17,6 +17,7 @@ namespace Kyr {
 namespace {
 
 constexpr const char* bootIdentifier = "/proc/sys/kernel/random/boot_id";
+constexpr const char* systemIdentifier = "/etc/machine-id";
 
 QByteArray firstLine(const std::string& file) {
   std::ifstream stream(file, std::ios_base::binary);
@@ -62,13 +63,16 @@ QByteArray Platform::processSpace() {
   return isUntold ? "untold:" + QByteArray::number(OS::getPID()) : QByteArray::fromStdString(space);
 }
 
-// Many containers have no identifier, or an empty file for it. No other machine has the number of
-// this one's start, though it is another one after the next start.
+// Qt knows only the file of another service, which is not everywhere. Many containers have no
+// identifier, an empty file for it, or the word of an image that was never started. No other
+// machine has the number of this one's start, though it is another one after the next start.
 QByteArray Platform::machineIdentifier() {
-  const QByteArray identifier = QSysInfo::machineUniqueId();
+  const QByteArray text = firstLine(systemIdentifier);
+  const bool isUnset = text == "uninitialized";
+  const QByteArray identifier = text.isEmpty() || isUnset ? QSysInfo::machineUniqueId() : text;
   OS::FileStatus status;
-  const bool hasNone = !OS::stat("/etc/machine-id", &status) || status.size == 0;
-  return identifier.isEmpty() && hasNone ? firstLine(bootIdentifier) : identifier;
+  const bool isMissing = !OS::stat(systemIdentifier, &status) || status.size == 0;
+  return identifier.isEmpty() && (isMissing || isUnset) ? firstLine(bootIdentifier) : identifier;
 }
 
 void Platform::showOnDesktop(const QString& target) {
