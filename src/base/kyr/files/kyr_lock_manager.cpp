@@ -94,7 +94,7 @@ void LockingManager::removeStaleLocks(const QString& directory) const {
     if (!guard) {
       guard.emplace(directory + "/");
     }
-    if (isStale(lockFile)) {
+    if (guard->isHeld() && isStale(lockFile)) {
       OS::unlink(lockFile);
     }
   }

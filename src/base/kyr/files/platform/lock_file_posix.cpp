@@ -136,8 +136,10 @@ Platform::DirectoryGuard::DirectoryGuard(const QString& directory) {
   }
 }
 
+// Said expressly: a child that another thread has forked meanwhile has the directory open as well.
 Platform::DirectoryGuard::~DirectoryGuard() {
   if (isHeld()) {
+    ::flock(descriptor(_handle), LOCK_UN);
     ::close(descriptor(_handle));
   }
 }
