@@ -37,13 +37,14 @@ class ProcessHandle {
 
 }  // namespace
 
+// Only one reason tells that there is no such process; without memory, for instance, nobody knows.
 bool OS::pidExists(std::int64_t pid) {
   if (pid <= 0 || pid > std::numeric_limits<DWORD>::max()) {
     return false;
   }
   const ProcessHandle process(pid);
-  return process.handle() ? ::WaitForSingleObject(process.handle(), 0) == WAIT_TIMEOUT
-                          : ::GetLastError() == ERROR_ACCESS_DENIED;
+  return process.handle() ? ::WaitForSingleObject(process.handle(), 0) != WAIT_OBJECT_0
+                          : ::GetLastError() != ERROR_INVALID_PARAMETER;
 }
 
 QByteArray Platform::processStart(std::int64_t pid) {
