@@ -108,6 +108,10 @@ TEST(Report, BlanksSecrets) {
   EXPECT_EQ(SystemReport::blankSecrets("ANY", QString(9000, 'a') + ":b@c"),
             "[9004 characters, left out]")
       << "what takes too long to search";
+  const QString half(QChar(0xd800));
+  EXPECT_EQ(SystemReport::blankSecrets("ANY", half + " token=a" + half + ";b=" + half),
+            half + " token=[blanked];b=" + half)
+      << "half a character ends the search";
 }
 
 TEST(Report, KeepsEveryTextOnThePage) {

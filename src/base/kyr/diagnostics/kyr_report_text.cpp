@@ -48,6 +48,20 @@ QStringList visibleRow(const QStringList& row) {
   return shown;
 }
 
+/// The text, as long as it was, with another character for each half of one, which no search takes.
+QString withoutHalves(QString text) {
+  for (int i = 0; i < text.size(); ++i) {
+    const bool isPair =
+        text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+    if (isPair) {
+      ++i;
+    } else if (text.at(i).isSurrogate()) {
+      text[i] = QChar::ReplacementCharacter;
+    }
+  }
+  return text;
+}
+
 }  // namespace
 
 QString Report::visible(const QString& text) {
@@ -80,6 +94,9 @@ QRegularExpression Report::expression(const QString& pattern,
 QRegularExpressionMatch Report::search(const QRegularExpression& pattern, const QString& text,
                                        int from) {
   QRegularExpressionMatch found = pattern.match(text, from);
+  if (!found.isValid()) {
+    found = pattern.match(withoutHalves(text), from);
+  }
   if (!found.isValid()) {
     throw std::bad_alloc();
   }

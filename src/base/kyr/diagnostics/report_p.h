@@ -52,7 +52,7 @@ QStringList blankArguments(const QStringList& arguments);
 /// \throws std::bad_alloc; Qt's own keeps such a failure, and finds nothing for ever
 QRegularExpression expression(const QString& pattern,
                               QRegularExpression::PatternOptions options = {});
-/// What an expression finds from a place on.
+/// What an expression finds from a place on, also in texts with halves of characters.
 /// \throws std::bad_alloc when the search could not be finished, which Qt takes for nothing found
 QRegularExpressionMatch search(const QRegularExpression& pattern, const QString& text,
                                int from = 0);
