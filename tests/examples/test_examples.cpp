@@ -1,6 +1,6 @@
 // The examples with input that is missing or of no use to them, and the first one of README.md,
 // which CMake cuts out of it.
-#include "readme_example.h"
+#include "readme_example.inc"
 
 #include "support/Support.h"
 

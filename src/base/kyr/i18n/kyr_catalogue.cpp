@@ -57,7 +57,7 @@ class Reader {
   QByteArray take(quint32 length) {
     _good = _good && length <= static_cast<quint32>(_bytes.size() - _at);
     const int size = _good ? static_cast<int>(length) : 0;
-    const QByteArray piece = QByteArray::fromRawData(_bytes.constData() + _at, size);
+    QByteArray piece = QByteArray::fromRawData(_bytes.constData() + _at, size);
     _at += size;
     return piece;
   }

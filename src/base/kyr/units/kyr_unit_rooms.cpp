@@ -7,7 +7,7 @@
 namespace Kyr {
 
 struct UnitRoom {
-  alignas(UnitLinear) unsigned char bytes[unitRoomSize];
+  alignas(unitRoomAlignment) unsigned char bytes[unitRoomSize];
 };
 
 KYR_EXPORT UnitRoom uLength;

@@ -315,7 +315,8 @@ namespace {
 /// Builds an object in its room of kyr_unit_rooms.cpp.
 template <class Kind>
 void build(Kind& room) {
-  static_assert(sizeof(Kind) <= unitRoomSize && alignof(Kind) == alignof(UnitLinear));
+  static_assert(sizeof(Kind) <= unitRoomSize);
+  static_assert(alignof(Kind) <= unitRoomAlignment);
   ::new (static_cast<void*>(&room)) Kind;
 }
 
