@@ -9,7 +9,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -173,6 +175,36 @@ void fileparse_peer_getline(benchmark::State& state) {
 }
 BENCHMARK(fileparse_peer_getline)->Unit(benchmark::kMillisecond);
 
+/// Reads a value behind blanks.
+const char* readMapped(const char* at, const char* end, double* value) {
+  while (at != end && *at == ' ') {
+    ++at;
+  }
+  return std::from_chars(at, end, *value).ptr;
+}
+
+void fileparse_peer_mapped(benchmark::State& state) {
+  for (auto _ : state) {
+    QFile file(QString::fromStdString(files().path("vertices")));
+    file.open(QIODevice::ReadOnly);
+    const auto* at = reinterpret_cast<const char*>(file.map(0, file.size()));
+    const char* const end = at + file.size();
+    double sum = 0;
+    while (at != end && *at == 'v') {
+      double x = 0;
+      double y = 0;
+      double z = 0;
+      at = readMapped(readMapped(readMapped(at + 1, end, &x), end, &y), end, &z);
+      sum += x + y + z;
+      at = std::find(at, end, '\n');
+      at += at != end ? 1 : 0;
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+  setBytes(state);
+}
+BENCHMARK(fileparse_peer_mapped)->Unit(benchmark::kMillisecond);
+
 void fileparse_count(benchmark::State& state) {
   const Stream stream = openFile("vertices");
   const Kyr::FileParse::File file(stream.get());
@@ -201,6 +233,8 @@ const KyrBench::Ratio overTextStream("FileParse: vertices over QTextStream", "fi
                                      "fileparse_peer_textstream", 5.0);
 const KyrBench::Ratio overGetline("FileParse: vertices over getline + strtod", "fileparse_vertices",
                                   "fileparse_peer_getline", 2.0);
+const KyrBench::Ratio overMap("FileParse: vertices over a memory map + from_chars",
+                              "fileparse_vertices", "fileparse_peer_mapped", 0.75);
 const KyrBench::Ratio anyKey("FileParse: key as a value over getline + strtod", "fileparse_any_key",
                              "fileparse_peer_getline", 2.0);
 const KyrBench::Growth oneLine("FileParse: one line of 50 MB, over many lines",

@@ -10,7 +10,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <charconv>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace {
@@ -73,6 +76,13 @@ void numbersFormatInt(benchmark::State& state) {
 void numbersFormatIntQt(benchmark::State& state) {
   convertAll(state, integers(), [](int value) { return QString::number(value); });
 }
+void numbersFormatIntToChars(benchmark::State& state) {
+  convertAll(state, integers(), [](int value) {
+    std::array<char, 11> digits;  // a sign and ten of them
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    return std::string(digits.data(), written.ptr);
+  });
+}
 void numbersFormatDouble(benchmark::State& state) {
   convertAll(state, doubles(), [](double value) { return KString::number(value, 'g', 6); });
 }
@@ -108,6 +118,7 @@ void numbersStrictDouble(benchmark::State& state) {
 
 BENCHMARK(numbersFormatInt);
 BENCHMARK(numbersFormatIntQt);
+BENCHMARK(numbersFormatIntToChars);
 BENCHMARK(numbersFormatDouble);
 BENCHMARK(numbersFormatDoubleQt);
 BENCHMARK(numbersFormatFixed);
@@ -121,6 +132,8 @@ BENCHMARK(numbersStrictDouble);
 
 const Ratio formatInt("KString::number(int) against QString::number", "numbersFormatInt",
                       "numbersFormatIntQt", 4);
+const Ratio formatToChars("the same against std::to_chars and a std::string", "numbersFormatInt",
+                          "numbersFormatIntToChars", 0.8);
 const Ratio formatDouble("KString::number(double, 'g', 6) against QString", "numbersFormatDouble",
                          "numbersFormatDoubleQt", 2);
 const Ratio formatFixed("KString::number(double, 'f', 3) against QString", "numbersFormatFixed",

@@ -46,11 +46,16 @@ void Units_fromByIdentifier(benchmark::State& state) {
 }
 BENCHMARK(Units_fromByIdentifier);
 
+/// What the compiler may not know. DoNotOptimize() would not do: with this compiler it leaves any
+/// value in a double that it is shown, and arithmetic on a denormal one takes twenty times as long.
+double unknown(double value) {
+  const volatile double kept = value;
+  return kept;
+}
+
 void Units_bareMultiplyAdd(benchmark::State& state) {
-  double factor = 1.0 / 25.4;
-  double offset = 0.0;
-  benchmark::DoNotOptimize(factor);
-  benchmark::DoNotOptimize(offset);
+  const double factor = unknown(1.0 / 25.4);
+  const double offset = unknown(0.0);
   convertAll(state, [=](double value) { return value * factor + offset; });
 }
 BENCHMARK(Units_bareMultiplyAdd);
@@ -68,8 +73,8 @@ BENCHMARK(Units_qtNumber);
 
 const KyrBench::Ratio text("unit text / QString::number", "Units_toString", "Units_qtNumber", 1.0);
 const KyrBench::Ratio to("to unit / bare multiply-add", "Units_toByIdentifier",
-                         "Units_bareMultiplyAdd", 0.0);
+                         "Units_bareMultiplyAdd", 0.25);
 const KyrBench::Ratio from("from unit / bare multiply-add", "Units_fromByIdentifier",
-                           "Units_bareMultiplyAdd", 0.0);
+                           "Units_bareMultiplyAdd", 0.25);
 
 }  // namespace
