@@ -169,6 +169,10 @@ TEST(KStringTest, Tokens) {
     every += static_cast<char>(byte);
   }
   EXPECT_EQ(untokenize(tokenize(every + every, true), true), every + every);
+  for (const std::size_t before : {4093, 4094, 4095, 4096}) {
+    const KString bytes = KString(before, 'a') + "\n\\b";
+    EXPECT_EQ(untokenize(tokenize(bytes)), bytes) << "an escape at the end of a piece";
+  }
   EXPECT_EQ(tokenize("") + untokenize("\\"), "\\") << "marks empty fields unless asked not to";
 }
 

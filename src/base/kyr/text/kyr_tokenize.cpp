@@ -49,23 +49,31 @@ const Token& token(char byte) {
   return tokens[static_cast<unsigned char>(byte)];
 }
 
-/// The value that no byte has.
-constexpr unsigned noByte = 256;
+/// The value that no digit has; no byte has it in its high half.
+constexpr unsigned noDigit = 0x100;
 
-/// The value of a digit that tokenize() writes.
-constexpr unsigned digitOf(char byte) {
-  const unsigned code = static_cast<unsigned char>(byte);
-  if (code - '0' < 10) {
-    return code - '0';
+/// The values of the digits that tokenize() writes. A table, as digits of either kind come at
+/// random, and a branch that cannot be foreseen costs more than all the rest of a byte.
+constexpr std::array<unsigned short, 256> digitValues = [] {
+  std::array<unsigned short, 256> values = {};
+  for (unsigned code = 0; code < values.size(); ++code) {
+    const bool isLetter = code - 'a' < 6;
+    values[code] = static_cast<unsigned short>(code - '0' < 10 ? code - '0'
+                                               : isLetter      ? code - 'a' + 10
+                                                               : noDigit);
   }
-  return code - 'a' < 6 ? code - 'a' + 10 : noByte;
+  return values;
+}();
+
+unsigned digitOf(char byte) {
+  return digitValues[static_cast<unsigned char>(byte)];
 }
 
 /// The byte of two hexadecimal digits, or of whatever else KString::toInt() makes a number of.
 char byteOf(const char* pair) {
   const unsigned value = digitOf(pair[0]) << 4 | digitOf(pair[1]);
-  return value < noByte ? static_cast<char>(value)
-                        : static_cast<char>(KString(pair, 2).toInt(nullptr, 16));
+  return value < noDigit ? static_cast<char>(value)
+                         : static_cast<char>(KString(pair, 2).toInt(nullptr, 16));
 }
 
 /// Writes what an escape stands for, which is never longer.
@@ -113,18 +121,22 @@ KString untokenize(const KString& s, bool markEmpty) {
   if (markEmpty && s == "\\") {
     return {};
   }
-  KString text(s.size(), '\0');
-  char* target = text.data();
+  // In pieces, as a token may be four times as long as what it stands for.
+  std::array<char, 4096> piece;
+  const char* const full = piece.data() + piece.size() - 1;  // an escape gives two bytes at most
+  KString text;
   const char* const end = s.data() + s.size();
-  const char* at = s.data();
-  while (at != end) {
-    if (*at != '\\') {
-      *target++ = *at++;
-    } else if (++at != end) {
-      target = unescape(&at, end, target);
+  for (const char* at = s.data(); at != end;) {
+    char* target = piece.data();
+    while (at != end && target < full) {
+      if (*at != '\\') {
+        *target++ = *at++;
+      } else if (++at != end) {
+        target = unescape(&at, end, target);
+      }
     }
+    text.append(piece.data(), static_cast<std::size_t>(target - piece.data()));
   }
-  text.resize(static_cast<std::size_t>(target - text.data()));
   return text;
 }
 
