@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -96,6 +97,9 @@ TEST(Numbers, FormatDetails) {
       {KString::number(HUGE_VAL, 'G'), "INF", "upper case of words"},
       {KString::number(255, 1), "255", "bases from 2 on"},
       {KString::number(35, 36) + KString::number(35, 37), "z35", "bases up to 36"},
+      {KString::number(INT_MIN) + KString::number(UINT_MAX), "-21474836484294967295", "ten digits"},
+      {KString::number(0) + KString::number(-99999999) + KString::number(100000000),
+       "0-99999999100000000", "digits before the last eight"},
       {KString::number(INT64_MIN), "-9223372036854775808", "negation overflows"},
       {KString::number(INT64_MIN, 2), "-1" + std::string(63, '0'), "the buffer is short"},
       {KString::number(UINT64_MAX), "18446744073709551615", "read as signed"},

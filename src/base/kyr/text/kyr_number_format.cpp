@@ -1,5 +1,8 @@
 #include <kyr/text/numeric_p.h>
 
+#include <QtAlgorithms>
+#include <QtEndian>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -247,7 +250,36 @@ std::size_t formatAny(Integer value, int base, char* text) {
   return static_cast<std::size_t>(written.ptr - text);
 }
 
+/// The eight digits of a number below 10^8, the first one in the lowest byte, without '0' added.
+quint64 eightDigits(quint32 value) {
+  // 10486 / 2^20 and 103 / 2^10 divide exactly in their ranges, by 100 and by 10.
+  const quint64 fours = value / 10000 | quint64(value % 10000) << 32;
+  const quint64 hundreds = fours * 10486 >> 20 & 0x0000007F0000007FU;
+  const quint64 twos = hundreds | (fours - 100 * hundreds) << 16;
+  const quint64 tens = twos * 103 >> 10 & 0x000F000F000F000FU;
+  return tens | (twos - 10 * tens) << 8;
+}
+
 }  // namespace
+
+std::size_t formatShort(quint32 magnitude, bool negative, char* text) {
+  constexpr quint32 split = 100000000;
+  const quint32 front = magnitude / split;
+  const quint64 digits = eightDigits(magnitude % split);
+  unsigned zeros = 0;  // before the first digit
+  char* at = text;
+  *at = '-';
+  at += negative ? 1 : 0;
+  if (front != 0) {
+    *at = static_cast<char>('0' + front / 10);
+    at += front >= 10 ? 1 : 0;
+    *at++ = static_cast<char>('0' + front % 10);
+  } else {
+    zeros = std::min(qCountTrailingZeroBits(digits) / 8, 7U);
+  }
+  qToLittleEndian<quint64>((digits | 0x3030303030303030U) >> (8 * zeros), at);
+  return static_cast<std::size_t>(at - text) + 8 - zeros;
+}
 
 std::size_t formatDouble(double value, char format, int precision, char* text) {
   const bool upperCase = format == 'F' || format == 'E' || format == 'G';

@@ -174,6 +174,14 @@ KString& assignTo(KString& text, const Digits<capacity>& digits) {
   return text.assign(digits.text.data(), digits.size);
 }
 
+/// Made in its place: to copy digits just written costs more than to write them.
+KString shortNumber(quint32 magnitude, bool negative) {
+  static constexpr std::array<char, Numeric::shortCapacity> room = {};
+  KString text(room.data(), room.size());
+  text.erase(Numeric::formatShort(magnitude, negative, text.data()));
+  return text;
+}
+
 using Numeric::noDigit;
 
 unsigned digitOf(char character, unsigned base) {
@@ -366,11 +374,16 @@ KString& KString::setNum(double value, char format, int precision) {
 }
 
 KString KString::number(int value, int base) {
-  return stringOf(digitsOf(value, base));
+  if (Numeric::effectiveBase(base) != 10) {
+    return stringOf(digitsOf(value, base));
+  }
+  const auto bits = static_cast<unsigned>(value);
+  return shortNumber(value < 0 ? 0 - bits : bits, value < 0);
 }
 
 KString KString::number(unsigned value, int base) {
-  return stringOf(digitsOf(value, base));
+  return Numeric::effectiveBase(base) == 10 ? shortNumber(value, false)
+                                            : stringOf(digitsOf(value, base));
 }
 
 KString KString::number(long value, int base) {

@@ -54,10 +54,18 @@ template <class Unit, class Base, class ValueOf>
 const Unit* accumulateDigits(const Unit* at, const Unit* end, Base base, Most most, ValueOf valueOf,
                              quint64* value) {
   const Unit* const first = at;
+  constexpr std::ptrdiff_t fitting = 12;  // digits of any base are less than 2^63
+  const Unit* const unchecked = end - at > fitting ? at + fitting : end;
+  quint64 sum = 0;
+  for (unsigned digit = 0; at != unchecked && (digit = valueOf(*at, base)) != noDigit; ++at) {
+    sum = sum * base + digit;
+  }
+  if (sum > most.value + most.slack) {
+    return nullptr;
+  }
   const quint64 limit = most.value / base;
   const quint64 rest = most.value % base + most.slack;
-  quint64 sum = 0;
-  for (; at != end; ++at) {
+  for (; at >= unchecked && at != end; ++at) {
     const unsigned digit = valueOf(*at, base);
     if (digit == noDigit) {
       break;
@@ -118,6 +126,15 @@ std::size_t formatDouble(double value, char format, int precision, char* text);
 /// \threadsafety any thread
 std::size_t formatInteger(qint64 value, int base, char* text);
 std::size_t formatInteger(quint64 value, int base, char* text);
+
+/// Room for what formatShort() touches; a string keeps that in itself.
+constexpr std::size_t shortCapacity = 15;
+
+/// Writes a decimal number of 32 bits, faster than formatInteger().
+/// \param text at least shortCapacity bytes without meaning; those behind the number change
+/// \return the number of bytes written
+/// \threadsafety any thread
+std::size_t formatShort(quint32 magnitude, bool negative, char* text);
 
 // Platform files define this.
 
