@@ -73,7 +73,9 @@ struct LockOwner {
 ///
 /// A child process that was forked and has not started a program has the file open as well: if the
 /// owner ends first, its lock counts as held until the child ends. Where a file system has no
-/// locks, an owner is known by its number and its start.
+/// locks, an owner is known by its number and its start. Where it can neither rename without
+/// replacing nor make hard links, as some shared folders of virtual machines, two processes that
+/// take a free lock within the same moment may both get it.
 /// \threadsafety one thread per object; objects of one path exclude each other across threads too
 class KYR_EXPORT ExclusiveLock {
  public:
