@@ -119,7 +119,8 @@ TEST(ToolReport, WritesReportsAndShowsInfo) {
   }
   const KyrTest::ScopedEnvironment persian("LC_ALL", "fa_IR.UTF-8");  // has digits of its own
   EXPECT_TRUE(run("report", folder).output.contains(QRegularExpression(R"(\AORV-report-2\d+-)")));
-  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 6) << "leftovers, or none";
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 6)
+      << "leftovers, or none";
   EXPECT_EQ(QDir(folder.path()).entryList({"settings"}).size(), 0) << "reports make directories";
 }
 
