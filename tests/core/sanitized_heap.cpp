@@ -1,7 +1,6 @@
 #include <kyr/core/KyrPlatform.h>
 
 // The sanitizer's heap ends the process where the C heap says no, unless told otherwise.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is AddressSanitizer's
 extern "C" KYR_EXPORT const char* __asan_default_options() {
   return "allocator_may_return_null=1";
 }

@@ -1,12 +1,5 @@
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
-#include <kyr/core/KyrProgError.h>
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-
 using namespace Kyr;
 using KyrTest::inChild;
 
@@ -35,6 +28,10 @@ TEST(Exception, KeepsItsTextAsUtf8AndIsCaughtByEachBase) {
   EXPECT_TRUE((catches<Exception, FileParse::EndOfFile>()));
   EXPECT_TRUE((catches<std::logic_error, FileParse::EndOfFile>()));
   EXPECT_FALSE((catches<FileParse::EndOfFile, FileParse::Error>()));
+  EXPECT_EQ(FileParse::Error("text").getSentence(), "text") << "an application's own is lost";
+  EXPECT_EQ(FileParse::Error("text").getPlace().toText(), "");
+  EXPECT_EQ(sizeof(FileParse::EndOfFile), sizeof(std::logic_error))
+      << "programs that were compiled before throw too little memory";
 }
 
 TEST(ProgError, ExitsWithoutCleanUpWhenAsked) {

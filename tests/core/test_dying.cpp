@@ -1,17 +1,8 @@
 // What comes out of a process that has no memory left.
 #include "support/Support.h"
 
-#include <kyr/core/KyrProgError.h>
-#include <kyr/core/KyrStructVector.h>
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <new>
-
 using namespace Kyr;
-using KyrTest::inChild;
-using KyrTest::limitMemory;
+using namespace KyrTest;
 
 namespace {
 
@@ -29,9 +20,7 @@ void fillHeap() {
 }  // namespace
 
 TEST(ProgError, ReportsATextThatTheHeapCannotConvert) {
-#if defined(KYR_THREAD_SANITIZER) || defined(KYR_ADDRESS_SANITIZER)
-  GTEST_SKIP() << "sanitizers themselves end a process that is out of memory";
-#endif
+  KYR_SKIP_SANITIZERS("they themselves end a process that is out of memory");
   const QString text = QString(1 << 17, 'x') + QChar(0xFC);
   const auto ended = inChild([&text] {
     limitMemory(true);

@@ -1,13 +1,6 @@
 // Ends of the process as the operating system sees them.
 #include "support/Support.h"
 
-#include <kyr/core/KyrProgError.h>
-
-#include <gtest/gtest.h>
-
-#include <csignal>
-#include <cstdio>
-
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>

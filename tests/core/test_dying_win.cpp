@@ -1,14 +1,6 @@
 // Ends of the process as the operating system sees them.
 #include "support/Support.h"
 
-#include <kyr/core/KyrProgError.h>
-
-#include <gtest/gtest.h>
-
-#include <QByteArray>
-
-#include <array>
-
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>

@@ -1,14 +1,9 @@
 #include "support/Support.h"
 
 #include <kyr/core/KyrApplication.h>
-#include <kyr/core/KyrProgError.h>
 #include <kyr/core/prog_error_p.h>
 
-#include <gtest/gtest.h>
-
 #include <QTextCodec>
-
-#include <cstdio>
 
 using namespace Kyr;
 using KyrTest::inChild;

@@ -1,8 +1,5 @@
-#include <kyr/core/KyrStructVector.h>
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
+#include "support/Support.h"
 
 namespace {
 
@@ -18,41 +15,34 @@ Numbers numbers(std::initializer_list<std::uint32_t> values, std::size_t capacit
 }  // namespace
 
 TEST(StructVector, ChangesCapacityByASignedAmount) {
-  struct {
-    std::ptrdiff_t difference;
-    std::size_t capacity;
-    const char* catches;
-  } const rows[] = {
+  const std::tuple<std::ptrdiff_t, std::size_t, const char*> rows[] = {
       {4, 12, "growing"},
       {-2, 6, "trimming"},
       {-6, 3, "elements cut off"},
       {-100, 3, "a capacity below zero"},
       {PTRDIFF_MIN, 3, "a difference without a positive twin"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [difference, capacity, catches] : rows) {
     auto vector = numbers({7, 8, 9}, 8);
-    vector.changeCapacity(row.difference);
-    EXPECT_TRUE(vector.capacity() == row.capacity && vector == numbers({7, 8, 9})) << row.catches;
+    vector.changeCapacity(difference);
+    EXPECT_TRUE(vector.capacity() == capacity && vector == numbers({7, 8, 9})) << catches;
   }
 }
 
 TEST(StructVector, RefusesHostileSizesUnchanged) {
   static constexpr std::uint32_t one = 1;
   constexpr std::size_t wraps = SIZE_MAX / sizeof one + 2;  // in bytes this is 4 again
-  struct {
-    void (*grow)(Numbers&);
-    const char* catches;
-  } const rows[] = {
+  const std::pair<void (*)(Numbers&), const char*> rows[] = {
       {[](Numbers& v) { v.setSize(wraps); }, "bytes that wrap round"},
       {[](Numbers& v) { v.reserve(SIZE_MAX); }, "doubling past the end"},
       {[](Numbers& v) { v.changeCapacity(PTRDIFF_MAX); }, "capacity that wraps round"},
       {[](Numbers& v) { v.append(&one, SIZE_MAX); }, "size and count that wrap to less"},
       {[](Numbers& v) { v.reserve(PTRDIFF_MAX / 4); }, "the old block lost when the heap is out"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [grow, catches] : rows) {
     auto vector = numbers({7, 8, 9}, 8);
-    EXPECT_THROW(row.grow(vector), std::bad_alloc) << row.catches;
-    EXPECT_TRUE(vector.capacity() == 8 && vector == numbers({7, 8, 9})) << row.catches;
+    EXPECT_THROW(grow(vector), std::bad_alloc) << catches;
+    EXPECT_TRUE(vector.capacity() == 8 && vector == numbers({7, 8, 9})) << catches;
   }
 }
 

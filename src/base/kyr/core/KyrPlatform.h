@@ -62,8 +62,9 @@
 #endif
 
 #if defined(KYR_THREAD_SANITIZER)
-extern "C" void __tsan_acquire(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
-extern "C" void __tsan_release(void* address);  // NOLINT(bugprone-reserved-identifier): theirs
+// ThreadSanitizer's own functions.
+extern "C" void __tsan_acquire(void* address);
+extern "C" void __tsan_release(void* address);
 #endif
 
 namespace Kyr::Platform {
@@ -75,8 +76,9 @@ constexpr bool threadsAreWatched = true;
 constexpr bool threadsAreWatched = false;
 #endif
 
-/// Qt's library is not built for ThreadSanitizer, which therefore misses what
-/// Qt's locks order. These two say it; in other builds they are empty.
+/// Qt's library is not built for ThreadSanitizer, which therefore misses what Qt's locks order.
+/// orderedAfter() behind taking a lock and orderedBefore() in front of giving it back say it; in
+/// other builds they are empty.
 inline void orderedAfter([[maybe_unused]] void* lock) {
 #if defined(KYR_THREAD_SANITIZER)
   __tsan_acquire(lock);

@@ -15,6 +15,11 @@ namespace Kyr {
 /// error, and then ends the process through CallDebugger(), so that a debugger stops at the
 /// spot or the crash handler writes its dump. Sites write `throw ProgError(...)` so that a
 /// reader sees the path end there.
+/// \code
+/// if (points.empty()) {
+///   throw ProgError("Surface::Surface", "surface", 12, "a surface without points");
+/// }
+/// \endcode
 /// \threadsafety any thread; the reports of two threads may interleave
 class KYR_EXPORT ProgError {
  public:

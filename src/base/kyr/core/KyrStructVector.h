@@ -27,6 +27,12 @@ KYR_EXPORT void* reallocateStorage(void* block, std::size_t bytes);
 ///
 /// Growing leaves new elements uninitialised and moves the block with `realloc`, so that large
 /// buffers grow without being copied. Appending costs amortised constant time.
+/// \code
+/// StructVector<unsigned char> bytes;
+/// bytes.setSize(sizeof room);  // not initialised
+/// std::memcpy(bytes.data(), room, bytes.size());
+/// bytes.append(0);
+/// \endcode
 /// \threadsafety one thread at a time, as a standard container
 template <class T>
 class StructVector {

@@ -9,8 +9,9 @@
 namespace Kyr {
 
 namespace ProgErrorNS {
+// Its spelling is given (docs/decisions/0006).
 const char* const FPU_EXCEPTION_STRING = "floating point exception occured";
-}
+}  // namespace ProgErrorNS
 
 namespace {
 
@@ -23,7 +24,8 @@ void writePiece(const char* text) {
   }
 }
 
-/// Never throws: a caller that catches std::bad_alloc must not outlive the report.
+/// Writes a message and never throws: a caller that catches std::bad_alloc must not outlive the
+/// report.
 void writeMessage(const QString& message) {
   try {
     const QByteArray bytes = message.toLocal8Bit();
@@ -126,7 +128,7 @@ ProgError::ProgError(const char* function, const char* file, unsigned line, cons
 // one that the crash handler describes; hence the pointer is read at run time.
 KYR_NO_NULL_CHECK void ProgError::CallDebugger() {
   static std::int32_t* volatile nowhere = nullptr;
-  // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): that is its purpose
+  // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): the fault is the purpose
   *static_cast<volatile std::int32_t*>(nowhere) = 0;
   Fatal::endProcess(1);
 }

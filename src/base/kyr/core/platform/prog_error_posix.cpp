@@ -12,8 +12,8 @@ namespace {
 
 thread_local bool insideHook = false;
 
-/// A reader of standard error that has gone away, or a file that may not grow, must not replace the
-/// coming fault by a signal.
+/// Blocks the signals by which a reader of standard error that has gone away, or a file that may
+/// not grow, would end the process before the coming fault.
 void holdBackSignals() noexcept {
   sigset_t signals;
   sigemptyset(&signals);

@@ -13,7 +13,8 @@ namespace Kyr {
 
 namespace {
 
-/// A slot of the system: thread_local is emulated on the heap here, which may be what broke.
+/// Set in threads that run the hook. A slot of the system, as this compiler emulates thread_local
+/// on the heap, which may be what broke.
 const DWORD insideHookSlot = ::TlsAlloc();
 
 }  // namespace
@@ -35,7 +36,7 @@ void Fatal::writeToStandardError(const char* bytes, std::size_t length) noexcept
   }
 }
 
-// Not _exit(), which lets every DLL destroy its static objects.
+// TerminateProcess() and not _exit(), which lets every DLL destroy its static objects.
 void Fatal::endProcess(int code) noexcept {
   ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(code));
   std::abort();  // not reached
