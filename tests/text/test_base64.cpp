@@ -1,36 +1,27 @@
 #include <kyr/text/KyrBase64.h>
 #include <kyr/text/KyrCRC16.h>
 
-#include <gtest/gtest.h>
+#include "support/Support.h"
 
 #include <cctype>
-#include <string>
-#include <type_traits>
 
-using Kyr::Base64;
-using Kyr::CRC16;
+using namespace Kyr;
 
 namespace {
 
-using Bytes = Kyr::StructVector<unsigned char>;
+using KyrTest::Bytes;
 
 static_assert(!std::is_default_constructible_v<Base64> && !std::is_default_constructible_v<CRC16>);
 
 Bytes bytes(const std::string& text) {
-  Bytes made;
-  made.append(reinterpret_cast<const unsigned char*>(text.data()), text.size());
-  return made;
+  return KyrTest::bytesOf(QByteArray::fromStdString(text));
 }
 std::string text(const Bytes& bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
 TEST(Base64, Texts) {
-  const struct {
-    std::string plain;
-    const char* encoded;
-    const char* fault;
-  } rows[] = {
+  const std::tuple<std::string, const char*, const char*> rows[] = {
       {"", "", "nothing"},
       {"f", "Zg==", "one byte"},
       {"fo", "Zm8=", "two bytes"},
@@ -38,25 +29,21 @@ TEST(Base64, Texts) {
       {"foobarfo", "Zm9vYmFyZm8=", "a whole step with a rest"},
       {"\xff\xef\xbe\xfb\xef\xbe\xfb\xff\xfe", "/++++++++//+", "the last letters"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [plain, encoded, fault] : rows) {
     // Into themselves: what is there stays, and is read where it moves to.
-    Bytes both = bytes(row.plain);
+    Bytes both = bytes(plain);
     Base64::encode(both, &both);
-    EXPECT_EQ(text(both), row.plain + row.encoded) << row.fault;
-    both = bytes(row.encoded);
+    EXPECT_EQ(text(both), plain + encoded) << fault;
+    both = bytes(encoded);
     Base64::decode(both, &both);
-    EXPECT_EQ(text(both), row.encoded + row.plain) << row.fault;
-    EXPECT_EQ(Base64::encode(QByteArray::fromStdString(row.plain)), row.encoded) << row.fault;
-    EXPECT_EQ(Base64::decode(QByteArray(row.encoded)).toStdString(), row.plain) << row.fault;
+    EXPECT_EQ(text(both), encoded + plain) << fault;
+    EXPECT_EQ(Base64::encode(QByteArray::fromStdString(plain)), encoded) << fault;
+    EXPECT_EQ(Base64::decode(QByteArray(encoded)).toStdString(), plain) << fault;
   }
 }
 
 TEST(Base64, DamagedTexts) {
-  const struct {
-    std::string encoded;
-    std::string plain;
-    const char* fault;
-  } rows[] = {
+  const std::tuple<std::string, std::string, const char*> rows[] = {
       {"Zg", "f", "a short group"},
       {"Zm9vZ", "food", "a group of one"},
       {"====", std::string(1, '\0'), "a group of nothing yields a byte"},
@@ -64,10 +51,10 @@ TEST(Base64, DamagedTexts) {
       {"Z=9v", "d\x0f", "padding in the middle is a zero"},
       {"Zm9v\x80m9vZm9v", "foo\x02ofoo", "a byte beyond ASCII"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [encoded, plain, fault] : rows) {
     Bytes out;
-    Base64::decode(bytes(row.encoded), &out);
-    EXPECT_EQ(text(out), row.plain) << row.fault;
+    Base64::decode(bytes(encoded), &out);
+    EXPECT_EQ(text(out), plain) << fault;
   }
   for (int byte = 0; byte < 256; ++byte) {
     const char character = static_cast<char>(byte);

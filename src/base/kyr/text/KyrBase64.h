@@ -19,7 +19,7 @@ class KYR_EXPORT Base64 {
   /// \param out keeps what it holds; may be \a in itself
   /// \throws std::bad_alloc; \a out is unchanged then
   static void encode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out);
-  /// As above, as a result of its own.
+  /// The text of all bytes, without line breaks.
   /// \throws std::bad_alloc, also when the text is longer than a QByteArray
   static QByteArray encode(const QByteArray& in);
 
@@ -31,7 +31,7 @@ class KYR_EXPORT Base64 {
   /// \param out keeps what it holds; may be \a in itself
   /// \throws std::bad_alloc; \a out is unchanged then
   static void decode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out);
-  /// As above, as a result of its own.
+  /// The bytes of a text; reads as the other decode().
   static QByteArray decode(const QByteArray& in);
 
  private:

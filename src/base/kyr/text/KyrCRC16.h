@@ -16,7 +16,7 @@ class KYR_EXPORT CRC16 {
  public:
   /// \return 0 for no bytes, 0x31C3 for the ASCII digits 1 to 9
   static unsigned short compute(const StructVector<unsigned char>& data);
-  /// The same over bytes that come in pieces.
+  /// The checksum of bytes that come in pieces.
   /// \param before the checksum of the bytes before these
   static unsigned short compute(const unsigned char* bytes, std::size_t count,
                                 unsigned short before = 0);

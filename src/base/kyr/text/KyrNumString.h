@@ -17,6 +17,11 @@ namespace Kyr {
 /// Parts of digits and parts of other characters take turns: "scan12b" has the parts "scan",
 /// "12" and "b". In the natural order numbers count by value, so that item9 comes before item10.
 /// A plain value; up to four parts need no heap block beside the text.
+/// \code
+/// std::vector<NumString> names{NumString("scan10"), NumString("scan9")};
+/// std::sort(names.begin(), names.end());  // scan9, scan10
+/// names.back().increment();               // scan11
+/// \endcode
 /// \threadsafety one thread per object
 class KYR_EXPORT NumString {
  public:
@@ -40,8 +45,8 @@ class KYR_EXPORT NumString {
 
   /// Compares part by part in the natural order.
   ///
-  /// Nothing is smaller than anything, a number smaller than another character, and a text
-  /// smaller than a longer one that begins with the same parts. Of equal numbers the one with
+  /// The empty text comes first, a number before any other character, and a text before a longer
+  /// one that begins with the same parts. Of equal numbers the one with
   /// more leading zeros is smaller: 007, 07, 7. Other characters compare by their codes.
   ///
   /// All numbers of 2147483647 and more count as equal: of those the one with more digits is
@@ -77,14 +82,17 @@ class KYR_EXPORT NumString {
   QStringView textBetween(int begin, int end) const;
 
   QString _text;
-  QVector<qint32> _ends;    // the index behind each part, when they do not fit in place
-  QVector<qint32> _values;  // of the parts of digits, in the same case
+  // The index behind each part, and the values of the parts of digits. Both are empty as long as
+  // the arrays below have room for all.
+  QVector<qint32> _ends;
+  QVector<qint32> _values;
   std::array<qint32, 4> _endsInPlace = {};
   std::array<qint32, 2> _valuesInPlace = {};
-  // Copied, as texts lie far apart in memory: most comparisons are decided without going there.
+  // A copy of the first characters of _text: texts lie far apart in memory, and most comparisons
+  // are decided without going there.
   std::array<QChar, 16> _start;
-  qint16 _inPlaceCount = 0;  // above their number there when they are not in place
-  // Of _start, characters that the parts fit; none any more when increment() has counted.
+  qint16 _inPlaceCount = 0;  // of parts; more than _endsInPlace holds when they stand in _ends
+  // How many characters of _start the parts still fit: none after increment().
   qint16 _parsedStart = 0;
   bool _firstIsNumber = false;
 };

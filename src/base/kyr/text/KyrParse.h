@@ -5,6 +5,7 @@
 /// number stops. They read the same under every locale.
 #pragma once
 
+#include <kyr/core/KyrException.h>
 #include <kyr/core/KyrPlatform.h>
 
 #include <QString>
@@ -47,6 +48,18 @@ KYR_EXPORT unsigned int qstringToUInt(const QString& text, bool* ok = nullptr, i
 KYR_EXPORT double qstringToDouble(const QString& text, bool* ok = nullptr, int* end = nullptr);
 /// As qstringToDouble(); values beyond the range of float become infinite, with success.
 KYR_EXPORT float qstringToFloat(const QString& text, bool* ok = nullptr, int* end = nullptr);
+
+/// As the parsers above without an end index, where there must be a number: they say what is wrong
+/// and at which column of the text, and take no empty text for 0.0.
+/// \throws FileParse::Error with column and token; getText() is "column 3: \"12a\" is no integer"
+/// \threadsafety any thread
+KYR_EXPORT qint64 expectInt64(const QString& text, int base = 10);
+KYR_EXPORT quint64 expectUInt64(const QString& text, int base = 10);
+KYR_EXPORT int expectInt(const QString& text, int base = 10);
+KYR_EXPORT unsigned int expectUInt(const QString& text, int base = 10);
+KYR_EXPORT double expectDouble(const QString& text);
+/// Refuses what float cannot hold, unlike qstringToFloat(); infinity itself it takes.
+KYR_EXPORT float expectFloat(const QString& text);
 
 /// The first index at or after \a from whose character occurs in \a set, upper and lower case
 /// being different.

@@ -22,6 +22,10 @@ namespace Kyr {
 /// deleted, copied and swapped as the std::string that it is. Numbers read and write the same
 /// under every locale. Integers of type long have overloads of their own, because std::int64_t
 /// and std::size_t are of that type on some platforms.
+/// \code
+/// const KString line = KString("%1 of %2 points").arg(12).arg(points.size());
+/// const int count = line.left(2).toInt();
+/// \endcode
 /// \threadsafety as std::string
 class KYR_EXPORT KString : public std::string {
   template <class Iterator>
@@ -29,7 +33,8 @@ class KYR_EXPORT KString : public std::string {
 
   template <class T>
   static constexpr bool isText = std::is_convertible_v<const T&, std::string_view>;
-  // What becomes a view but no string. Not simply a view: literals would then fit both.
+  // Types that convert to a view but not to std::string. A literal converts to both, and would be
+  // ambiguous if overloads for views took it as well.
   template <class T>
   static constexpr bool isView = isText<T> && !std::is_convertible_v<const T&, std::string>;
   template <class T>
@@ -324,7 +329,8 @@ namespace KStringSum {
 
 template <class T>
 constexpr bool isKString = std::is_base_of_v<KString, std::decay_t<T>>;
-/// Of the numbers only a char, which would otherwise stand for all of them.
+/// Whether operator+ takes it beside a KString: of the numbers only a char itself, as all the
+/// others convert to one.
 template <class T>
 constexpr bool isPart =
     std::is_same_v<std::decay_t<T>, char> || std::is_convertible_v<const T&, std::string_view>;
@@ -338,8 +344,8 @@ inline std::string_view view(std::string_view text) {
 
 }  // namespace KStringSum
 
-/// The two one behind the other, of which one is a KString and the other any string, view or
-/// character. That of std::string would lose arg() and its like.
+/// Joins a KString and any string, view or character. The operator of std::string would give a
+/// std::string, which has no arg() and its like.
 /// \threadsafety as std::string
 template <class Left, class Right,
           class = std::enable_if_t<(KStringSum::isKString<Left> && KStringSum::isPart<Right>) ||

@@ -150,7 +150,7 @@ void Base64::encodeAll(const unsigned char* from, std::size_t size, unsigned cha
 void Base64::encode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
   const std::size_t size = in.size();
   unsigned char* const to = extend(*out, encodedSize(size));
-  encodeAll(in.data(), size, to);  // data() only now, as out may be the same
+  encodeAll(in.data(), size, to);  // extend() has moved the bytes if out is the same vector
 }
 
 QByteArray Base64::encode(const QByteArray& in) {
@@ -206,7 +206,8 @@ unsigned char* Base64::decodeAll(const unsigned char* from, std::size_t size, un
 void Base64::decode(const StructVector<unsigned char>& in, StructVector<unsigned char>* out) {
   const std::size_t size = in.size();
   unsigned char* const to = extend(*out, decodedRoom(size));
-  const unsigned char* const end = decodeAll(in.data(), size, to);  // as in encode()
+  // extend() has moved the text if out is the same vector.
+  const unsigned char* const end = decodeAll(in.data(), size, to);
   out->setSize(static_cast<std::size_t>(end - out->data()));
 }
 

@@ -37,7 +37,8 @@ int compareNumbers(int left, int leftDigits, int right, int rightDigits) {
   return left != right ? order(left, right) : order(rightDigits, leftDigits);
 }
 
-/// Most texts are so short that a call would cost more than the comparison.
+/// Compares by codes, without a call into Qt: most texts are so short that the call would cost more
+/// than the comparison.
 int compareTexts(QStringView left, QStringView right) {
   const QChar* const a = left.data();
   const QChar* const b = right.data();
@@ -119,8 +120,8 @@ bool NumString::getNumberPart(unsigned int index, int* value) const {
   return true;
 }
 
-/// Of what the parts say only what is there: increment() may have made the text shorter, but
-/// not where it begins.
+/// The text between two ends of parts, as far as there is any: increment() may have made the text
+/// shorter, though not within the first characters.
 inline QStringView NumString::textBetween(int begin, int end) const {
   if (end <= static_cast<int>(_start.size())) {
     return {_start.data() + begin, end - begin};

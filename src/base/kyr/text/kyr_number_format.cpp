@@ -74,7 +74,7 @@ struct Wide {
   std::uint64_t low;
 };
 
-/// The whole product; there is no portable type for it.
+/// The product in 128 bits, for which there is no portable type.
 Wide multiply(std::uint64_t a, std::uint64_t b) {
   constexpr std::uint64_t mask = 0xffffffffU;
   const std::uint64_t lowLow = (a & mask) * (b & mask);
@@ -136,7 +136,7 @@ std::optional<Significant> significantOf(Binary number, int count) {
   } while (!scaled || scaled->whole >= powerOfTen(count));
   --exponent;
   const std::uint64_t digits = scaled->rounded();
-  // Nines that were rounded up: the first digit moves.
+  // Rounding nines up, as of 9.96, moves the first digit.
   return digits == powerOfTen(count) ? Significant{digits / 10, exponent + 1}
                                      : Significant{digits, exponent};
 }

@@ -108,8 +108,9 @@ constexpr double powersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-/// Digits and power that are doubles themselves need one rounding only, which the processor
-/// makes right; not where it computes in wider registers and so rounds twice.
+/// Converts a number whose digits and power of ten are doubles themselves: their product is rounded
+/// once, by the processor. One that computes in wider registers rounds twice, and is not asked.
+/// \return false where that is not exact
 template <class Unit>
 bool convertExactly(const Decimal<Unit>& decimal, double* value) {
   constexpr bool roundsOnce = FLT_EVAL_METHOD == 0;
@@ -124,7 +125,7 @@ bool convertExactly(const Decimal<Unit>& decimal, double* value) {
   return true;
 }
 
-/// Leading zeros count as digits; without them a long text may still be converted exactly.
+/// As convertExactly(), for a number with many zeros in front, which count as digits elsewhere.
 /// Must be tried before the standard library's conversion, which rounds such a number twice where
 /// it is built for wide registers.
 template <class Unit>
@@ -254,7 +255,7 @@ double parse(const Unit* begin, const Unit* end, const Unit** stop) {
   while (at != end && isSpace(code(*at))) {
     ++at;
   }
-  // Without a branch: the signs of measured coordinates come at random.
+  // The sign is applied without a branch: those of measured coordinates come at random.
   const bool negative = at != end && *at == '-';
   const bool positive = at != end && *at == '+';
   at += int(negative) + int(positive);

@@ -15,7 +15,7 @@ constexpr bool isAsciiDigit(unsigned code) {
   return code - '0' < 10;
 }
 
-/// Digits of all of Unicode's scripts count, as the user may have typed them.
+/// The value of a digit beyond ASCII: those of all scripts of Unicode count, as users type them.
 unsigned otherDigit(QChar character, unsigned base) {
   const unsigned code = character.unicode();
   if (code > 127) {

@@ -174,7 +174,8 @@ KString& assignTo(KString& text, const Digits<capacity>& digits) {
   return text.assign(digits.text.data(), digits.size);
 }
 
-/// Made in its place: to copy digits just written costs more than to write them.
+/// Writes the digits in the string itself: copying digits that were just written costs more than
+/// writing them.
 KString shortNumber(quint32 magnitude, bool negative) {
   static constexpr std::array<char, Numeric::shortCapacity> room = {};
   KString text(room.data(), room.size());
@@ -188,7 +189,7 @@ unsigned digitOf(char character, unsigned base) {
   const unsigned code = static_cast<unsigned char>(character);
   const unsigned digit = code - '0';
   if (base <= 10) {
-    // One byte too many, on purpose: texts that were once accepted stay readable.
+    // The byte behind the last digit passes as one, which is given (docs/decisions/0006).
     return digit <= base ? digit : noDigit;
   }
   if (digit < 10) {

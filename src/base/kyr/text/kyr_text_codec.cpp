@@ -44,7 +44,7 @@ bool getCodecInLine(const char* line, TextCodec_t* codec) {
   if (!contains(line, "<defaultcodec>")) {
     return false;
   }
-  // Not only between the tags: files with a marker that was edited by hand are read, too.
+  // The name may stand anywhere in the line: markers are edited by hand.
   for (const TextCodec_t known : {CodecUtf8, CodecLatin1}) {
     if (contains(line, getNameForCodec(known))) {
       *codec = known;
@@ -62,7 +62,7 @@ QString fromCodec(TextCodec_t codec, const char* data, int length) {
   return codec == CodecUtf8 ? QString::fromUtf8(data, length) : QString::fromLatin1(data, length);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the exported signature takes a copy
+// NOLINTNEXTLINE(performance-unnecessary-value-param): given, see docs/decisions/0006
 QString fromCodec(TextCodec_t codec, std::string bytes) {
   return fromCodec(codec, bytes.data(), qtLength(bytes));
 }

@@ -121,7 +121,7 @@ KString untokenize(const KString& s, bool markEmpty) {
   if (markEmpty && s == "\\") {
     return {};
   }
-  // In pieces, as a token may be four times as long as what it stands for.
+  // Collects pieces of the result, as a token may be four times as long as what it stands for.
   std::array<char, 4096> piece;
   const char* const full = piece.data() + piece.size() - 1;  // an escape gives two bytes at most
   KString text;

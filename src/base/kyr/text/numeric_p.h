@@ -97,7 +97,7 @@ const Unit* readDigits(const Unit* at, const Unit* end, int base, Most most, Val
 /// \return 0 when there is no number
 /// \threadsafety any thread
 double parseDouble(const char* begin, const char* end, const char** stop);
-/// The same from UTF-16 units; units beyond ASCII end a number.
+/// As parseDouble() of bytes, from UTF-16 units; units beyond ASCII end a number.
 double parseDouble(const ushort* begin, const ushort* end, const ushort** stop);
 
 /// Parses a decimal integer as qstringToInt64 does, from ASCII.

@@ -9,7 +9,7 @@ namespace Kyr::Numeric {
 
 namespace {
 
-// Never freed: a number may be parsed while static objects are being destroyed.
+// The locale is never freed: a number may be parsed while static objects are being destroyed.
 locale_t plainLocale() noexcept {
   static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
   return plain;
