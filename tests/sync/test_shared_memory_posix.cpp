@@ -1,18 +1,6 @@
 #include "app/home.h"
-#include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
-#include <kyr/core/KyrPlatform.h>
-#include <kyr/core/KyrProgError.h>
 #include <kyr/sync/KyrSharedMemory.h>
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <csignal>
-#include <cstdio>
-#include <memory>
-#include <string>
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -117,6 +105,34 @@ TEST(SharedMemory, LeavesNothingBehind) {
     inChild([] { const SharedMemory first(1); });
     EXPECT_FALSE(canAttach(10, id)) << row.catches;
   }
+}
+
+TEST(SharedMemory, MayBeInUseWhenTheProcessEnds) {
+  const auto ended = inChild([] {
+    static const SharedMemory* const block = new SharedMemory(1);
+    static const auto use = [] { const SharedMemory copy(*block); };
+    static std::atomic<bool> frozen{false};
+    std::signal(SIGUSR1, [](int) {
+      while (frozen) {
+      }
+    });
+    std::thread user([] {
+      while (true) {
+        use();
+      }
+    });
+    bool isHeld = false;
+    for (int attempts = 0; !isHeld && attempts < 1000; ++attempts) {
+      frozen = false;
+      std::this_thread::yield();
+      frozen = true;
+      ::pthread_kill(user.native_handle(), SIGUSR1);
+      isHeld = KyrTest::hangs(use);
+    }
+    SharedMemory::freeSharedMemoryResources();
+    std::exit(9);
+  });
+  EXPECT_EQ(std::pair(ended.code, ended.errors), std::pair(9, QByteArray()));
 }
 
 }  // namespace

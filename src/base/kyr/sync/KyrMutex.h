@@ -1,5 +1,5 @@
 /// \file
-/// Mutexes that know where they were created, the scoped lock and the wait condition.
+/// Mutexes that know where they were created, the guards that hold them and the wait condition.
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
@@ -13,6 +13,7 @@ namespace Kyr {
 ///
 /// The site's texts are not copied: they are literals that outlive the mutex. Destroying a
 /// mutex that somebody holds raises ProgError "mutex is still locked" with the creation site.
+/// Hold it with AutoMutex.
 /// \threadsafety any thread
 class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
  public:
@@ -41,7 +42,8 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
     }
     return taken;
   }
-  /// Gives the mutex back; the arguments name the calling site for readers of the code.
+  /// Gives the mutex back. That cannot fail, so nobody reads the arguments: they are given
+  /// (docs/decisions/0006) and name the calling site in the code.
   void unlock(const char* /*function*/, const char* /*file*/, unsigned /*line*/)
       KYR_RELEASE() KYR_NO_THREAD_SAFETY_ANALYSIS {
     Platform::orderedBefore(this);
@@ -49,7 +51,7 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
   }
 
  private:
-  friend struct TestProbe;  // the tests' way to the refused copies and to the sleepers
+  // Copies end the process; they are given (docs/decisions/0006), here as in the other classes.
   Mutex(const Mutex&);
   Mutex& operator=(const Mutex&);
 
@@ -59,14 +61,24 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
 };
 
 /// Holds a mutex from its construction to its end, or to unlock().
+/// \code
+/// static Mutex mutex("Points::add", "points", 1);
+/// const AutoMutex lock(&mutex);
+/// points.push_back(point);  // may throw; the mutex is given back all the same
+/// \endcode
 /// \threadsafety one thread; the one that locked is the one that unlocks
 class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutex {
  public:
+  /// Says that the mutex is already the caller's.
+  enum Taken_t : int { Taken = 0 };
+
   /// Locks \a mutex, which must not be null.
   explicit AutoMutex(Mutex* mutex) KYR_ACQUIRE(mutex) : _mutex(mutex) { mutex->lock(); }
+  /// Holds a mutex that tryLock() or lock() has taken on this thread.
+  AutoMutex(Mutex* mutex, Taken_t) KYR_REQUIRES(mutex) : _mutex(mutex) {}
   AutoMutex(const AutoMutex&) = delete;
   /// Copies the pointer and nothing else: afterwards both unlock the same mutex when they end,
-  /// so never assign while one of them holds a lock.
+  /// so never assign while one of them holds a lock. Given (docs/decisions/0006).
   AutoMutex& operator=(const AutoMutex& other) KYR_NO_THREAD_SAFETY_ANALYSIS = default;
   ~AutoMutex() KYR_RELEASE() { release(); }
 
@@ -85,6 +97,14 @@ class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutex {
 };
 
 /// A wait condition for use with one mutex, which must outlive it.
+/// \code
+/// Mutex mutex("Queue", "queue", 1);
+/// Condition filled("Queue", "queue", 2, &mutex);
+/// const AutoMutex lock(&mutex);
+/// while (points.empty()) {
+///   filled.wait();  // lets others in meanwhile; who adds a point calls filled.signal()
+/// }
+/// \endcode
 /// \threadsafety any thread
 class KYR_EXPORT Condition {
  public:
@@ -108,7 +128,6 @@ class KYR_EXPORT Condition {
   }
 
  private:
-  friend struct TestProbe;
   Condition(const Condition&);
   Condition& operator=(const Condition&);
 
@@ -123,7 +142,8 @@ class KYR_EXPORT Condition {
 ///
 /// A waiting writer does not hold back new readers, so a steady stream of readers can keep it
 /// waiting. Neither lock is recursive, and there is no way from the one to the other: a thread
-/// that holds a read lock and asks for the write lock waits for ever.
+/// that holds a read lock and asks for the write lock waits for ever. Hold it with AutoMutexRead
+/// and AutoMutexWrite.
 /// \threadsafety any thread
 class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
  public:
@@ -160,7 +180,8 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
   void unlockWrite(const char* function, const char* file, unsigned line) KYR_RELEASE();
 
  private:
-  friend struct TestProbe;
+  friend class AutoMutexRead;  // these two report the creation site
+  friend class AutoMutexWrite;
   MutexReadWrite(const MutexReadWrite&);
   MutexReadWrite& operator=(const MutexReadWrite&);
 
@@ -187,6 +208,74 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
   const char* _function = "";
   const char* _file = "";
   unsigned _line = 0;
+};
+
+/// Keeps writers out from its construction to its end, or to unlock(); other readers come and go.
+/// \code
+/// static MutexReadWrite mutex("Points::count", "points", 1);
+/// const AutoMutexRead lock(&mutex);
+/// const std::size_t count = points.size();
+/// \endcode
+/// \threadsafety one thread; the one that locked is the one that unlocks
+class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutexRead {
+ public:
+  /// Waits until no writer holds \a mutex, which must not be null, and takes it for reading.
+  explicit AutoMutexRead(MutexReadWrite* mutex) KYR_ACQUIRE_SHARED(mutex) : _mutex(mutex) {
+    mutex->lockRead();
+  }
+  AutoMutexRead(const AutoMutexRead&) = delete;
+  AutoMutexRead& operator=(const AutoMutexRead&) = delete;
+  /// \throws ProgError as unlock()
+  ~AutoMutexRead() KYR_RELEASE() { release(); }
+
+  /// Unlocks before the end of the scope; a second call does nothing.
+  /// \throws ProgError as MutexReadWrite::unlockRead(), with the creation site of the mutex, when
+  ///         somebody else has given the lock back
+  void unlock() KYR_RELEASE() { release(); }
+
+ private:
+  void release() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    if (_mutex) {
+      _mutex->unlockRead(_mutex->_function, _mutex->_file, _mutex->_line);
+      _mutex = nullptr;
+    }
+  }
+
+  MutexReadWrite* _mutex;
+};
+
+/// Keeps everybody else out from its construction to its end, or to unlock().
+/// \code
+/// static MutexReadWrite mutex("Points::add", "points", 1);
+/// const AutoMutexWrite lock(&mutex);
+/// points.push_back(point);  // may throw; the lock is given back all the same
+/// \endcode
+/// \threadsafety one thread; the one that locked is the one that unlocks
+class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutexWrite {
+ public:
+  /// Waits until nobody holds \a mutex, which must not be null, and takes it for writing.
+  explicit AutoMutexWrite(MutexReadWrite* mutex) KYR_ACQUIRE(mutex) : _mutex(mutex) {
+    mutex->lockWrite();
+  }
+  AutoMutexWrite(const AutoMutexWrite&) = delete;
+  AutoMutexWrite& operator=(const AutoMutexWrite&) = delete;
+  /// \throws ProgError as unlock()
+  ~AutoMutexWrite() KYR_RELEASE() { release(); }
+
+  /// Unlocks before the end of the scope; a second call does nothing.
+  /// \throws ProgError as MutexReadWrite::unlockWrite(), with the creation site of the mutex, when
+  ///         somebody else has given the lock back
+  void unlock() KYR_RELEASE() { release(); }
+
+ private:
+  void release() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    if (_mutex) {
+      _mutex->unlockWrite(_mutex->_function, _mutex->_file, _mutex->_line);
+      _mutex = nullptr;
+    }
+  }
+
+  MutexReadWrite* _mutex;
 };
 
 }  // namespace Kyr

@@ -18,6 +18,12 @@ class SharedBlock;
 /// another process creates its first block. Who is attached by then keeps the memory. Nothing
 /// here orders what the processes read and write; that is for them to agree on.
 ///
+/// \code
+/// const SharedMemory shared(sizeof room);  // its number goes to the other process
+/// SharedMemory theirs(sizeof room, shared.getId());
+/// theirs.copyTo(room, sizeof room);
+/// \endcode
+///
 /// On Windows there is no such memory: the constructors raise ProgError "Not implemented for
 /// Windows".
 /// \threadsafety one thread per object; the contents are unguarded
@@ -61,14 +67,12 @@ class KYR_EXPORT SharedMemory {
   static void freeSharedMemoryResources();
 
  private:
-  friend struct TestProbe;  // the tests' way to the lock
   void enter();
   void leave();
 
   unsigned _size;
   int _id;
   void* _data = nullptr;
-  unsigned _reserved = 0;
   std::shared_ptr<SharedBlock> _block;  // changed under _m_shm_obj, read there by others
 
   // The registry: a list through the objects, as it must not need the heap. Its lock is never

@@ -11,6 +11,18 @@ namespace Kyr {
 
 /// A thread with its creation site and three flags for the user interface. Concrete threads
 /// supply run(); starting, waiting and priorities are those of QThread.
+/// \code
+/// class Reader : public Thread {
+///  public:
+///   Reader() : Thread(LockGUI, "Reader", "reader", 1) {}
+///
+///  protected:
+///   void run() override { in.read(room, sizeof room); }
+/// };
+/// Reader reader;
+/// reader.start();
+/// reader.wait();
+/// \endcode
 /// \threadsafety the flags are plain fields without a lock
 class KYR_EXPORT Thread : public QThread {
  public:
@@ -24,7 +36,7 @@ class KYR_EXPORT Thread : public QThread {
   Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file, unsigned line);
   ~Thread() override;
 
-  /// As those of QThread, with the end of the thread made known to ThreadSanitizer.
+  /// Waits for the end of the thread, as QThread does, and tells ThreadSanitizer of it.
   /// \return false when the time was over before the thread
   bool wait(QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever)) {
     const bool finished = QThread::wait(deadline);
@@ -50,13 +62,13 @@ class KYR_EXPORT Thread : public QThread {
   void run() override = 0;
 
  private:
-  friend struct TestProbe;
   Thread(const Thread&);
   Thread& operator=(const Thread&);
 
-  const char* _function;
-  const char* _file;
-  unsigned _line;
+  // The creation site is read in a debugger only.
+  [[maybe_unused]] const char* _function;
+  [[maybe_unused]] const char* _file;
+  [[maybe_unused]] unsigned _line;
   bool _lockGui;
   bool _undoable = false;
   bool _requiresUndo = false;

@@ -10,18 +10,16 @@ namespace Kyr {
 
 /// Support matches reports by these numbers; they do not follow edits of this file.
 namespace site {
-constexpr unsigned Registry = 36, Enter = 64, Release = 121, Assign = 134, Leave = 150,
-                   FreeAll = 184;
-constexpr const char* File = "os_shared_memory";
-}  // namespace site
+constexpr unsigned Registry = 36;
+}
 
 namespace {
 
 constexpr int created = -1;
-/// Long enough for whoever changes the list; a dying process must not hang.
+/// In milliseconds. Long enough for whoever changes the list; a dying process must not hang.
 constexpr int longestWait = 1000;
 
-Forever<Mutex> lockRoom("Kyr::SharedMemory", site::File, site::Registry);
+Forever<Mutex> lockRoom("Kyr::SharedMemory", "os_shared_memory", site::Registry);
 
 }  // namespace
 
@@ -38,23 +36,19 @@ SharedMemory::SharedMemory(unsigned size, int id) : _size(size), _id(id) {
 }
 
 SharedMemory::SharedMemory(const SharedMemory& other)
-    : _size(other._size),
-      _id(other._id),
-      _data(other._data),
-      _reserved(other._reserved),
-      _block(other._block) {
+    : _size(other._size), _id(other._id), _data(other._data), _block(other._block) {
   enter();
 }
 
 SharedMemory& SharedMemory::operator=(const SharedMemory& other) {
   std::shared_ptr<SharedBlock> block = other._block;
-  _m_shm_obj.lock();
-  _block.swap(block);  // the old one ends after the lock
-  _m_shm_obj.unlock("Kyr::SharedMemory::operator =", site::File, site::Assign);
+  {
+    const AutoMutex lock(&_m_shm_obj);
+    _block.swap(block);  // the old block ends when the mutex is free again
+  }
   _size = other._size;
   _id = other._id;
   _data = other._data;
-  _reserved = other._reserved;
   return *this;
 }
 
@@ -64,22 +58,20 @@ SharedMemory::~SharedMemory() {
 
 void SharedMemory::enter() {
   Fatal::setSharedMemoryRelease(&SharedMemory::freeSharedMemoryResources);
-  _m_shm_obj.lock();
+  const AutoMutex lock(&_m_shm_obj);
   _next = _first;
   if (_next) {
     _next->_previous = this;
   }
   _first = this;
-  _m_shm_obj.unlock("Kyr::SharedMemory::SharedMemory", site::File, site::Enter);
 }
 
 void SharedMemory::leave() {
-  _m_shm_obj.lock();
+  const AutoMutex lock(&_m_shm_obj);
   if (_next) {
     _next->_previous = _previous;
   }
   (_previous ? _previous->_next : _first) = _next;
-  _m_shm_obj.unlock("Kyr::SharedMemory::~SharedMemory", site::File, site::Leave);
 }
 
 bool SharedMemory::copyTo(const void* source, unsigned n) {
@@ -103,10 +95,9 @@ bool SharedMemory::copyFrom(void* target, unsigned n) const {
 }
 
 void SharedMemory::releaseResources() {
-  std::shared_ptr<SharedBlock> block;
-  _m_shm_obj.lock();
+  std::shared_ptr<SharedBlock> block;  // ends when the mutex is free again
+  const AutoMutex lock(&_m_shm_obj);
   _block.swap(block);
-  _m_shm_obj.unlock("Kyr::SharedMemory::releaseResources", site::File, site::Release);
   _data = nullptr;
 }
 
@@ -114,12 +105,12 @@ void SharedMemory::freeSharedMemoryResources() {
   if (!_m_shm_obj.tryLock(longestWait)) {
     return;
   }
+  const AutoMutex lock(&_m_shm_obj, AutoMutex::Taken);
   for (SharedMemory* object = _first; object; object = object->_next) {
     if (object->_block) {
       object->_block->removeName();
     }
   }
-  _m_shm_obj.unlock("Kyr::SharedMemory::freeSharedMemoryResources", site::File, site::FreeAll);
 }
 
 }  // namespace Kyr

@@ -61,17 +61,18 @@ class Descriptor {
   int _number;
 };
 
-/// The system's own texts follow the user's language; its numbers do not.
+/// Names the system's error by its number: the system's texts follow the user's language.
 Exception failure(const QString& text, int error) {
   return QString("%1 (error %2)").arg(text).arg(error);
 }
 
-/// Memory that is mapped has at least one byte.
+/// The system maps no block of zero bytes.
 std::size_t mappedSize(unsigned size) {
   return std::max(size, 1U);
 }
 
-/// Sets the memory aside: without that, a full system shows at the first write, by SIGBUS.
+/// Sets the memory of a block aside: otherwise a full system ends the process at the first write,
+/// by SIGBUS.
 int reserveMemory(int descriptor, unsigned size) {
   int error = EINTR;
   while (error == EINTR) {
@@ -80,7 +81,8 @@ int reserveMemory(int descriptor, unsigned size) {
   return error;
 }
 
-/// Waits for whoever looks whether the file's owner lives.
+/// Takes the lock by which others see that the owner of a block's file lives. Waits for whoever is
+/// looking just now.
 /// \return 0 or the system's error
 int lock(int descriptor) {
   int result = ::flock(descriptor, LOCK_EX);
@@ -126,7 +128,7 @@ class AttachedBlock : public MappedBlock {
       return errno;
     }
     if (status.st_uid != ::geteuid()) {
-      return EACCES;  // its owner could take the memory away from under who uses it
+      return EACCES;  // another user could cut the file while this process uses the memory
     }
     const auto found = static_cast<std::uintmax_t>(status.st_size);
     return found < mappedSize(size) ? EINVAL : map(file.number());
@@ -156,7 +158,7 @@ class CreatedBlock : public MappedBlock {
       return unlocked;
     }
     if (::fstat(_file.number(), &status) != 0 || status.st_nlink == 0) {
-      _hasName = false;  // taken for that of a dead process, before it was locked
+      _hasName = false;  // before the lock was held, somebody took the file for a dead process's
       return EEXIST;
     }
     const int error = reserveMemory(_file.number(), size);
@@ -165,7 +167,7 @@ class CreatedBlock : public MappedBlock {
 
  private:
   void removeCreated() noexcept {
-    // A forked child has the object as well, but not the duty.
+    // A forked child has a copy of the object, but the number is its parent's to end.
     if (_process == ::getpid() && _hasName.exchange(false)) {
       ::shm_unlink(Name(_id).text());
     }
@@ -186,7 +188,7 @@ void removeIfDead(const std::string& name) {
 }
 
 void removeAllDead() {
-  // Not by the C++ library, whose iterator ends the process when it has no memory for a name.
+  // The C++ library's iterator would end the process when it has no memory for a name.
   const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir("/dev/shm"), &::closedir);
   while (const dirent* const entry = folder ? ::readdir(folder.get()) : nullptr) {
     const std::string name = entry->d_name;
@@ -196,7 +198,7 @@ void removeAllDead() {
   }
 }
 
-/// At the first block of each process, a forked child being another one.
+/// Sweeps at the first block of each process, a forked child being another one.
 void removeAllDeadOnce() {
   static std::atomic<pid_t> doneBy{0};
   const pid_t self = ::getpid();
