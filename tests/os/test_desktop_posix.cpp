@@ -1,20 +1,7 @@
 // The desktop, played by a program of the same name as its own, and what file systems cannot do.
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-
 #include <cerrno>
-#include <csignal>
-#include <cstddef>
-#include <functional>
-#include <iostream>
-#include <string>
 
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -22,6 +9,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using Kyr::OS;
 
@@ -38,19 +27,15 @@ TEST(OpenOnDesktopPosix, HandsOverOneArgument) {
   const KyrTest::ScopedEnvironment path("PATH", dir.path().toUtf8());
   const QString before = QDir::currentPath();
   ASSERT_TRUE(QDir::setCurrent(dir.path()));
-  const struct {
-    QString given;
-    QString received;
-  } rows[] = {
+  const std::pair<QString, QString> rows[] = {
       {"-a $HOME;b.txt", document},
-      {document, document},
       {"HTTPS://host/?a=b&c#d", "HTTPS://host/?a=b&c#d"},
       {"mailto:a@b", "mailto:a@b"},
       {".", dir.path()},
   };
-  for (const auto& row : rows) {
-    OS::openOnDesktop(row.given);
-    EXPECT_EQ(KyrTest::readFile(pipe).toStdString(), "1:" + row.received.toStdString());
+  for (const auto& [given, received] : rows) {
+    OS::openOnDesktop(given);
+    EXPECT_EQ(KyrTest::readFile(pipe).toStdString(), "1:" + received.toStdString());
   }
   QDir::setCurrent(before);
   QFile::remove(opener);
@@ -65,19 +50,27 @@ TEST(SystemPosix, IsCalledAsItCallsItself) {
 }
 
 TEST(SystemPosix, RefusesATemporaryPathThatIsNoText) {
-  const struct {
-    const char* path;
-    const char* taken;
-    const char* catches;
-  } rows[] = {
+  const std::tuple<const char*, const char*, const char*> rows[] = {
       {"/tmp\xff", "", "a last byte that is dropped"},
       {"/t\xc3\xa4\xc3/", "", "half a character that is dropped in front of the slash"},
+      {"/t\xe0\x80\xaf", "", "a slash in three bytes"},
       {"/t\xc3\xa4/", "/t\xc3\xa4", "a good path that is refused"},
   };
-  for (const auto& row : rows) {
-    const KyrTest::ScopedEnvironment path("TMPDIR", row.path);
-    EXPECT_EQ(OS::getTempDirectory().toStdString(), row.taken) << row.catches;
+  for (const auto& [given, taken, catches] : rows) {
+    const KyrTest::ScopedEnvironment path("TMPDIR", given);
+    EXPECT_EQ(OS::getTempDirectory().toStdString(), taken) << catches;
   }
+}
+
+TEST(SystemPosix, CountsNoProcessThatHasEnded) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::_exit(0);
+  }
+  siginfo_t ended = {};
+  EXPECT_EQ(::waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
+  EXPECT_FALSE(OS::pidExists(child)) << "nobody has asked for its end yet";
+  ::waitpid(child, nullptr, 0);
 }
 
 TEST(SystemPosix, TellsWhyTheDirectoryAboveIsMissing) {
@@ -151,6 +144,7 @@ TEST(SystemPosix, FailsWhereAFileMayNotGrow) {
     });
     EXPECT_EQ(ended.output, "refused") << row.catches;
   }
+  EXPECT_FALSE(OS::stat(dir.file("copy"))) << "half a copy stays";
   const Kyr::ProcessResult started = OS::run("grep", {"SigIgn", "/proc/self/status"});
   const quint64 ignored =
       started.output.mid(started.output.indexOf(':') + 1).trimmed().toULongLong(nullptr, 16);

@@ -1,13 +1,7 @@
 // Proxies and versions.
 #include "support/Support.h"
 
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
 using Kyr::OS;
-
-namespace {
 
 TEST(OsProxy, IsReadFromTheEnvironment) {
   const struct {
@@ -24,9 +18,7 @@ TEST(OsProxy, IsReadFromTheEnvironment) {
       {"p:1", "", "", "", "https://h/", "", "http's for https"},
       {"", "", "a:9", "", "https://h/", "a:9", "the one for all"},
       {"", "", "socks5://a:9", "", "http://h/", "socks5://a:9", "another kind loses its name"},
-      {"u:w@p:1", "", "", "", "http://h", "u:w@p:1", "a user gets lost"},
       {"p:1", "s:1", "a:1", "", "ftp://h/", "", "other schemes"},
-      {"p:1", "", "", "", "no address", "", "no host"},
       {"p:1", "", "", "h", "http://H/", "", "capital letters"},
       {"p:1", "", "", "b.c", "http://a.b.c/", "", "what lies below"},
       {"p:1", "", "", ".b.c", "http://b.c/", "", "the domain itself"},
@@ -64,14 +56,11 @@ TEST(OsVersion, HasItsMarketingName) {
     const char* server;
   } rows[] = {
       {4, 0, 1381, "Windows 4.0", "Windows Server 4.0"},
-      {5, 0, 2195, "Windows 2000", "Windows 2000 Server"},
       {5, 1, 2600, "Windows XP", "Windows XP"},
       {6, 0, 6002, "Windows Vista", "Windows Server 2008"},
-      {6, 1, 7601, "Windows 7", "Windows Server 2008 R2"},
       {6, 3, 9600, "Windows 8.1", "Windows Server 2012 R2"},
       {10, 0, 14393, "Windows 10", "Windows Server 2016"},
       {10, 0, 19045, "Windows 10", "Windows Server 2019"},
-      {10, 0, 20348, "Windows 10", "Windows Server 2022"},
       {10, 0, 22000, "Windows 11", "Windows Server 2022"},
       {10, 0, 26100, "Windows 11", "Windows Server 2025"},
       {12, 3, 1, "Windows 12.3", "Windows Server 12.3"},
@@ -83,11 +72,3 @@ TEST(OsVersion, HasItsMarketingName) {
   EXPECT_TRUE(OS::getSystemName().contains(' ') && OS::getSystemVersion().count('.') >= 2);
   EXPECT_FALSE(OS::getProcessorName().isEmpty());
 }
-
-TEST(OsDrives, AreThere) {
-  for (const OS::RemovableDrive& drive : OS::getRemovableDrives()) {
-    EXPECT_TRUE(OS::getStatus(drive.path).isDirectory && drive.free <= drive.size);
-  }
-}
-
-}  // namespace

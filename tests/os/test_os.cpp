@@ -1,10 +1,8 @@
-#include <kyr/os/KyrOS.h>
+#include <kyr/os/KyrOpenFile.h>
 
 #include "support/Support.h"
 
-#include <gtest/gtest.h>
-
-using Kyr::OS;
+using namespace Kyr;
 
 namespace {
 
@@ -47,10 +45,60 @@ TEST(Os, RefusesWhatIsNoFile) {
     EXPECT_EQ(afterWriting(name, OS::OpenAppend, "x"), "failed") << name.toStdString();
     EXPECT_EQ(OS::openFile(name, OS::OpenRead), nullptr) << name.toStdString();
     EXPECT_EQ(errno, reason) << name.toStdString();
+    EXPECT_EQ(KyrTest::failure([name = name] { OpenFile{name}; }).rfind("cannot open", 0), 0U);
   }
+  EXPECT_EQ(KyrTest::failure([&] { OpenFile{dir.path()}; }),
+            "cannot open " + dir.path().toStdString() + ": it is a directory");
   EXPECT_EQ(OS::openFile(good, OS::OpenMode(1)), nullptr);
   EXPECT_EQ(errno, EINVAL) << "a mode that is none";
   EXPECT_EQ(KyrTest::readFile(good), "kept");
+}
+
+TEST(Os, OpenFilesServeBothKindsOfStreams) {
+  const KyrTest::TempDir dir;
+  OpenFile written(dir.file("x"), OS::OpenWrite);
+  written.stream() << "a\r\n";
+  std::fputs("b\xff", written.getStream());
+  written.stream() << "c";
+  OpenFile moved(std::move(written));
+  written = std::move(moved);
+  EXPECT_EQ(written.getName(), dir.file("x"));
+  EXPECT_EQ(std::int64_t(written.stream().tellp()), 6);
+  written.close();
+  EXPECT_FALSE(written.stream() << "d" << std::flush) << "a closed file takes more";
+  written.close();
+  EXPECT_EQ(KyrTest::readFile(dir.file("x")),
+            "a\r\nb\xff"
+            "c")
+      << "out of order, or lost";
+
+  OpenFile read(dir.file("x"));
+  std::string line;
+  EXPECT_TRUE(std::getline(read.stream(), line) && line == "a\r");
+  EXPECT_EQ(std::fgetc(read.getStream()), 'b') << "the standard stream read ahead for itself";
+  EXPECT_EQ(read.stream().peek(), 0xff) << "a byte passes for the end";
+  EXPECT_TRUE(read.stream().seekg(-1, std::ios::cur) && read.stream().get() == 'b');
+  EXPECT_TRUE(read.stream().seekg(-1, std::ios::end) && read.stream().get() == 'c');
+  EXPECT_EQ(read.stream().get(), EOF);
+  EXPECT_FALSE(read.stream().bad()) << "the end passes for a failure";
+  read.close();
+  EXPECT_EQ(read.getStream(), nullptr);
+}
+
+TEST(Os, OpenFilesTellWhatWasLost) {
+  const KyrTest::TempDir dir;
+  OpenFile unreadable(dir.file("x"), OS::OpenWrite);
+  EXPECT_EQ(unreadable.stream().get(), EOF);
+  EXPECT_TRUE(unreadable.stream().bad()) << "what cannot be read passes for the end";
+  for (const char* what : {"nothing was written", "closed twice"}) {
+    EXPECT_EQ(KyrTest::failure([&] { unreadable.close(); }), "") << what;
+  }
+  if (!KyrTest::fullDevice().isEmpty()) {
+    OpenFile full(KyrTest::fullDevice(), OS::OpenWrite);
+    full.stream() << "lost";
+    EXPECT_EQ(KyrTest::failure([&] { full.close(); }),
+              "cannot write /dev/full: no space is left on the disk");
+  }
 }
 
 }  // namespace

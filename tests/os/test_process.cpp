@@ -1,16 +1,6 @@
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-using Kyr::OS;
-using Kyr::Process;
+using namespace Kyr;
 
 namespace {
 
@@ -88,11 +78,7 @@ TEST(FindExecutable, LooksInThePathOnly) {
   const KyrTest::ScopedEnvironment path("PATH", places.join(QDir::listSeparator()).toUtf8());
   const QString before = QDir::currentPath();
   ASSERT_TRUE(QDir::setCurrent(dir.path()));
-  const struct {
-    QString name;
-    QString found;
-    const char* catches;
-  } rows[] = {
+  const std::tuple<QString, QString, const char*> rows[] = {
       {"tool", "second/tool", "a directory is no program"},
       {"text", "", "not everything may be started"},
       {"here", "", "what lies in the current directory is started"},
@@ -101,11 +87,11 @@ TEST(FindExecutable, LooksInThePathOnly) {
       {"", "", "no name"},
       {QString("tool") + QChar::Null, "", "a zero character"},
   };
-  for (const auto& row : rows) {
-    const QString found = OS::findExecutable(row.name);
-    EXPECT_EQ(found.isEmpty(), row.found.isEmpty()) << row.catches << found.toStdString();
-    EXPECT_TRUE(found.isEmpty() || QFileInfo(found) == QFileInfo(dir.file(row.found + ending)))
-        << row.catches << ": " << found.toStdString();
+  for (const auto& [name, expected, catches] : rows) {
+    const QString found = OS::findExecutable(name);
+    EXPECT_EQ(found.isEmpty(), expected.isEmpty()) << catches << found.toStdString();
+    EXPECT_TRUE(found.isEmpty() || QFileInfo(found) == QFileInfo(dir.file(expected + ending)))
+        << catches << ": " << found.toStdString();
   }
   QDir::setCurrent(before);
 }

@@ -1,15 +1,6 @@
 // What the user's registry sets, of which the tests see one of their own, and the desktop.
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-
-#include <string>
-
 #include <windows.h>
 
 using Kyr::OS;

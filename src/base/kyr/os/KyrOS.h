@@ -3,7 +3,6 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
-#include <kyr/log/KyrErrorLog.h>
 #include <kyr/os/KyrProcess.h>
 
 #include <QMap>
@@ -17,6 +16,8 @@
 
 namespace Kyr {
 
+class ErrorLog;
+
 /// Services of the operating system. Never instantiated; it has no state but the number of
 /// processors.
 ///
@@ -29,10 +30,17 @@ namespace Kyr {
 /// Where a file may not grow any more (on Linux RLIMIT_FSIZE), writing to it fails: before it opens
 /// the first file for writing, the library gives the signal SIGXFSZ a handler that does nothing,
 /// unless the application has set what happens. Programs that are started do not inherit that.
+/// \code
+/// std::ofstream stream;
+/// OS::openStdStream(stream, name, OS::OpenWrite, true);  // any name that the system knows
+/// OS::FileStatus status;
+/// const bool isThere = OS::stat(name, &status) && status.isFile;
+/// \endcode
 /// \threadsafety any thread
 class KYR_EXPORT OS {
  public:
-  /// What happens to a file that is opened. The numbers are part of the interface.
+  /// What happens to a file that is opened. The name and the numbers are given
+  /// (docs/decisions/0006).
   enum OpenMode {
     OpenRead = 0,    ///< the file must exist
     OpenWrite = 2,   ///< created when missing, emptied otherwise
@@ -122,7 +130,7 @@ class KYR_EXPORT OS {
   /// Whether there is something of this name; follows links.
   /// \param status receives more when there is; may be null
   static bool stat(const QString& name, FileStatus* status = nullptr);
-  /// As stat(), where there must be something.
+  /// As stat(), for a name that must exist.
   /// \throws Exception
   static FileStatus getStatus(const QString& name);
 
@@ -131,8 +139,8 @@ class KYR_EXPORT OS {
   ///        not decide that
   /// \return whether the directory is there now
   static bool mkdir(const QString& name, bool ownerOnly = false);
-  /// As mkdir(), where the directory must be there afterwards.
-  /// \throws Exception
+  /// As mkdir().
+  /// \throws Exception when the directory is not there afterwards
   static void makeDirectory(const QString& name, bool ownerOnly = false);
 
   /// Lists the names in a directory without "." and "..", sorted by the numbers of their UTF-16
@@ -140,14 +148,14 @@ class KYR_EXPORT OS {
   /// \param entries emptied first; not null
   /// \return false when it cannot be read; \a entries is empty then
   static bool readDirectory(const QString& name, QStringList* entries);
-  /// As readDirectory(), where it must be readable.
-  /// \throws Exception
+  /// As readDirectory(), with the names as result.
+  /// \throws Exception when it cannot be read
   static QStringList listDirectory(const QString& name);
 
   /// Copies a plain file; keeps a file that is there already.
   /// \return false when it was not copied; nothing is left of a copy that failed half-way
   static bool copyFile(const QString& from, const QString& to);
-  /// Copies a plain file with its permissions; whoever fails leaves \a to as it was.
+  /// Copies a plain file with its permissions; a copy that fails leaves \a to as it was.
   /// \throws Exception
   static void copy(const QString& from, const QString& to, Existing_t existing = KeepExisting);
 
@@ -163,12 +171,7 @@ class KYR_EXPORT OS {
   /// \throws Exception also when there was none
   static void remove(const QString& name);
 
-  /// Removes a directory with everything in it. Goes on after a failure. Removes links, never
-  /// what they lead to, also when somebody exchanges directories for links meanwhile; leaves
-  /// alone what is mounted inside. A link to a directory is only removed.
-  /// \param log receives one message for each entry that stays, with its path and the reason; a
-  ///        directory that stays only because an entry does has none. May be null
-  /// \return whether nothing is left; true also when there was nothing
+  /// The same as deleteDirectoryTree() in files/KyrDirectoryTree.h, which says what happens.
   static bool deleteDirectoryRecursion(const QString& dir, ErrorLog* log);
 
   /// Turns every "\\" into "/".
@@ -182,7 +185,7 @@ class KYR_EXPORT OS {
   /// end, on Linux $TMPDIR without "/" at the end if it is absolute, otherwise /tmp.
   /// \return empty when the system knows none, or none of less than 4096 characters
   static QString getTempDirectory();
-  /// The same, without heap and lock, for a crash handler.
+  /// As getTempDirectory(), without heap and lock, for a crash handler.
   /// \param buffer receives the path with a zero at its end; an empty text on failure
   /// \param size of the buffer, in characters with the zero
   /// \return false when it does not fit or is no valid UTF-8

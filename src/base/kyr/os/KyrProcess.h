@@ -29,6 +29,14 @@ struct ProcessResult {
 ///
 /// Set it up, start(), then wait(). Needs no event loop. While it runs, its output is taken in only
 /// by wait(): a program that writes much stops until somebody waits for it.
+/// \code
+/// Process solver("solver", {"--fast", name});
+/// solver.start();
+/// if (!solver.wait(60000)) {
+///   solver.terminate(1000);
+/// }
+/// const bool good = solver.getResult().isGood();
+/// \endcode
 /// \threadsafety one thread per object, always the same
 class KYR_EXPORT Process {
  public:
@@ -58,9 +66,9 @@ class KYR_EXPORT Process {
   /// \param milliseconds negative: without limit; 0 only looks
   /// \return whether it has ended, or never ran
   bool wait(int milliseconds = -1);
-  /// Asks the program to end; where it does not within \a milliseconds, ends it. Programs for
+  /// Asks the program to end, and kills it if it has not ended within \a milliseconds. Programs for
   /// Windows without a window cannot be asked.
-  /// \param milliseconds 0 or negative: ends it at once, without asking
+  /// \param milliseconds 0 or negative kills it at once, without asking
   void terminate(int milliseconds);
 
   /// What is known after wait() gave true.

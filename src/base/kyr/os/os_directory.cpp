@@ -17,7 +17,8 @@ bool isDirectory(const QString& name) {
   return OS::stat(name, &status) && status.isDirectory;
 }
 
-/// Whether the directory is there, be it that another process has made it meanwhile.
+/// Makes one directory, unless it is there, or another process makes it meanwhile.
+/// \return whether it is there
 bool ensureDirectory(const QString& name, bool ownerOnly) {
   return isDirectory(name) || Platform::makeDirectory(name, ownerOnly) || isDirectory(name);
 }
@@ -65,8 +66,8 @@ bool OS::mkdir(const QString& name, bool ownerOnly) {
   if (!Platform::isName(name) || isDirectory(name)) {
     return Platform::isName(name);
   }
-  // What fails above may be a server or a drive, which nobody can make: the last one decides. If
-  // that has no place to be made in, the reason is the one for which the place is missing.
+  // A directory further up that cannot be made may be a server or a drive: only the last one
+  // decides. If it has no place to be made in, the reason is that of the missing place.
   const QString path = QDir::fromNativeSeparators(name);
   Platform::SystemError above;
   for (int end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {

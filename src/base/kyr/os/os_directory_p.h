@@ -16,7 +16,7 @@ bool makeDirectory(const QString& name, bool ownerOnly);
 /// Appends the names in a directory, in any order, "." and ".." or not.
 /// \return false when it cannot be read to its end
 bool readEntries(const QString& name, QStringList& entries);
-/// The same for names with this start alone, which takes much less time for many others.
+/// As above, but only of names that begin with \a start: much quicker where most do not.
 /// \param start in ASCII
 /// \param all receives how many names there are
 bool readEntries(const QString& name, const QByteArray& start, QStringList& entries, int& all);

@@ -1,5 +1,5 @@
 /// \file
-/// Directories as this system reads them.
+/// Directories as POSIX reads them.
 #pragma once
 
 #include <string>

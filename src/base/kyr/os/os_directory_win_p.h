@@ -1,5 +1,5 @@
 /// \file
-/// Directories as this system reads them.
+/// Directories as Windows reads them.
 #pragma once
 
 namespace Kyr::Platform {

@@ -10,7 +10,7 @@
 namespace Kyr::Platform {
 
 /// Held by whoever changes the environment or reads all of it: the C library leaves that to its
-/// users.
+/// users. The C++ library's own mutex, as this room does without those of sync.
 std::mutex& environmentMutex();
 
 // Platform files define these.

@@ -8,7 +8,7 @@ namespace Kyr {
 
 namespace {
 
-/// Why a name is not even tried, as the C library's number; 0 for one that is.
+/// Why a name is refused without asking the system, as the C library's number; 0 for a good one.
 int refusal(const QString& name) {
   // A zero character would end the name for the system, which then opens another file.
   if (name.isEmpty() || name.contains(QChar::Null)) {
@@ -40,6 +40,13 @@ void open(Stream& stream, const QString& name, std::ios_base::openmode mode, boo
 }
 
 }  // namespace
+
+QString Platform::withoutEndSlashes(QString path) {
+  while (path.size() > 1 && path.endsWith('/')) {
+    path.chop(1);
+  }
+  return path;
+}
 
 void OS::openStdStream(std::ofstream& stream, const QString& name, OpenMode mode, bool shared) {
   constexpr auto binary = std::ios_base::out | std::ios_base::binary;

@@ -15,11 +15,15 @@ namespace Kyr::Platform {
 /// The name as the system takes it.
 std::filesystem::path nativePath(const QString& name);
 
-/// The same in the spelling that takes every name of any length literally, where there is one.
+/// As nativePath(), on Windows in the spelling in which the system takes names of any length and
+/// form literally.
 std::filesystem::path verbatimPath(const QString& name);
 
-/// The other way of nativePath().
+/// The name that nativePath() would turn into \a native.
 QString nameOf(const std::filesystem::path& native);
+
+/// A path without the slashes at its end, but with one that is all of it.
+QString withoutEndSlashes(QString path);
 
 /// Whether the name leads to a directory, which some systems open like a file.
 bool isDirectory(const QString& name);
@@ -33,7 +37,7 @@ bool openBuffer(std::filebuf& buffer, const QString& name, std::ios_base::openmo
 /// \return null on failure
 FILE* openFile(const QString& name, const char* mode);
 
-/// Writes all of it to an open file of the system.
+/// Writes all bytes to an open file of the system.
 /// \return false with the reason in lastError(); also when the system takes nothing and calls that
 ///         no failure
 bool writeAll(std::intptr_t file, const char* bytes, std::size_t count) noexcept;

@@ -20,13 +20,14 @@ namespace {
 
 constexpr const char* cannotStart = "cannot start %1";
 
-/// What the system told a process.
+/// What the system answered, and which process had asked.
 struct Told {
   unsigned pid = 0;
   QByteArray text;
 };
 
-/// Never destroyed, as threads may ask to the end. A forked child asks for itself.
+/// Asks the system until it answers, and keeps the answer for good, as threads may want it to the
+/// very end. A forked child asks for itself.
 QByteArray askOnce(std::atomic<const Told*>& told, QByteArray (*ask)()) {
   const unsigned pid = OS::getPID();
   const Told* known = told;
@@ -45,7 +46,7 @@ QByteArray fingerprint(const QByteArray& text) {
   return QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex();
 }
 
-/// Eight characters for a text, which a file's name can hold; none for none.
+/// Eight characters that stand for a text in the name of a file; none for the empty text.
 QString mark(const QByteArray& text) {
   return text.isEmpty() ? QString() : fingerprint(text).left(8);
 }
@@ -192,7 +193,7 @@ ProcessResult OS::run(const QString& program, const QStringList& arguments, int 
   return process.getResult();
 }
 
-// Not left to Qt alone, which knows the environment in the user's 8-bit encoding only.
+// Qt alone would read the environment in the user's 8-bit encoding only.
 QString OS::findExecutable(const QString& name) {
   if (!Platform::isName(name)) {
     return {};
@@ -219,7 +220,7 @@ void OS::openOnDesktop(const QString& documentOrAddress) {
     return;
   }
   getStatus(documentOrAddress);
-  // Absolute, so that no name passes for an option.
+  // An absolute path cannot pass for an option.
   Platform::showOnDesktop(QFileInfo(documentOrAddress).absoluteFilePath());
 }
 

@@ -15,10 +15,10 @@ namespace Kyr::Platform {
 /// \return ASCII without blanks; empty when the system does not tell all of it
 QByteArray processStart(std::int64_t pid);
 
-/// Where on this host the numbers of processes mean the same as for this one: a container has its
-/// own.
-/// \return empty when the system has one such space; what no other process has when it does not
-///         tell
+/// Names the space in which numbers of processes mean the same as for this one: a container has one
+/// of its own.
+/// \return empty on a system with one space only; a name that no other process has where the
+///         system does not tell
 QByteArray processSpace();
 
 /// What tells this machine from all others, also from those of the same name.
@@ -29,20 +29,20 @@ QByteArray machineIdentifier();
 /// \throws Exception
 void showOnDesktop(const QString& target);
 
-// The rest is the same on all platforms.
+// What follows is the same on all platforms.
 
-/// processStart() of this process. The system is asked only until it has told.
+/// processStart() of this process; the system is asked until it has answered once.
 QByteArray ownStart();
 
 /// A fingerprint of machineIdentifier(), which itself is nobody else's business: 32 hexadecimal
-/// digits. The system is asked only until it has told; empty before.
+/// digits; empty where the system does not tell. It is asked until it has answered once.
 QByteArray ownMachine();
 
 }  // namespace Kyr::Platform
 
 namespace Kyr::TemporaryFile {
 
-/// The start of the name of each.
+/// How the names of all such files begin.
 extern const char* const prefix;
 
 /// A name in the directory of \a target that nobody else uses, and that tells who uses it.

@@ -13,7 +13,7 @@ QString firstSet(const QByteArray& name) {
   return small.isEmpty() ? OS::getEnv(name.toUpper()) : small;
 }
 
-/// "proxy:3128" of "http://proxy:3128/"; other kinds of proxies keep theirs.
+/// "proxy:3128" of "http://proxy:3128/"; other kinds of proxies keep their scheme.
 QString withoutScheme(QString proxy) {
   for (const char* scheme : {"http://", "https://"}) {
     if (proxy.startsWith(scheme, Qt::CaseInsensitive)) {
@@ -31,7 +31,7 @@ QString proxyInEnvironment(const QByteArray& name) {
   return withoutScheme((own.isEmpty() ? firstSet("all_proxy") : own).trimmed());
 }
 
-/// In the environment a host stands for all below it too.
+/// The exceptions of $no_proxy, where a host also stands for all hosts below it.
 QStringList exceptionsInEnvironment() {
   QStringList hosts;
   for (const QString& entry : firstSet("no_proxy").split(',', Qt::SkipEmptyParts)) {
@@ -48,6 +48,7 @@ bool matchesPattern(const QString& host, const QString& pattern) {
   return QRegularExpression(QRegularExpression::anchoredPattern(expression)).match(host).hasMatch();
 }
 
+/// Whether an exception covers a host.
 /// \param exception in small letters
 bool isExcepted(const QString& host, int port, QString exception) {
   if (exception == "<local>") {

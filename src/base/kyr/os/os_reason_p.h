@@ -16,28 +16,29 @@ struct SystemError {
 
 /// The last failure of this thread. To be asked for before anything else asks the system.
 SystemError lastError();
-/// Makes lastError() tell this.
+/// Sets what lastError() gives.
 void setLastError(const SystemError& error);
 
 /// The failure in words, as the end of a sentence.
 QString inWords(const SystemError& error);
 
-/// What is wrong with names that never reach the system.
+/// The reason for names that isName() refuses.
 extern const char* const badName;
 
-/// Not empty, not longer than any system takes, and without a zero character, which would end the
-/// name for the system, which then means another file.
+/// Whether the system may be asked for a name: it is not empty, not longer than any system takes,
+/// and holds no zero character, at which the system would end it and so mean another file.
 bool isName(const QString& name);
 
-/// \param what the sentence so far, with "%1" for the name
+/// Throws the Exception for a failure with a name.
+/// \param what the sentence before the reason, with "%1" for the name
 [[noreturn]] void fail(const char* what, const QString& name, const QString& reason);
-/// The reason is lastError().
+/// As above, with lastError() as the reason.
 [[noreturn]] void fail(const char* what, const QString& name);
 
-/// \throws Exception for what is no name
+/// \throws Exception unless isName()
 void expectName(const char* what, const QString& name);
 
-/// Leaves lastError() as it was before.
+/// Sets lastError() back, when it ends, to what it was when it was made.
 class KeepLastError {
  public:
   KeepLastError() : _error(lastError()) {}

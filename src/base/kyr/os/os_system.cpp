@@ -27,7 +27,7 @@ struct WindowsName {
 };
 
 constexpr WindowsName windowsNames[] = {
-    // newest first
+    // The newest come first, as the first row that is not newer than a system counts.
     {10, 0, 26100, "11", "Server 2025"},
     {10, 0, 22000, "11", "Server 2022"},
     {10, 0, 20348, "10", "Server 2022"},
@@ -42,7 +42,7 @@ constexpr WindowsName windowsNames[] = {
     {5, 0, 0, "2000", "2000 Server"},
 };
 
-/// Systems differ in what they make of other names.
+/// Whether a name can be one of a variable; systems differ in what they make of others.
 bool isVariable(const char* name) {
   return *name != '\0' && std::strchr(name, '=') == nullptr;
 }

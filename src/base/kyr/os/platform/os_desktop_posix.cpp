@@ -40,7 +40,8 @@ fs::path folderOf(const char* device) {
   return fs::canonical("/sys/dev/block/" + number, error);
 }
 
-/// Disks on USB do not call themselves removable, nor do the readers of memory cards.
+/// Whether a device can be taken out. Disks on USB and readers of memory cards do not call
+/// themselves removable, so the way by which they are connected counts.
 bool isRemovable(const char* device) {
   const fs::path folder = folderOf(device);
   if (folder.empty()) {

@@ -16,7 +16,7 @@ namespace {
 constexpr const wchar_t* internetSettings =
     L"Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
 
-/// Disks on USB do not call themselves removable.
+/// Whether a drive is connected by USB: disks there do not call themselves removable.
 bool isOnUsb(const QString& letter) {
   const std::wstring name = ("\\\\.\\" + letter + ":").toStdWString();
   const HANDLE drive = ::CreateFileW(name.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
@@ -67,7 +67,7 @@ QString readSetting(const wchar_t* name) {
                            : QString::fromWCharArray(text.data());
 }
 
-/// Of "http=a:80;https=b:80" the one for a scheme; of "a:80" the same for all.
+/// The proxy for a scheme: "b:80" of "http=a:80;https=b:80" for "https", "a:80" of "a:80" for all.
 QString proxyFor(const QString& scheme, const QString& servers) {
   if (!servers.contains('=')) {
     return servers.trimmed();

@@ -24,7 +24,7 @@ std::int64_t milliseconds(const statx_timestamp& time) {
   return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
 }
 
-/// Between the two steps somebody else may take the name.
+/// Renames to a name that nothing has, by looking first: in between somebody may take the name.
 bool renameAfterLook(const char* source, const char* target) {
   struct stat found = {};
   const bool isTaken = ::lstat(target, &found) == 0;
@@ -32,7 +32,8 @@ bool renameAfterLook(const char* source, const char* target) {
   return !isTaken && ::rename(source, target) == 0;
 }
 
-/// By a second name for a while, where the file system knows such names.
+/// Renames to a name that nothing has by giving a second name and taking away the first, where the
+/// file system knows second names.
 bool renameInSteps(const char* source, const char* target) {
   if (::link(source, target) != 0) {
     const bool isUnknown = errno == EPERM || errno == ENOTSUP || errno == ENOSYS;
@@ -46,7 +47,7 @@ bool renameInSteps(const char* source, const char* target) {
   return isGone;
 }
 
-/// Hands on what the C++ library found out.
+/// Hands the reason that the C++ library found on to lastError().
 bool succeeded(const std::error_code& error) {
   if (error) {
     errno = error.value();
@@ -131,7 +132,7 @@ bool Platform::readEntries(const QString& name, const QByteArray& start, QString
   return reader.isComplete();
 }
 
-// The name is taken first: a copy that fails must not remove what somebody else has put there.
+// The new name is taken first: a copy that fails must not remove what somebody else has put there.
 bool Platform::copyFile(const QString& from, const QString& to) {
   surviveFileLimit();
   const std::string target = native(to);
@@ -154,7 +155,7 @@ bool Platform::isRealDirectory(const QString& name) {
   return ::lstat(native(name).c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
-// Not every file system can do it in one step.
+// Not every file system can rename in one step without replacing.
 bool Platform::renameToFree(const QString& from, const QString& to) {
   const std::string source = native(from);
   const std::string target = native(to);

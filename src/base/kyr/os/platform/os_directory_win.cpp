@@ -59,7 +59,8 @@ constexpr Translation translations[] = {
     {ERROR_BAD_EXE_FORMAT, ENOEXEC},
 };
 
-/// From 1601-01-01, in units of 100 nanoseconds; rounded down, also before 1970.
+/// Milliseconds since 1970 of a count of 100 nanoseconds since 1601; rounded down, also before
+/// 1970.
 std::int64_t milliseconds(const FILETIME& time) {
   constexpr std::int64_t unitsPerMillisecond = 10000;
   constexpr std::int64_t millisecondsTo1970 = 11644473600000;
@@ -97,7 +98,7 @@ bool follow(const QString& name, WIN32_FILE_ATTRIBUTE_DATA& found) {
   return known;
 }
 
-/// "NUL" and its kin, in every directory.
+/// Whether a name means a device: "NUL" and its kin do so in every directory.
 bool isDevice(const QString& name) {
   std::array<wchar_t, 16> path{};
   ::GetFullPathNameW(nativePath(name).c_str(), DWORD(path.size()), path.data(), nullptr);
@@ -153,7 +154,7 @@ bool Platform::readStatus(const QString& name, OS::FileStatus& status) {
   return true;
 }
 
-// The user's folders keep others out of what is made in them.
+// ownerOnly needs nothing here: the user's folders keep others out of what is made in them.
 bool Platform::makeDirectory(const QString& name, bool /*ownerOnly*/) {
   return ::CreateDirectoryW(nativePath(name).c_str(), nullptr) != 0;
 }
@@ -186,7 +187,7 @@ bool Platform::readEntries(const QString& name, const QByteArray& start, QString
   return ::GetLastError() == ERROR_NO_MORE_FILES;
 }
 
-// The name is taken first: a copy that fails must not remove what somebody else has put there.
+// The new name is taken first: a copy that fails must not remove what somebody else has put there.
 bool Platform::copyFile(const QString& from, const QString& to) {
   const std::wstring target = nativePath(to).native();
   const HANDLE taken = ::CreateFileW(target.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,

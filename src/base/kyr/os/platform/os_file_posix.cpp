@@ -11,7 +11,7 @@
 
 namespace Kyr {
 
-// The bytes that QFile uses too, so that both mean the same file. Before there is a Qt
+// Gives the bytes that QFile uses, so that both mean the same file. Before there is a Qt
 // application the locale is "C" and loses letters; the name then is UTF-8, as everywhere today.
 std::filesystem::path Platform::nativePath(const QString& name) {
   const QByteArray encoded = QFile::encodeName(name);
@@ -34,7 +34,7 @@ bool Platform::isDirectory(const QString& name) {
   return std::filesystem::is_directory(nativePath(name), ignored);
 }
 
-// Nothing here keeps other writers out: locks between processes are a matter of agreement.
+// shared changes nothing: on this system locks between processes are a matter of agreement.
 bool Platform::openBuffer(std::filebuf& buffer, const QString& name, std::ios_base::openmode mode,
                           bool /*shared*/) {
   surviveFileLimit();
@@ -73,7 +73,7 @@ bool Platform::appendToFile(const QString& name, const char* bytes, std::size_t 
   return ::close(file) == 0 && written;
 }
 
-// A handler, as programs that are started would inherit that the signal is ignored.
+// The signal gets a handler: that it is ignored, programs that are started would inherit.
 void Platform::surviveFileLimit() noexcept {
   static std::atomic<bool> isDone{false};
   struct sigaction present = {};

@@ -16,15 +16,15 @@ namespace Kyr {
 
 namespace {
 
-/// Characters, with the zero at the end: less than MAX_PATH, as a new directory must have room
-/// for the name of a file in it.
+/// Up to so many characters, the zero at the end counted, the system takes a path in any spelling.
+/// Less than MAX_PATH, as a new directory must have room for the name of a file in it.
 constexpr DWORD longestPlain = MAX_PATH - 12;
 
 bool startsWith(const std::wstring& text, const wchar_t* start) {
   return text.rfind(start, 0) == 0;
 }
 
-/// The whole path in the spelling that the system takes at any length.
+/// The absolute path in the spelling that the system takes at any length.
 std::wstring longPath(const std::wstring& path, DWORD capacity) {
   std::wstring whole(capacity, L'\0');
   whole.resize(::GetFullPathNameW(path.c_str(), capacity, whole.data(), nullptr));
@@ -156,7 +156,7 @@ bool Platform::appendToFile(const QString& name, const char* bytes, std::size_t 
   return ::CloseHandle(handle) != 0 && written;
 }
 
-// Nothing here ends a process that writes too much.
+// This system never ends a process because it writes too much.
 void Platform::surviveFileLimit() noexcept {}
 
 }  // namespace Kyr

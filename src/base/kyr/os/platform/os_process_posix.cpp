@@ -48,7 +48,8 @@ bool OS::pidExists(std::int64_t pid) {
   return state != "Z" && state != "X";  // ended, though its parent has not asked for it yet
 }
 
-// Ticks since the start of the system, and which start that was: clocks that are set do not matter.
+// The ticks between the starts of the system and of the process, and which start of the system it
+// was: setting the clock changes neither.
 QByteArray Platform::processStart(std::int64_t pid) {
   constexpr int startField = 19;
   const QByteArray ticks = fieldsOf(pid).value(startField);
@@ -63,9 +64,9 @@ QByteArray Platform::processSpace() {
   return isUntold ? "untold:" + QByteArray::number(OS::getPID()) : QByteArray::fromStdString(space);
 }
 
-// Qt knows only the file of another service, which is not everywhere. Many containers have no
-// identifier, an empty file for it, or the word of an image that was never started. No other
-// machine has the number of this one's start, though it is another one after the next start.
+// QSysInfo asks another service, which is not everywhere. Many containers have no identifier, an
+// empty file for it, or the word of an image that was never started. The number of the system's
+// last start takes its place: no other machine has it, though the next start brings a new one.
 QByteArray Platform::machineIdentifier() {
   const QByteArray text = firstLine(systemIdentifier);
   const bool isUnset = text == "uninitialized";

@@ -37,7 +37,8 @@ class ProcessHandle {
 
 }  // namespace
 
-// Only one reason tells that there is no such process; without memory, for instance, nobody knows.
+// A process that cannot be opened may exist all the same, as when memory is short: only one reason
+// says that there is none.
 bool OS::pidExists(std::int64_t pid) {
   if (pid <= 0 || pid > std::numeric_limits<DWORD>::max()) {
     return false;

@@ -1,6 +1,7 @@
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_environment_p.h>
 #include <kyr/os/os_file_p.h>
+#include <kyr/text/utf8_p.h>
 
 #include <QSettings>
 #include <QSysInfo>
@@ -19,13 +20,7 @@ namespace Kyr {
 namespace {
 
 using Platform::nameOf;
-
-QString withoutEndSlashes(QString path) {
-  while (path.size() > 1 && path.endsWith('/')) {
-    path.chop(1);
-  }
-  return path;
-}
+using Platform::withoutEndSlashes;
 
 /// A directory that the environment names; only an absolute one means the same to every program.
 /// \return empty when it names none
@@ -34,6 +29,7 @@ QString directoryFromEnvironment(const char* name) {
   return path.startsWith('/') ? withoutEndSlashes(path) : QString();
 }
 
+/// The home that the system's table of users has.
 /// \return null for a user without an entry
 const char* homeOfAccount(passwd& entry, std::array<char, 16384>& buffer) {
   passwd* found = nullptr;
@@ -45,7 +41,7 @@ std::string textOf(const char* text) {
   return text ? text : "";
 }
 
-/// The user's home; empty for the root, and where nobody knows one.
+/// The user's home; empty where that is the root directory, or nobody knows one.
 QString home() {
   QString path = directoryFromEnvironment("HOME");
   if (path.isEmpty()) {
@@ -61,42 +57,19 @@ QString folderOr(const char* variable, const char* belowHome) {
   return path.isEmpty() ? home() + belowHome : path;
 }
 
-/// Takes one character off a UTF-8 text.
-/// \return negative where the bytes are none
-int takeCharacter(const unsigned char*& text) {
-  const int first = *text++;
-  if (first < 0x80) {
-    return first;
-  }
-  const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-  int character = first & (0x3F >> more);
-  for (int i = 0; i < more; ++i, ++text) {
-    if ((*text & 0xC0) != 0x80) {
-      return -1;
-    }
-    character = character << 6 | (*text & 0x3F);
-  }
-  constexpr std::array<int, 4> smallest{0, 0x80, 0x800, 0x10000};
-  const bool isValid = first >= 0xC2 && first <= 0xF4 && character <= 0x10FFFF &&
-                       character >= smallest[static_cast<std::size_t>(more)] &&
-                       (character < 0xD800 || character > 0xDFFF);
-  return isValid ? character : -1;
-}
-
 /// Without the heap; mbstowcs() would ask for the locale.
 /// \param length of the text in bytes
 /// \return false, with an empty text in the buffer, unless all of it is UTF-8 and fits
 bool decode(const char* text, std::size_t length, wchar_t* buffer, unsigned size) {
-  const auto* from = reinterpret_cast<const unsigned char*>(text);
-  const auto* const end = from + length;
+  const char* const end = text + length;
   unsigned count = 0;
   bool isText = true;
-  while (isText && from < end && count + 1 < size) {
-    const int character = takeCharacter(from);
-    isText = character >= 0;
+  while (isText && text < end && count + 1 < size) {
+    const char32_t character = Utf8::take(text, end);
+    isText = character != Utf8::none;
     buffer[count++] = static_cast<wchar_t>(character);
   }
-  const bool isWhole = isText && from == end;
+  const bool isWhole = isText && text == end;
   buffer[isWhole ? count : 0] = L'\0';
   return isWhole;
 }
@@ -111,7 +84,7 @@ bool OS::getTempDirectory(wchar_t* buffer, unsigned size) noexcept {
   if (size == 0) {
     return false;
   }
-  const char* const set = std::getenv("TMPDIR");  // not Qt's, which allocates
+  const char* const set = std::getenv("TMPDIR");  // qgetenv() would allocate
   const char* const path = set && *set == '/' ? set : "/tmp";
   std::size_t length = std::strlen(path);
   while (length > 1 && path[length - 1] == '/') {
@@ -142,7 +115,7 @@ QString OS::getCurrentDirectory() {
   return nameOf(std::filesystem::current_path(error));
 }
 
-// What people write into the file by hand is UTF-8; what QSettings writes is ASCII.
+// The file is read as UTF-8, which people write into it by hand; what QSettings writes is ASCII.
 QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
   QSettings settings(QSettings::NativeFormat,
                      scope == RegistryMachine ? QSettings::SystemScope : QSettings::UserScope,

@@ -56,7 +56,7 @@ QString readText(HKEY root, const wchar_t* path, const std::wstring& name) {
   return text;
 }
 
-/// What the system tells without regard to what programs say they are made for.
+/// The true version: others answer with the one that the program says it is made for.
 OSVERSIONINFOEXW systemVersion() {
   OSVERSIONINFOEXW version{};
   version.dwOSVersionInfoSize = sizeof version;
@@ -114,7 +114,7 @@ QString OS::getEnv(const char* name) {
     return {};
   }
   std::wstring value;
-  while (needed > value.size()) {  // it may have grown meanwhile
+  while (needed > value.size()) {  // the value may have grown since its size was asked
     value.resize(needed);
     needed = ::GetEnvironmentVariableW(wideName.c_str(), value.data(), DWORD(value.size()));
   }
@@ -122,7 +122,7 @@ QString OS::getEnv(const char* name) {
   return value.empty() ? QString("") : QString::fromStdWString(value);
 }
 
-// The C runtime has a copy of the environment; it takes an empty value for none.
+// Sets the C runtime's copy of the environment as well, which takes an empty value for none.
 bool Platform::setVariable(const char* name, const QString& value) {
   const std::wstring wideName = wide(name);
   const std::wstring wideValue = value.toStdWString();
