@@ -17,6 +17,12 @@ namespace Kyr {
 ///
 /// A plain value. Both fields are unsigned 32-bit numbers, so moments end in the year 2106 and
 /// spans have no sign. The current time has a resolution of one millisecond.
+/// \code
+/// Time watch = Time::currentTime();
+/// save(room, sizeof room);
+/// const double seconds = watch.restart();
+/// const std::chrono::microseconds span = Time::currentTime() - watch;
+/// \endcode
 /// \threadsafety one thread per object, except where a function says more
 class KYR_EXPORT Time {
  public:
@@ -39,7 +45,8 @@ class KYR_EXPORT Time {
   /// \throws Exception "moment outside of 1970 to 2106"; also for a \a moment that is not valid
   static Time fromTimePoint(std::chrono::system_clock::time_point moment);
   static Time fromDateTime(const QDateTime& moment);
-  /// A span; what is below a microsecond is cut off.
+  /// A span; what is below a microsecond is cut off, which leaves all from 0 ns to
+  /// 4294967295 s 999999999 ns.
   /// \throws Exception "span outside of 0 to 4294967295 seconds"
   static Time fromDuration(std::chrono::nanoseconds span);
 
@@ -117,7 +124,7 @@ inline std::chrono::microseconds operator-(const Time& left, const Time& right) 
 std::chrono::microseconds operator-(const Time& left, double right) = delete;
 std::chrono::microseconds operator-(double left, const Time& right) = delete;
 
-/// Earlier; the microseconds count when the seconds are equal.
+/// Whether \a left is earlier; the microseconds count when the seconds are equal.
 inline bool operator<(const Time& left, const Time& right) {
   return left.wholeSeconds() != right.wholeSeconds() ? left.wholeSeconds() < right.wholeSeconds()
                                                      : left.microseconds() < right.microseconds();

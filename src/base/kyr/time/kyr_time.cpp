@@ -33,13 +33,13 @@ std::int64_t systemMilliseconds() {
   return std::chrono::floor<std::chrono::milliseconds>(now).count();
 }
 
-/// \return 0 for what has no place in 64 bits
+/// A whole number as an integer; 0 for what has no place in 64 bits.
 std::int64_t toInt64(double whole) {
   constexpr double limit = 9223372036854775808.0;
   return whole >= -limit && whole < limit ? static_cast<std::int64_t>(whole) : 0;
 }
 
-/// Not the C runtime's ctime(), which pads the day with a blank on some platforms.
+/// The text of asctime() with the day in two digits, which some C runtimes pad with a blank.
 QString momentText(const std::tm& fields) {
   constexpr std::array<const char*, 7> days = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
   constexpr std::array<const char*, 12> months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -88,7 +88,8 @@ class StampReader {
   bool _onlyColons = true;
 };
 
-/// Files with negative hours, minutes and seconds exist and have always been read.
+/// Whether a stamp is taken. Negative hours, minutes and seconds are: such files exist and have
+/// always been read.
 bool inRange(const Stamp& stamp) {
   return stamp.month >= 1 && stamp.month <= 12 && stamp.day >= 1 && stamp.day <= 31 &&
          stamp.hour <= 23 && stamp.minute <= 59 && stamp.second <= 59;
@@ -117,7 +118,7 @@ Stamp readStamp(const char* text) {
 /// \param year from 0
 /// \param month from 1 to 12
 std::int64_t daysBefore(std::int64_t year, long month) {
-  // Years begin in March here: the leap day is their last one.
+  // Counts years from March on, so that the leap day is their last one.
   const std::int64_t marchYear = month > 2 ? year : year - 1;
   const std::int64_t era = (marchYear + 400) / 400 - 1;
   const std::int64_t yearOfEra = marchYear - era * 400;
@@ -143,8 +144,8 @@ std::int64_t secondsAhead(std::int64_t moment) {
   return secondsInUtc(local, local.year) - known;
 }
 
-/// The moment of a local time. Not the C runtime's mktime(): which of the two moments it takes
-/// in an hour that comes twice depends on what it converted before.
+/// The moment of a local time. mktime() would not do: which of the two moments it takes in an hour
+/// that comes twice depends on what it converted before.
 std::int64_t momentOfLocal(std::int64_t inUtc) {
   constexpr std::int64_t day = 86400;
   const std::int64_t before = secondsAhead(inUtc - day);
@@ -154,7 +155,7 @@ std::int64_t momentOfLocal(std::int64_t inUtc) {
   return secondsAhead(inUtc - after) == after ? inUtc - after : inUtc - before;
 }
 
-/// Runtimes differ in how far they go, so the library sets the limits: 1970 to 3000.
+/// The moment of a stamp between 1970 and 3000: how far the C runtimes go differs.
 /// \return -1 beyond them
 std::int64_t momentOf(const Stamp& stamp, long year) {
   const std::int64_t moment = momentOfLocal(secondsInUtc(stamp, year));
@@ -206,7 +207,7 @@ Time Time::fromDateTime(const QDateTime& moment) {
 }
 
 Time Time::fromDuration(std::chrono::nanoseconds span) {
-  // Rounded down, so that a small negative span is refused rather than taken for none.
+  // Rounding down refuses a small negative span, which rounding to zero would take for none.
   const auto whole = std::chrono::floor<std::chrono::microseconds>(span);
   return splitMicroseconds(whole.count(), "span outside of 0 to 4294967295 seconds");
 }

@@ -5,7 +5,7 @@
 namespace Kyr {
 
 std::tm Platform::localFields(std::int64_t seconds) {
-  // Not std::time_t, whose 32 bits end in the year 2038.
+  // The 32 bits of std::time_t would end in the year 2038.
   const __time64_t moment = seconds;
   std::tm fields{};
   _tzset();  // the runtime alone does not notice that TZ has changed
