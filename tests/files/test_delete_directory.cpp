@@ -1,16 +1,8 @@
 #include "support/Support.h"
 
 #include <kyr/log/KyrErrorLog.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
 
 using Kyr::OS;
-
-namespace {
 
 TEST(DeleteDirectory, LeavesNothing) {
   const KyrTest::TempDir dir;
@@ -47,5 +39,3 @@ TEST(DeleteDirectory, RefusesWhatIsNoName) {
   }
   EXPECT_EQ(KyrTest::readFile(file), "kept");
 }
-
-}  // namespace

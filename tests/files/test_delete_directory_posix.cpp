@@ -3,16 +3,6 @@
 #include "support/Support.h"
 
 #include <kyr/log/KyrErrorLog.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-
-#include <algorithm>
-#include <atomic>
-#include <iostream>
-#include <thread>
 
 #include <fcntl.h>
 #include <sys/mount.h>

@@ -2,15 +2,10 @@
 #include "support/Support.h"
 
 #include <kyr/log/KyrErrorLog.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
 
 #include <windows.h>
 
 using Kyr::OS;
-
-namespace {
 
 TEST(DeleteDirectoryWin, GoesOnAndReportsEachFailure) {
   const KyrTest::TempDir dir;
@@ -28,5 +23,3 @@ TEST(DeleteDirectoryWin, GoesOnAndReportsEachFailure) {
   ::CloseHandle(file);
   EXPECT_TRUE(OS::deleteDirectoryRecursion(dir.file("tree"), nullptr));
 }
-
-}  // namespace

@@ -1,22 +1,10 @@
 #include "support/Support.h"
 
 #include <kyr/files/KyrLockingManager.h>
-#include <kyr/os/KyrOS.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-
-#include <chrono>
-#include <memory>
-#include <vector>
 
 namespace {
 
-using Kyr::ExclusiveLock;
-using Kyr::LockingManager;
+using namespace Kyr;
 using KyrTest::readFile;
 
 /// Another process, which asks for a lock when it is told.

@@ -1,20 +1,10 @@
+#include "files/Pieces.h"
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
 #include <kyr/files/KyrSafeFile.h>
-#include <kyr/os/KyrOS.h>
 
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QProcess>
-
-#include <thread>
-
-using Kyr::OS;
-using Kyr::SafeFile;
-using KyrTest::failure;
-using KyrTest::readFile;
+using namespace Kyr;
+using namespace KyrTest;
 
 namespace {
 
@@ -134,28 +124,35 @@ TEST(SafeFile, WaitsForAReaderThatIsInTheWay) {
 }
 
 /// Whether it is one of the contents that the other process writes.
-bool isWhole(const QByteArray& content) {
-  const int round = content.size() / 1000 - 100;
+bool isWhole(const QByteArray& content, int unit) {
+  const int round = content.size() / unit - 100;
   return content == QByteArray(content.size(), static_cast<char>('a' + round)) && round >= 0;
 }
 
 TEST(SafeFile, SurvivesTheEndOfItsWriterAtAnyStep) {
   const KyrTest::TempDir dir;
-  const QString path = dir.write("file", QByteArray(100000, 'a'));
-  QByteArray seen;
-  for (int steps = 1; steps < 30; ++steps) {
-    QProcess saver;
-    saver.start(KYR_SAVER, {path});
-    while (saver.bytesAvailable() < steps && saver.waitForReadyRead()) {
+  for (const bool inPieces : {false, true}) {
+    const QString path = dir.write("file", QByteArray(100000, 'a'));
+    const QStringList words = {path, "in pieces"};
+    if (inPieces) {
+      ZipOutStream(path, 1, ZipPieces()) << std::string(1000000, 'a');
     }
-    saver.kill();
-    saver.waitForFinished();
-    ASSERT_GE(saver.bytesAvailable(), steps) << saver.errorString().toStdString();
-    seen += saver.readAll().right(1);
-    ASSERT_TRUE(isWhole(readFile(path))) << "after step " << steps;
-    ASSERT_LE(OS::listDirectory(dir.path()).size(), 2) << "what the one before left stays";
+    QByteArray seen;
+    for (int steps = 1; steps < 30; ++steps) {
+      QProcess saver;
+      saver.start(KYR_SAVER, words.mid(0, inPieces ? 2 : 1));
+      while (saver.bytesAvailable() < steps && saver.waitForReadyRead()) {
+      }
+      saver.kill();
+      saver.waitForFinished();
+      ASSERT_GE(saver.bytesAvailable(), steps) << saver.errorString().toStdString();
+      seen += saver.readAll().right(1);
+      const QByteArray content = inPieces ? KyrTest::unpackedPieces(path) : readFile(path);
+      ASSERT_TRUE(isWhole(content, inPieces ? 10000 : 1000)) << "after step " << steps;
+      ASSERT_LE(OS::listDirectory(dir.path()).size(), 2) << "what the one before left stays";
+    }
+    EXPECT_GT(seen.count('w'), 0) << "never killed while it wrote: " << seen.toStdString();
   }
-  EXPECT_GT(seen.count('w'), 0) << "never killed while it wrote: " << seen.toStdString();
   dir.write(".kyr-save-other-1-abc-1", "of another host");
   SafeFile(dir.file("any")).discard();
   EXPECT_EQ(OS::listDirectory(dir.path()).join(' '), ".kyr-save-other-1-abc-1 file");

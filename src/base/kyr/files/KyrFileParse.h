@@ -10,6 +10,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace Kyr::FileParse {
 
@@ -24,13 +25,17 @@ namespace Kyr::FileParse {
 /// a reader in strict mode says so, any other gives what the line before it left.
 ///
 /// \code
-/// File file(stream);
-/// file.setStrict(true);  // a file cut short in "WIDTH 7 \" throws, too
-/// file.getInt("WIDTH", width);
+/// try {
+///   FileParse::File file("points.txt");
+///   file.getInt("WIDTH", width);
+/// } catch (const Exception& error) {
+///   std::cerr << qPrintable(error.getText());  // points.txt:12:7: "wide" is no integer
+/// }
 /// \endcode
 ///
-/// Failures carry no message. Who reports them to people builds the message from the file's
-/// name, which the reader does not know, getPhysicalLineNumber() and getDataLine().
+/// Every Error and EndOfFile knows its place (getPlace()) and has a sentence for people
+/// (getSentence(), translate()). Where the reader has opened the file by its name, that is also the
+/// message; over a stream of the caller's the message is empty, as it always was.
 ///
 /// Copies read from the same stream, each with its own current line.
 /// \threadsafety one thread at a time; the stream as well
@@ -48,6 +53,11 @@ class KYR_EXPORT File {
   explicit File(std::FILE* stream);
   /// \param codec for files without a marker
   File(std::FILE* stream, TextCodec_t codec);
+  /// Opens a file by its name, and closes it with the last copy of the reader. Such a reader is
+  /// strict from the beginning, and what cannot be read is an Error, not the end of the file.
+  /// \param name as for OS::openFile()
+  /// \throws Exception "cannot open NAME: REASON"
+  explicit File(const QString& name, TextCodec_t codec = CodecLatin1);
   File(const File& other);
   File& operator=(const File& other);
   ~File();
@@ -56,12 +66,19 @@ class KYR_EXPORT File {
   /// without line feed is not counted. The position stays as it is.
   /// \return 0 for a stream that cannot move, of which nothing is consumed; 2147483647 also for
   ///     more than that
+  /// \throws Error where a file that was opened by name cannot be read
   int getNumberOfLines() const;
 
   /// Reads of lines so far by the keyed operations: physical lines, of which one of more than
   /// 4095 bytes counts several times, and the attempt at the end of the stream. Neither the marker
   /// line nor lines of getStringFromBlankLine() count. Stays at the largest int.
   int getLineNumber() const;
+
+  /// The name by which the reader has opened the file; empty over a stream of the caller's.
+  QString getFileName() const;
+
+  /// The codec of the file's marker, without one that which the constructor was given.
+  TextCodec_t getCodec() const;
 
   /// The line of the file, counted from 1 as an editor counts, in which the line read last
   /// begins; at the end of the stream the number behind the last line. For messages. Counts from
@@ -73,6 +90,17 @@ class KYR_EXPORT File {
   /// one that was refused for its key or cut off by the end of the stream. Empty at the end of
   /// the stream. For messages.
   QString getDataLine() const;
+
+  /// Where the value stands that was taken last from the current line, and the value; before the
+  /// first value the key. In a line that is continued, the line of the file in which it stands.
+  /// A value's column does not count what damage has hidden, as zero bytes.
+  Place getPlace() const;
+
+  /// Refuses the value that was taken last, whose form was right, as a corner that does not exist.
+  /// \param reason for people, in their language; a sentence without a full stop
+  /// \param at the index of the first character of the value that is wrong
+  /// \throws Error with the place of the value; its message is the sentence, also without a name
+  [[noreturn]] void fail(const QString& reason, int at = 0) const;
 
   /// The rest of the current line that no operation has consumed.
   /// Costs its length after each change; loops over all values of a line ask atEndOfLine().
@@ -92,7 +120,7 @@ class KYR_EXPORT File {
   /// Makes the keyed operations throw Error once when the stream ends where a data line is
   /// continued; behind it comes EndOfFile. A comment that is cut off there has nothing to lose and
   /// is passed over.
-  /// \param strict false in the beginning
+  /// \param strict in the beginning false over a stream, true for a file opened by name
   void setStrict(bool strict);
   bool isStrict() const;
 
@@ -107,6 +135,14 @@ class KYR_EXPORT File {
   ///     end of the stream within a line
   void getLine(const char* key);
 
+  /// Looks at the first word of the next data line, which stays to be read: no counter moves. An
+  /// optional line costs about as much as one that is read.
+  /// \param key gets the characters up to the first blank or tab; stays without a line
+  /// \return false where there is no further data line, also where the stream ends within it
+  /// \throws Error where a file that was opened by name cannot be read; in strict mode where the
+  ///     stream ends within a data line, until a keyed operation has said so
+  bool peekKey(QString& key);
+
   /// getLine() and then nextInt().
   /// \throws EndOfFile, Error as these two
   void getInt(const char* key, int& value);
@@ -114,9 +150,13 @@ class KYR_EXPORT File {
   void getInt(const char* key, bool& value);
   void getInt(const char* key, char& value);
   void getInt(const char* key, unsigned char& value);
-  /// getLine() and then nextDouble().
+  void getInt(const char* key, qint64& value);
+  void getInt(const char* key, quint64& value);
+  /// getLine() and then nextDouble(), nextFloat() or nextDoubles().
   /// \throws EndOfFile, Error as these two
   void getDouble(const char* key, double& value);
+  void getFloat(const char* key, float& value);
+  void getDoubles(const char* key, std::vector<double>& values);
   /// getLine() and then nextString().
   /// \throws EndOfFile, Error as these two
   void getString(const char* key, QString& value);
@@ -134,10 +174,20 @@ class KYR_EXPORT File {
   void nextInt(bool& value);
   void nextInt(char& value);
   void nextInt(unsigned char& value);
+  /// The same for the numbers that 64 bits hold; the unsigned one takes no "-".
+  void nextInt(qint64& value);
+  void nextInt(quint64& value);
   /// Takes a number in the forms of the C library's strtod, with a decimal point in every locale,
   /// and the blanks behind it.
   /// \throws Error at the end of the line or without a number
   void nextDouble(double& value);
+  /// As nextDouble(), rounded.
+  /// \throws Error as nextDouble(), and for a number that only double holds; it is not consumed
+  void nextFloat(float& value);
+  /// Takes all numbers that are left in the line; uses the memory that \a values has.
+  /// \param values gets them; none where nothing is left, on failure those before the wrong one
+  /// \throws Error where something is no number
+  void nextDoubles(std::vector<double>& values);
   /// Takes the characters up to the next blank and the blanks behind them; an empty text when
   /// the current line begins with a blank. Uses the memory that \a value has.
   /// \throws Error at the end of the line

@@ -17,6 +17,11 @@ namespace Kyr::Filename {
 /// A name without directory has that of its drive, as "D:", or ".". A dot at the end begins no
 /// extension. The parts need not be those of an existing file. Separators of both kinds count on
 /// every platform; the parts have "/".
+/// \code
+/// Filename::Name scan("C:\\data\\scan.tif");
+/// scan.setExtension(".zip");
+/// const QString packed = scan.getFullName();  // "C:/data/scan.zip"
+/// \endcode
 /// \threadsafety one thread per object
 class KYR_EXPORT Name {
  public:
@@ -33,11 +38,12 @@ class KYR_EXPORT Name {
   virtual void setBaseName(const QString& baseName);
   /// \param extension with its dot
   virtual void setExtension(const QString& extension);
-  /// Without a separator at the end; so the root of a file system is empty. Override this and the
-  /// two below with const: without it a class has a function of its own, which nobody calls.
+  /// The directory without a separator at its end; so the root of a file system is empty. Override
+  /// this and the two below with const: without it a class has a function of its own, which nobody
+  /// calls.
   virtual QString getDirectory() const;
   virtual QString getBaseName() const;
-  /// With its dot.
+  /// The extension with its dot.
   virtual QString getExtension() const;
 
   /// Takes a whole name apart.
@@ -94,6 +100,11 @@ class KYR_EXPORT Name {
 ///
 /// "img0007.tif" has the number 7 in four digits. The number can be counted up and down; the name
 /// then is that of another file of the series.
+/// \code
+/// Filename::NameWithNumber image("img0007.tif", -1);
+/// image.incrementNumber();
+/// const QString next = image.getFileName();  // "img0008.tif"
+/// \endcode
 class KYR_EXPORT NameWithNumber : public Name {
  public:
   /// \param digits the least width of the number, filled with zeros. Negative takes over the
@@ -104,7 +115,7 @@ class KYR_EXPORT NameWithNumber : public Name {
   /// without digits at its end is dropped, leaving an empty base name and the number 0; more than
   /// 4294967295 is read as 0.
   void setBaseName(const QString& baseName) override;
-  /// With the number.
+  /// The base name with the number.
   QString getBaseName() const override;
   /// The base name without the number.
   QString getBaseNameNoNumber() const;
@@ -136,6 +147,12 @@ class KYR_EXPORT NameWithNumber : public Name {
 
 /// What a directory holds of a numbered series: the entries whose names differ in nothing but
 /// the number. A snapshot; it stays as it is when the directory changes.
+/// \code
+/// const Filename::Series images(Filename::NameWithNumber(name, -1));
+/// for (const Filename::Series::Gap& gap : images.getGaps()) {
+///   std::cerr << "missing: " << gap.first << " to " << gap.last << '\n';
+/// }
+/// \endcode
 /// \threadsafety one thread per object
 class KYR_EXPORT Series {
  public:
@@ -157,9 +174,9 @@ class KYR_EXPORT Series {
   explicit Series(const NameWithNumber& example,
                   Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
 
-  /// By rising number; of the same number, by falling width and then by name.
+  /// The members by rising number; of the same number, by falling width and then by name.
   const std::vector<Member>& getMembers() const { return _members; }
-  /// By rising number.
+  /// The gaps by rising number.
   std::vector<Gap> getGaps() const;
   /// The members that share their number with another one, as img7.tif and img007.tif.
   std::vector<Member> getDuplicates() const;

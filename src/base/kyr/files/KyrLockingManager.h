@@ -16,8 +16,16 @@ namespace Kyr {
 /// A lock whose process no longer exists is stale and counts as none. Looking at a lock and
 /// taking it are two steps: of two processes that do so at the same moment both may succeed.
 /// Where that matters, use ExclusiveLock, whose locks this class sees and never takes, changes or
-/// removes while somebody has them, or while they tell of another machine. The same holds for what
-/// cannot be read: only what was seen to be nobody's is. The format: docs/formats/lock-file.md.
+/// removes while somebody has them, or while they tell of another machine. It
+/// leaves alone, too, what cannot be read: only what was seen to be nobody's lock is stale. The
+/// format: docs/formats/lock-file.md.
+/// \code
+/// const LockingManager locks;
+/// if (locks.lock(name)) {  // makes "NAME.lock"
+///   save(room, sizeof room);
+///   locks.unlock(name);
+/// }
+/// \endcode
 /// \threadsafety any thread
 class KYR_EXPORT LockingManager {
  public:
@@ -65,11 +73,17 @@ struct LockOwner {
 /// A lock file that never has two owners, also when many processes ask at the same moment.
 ///
 /// It is the lock file of LockingManager with more lines, so each class sees the locks of the
-/// other; only among objects of this class the promise holds. The file appears complete or not at
+/// other; the promise holds among objects of this class only. The file appears complete or not at
 /// all. Its owner keeps it open and locked by the system until unlock() or the end of the process,
 /// however that comes: a lock is stale when nobody does so any more. Processes that find a stale
 /// one take turns in replacing it. The lock of another machine, or of another container on this
 /// one, is never taken for stale, and neither is one that cannot be looked at.
+/// \code
+/// ExclusiveLock lock(name);
+/// if (!lock.tryLock()) {
+///   std::cerr << "used by process " << lock.getOwner().pid << '\n';
+/// }
+/// \endcode
 ///
 /// A child process that was forked and has not started a program has the file open as well: if the
 /// owner ends first, its lock counts as held until the child ends. Where a file system has no

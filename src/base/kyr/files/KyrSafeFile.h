@@ -20,11 +20,13 @@ namespace Kyr {
 /// it. What a killed process left behind is removed by the next save into the same directory, if
 /// that has at most 1000 entries, otherwise by the first one of the next process.
 ///
-///     SafeFile file("part.kyr");
-///     ZipOutStream zip(&file.stream(), version);
-///     zip << ...;
-///     zip.close();
-///     file.commit();
+/// \code
+/// SafeFile file("part.kyr");
+/// ZipOutStream zip(&file.stream(), 1);
+/// zip.write(room, sizeof room);
+/// zip.close();
+/// file.commit();  // from here on "part.kyr" is the new file
+/// \endcode
 ///
 /// The new file keeps the permissions of the old one. A link stays, and the file that it leads to
 /// is replaced. Other hard links of the old file keep the old content. For more see

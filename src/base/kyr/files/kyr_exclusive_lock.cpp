@@ -20,11 +20,11 @@ QString directoryOf(const QString& lockFile) {
 
 bool isFree(const QString& lockFile) {
   LockFile::Mark mark;
-  const LockFile::Finding finding = LockFile::look(lockFile, mark);
+  const LockFile::Finding_t finding = LockFile::look(lockFile, mark);
   return finding == LockFile::Missing || (finding == LockFile::Read && LockFile::isStale(mark));
 }
 
-/// Where an open file cannot be removed, a reader may be in the way for a moment.
+/// Removes a file; tries again for a moment, as some systems do not remove what a reader has open.
 void removePatiently(const std::filesystem::path& name) noexcept {
   constexpr int attempts = 100;
   constexpr unsigned long pause = 5;  // in milliseconds
@@ -74,8 +74,9 @@ bool ExclusiveLock::Holder::take() {
   return _file.write(_text) && (Platform::renameToFree(_temporary, _lockFile) || takeOver());
 }
 
-// A stale lock changes only here, as its owner is gone, and one after the other. A lock that was
-// given back meanwhile is free for everybody, so the name must be won as at first.
+// The guard lets processes replace a stale lock one after the other; nobody else changes one, as
+// its owner is gone. If the owner has given the lock back meanwhile, the name is free for everybody
+// and must be won as at first.
 bool ExclusiveLock::Holder::takeOver() {
   const Platform::DirectoryGuard guard(directoryOf(_lockFile));
   if (!guard.isHeld()) {
@@ -92,9 +93,9 @@ bool ExclusiveLock::Holder::takeOver() {
   }
 }
 
-// What others have put into the place of the lock, or written into it, is theirs. The system lets
-// go of the file only afterwards, so that nobody takes it for stale meanwhile. A forked child has
-// the file as well, but does not own it.
+// Removes the file unless others have put theirs into its place, or written into it. It is closed,
+// and so free for the system, only afterwards: nobody takes it for stale meanwhile. A forked child
+// has the file open as well, but does not own it.
 ExclusiveLock::Holder::~Holder() {
   if (_process != OS::getPID()) {
     return;

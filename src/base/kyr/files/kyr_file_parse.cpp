@@ -1,302 +1,269 @@
 #include <kyr/files/KyrFileParse.h>
 
-#include <kyr/core/KyrStructVector.h>
-#include <kyr/files/stream_p.h>
+#include <kyr/core/file_parse_error_p.h>
+#include <kyr/files/data_line_p.h>
+#include <kyr/os/KyrOpenFile.h>
+#include <kyr/os/os_stream_p.h>
 #include <kyr/text/KyrParse.h>
+#include <kyr/text/number_fault_p.h>
 #include <kyr/text/numeric_p.h>
+#include <kyr/trace/KyrTrace.h>
 
-#include <QLatin1String>
-#include <QStringView>
+#include <QtGlobal>
 
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <cstdint>
-#include <cstring>
+#include <deque>
 #include <limits>
+#include <string>
+#include <utility>
 
 namespace Kyr::FileParse {
 
 namespace {
 
-/// With the final zero byte of fgets; so a read gives at most 4095 bytes.
-constexpr std::size_t BufferSize = 4096;
-
 /// Half of what a QString holds; continuations could join more.
 constexpr std::size_t MaximumLength = std::size_t(1) << 29U;
 
-/// What stands for a character beyond ASCII among bytes; part of no number.
-constexpr char BeyondAscii = '\xFF';
-
 constexpr std::size_t NoPlace = std::numeric_limits<std::size_t>::max();
 
-/// What is in some text, as bits.
-enum Content : unsigned { Plain = 0, HasTab = 1, HasBeyondAscii = 2 };
+namespace reason {
+constexpr const char* NoPair = QT_TRANSLATE_NOOP("Kyr_FileParse", "\"%1\" is no pair %3=\"...\"");
+constexpr const char* FewerLeft = QT_TRANSLATE_NOOP("Kyr_FileParse", "the line ends too early");
+constexpr const char* TooLong = QT_TRANSLATE_NOOP("Kyr_FileParse", "the line is too long");
+constexpr const char* EndsInside =
+    QT_TRANSLATE_NOOP("Kyr_FileParse", "the file ends in the middle of this line");
+constexpr const char* Ends = QT_TRANSLATE_NOOP("Kyr_FileParse", "the file ends");
+constexpr const char* EndsBefore =
+    QT_TRANSLATE_NOOP("Kyr_FileParse", "the file ends where \"%2\" is expected");
+constexpr const char* OtherKey =
+    QT_TRANSLATE_NOOP("Kyr_FileParse", "\"%1\" stands where \"%2\" is expected");
+constexpr const char* Unreadable =
+    QT_TRANSLATE_NOOP("Kyr_FileParse", "the file cannot be read to its end");
+}  // namespace reason
 
-/// Collects what is in eight bytes; zero bytes count for nothing.
-struct Look {
-  void at(const char* bytes, std::size_t count) {
-    constexpr std::uint64_t ones = 0x0101010101010101U;
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, count);
-    const std::uint64_t zeroForTab = word ^ (ones * '\t');
-    tabs |= (zeroForTab - ones) & ~zeroForTab;
-    beyondAscii |= word;
-  }
-  unsigned content() const {
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    return ((tabs & highBits) != 0 ? HasTab : Plain) |
-           ((beyondAscii & highBits) != 0 ? HasBeyondAscii : Plain);
-  }
-
-  std::uint64_t tabs = 0;
-  std::uint64_t beyondAscii = 0;
-};
-
-unsigned contentOf(const char* begin, std::size_t length) {
-  constexpr std::size_t step = 8;
-  Look look;
-  if (length < step) {
-    look.at(begin, length);
-    return look.content();
-  }
-  for (std::size_t at = 0; at < length - step; at += step) {
-    look.at(begin + at, step);
-  }
-  look.at(begin + length - step, step);  // may overlap; a loop over the rest costs more
-  return look.content();
-}
-
-std::size_t lengthWithoutLineEnd(const char* bytes, std::size_t length) {
-  while (length > 0 && (bytes[length - 1] == '\n' || bytes[length - 1] == '\r')) {
-    --length;
-  }
-  return length;
-}
-
-std::int64_t countLineFeeds(const char* begin, const char* end) {
-  std::int64_t count = 0;
-  const auto next = [&] { return std::memchr(begin, '\n', static_cast<std::size_t>(end - begin)); };
-  while (const void* const found = next()) {
-    begin = static_cast<const char*>(found) + 1;
-    ++count;
-  }
-  return count;
-}
-
-/// From the stream's position on, without the first byte.
-std::int64_t countLineFeeds(std::FILE* stream) {
-  std::array<char, 32768> block;
-  std::int64_t count = 0;
-  std::fgetc(stream);
-  while (const std::size_t length = std::fread(block.data(), 1, block.size(), stream)) {
-    count += countLineFeeds(block.data(), block.data() + length);
-  }
-  return count;
-}
-
-/// What one read of the stream gave.
-struct Read {
-  std::size_t length = 0;  ///< up to the first zero byte, which may stand before the line end
-  bool endsLine = false;   ///< false for the front part of a line longer than the buffer
-};
-
-/// \param bytes BufferSize of them
-/// \return false at the end of the stream and on a read error
-bool readFrom(std::FILE* stream, char* bytes, Read* read) {
-  bytes[BufferSize - 1] = 1;  // overwritten only by a read that fills the buffer
-  if (stream == nullptr || !Stream::readLine(bytes, BufferSize, stream)) {
-    return false;
-  }
-  read->length = std::strlen(bytes);
-  read->endsLine = bytes[BufferSize - 1] != 0 || bytes[BufferSize - 2] == '\n';
-  return true;
-}
-
-/// The line that the search for a codec took from a stream that cannot move back.
+/// What somebody has taken from the stream to look at it; shared by copies, as the stream is.
 struct Unread {
-  char bytes[BufferSize];
-  Read read;
-  bool taken = false;
+  struct Piece {
+    std::string bytes;
+    bool endsLine;
+  };
+  std::deque<Piece> pieces;
+  std::size_t lookedAt = 0;  ///< pieces, while looking
+  bool looking = false;      ///< nothing is to be taken away
+  bool isPlain = true;       ///< neither are there pieces nor does anybody look
 };
 
-/// A data line. One byte stands for each character, so that places in both members agree.
-struct Line {
-  StructVector<char> bytes;  ///< the characters of ASCII, BeyondAscii for others
-  QString text;              ///< all characters, empty as long as all are of ASCII
-  unsigned content = Plain;  ///< Content of all bytes
-  std::size_t place = 0;     ///< of the first character that is not consumed
+/// While it lives, reads only look.
+class Looking {
+ public:
+  explicit Looking(Unread* unread) : _unread(unread) {
+    _unread->looking = true;
+    _unread->lookedAt = 0;
+    _unread->isPlain = false;
+  }
+  ~Looking() {
+    _unread->looking = false;
+    _unread->isPlain = _unread->pieces.empty();
+  }
+  Looking(const Looking&) = delete;
+  Looking& operator=(const Looking&) = delete;
 
-  bool isAscii() const { return text.isEmpty(); }
-  std::size_t size() const { return bytes.size(); }
-  std::size_t left() const { return bytes.size() - place; }
-  const char* rest() const { return bytes.data() + place; }
-  const QChar* textRest() const { return text.constData() + place; }
-  bool isSpace(std::size_t at) const;
-  std::size_t find(char byte, std::size_t from) const;
-  bool holds(std::size_t begin, std::size_t end, const char* expected) const;
-
-  void clear();
-  void append(std::size_t length);
-  void append(const QString& decoded);
-  bool takeKey(const char* key);
-  void take(std::size_t length);
-  std::size_t parseInt64(qint64* number) const;
-  void copy(std::size_t begin, std::size_t end, QString* to) const;
+ private:
+  Unread* _unread;
 };
-
-bool Line::isSpace(std::size_t at) const {
-  return isAscii() ? Numeric::isSpace(static_cast<unsigned char>(bytes[at]))
-                   : text.at(static_cast<int>(at)).isSpace();
-}
-
-/// The place of a byte, the size of the line if there is none.
-std::size_t Line::find(char byte, std::size_t from) const {
-  return static_cast<std::size_t>(std::find(bytes.begin() + from, bytes.end(), byte) -
-                                  bytes.begin());
-}
-
-/// \param expected Latin-1
-bool Line::holds(std::size_t begin, std::size_t end, const char* expected) const {
-  if (isAscii()) {
-    return std::equal(bytes.begin() + begin, bytes.begin() + end, expected,
-                      expected + std::strlen(expected));
-  }
-  return QStringView(text.constData() + begin, text.constData() + end) == QLatin1String(expected);
-}
-
-inline void Line::clear() {
-  bytes.clear();
-  content = Plain;
-  place = 0;
-  if (!text.isEmpty()) {
-    text.resize(0);
-  }
-}
-
-/// Appends ASCII that stands already in the memory behind the last byte.
-inline void Line::append(std::size_t length) {
-  if (!isAscii()) {
-    text += QLatin1String(bytes.end(), static_cast<int>(length));
-  }
-  bytes.setSize(bytes.size() + length);
-}
-
-void Line::append(const QString& decoded) {
-  if (isAscii()) {
-    text = QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size()));
-  }
-  text += decoded;
-  for (const QChar character : decoded) {
-    bytes.append(character.unicode() < 128 ? character.toLatin1() : BeyondAscii);
-  }
-}
-
-/// Consumes the key and the blanks behind it, and makes tabs blanks.
-/// \return false, with nothing changed, if the line begins with something else
-inline bool Line::takeKey(const char* key) {
-  const char* const end = key + std::strlen(key);
-  const bool found = isAscii() ? std::mismatch(key, end, bytes.begin(), bytes.end()).first == end
-                               : text.startsWith(QLatin1String(key));
-  if (found) {
-    if ((content & HasTab) != 0) {
-      std::replace(bytes.begin(), bytes.end(), '\t', ' ');
-      text.replace('\t', ' ');
-    }
-    take(static_cast<std::size_t>(end - key));
-  }
-  return found;
-}
-
-/// Consumes characters and the blanks behind them; a line that has its key holds no tabs.
-inline void Line::take(std::size_t length) {
-  place += length;
-  while (place < size() && bytes[place] == ' ') {
-    ++place;
-  }
-}
-
-/// The integer at the front of what is left.
-/// \return the number of characters up to its end, 0 without one
-std::size_t Line::parseInt64(qint64* number) const {
-  if (isAscii()) {
-    const char* end = rest();
-    const bool found = Numeric::parseInt64(rest(), bytes.end(), &end, number);
-    return found ? static_cast<std::size_t>(end - rest()) : 0;
-  }
-  bool found = false;
-  int end = 0;
-  const QString borrowed = QString::fromRawData(textRest(), static_cast<int>(left()));
-  *number = qstringToInt64(borrowed, &found, 10, &end);
-  return found ? static_cast<std::size_t>(end) : 0;
-}
-
-/// Uses the memory of \a to, so that values cost no allocation line by line.
-void Line::copy(std::size_t begin, std::size_t end, QString* to) const {
-  to->resize(static_cast<int>(end - begin));
-  if (isAscii()) {
-    std::transform(bytes.begin() + begin, bytes.begin() + end, to->data(),
-                   [](char byte) { return QLatin1Char(byte); });
-  } else {
-    std::copy(text.constData() + begin, text.constData() + end, to->data());
-  }
-}
 
 }  // namespace
 
 struct KYR_HIDDEN File::State {
-  std::FILE* stream;
+  std::shared_ptr<OpenFile> opened;   ///< null where the stream is the caller's
+  std::shared_ptr<TraceLife> traced;  ///< null without a trace; of copies, too
+  std::FILE* stream = nullptr;
   std::array<Line, 2> lines;  ///< the current line and the one being read
-  TextCodec_t codec;
+  TextCodec_t codec = CodecLatin1;
   int lineNumber = 0;
   unsigned currentIndex = 0;  ///< which of the lines is the current one
   bool accepted = true;       ///< the line read last became the current one
   bool continued = false;     ///< the line read last is, and the stream ended there
   bool strict = false;
-  qint64 linesPassed = 0;      ///< line ends of the stream before the reader's place
-  qint64 linesAtFailure = -1;  ///< linesPassed when strict mode said that the stream ended
+  qint64 linesPassed = 0;       ///< line ends of the stream before the reader's place
+  qint64 charactersPassed = 0;  ///< between the last of them and that place
+  qint64 linesAtFailure = -1;   ///< linesPassed when strict mode said that the stream ended
   qint64 physicalLineNumber = 0;
-  std::shared_ptr<Unread> unread;   ///< shared by copies, as the stream is
+  std::shared_ptr<Unread> unread = std::make_shared<Unread>();
   QString currentText;              ///< what getCurrentLine() gave last
   std::size_t textPlace = NoPlace;  ///< the place in the current line at which it gave it
 
   Line& current() { return lines[currentIndex]; }
   Line& next() { return lines[1 - currentIndex]; }
 
+  void trace();
   void findCodec();
   bool read(char* bytes, Read* result);
-  bool join(std::size_t length);
+  bool readUnread(char* bytes, Read* result);
+  void pass(const char* bytes, const Read& read);
+  bool join(const Read& read);
   bool readDataLine();
-  bool endOfStream();
+  void endOfStream(const char* key);
   QString decodeString(const char* bytes, std::size_t length) const;
-  bool nextDataLine(const char* key);
+  void nextDataLine(const char* key);
   Line& lineWithValue();
-  int nextDataInt();
+  qint64 nextDataInt(qint64 least, qint64 most);
+  int nextInt32() { return static_cast<int>(nextDataInt(INT_MIN, INT_MAX)); }
+  quint64 nextDataUnsigned();
   double nextDataDouble();
+  float nextDataFloat();
   void nextDataString(QString* value);
+
+  QString name() const { return opened ? opened->getName() : QString(); }
+  Finding findingAt(const Line& line, std::size_t at, const char* reason) const;
+  Finding findingAtEnd(const QString& key) const;
+  [[noreturn]] void fail(const Line& line, std::size_t at, const char* reason) const;
+  [[noreturn]] void fail(const Line& line, std::size_t at, const NumberFault& fault) const;
+  [[noreturn]] void failMissing(const Line& line) const;
+  [[noreturn]] void failNumber(const Line& line) const;
+  [[noreturn]] void failInteger(const Line& line, qint64 least, quint64 most) const;
+  [[noreturn]] void failKey(const char* key) const;
+  [[noreturn]] void failPair(std::size_t at, const char* name) const;
+  void expectReadable() const;
+  void expectWhole();
+  Finding findingAtValue() const;
 };
 
+/// What is wrong with a line, and the word that stands there.
+Finding File::State::findingAt(const Line& line, std::size_t at, const char* reason) const {
+  Finding finding;
+  finding.place = line.placeOf(at);
+  finding.place.fileName = name();
+  finding.place.token = line.part(at, line.wordEnd(at));
+  finding.reason = reason;
+  return finding;
+}
+
+/// \param key empty where any would do
+Finding File::State::findingAtEnd(const QString& key) const {
+  Finding finding;
+  finding.place.fileName = name();
+  finding.place.line = linesPassed + 1;
+  finding.place.key = key;
+  finding.reason = key.isEmpty() ? reason::Ends : reason::EndsBefore;
+  return finding;
+}
+
+/// Where the value stands that was taken last.
+Finding File::State::findingAtValue() const {
+  const Line& line = lines[currentIndex];
+  Finding finding;
+  if (line.lineNumber > 0) {
+    finding.place = line.placeOf(line.valueBegin);
+    finding.place.token = line.part(line.valueBegin, line.valueEnd());
+  }
+  finding.place.fileName = name();
+  return finding;
+}
+
+void File::State::fail(const Line& line, std::size_t at, const char* reason) const {
+  raise(findingAt(line, at, reason));
+}
+
+/// \param at the place of the text in which the fault was found
+void File::State::fail(const Line& line, std::size_t at, const NumberFault& fault) const {
+  Finding finding = findingAt(line, at, fault.reason);
+  finding.detail = fault.detail;
+  raise(std::move(finding));
+}
+
+void File::State::failMissing(const Line& line) const {
+  fail(line, line.place, numberFault({}));
+}
+
+void File::State::failNumber(const Line& line) const {
+  const std::size_t at = line.skipSpace(line.place);
+  fail(line, at, numberFault(line.part(at, line.wordEnd(at))));
+}
+
+/// \param least and the next say what would have been accepted
+void File::State::failInteger(const Line& line, qint64 least, quint64 most) const {
+  const std::size_t at = line.skipSpace(line.place);
+  fail(line, at, integerFault(line.part(at, line.wordEnd(at)), 10, least, most, Rest::Anything));
+}
+
+/// For the line read last, which has another key.
+void File::State::failKey(const char* key) const {
+  const Line& line = lines[1 - currentIndex];
+  Finding finding = findingAt(line, line.skipSpace(0), reason::OtherKey);
+  finding.place.key = QString::fromLatin1(key);
+  raiseEnd(std::move(finding));
+}
+
+/// For the current line, which has no such pair.
+void File::State::failPair(std::size_t at, const char* pairName) const {
+  Finding finding = findingAt(lines[currentIndex], at, reason::NoPair);
+  finding.detail = QString::fromLatin1(pairName);
+  raise(std::move(finding));
+}
+
+/// What somebody else has opened may end where it cannot be read, as it always did.
+void File::State::expectReadable() const {
+  if (opened && std::ferror(stream) != 0) {
+    Finding finding = findingAtEnd({});
+    finding.reason = reason::Unreadable;
+    raise(std::move(finding));
+  }
+}
+
 void File::State::findCodec() {
-  Unread first;
-  const bool found = readFrom(stream, first.bytes, &first.read);
-  if (found && getCodecInLine(first.bytes, &codec)) {
-    linesPassed = first.read.endsLine ? 1 : 0;
+  char bytes[BufferSize];
+  Read first;
+  const bool found = readFrom(stream, bytes, &first);
+  if (found && getCodecInLine(bytes, &codec)) {
+    pass(bytes, first);
   } else if (stream != nullptr && !Stream::moveTo(stream, 0) && found) {
-    unread = std::make_shared<Unread>(first);
+    unread->pieces.push_back({std::string(bytes, first.length), first.endsLine});
+    unread->isPlain = false;
   }
 }
 
 /// \param bytes receives them; BufferSize of them
 inline bool File::State::read(char* bytes, Read* result) {
-  if (unread && !unread->taken) {
-    std::copy(std::begin(unread->bytes), std::end(unread->bytes), bytes);
-    *result = unread->read;
-    unread->taken = true;
-  } else if (!readFrom(stream, bytes, result)) {
+  if (unread->isPlain ? !readFrom(stream, bytes, result) : !readUnread(bytes, result)) {
     return false;
   }
-  linesPassed += result->endsLine ? 1 : 0;
+  pass(bytes, *result);
   return true;
+}
+
+/// Takes what others have looked at; while looking, leaves it there and looks on.
+bool File::State::readUnread(char* bytes, Read* result) {
+  std::deque<Unread::Piece>& pieces = unread->pieces;
+  const std::size_t index = unread->looking ? unread->lookedAt++ : 0;
+  if (index == pieces.size()) {
+    const bool found = readFrom(stream, bytes, result);
+    if (found) {
+      pieces.push_back({std::string(bytes, result->length), result->endsLine});
+    }
+    return found;
+  }
+  const Unread::Piece& seen = pieces[index];
+  std::copy_n(seen.bytes.c_str(), seen.bytes.size() + 1, bytes);
+  *result = {seen.bytes.size(), seen.endsLine};
+  if (!unread->looking) {
+    pieces.pop_front();
+    unread->isPlain = pieces.empty();
+  }
+  return true;
+}
+
+inline void File::State::pass(const char* bytes, const Read& read) {
+  if (read.endsLine) {
+    ++linesPassed;
+    charactersPassed = 0;
+  } else {
+    const QString text = decodeString(bytes, read.length);
+    charactersPassed += countCharacters(text.begin(), text.end());
+  }
 }
 
 /// As UTF-8 with every codec but Latin-1, also with values that are no codec.
@@ -306,10 +273,11 @@ QString File::State::decodeString(const char* bytes, std::size_t length) const {
 
 /// Appends a read, which stands behind the last byte of the next data line.
 /// \return whether that line is continued
-inline bool File::State::join(std::size_t length) {
+inline bool File::State::join(const Read& read) {
   Line& line = next();
   const char* const bytes = line.bytes.end();
-  const std::size_t kept = lengthWithoutLineEnd(bytes, length);
+  const std::size_t before = line.size();
+  const std::size_t kept = lengthWithoutLineEnd(bytes, read.length);
   const unsigned content = contentOf(bytes, kept);
   line.content |= content;
   bool goesOn = kept > 0 && bytes[kept - 1] == '\\';
@@ -321,9 +289,13 @@ inline bool File::State::join(std::size_t length) {
     decoded.chop(goesOn ? 1 : 0);
     line.append(decoded);
   }
+  if (goesOn) {
+    line.pieces.append(
+        static_cast<quint16>((line.size() - before) | (read.endsLine ? PieceEndsLine : 0)));
+  }
   if (line.size() > MaximumLength) {
     continued = false;
-    throw Error();
+    fail(line, line.size(), reason::TooLong);
   }
   return goesOn;
 }
@@ -332,8 +304,8 @@ inline bool File::State::join(std::size_t length) {
 bool File::State::readDataLine() {
   Line& line = next();
   do {
-    line.clear();
     physicalLineNumber = linesPassed + 1;
+    line.begin(physicalLineNumber, charactersPassed);
     do {
       lineNumber += lineNumber < INT_MAX ? 1 : 0;
       line.bytes.reserve(line.size() + BufferSize);
@@ -341,57 +313,83 @@ bool File::State::readDataLine() {
       if (!read(line.bytes.end(), &result)) {
         return false;
       }
-      continued = join(result.length);
+      continued = join(result);
     } while (continued);
   } while (line.size() == 0 || line.bytes[0] == '#');
   return true;
 }
 
-/// What a keyed operation makes of the end of the stream.
-/// \return true when it cut off a line of which there was something
-bool File::State::endOfStream() {
-  const bool hasText = next().size() > 0;
-  const bool isComment = hasText && next().bytes[0] == '#';
+/// In strict mode, says once that the stream ended within a data line.
+/// \throws Error
+void File::State::expectWhole() {
+  Line& line = next();
+  const bool isComment = line.size() > 0 && line.bytes[0] == '#';
   if (strict && continued && !isComment && linesPassed != linesAtFailure) {
     linesAtFailure = linesPassed;
-    throw Error();
+    line.pieces.setSize(std::max<std::size_t>(line.pieces.size(), 1) - 1);  // nothing follows it
+    fail(line, line.size(), reason::EndsInside);
   }
-  return hasText && !strict;
 }
 
-/// Makes the next data line the current one if it begins with \a key.
-/// \return false if it does not and at the end of the stream, but true when that cut off a
-/// continued line; the current line then stays
-inline bool File::State::nextDataLine(const char* key) {
+/// What a keyed operation makes of the end of the stream: nothing where it cut off a line of which
+/// there was something.
+/// \throws EndOfFile, Error
+void File::State::endOfStream(const char* key) {
+  expectReadable();
+  expectWhole();
+  if (next().size() == 0 || strict) {
+    raiseEnd(findingAtEnd(QString::fromLatin1(key)));
+  }
+}
+
+/// Makes the next data line the current one if it begins with \a key. The current line stays when
+/// it does not, and when the stream ends.
+inline void File::State::nextDataLine(const char* key) {
   accepted = false;
   if (!readDataLine()) {
-    return endOfStream();
+    return endOfStream(key);
   }
   if (!next().takeKey(key)) {
-    return false;
+    failKey(key);
   }
   currentIndex = 1 - currentIndex;
   textPlace = NoPlace;
   accepted = true;
-  return true;
 }
 
 inline Line& File::State::lineWithValue() {
-  if (current().left() == 0) {
-    throw Error();
+  Line& line = current();
+  if (line.left() == 0) {
+    failMissing(line);
   }
-  return current();
+  return line;
 }
 
-inline int File::State::nextDataInt() {
+inline qint64 File::State::nextDataInt(qint64 least, qint64 most) {
   Line& line = lineWithValue();
   qint64 value = 0;
   const std::size_t length = line.parseInt64(&value);
-  if (length == 0 || value < INT_MIN || value > INT_MAX) {
-    throw Error();
+  if (length == 0 || value < least || value > most) {
+    failInteger(line, least, static_cast<quint64>(most));
   }
   line.take(length);
-  return static_cast<int>(value);
+  return value;
+}
+
+quint64 File::State::nextDataUnsigned() {
+  Line& line = lineWithValue();
+  const std::size_t begin = line.skipSpace(line.place);
+  QString text;
+  line.copy(begin, line.wordEnd(begin), &text);
+  bool found = false;
+  int length = 0;
+  const quint64 value = qstringToUInt64(text, &found, 10, &length);
+  if (!found) {
+    failInteger(line, 0, std::numeric_limits<quint64>::max());
+  }
+  line.place = begin;
+  line.take(static_cast<std::size_t>(length));
+  return value;
 }
 
 inline double File::State::nextDataDouble() {
@@ -399,10 +397,21 @@ inline double File::State::nextDataDouble() {
   const char* end = line.rest();
   const double value = Numeric::parseDouble(line.rest(), line.bytes.end(), &end);
   if (end == line.rest()) {
-    throw Error();
+    failNumber(line);
   }
   line.take(static_cast<std::size_t>(end - line.rest()));
   return value;
+}
+
+float File::State::nextDataFloat() {
+  const std::size_t place = current().place;
+  const double value = nextDataDouble();
+  if (isBeyondFloat(value)) {
+    Line& line = current();
+    line.place = place;
+    fail(line, line.skipSpace(place), beyondFloat({}));
+  }
+  return static_cast<float>(value);
 }
 
 inline void File::State::nextDataString(QString* value) {
@@ -412,11 +421,29 @@ inline void File::State::nextDataString(QString* value) {
   line.take(end - line.place);
 }
 
+/// Traces the reading, up to the end of the last copy.
+void File::State::trace() {
+  if (Trace::isOn()) {
+    traced = std::make_shared<TraceLife>("FileParse::File", "read");
+    traced->setDetail(name());
+  }
+}
+
 File::File(std::FILE* stream) : File(stream, CodecLatin1) {}
 
 File::File(std::FILE* stream, TextCodec_t codec) : _state(std::make_unique<State>()) {
   _state->stream = stream;
   _state->codec = codec;
+  _state->trace();
+  _state->findCodec();
+}
+
+File::File(const QString& name, TextCodec_t codec) : _state(std::make_unique<State>()) {
+  _state->opened = std::make_shared<OpenFile>(name);
+  _state->stream = _state->opened->getStream();
+  _state->codec = codec;
+  _state->strict = true;
+  _state->trace();
   _state->findCodec();
 }
 
@@ -435,9 +462,10 @@ int File::getNumberOfLines() const {
   if (before < 0) {
     return 0;
   }
-  std::rewind(stream);
+  Stream::moveTo(stream, 0);  // rewind() would forget what could not be read
   const std::int64_t count = countLineFeeds(stream);
   Stream::moveTo(stream, before);
+  _state->expectReadable();
   return static_cast<int>(std::min<std::int64_t>(count, INT_MAX));
 }
 
@@ -469,6 +497,59 @@ const QString& File::getNextChar() {
   return getCurrentLine();
 }
 
+QString File::getFileName() const {
+  return _state->name();
+}
+
+TextCodec_t File::getCodec() const {
+  return _state->codec;
+}
+
+Place File::getPlace() const {
+  return _state->findingAtValue().place;
+}
+
+void File::fail(const QString& reason, int at) const {
+  const Line& line = _state->current();
+  Finding finding = _state->findingAtValue();
+  const std::size_t place = line.valueBegin + static_cast<std::size_t>(std::max(at, 0));
+  if (line.lineNumber > 0) {
+    const Place wrong = line.placeOf(std::min(place, line.valueEnd()));
+    finding.place.line = wrong.line;
+    finding.place.column = wrong.column;
+  }
+  finding.said = reason;
+  const QString text = sentence(finding);
+  raise(std::move(finding), text);
+}
+
+bool File::peekKey(QString& key) {
+  State probe;
+  probe.opened = _state->opened;
+  probe.stream = _state->stream;
+  probe.codec = _state->codec;
+  probe.strict = _state->strict;
+  probe.linesPassed = _state->linesPassed;
+  probe.charactersPassed = _state->charactersPassed;
+  probe.linesAtFailure = _state->linesAtFailure;
+  probe.unread = _state->unread;
+  const Looking looking(probe.unread.get());
+  bool found = true;
+  try {
+    found = probe.readDataLine();
+  } catch (const Error&) {
+    // The line is too long; who reads it gets to know.
+  }
+  if (!found) {
+    probe.expectReadable();
+    probe.expectWhole();
+    return false;
+  }
+  const Line& line = probe.next();
+  line.copy(0, line.wordEnd(0), &key);
+  return true;
+}
+
 bool File::endedInside() const {
   return _state->continued;
 }
@@ -486,9 +567,7 @@ bool File::atEndOfLine() const {
 }
 
 void File::getLine(const char* key) {
-  if (!_state->nextDataLine(key)) {
-    throw EndOfFile();
-  }
+  _state->nextDataLine(key);
 }
 
 void File::getInt(const char* key, int& value) {
@@ -516,9 +595,29 @@ void File::getInt(const char* key, unsigned char& value) {
   nextInt(value);
 }
 
+void File::getInt(const char* key, qint64& value) {
+  getLine(key);
+  nextInt(value);
+}
+
+void File::getInt(const char* key, quint64& value) {
+  getLine(key);
+  nextInt(value);
+}
+
 void File::getDouble(const char* key, double& value) {
   getLine(key);
   nextDouble(value);
+}
+
+void File::getFloat(const char* key, float& value) {
+  getLine(key);
+  nextFloat(value);
+}
+
+void File::getDoubles(const char* key, std::vector<double>& values) {
+  getLine(key);
+  nextDoubles(values);
 }
 
 void File::getString(const char* key, QString& value) {
@@ -530,31 +629,52 @@ void File::getStringLine(const char* key, QString& value) {
   getLine(key);
   Line& line = _state->current();
   line.copy(line.place, line.size(), &value);
-  line.place = line.size();
+  line.take(line.left());
 }
 
 void File::nextInt(int& value) {
-  value = _state->nextDataInt();
+  value = _state->nextInt32();
 }
 
 void File::nextInt(unsigned int& value) {
-  value = static_cast<unsigned int>(_state->nextDataInt());
+  value = static_cast<unsigned int>(_state->nextInt32());
 }
 
 void File::nextInt(bool& value) {
-  value = _state->nextDataInt() != 0;
+  value = _state->nextInt32() != 0;
 }
 
 void File::nextInt(char& value) {
-  value = static_cast<char>(_state->nextDataInt());
+  value = static_cast<char>(_state->nextInt32());
 }
 
 void File::nextInt(unsigned char& value) {
-  value = static_cast<unsigned char>(_state->nextDataInt());
+  value = static_cast<unsigned char>(_state->nextInt32());
+}
+
+void File::nextInt(qint64& value) {
+  using Limits = std::numeric_limits<qint64>;
+  value = _state->nextDataInt(Limits::min(), Limits::max());
+}
+
+void File::nextInt(quint64& value) {
+  value = _state->nextDataUnsigned();
 }
 
 void File::nextDouble(double& value) {
   value = _state->nextDataDouble();
+}
+
+void File::nextFloat(float& value) {
+  value = _state->nextDataFloat();
+}
+
+void File::nextDoubles(std::vector<double>& values) {
+  values.clear();
+  _state->current().take(0);
+  while (!atEndOfLine()) {
+    values.push_back(_state->nextDataDouble());
+  }
 }
 
 void File::nextString(QString& value) {
@@ -564,28 +684,27 @@ void File::nextString(QString& value) {
 void File::nextStringValue(const char* name, QString& value) {
   Line& line = _state->lineWithValue();
   const std::size_t end = line.size();
-  std::size_t begin = line.place;
-  while (begin < end && line.isSpace(begin)) {
-    ++begin;
-  }
+  const std::size_t begin = line.skipSpace(line.place);
   const std::size_t equals = line.find('=', begin);
   const std::size_t opened = equals + 2;
   if (opened > end || line.bytes[equals + 1] != '"' || !line.holds(begin, equals, name)) {
-    throw Error();
+    _state->failPair(begin, name);
   }
   const std::size_t closed = line.find('"', opened);
   if (closed == end) {
-    throw Error();
+    _state->failPair(begin, name);
   }
   line.copy(opened, closed, &value);
+  line.valueBegin = opened;
   line.place = closed + 1;
 }
 
 void File::skipChars(unsigned int count) {
   Line& line = _state->current();
   if (line.left() < count) {
-    throw Error();
+    _state->fail(line, line.size(), reason::FewerLeft);
   }
+  line.valueBegin = line.place;
   line.place += count;
 }
 
@@ -594,7 +713,8 @@ QString File::getStringFromBlankLine() {
   Read result;
   _state->physicalLineNumber = _state->linesPassed + 1;
   if (!_state->read(bytes.data(), &result)) {
-    throw EndOfFile();
+    _state->expectReadable();
+    raiseEnd(_state->findingAtEnd({}));
   }
   QString text = _state->decodeString(bytes.data(), result.length);
   if (text.endsWith('\n')) {

@@ -69,8 +69,8 @@ class Cleaner {
     _clean += _path[_at++];
   }
 
-  /// Drops the last segment with its separator. Without any separator, which is not searched for
-  /// again and again, everything stays.
+  /// Drops the last segment with its separator. A path without any separator stays, and that it has
+  /// none is remembered, so that ".." after ".." does not search it anew.
   void dropSegment() {
     if (_firstSlash >= 0) {
       const int slash = _clean.lastIndexOf('/');

@@ -16,7 +16,7 @@ namespace Kyr {
 
 namespace {
 
-/// Of the names of all such files.
+/// How the names of all temporary files begin.
 constexpr const char* startOfAll = ".kyr-";
 
 constexpr int manyEntries = 1000;
@@ -43,8 +43,10 @@ bool isOld(const QString& name) {
   return OS::stat(name, &status) && QDateTime::currentMSecsSinceEpoch() - status.modified > minute;
 }
 
-/// Earlier builds wrote their lock files as ".kyr-", 32 hexadecimal digits and ".new". One without
-/// a process in it may be about to get its text.
+/// Whether an entry is a new lock file of an earlier build, whose process has ended: these are
+/// named
+/// ".kyr-", 32 hexadecimal digits and ".new". One without a process in it may be about to get its
+/// text, and is left alone.
 bool isUnusedLock(const QString& directory, const QString& entry) {
   constexpr int length = 41;
   LockFile::Mark mark;

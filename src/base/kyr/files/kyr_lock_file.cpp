@@ -28,7 +28,8 @@ QByteArray valueOf(const QByteArray& text, const char* key) {
   return {};
 }
 
-/// A line for what the system has told; what is missing does not count against the owner.
+/// A line for what the system has told, none for what it has not: a mark without a line is no sign
+/// against its owner.
 QByteArray lineFor(const char* key, const QByteArray& value) {
   return value.isEmpty() ? QByteArray() : key + value + '\n';
 }
@@ -42,10 +43,11 @@ bool isOther(const QByteArray& value, const QByteArray& own) {
 }
 
 /// How a process that lives compares with the one that wrote a mark.
-enum Identity { Same, Another, Unknown };
+enum Identity_t { Same, Another, Unknown };
 
-/// Builds of this library have written "ticks@" when they could not read what belongs behind it.
-Identity compareStart(std::int64_t pid, const QByteArray& start) {
+/// Compares the start that a mark has with that of the living process. A start that ends in "@" is
+/// incomplete: earlier builds wrote it where the system did not tell the rest.
+Identity_t compareStart(std::int64_t pid, const QByteArray& start) {
   const QByteArray present = Platform::processStart(pid);
   if (present.isEmpty() || start.isEmpty() || start.endsWith('@')) {
     return Unknown;
@@ -55,7 +57,7 @@ Identity compareStart(std::int64_t pid, const QByteArray& start) {
 
 }  // namespace
 
-// A number beyond an int is no number, as for the readers of other programs.
+// A number beyond an int counts as none, as other programs that read lock files take it.
 std::int64_t LockFile::processOf(const QByteArray& bytes) {
   const QByteArray text = bytes.trimmed();
   int length = text.startsWith('-') || text.startsWith('+') ? 1 : 0;
@@ -76,8 +78,8 @@ LockOwner LockFile::ownerIn(const QByteArray& text) {
           QString::fromUtf8(valueOf(text, hostKey))};
 }
 
-// Whoever keeps its file locked names its machine if it can: without that name it may be any. Marks
-// of earlier builds never have it.
+// A mark that promises to be kept locked names its machine if the system tells it: without a name
+// it may be that of any machine. Marks of earlier builds never have one, and promise nothing.
 bool LockFile::isElsewhere(const Mark& mark) {
   const QByteArray machine = valueOf(mark.text, machineKey);
   return isOther(valueOf(mark.text, hostKey), hostName()) ||
@@ -89,8 +91,8 @@ bool LockFile::isKept(const Mark& mark) {
   return saysKept(mark.text) && mark.keeping != Free;
 }
 
-// Who keeps its file locked lives. An owner that has lost that lock, as by closing all that it has
-// open, is known by its start. All others are judged by their number.
+// An owner that keeps its file locked lives. One that has lost that lock, as by closing all that it
+// has open, is known by the start of its process, all others by the number of their process.
 bool LockFile::isStale(const Mark& mark) {
   const std::int64_t pid = processOf(mark.text);
   if (isKept(mark) || (pid != 0 && isElsewhere(mark))) {
@@ -99,7 +101,7 @@ bool LockFile::isStale(const Mark& mark) {
   if (!OS::pidExists(pid)) {
     return true;
   }
-  const Identity identity = compareStart(pid, valueOf(mark.text, startKey));
+  const Identity_t identity = compareStart(pid, valueOf(mark.text, startKey));
   return identity == Another || (identity == Unknown && saysKept(mark.text));
 }
 

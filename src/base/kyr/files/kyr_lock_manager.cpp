@@ -10,7 +10,7 @@ namespace Kyr {
 
 namespace {
 
-/// Who owns a mark that was read. Of marks with one number alone only that is known.
+/// Who owns a mark that was read. Marks of other programs hold nothing but a number.
 LockingManager::LockingMode_t modeOf(const LockFile::Mark& mark) {
   const std::int64_t pid = LockFile::processOf(mark.text);
   const bool isElsewhere = pid != 0 && LockFile::isElsewhere(mark);
@@ -28,7 +28,7 @@ bool mayBeUnlocked(const LockFile::Mark& mark) {
 
 bool isStale(const QString& lockFile) {
   LockFile::Mark mark;
-  const LockFile::Finding finding = LockFile::look(lockFile, mark);
+  const LockFile::Finding_t finding = LockFile::look(lockFile, mark);
   return finding == LockFile::NoPlain ||
          (finding == LockFile::Read && modeOf(mark) == LockingManager::NotLocked);
 }
@@ -44,10 +44,11 @@ QString LockingManager::getLockFileName(const QString& path) const {
   return name.getFullName();
 }
 
-// What this user may not read is not locked for him, as it was from the first; but it is not his.
+// A lock file that this user may not read counts as not locked, which is given
+// (docs/decisions/0006); lock() does not take it for all that.
 LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) const {
   LockFile::Mark mark;
-  const LockFile::Finding finding = LockFile::look(getLockFileName(path), mark);
+  const LockFile::Finding_t finding = LockFile::look(getLockFileName(path), mark);
   if (finding == LockFile::Read) {
     return modeOf(mark);
   }
@@ -57,7 +58,7 @@ LockingManager::LockingMode_t LockingManager::isLocked(const QString& path) cons
 bool LockingManager::lock(const QString& path) const {
   const QString name = getLockFileName(path);
   LockFile::Mark mark;
-  const LockFile::Finding finding = LockFile::look(name, mark);
+  const LockFile::Finding_t finding = LockFile::look(name, mark);
   const bool isFree =
       finding == LockFile::Read ? modeOf(mark) == NotLocked : finding == LockFile::Missing;
   if (!isFree) {
@@ -73,7 +74,7 @@ bool LockingManager::lock(const QString& path) const {
 void LockingManager::unlock(const QString& path) const {
   const QString name = getLockFileName(path);
   LockFile::Mark mark;
-  const LockFile::Finding finding = LockFile::look(name, mark);
+  const LockFile::Finding_t finding = LockFile::look(name, mark);
   if (finding == LockFile::NoPlain || (finding == LockFile::Read && mayBeUnlocked(mark))) {
     OS::unlink(name);
   }
@@ -90,7 +91,8 @@ void LockingManager::removeStaleLocks(const QString& directory) const {
     if (!entry.endsWith(_suffix) || !isStale(lockFile)) {
       continue;
     }
-    // An ExclusiveLock may have replaced it since; from here on none does.
+    // An ExclusiveLock may have replaced the lock file since it was read; while the guard is held,
+    // none does.
     if (!guard) {
       guard.emplace(directory + "/");
     }

@@ -2,12 +2,14 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/leftovers_p.h>
+#include <kyr/files/live_files_p.h>
 #include <kyr/files/safe_file_p.h>
 #include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_directory_p.h>
 #include <kyr/os/os_process_p.h>
 #include <kyr/os/os_reason_p.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <QDir>
 #include <QThread>
@@ -57,7 +59,7 @@ bool renamePatiently(const QString& from, const QString& to) {
 
 }  // namespace
 
-/// Keeps count of what it writes, and the reason of the first failure.
+/// Writes to the temporary file; keeps count of the bytes and the reason of the first failure.
 class KYR_HIDDEN SafeFile::Buffer : public std::streambuf {
  public:
   Buffer() { setp(_bytes.get(), _bytes.get() + size); }
@@ -89,7 +91,7 @@ class KYR_HIDDEN SafeFile::Buffer : public std::streambuf {
   Platform::OutputFile _file;
   std::unique_ptr<char[]> _bytes{new char[size]};
   std::int64_t _written = 0;
-  std::int64_t _onDisk = 0;  ///< if that is what has failed
+  std::int64_t _onDisk = 0;  ///< the size that the file has, where that is what is wrong
   bool _hasFailed = false;
   Platform::SystemError _reason;
 };
@@ -157,10 +159,10 @@ std::streamsize SafeFile::Buffer::xsputn(const char* bytes, std::streamsize coun
   return isOpen() && drain() && send(bytes, count) ? count : 0;
 }
 
-/// What stands behind the interface.
+/// What a SafeFile consists of.
 struct KYR_HIDDEN SafeFile::Private {
   /// How far the new file is.
-  enum State {
+  enum State_t {
     Writing,   ///< complete() leads to Complete
     Complete,  ///< on the disk under its temporary name; put() leads to Over
     Over,      ///< in its place, or gone; final
@@ -171,11 +173,13 @@ struct KYR_HIDDEN SafeFile::Private {
   void put();
   void discard() noexcept;
 
+  TraceLife traced{"SafeFile", "save"};
   QString target;
   QString temporary;
   std::filesystem::path nativeTemporary;
+  LiveFile live{nativeTemporary};
   std::filesystem::path nativeDirectory;
-  State state = Writing;
+  State_t state = Writing;
   Buffer buffer;
   std::ostream stream{&buffer};
 };
@@ -185,8 +189,11 @@ SafeFile::Private::Private(const QString& name)
       temporary(TemporaryFile::besideOf(target)),
       nativeTemporary(Platform::nativePath(temporary)),
       nativeDirectory(Platform::nativePath(directoryOf(target))) {
+  traced.setDetail(target);
   Leftovers::sweep(directoryOf(target));
-  if (!buffer.create(nativeTemporary, target)) {
+  const bool isCreated = buffer.create(nativeTemporary, target);
+  live.tried();
+  if (!isCreated) {
     if (buffer.isOpen()) {
       discard();
     }
@@ -194,12 +201,13 @@ SafeFile::Private::Private(const QString& name)
   }
 }
 
-// Needs no memory, of which there may be none left.
+// Uses no memory, of which there may be none left.
 void SafeFile::Private::discard() noexcept {
   std::error_code ignored;
   state = Over;
   buffer.close();
   std::filesystem::remove(nativeTemporary, ignored);
+  traced.end();
 }
 
 void SafeFile::Private::complete() {
@@ -219,9 +227,12 @@ void SafeFile::Private::complete() {
 
 void SafeFile::Private::put() {
   if (!renamePatiently(temporary, target)) {
-    Platform::fail(cannotSave, target);
+    const QString why = Platform::inWords(Platform::lastError());
+    LiveFile::stayIfEnding();
+    Platform::fail(cannotSave, target, why);
   }
   state = Over;
+  traced.end();
   if (!Platform::flushDirectory(nativeDirectory)) {
     Platform::fail("saved %1, but the disk may forget it at a power cut", target);
   }
@@ -246,6 +257,7 @@ const QString& SafeFile::getTemporaryName() const {
 }
 
 void SafeFile::commit(const Check& check) {
+  const TraceSpan span("SafeFile::commit", "save");
   if (_private->state == Private::Over) {
     Platform::fail(cannotSave, _private->target, "it was saved or discarded already");
   }

@@ -78,7 +78,7 @@ std::vector<Member> Series::getDuplicates() const {
   return duplicates;
 }
 
-// If any width makes all the names, so does the least that occurs.
+// Tries the least width that occurs: if any width makes all the names, that one does.
 bool Series::hasMixedWidths() const {
   const auto narrower = [](const Member& a, const Member& b) { return a.digits < b.digits; };
   const auto least = std::min_element(_members.begin(), _members.end(), narrower);

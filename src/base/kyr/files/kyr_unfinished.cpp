@@ -4,7 +4,7 @@ namespace Kyr::Unfinished {
 
 namespace {
 
-/// The word of every stream that counts its marks.
+/// The word that every stream keeps for the library, in which its marks are counted.
 long& marks(std::ostream& stream) {
   static const int index = std::ios_base::xalloc();
   return stream.iword(index);

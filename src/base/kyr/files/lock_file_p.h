@@ -13,7 +13,7 @@
 namespace Kyr::LockFile {
 
 /// What there is under the name of a lock file. Only what was read can be judged.
-enum Finding {
+enum Finding_t {
   Missing,   ///< nothing, or a link that leads nowhere
   NoPlain,   ///< something that is no plain file, and so nobody's lock
   Refused,   ///< a file that this user may not read
@@ -21,17 +21,18 @@ enum Finding {
   Read,
 };
 
-/// Whether the system keeps a file locked for a process that has it open.
-enum Keeping { Free, Kept, Untold };
+/// Whether the system keeps a file locked for a process that has it open; Untold where it does not
+/// say.
+enum Keeping_t { Free, Kept, Untold };
 
 /// What was read of a lock file.
 struct Mark {
   QByteArray text;  ///< the first 1024 bytes
-  Keeping keeping = Untold;
+  Keeping_t keeping = Untold;
 };
 
 /// Reads a lock file. Never waits, as for the other end of a pipe. Platform files define it.
-Finding look(const QString& name, Mark& mark);
+Finding_t look(const QString& name, Mark& mark);
 
 /// The first number of a lock file's text is that of a process.
 /// \return 0 when there is none
@@ -47,7 +48,8 @@ LockOwner ownerIn(const QByteArray& text);
 /// mean the one that has it here.
 bool isElsewhere(const Mark& mark);
 
-/// Whether its owner was to keep the file locked, and nobody says that he does not.
+/// Whether the text of a mark promises that its owner keeps the file locked, and the system does
+/// not say that it is free.
 bool isKept(const Mark& mark);
 
 /// Whether nobody can be the owner any more, as far as that can be known here.
@@ -58,7 +60,8 @@ bool isStale(const Mark& mark);
 namespace Kyr::Platform {
 
 /// A new file that the system keeps locked from its creation to the end of the process or of this
-/// object, whichever comes first, however that comes. Only file systems without locks do not.
+/// object, whichever comes first, however that comes. On file systems without locks it is a plain
+/// file.
 class KeptFile {
  public:
   KeptFile() = default;
@@ -70,7 +73,7 @@ class KeptFile {
   bool create(const std::filesystem::path& name) noexcept;
   bool isKept() const noexcept { return _isKept; }
   bool write(const QByteArray& text) noexcept;
-  /// Whether it has this text and nothing else.
+  /// Whether the file has this text and nothing else.
   /// \param text of at most 1023 bytes
   bool holds(const QByteArray& text) const noexcept;
   /// Whether the name is that of this very file.
@@ -83,8 +86,8 @@ class KeptFile {
   bool _isKept = false;
 };
 
-/// Keeps the other processes of this host out that ask for the same directory's guard. The system
-/// gives it back when the process ends, however that happens.
+/// Keeps out the other processes of this host that ask for the guard of the same directory. The
+/// system gives it back when the process ends, however that happens.
 class DirectoryGuard {
  public:
   /// Waits some seconds at most.

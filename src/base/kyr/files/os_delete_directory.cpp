@@ -1,7 +1,7 @@
-#include <kyr/os/KyrOS.h>
+#include <kyr/files/KyrDirectoryTree.h>
 
 #include <kyr/files/tree_walker_p.h>
-#include <kyr/log/KyrErrorLog.h>
+#include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using Platform::NativeName;
 
-/// Deletes one tree. Not recursive: a tree may be deeper than a stack.
+/// Deletes one tree, in a loop and not recursively: a tree may be deeper than a stack.
 class Eraser {
  public:
   /// \param parent with "/" at its end, or empty for the current directory
@@ -71,7 +71,7 @@ void Eraser::eraseEntry(const NativeName& name) {
   }
   const Platform::SystemError error = Platform::lastError();
   if (error.known == ENOENT) {
-    return;  // somebody else was faster
+    return;  // somebody else has removed the entry meanwhile
   }
   if (_walker.kindOf(name) == Platform::TreeWalker::Directory) {
     enter(name);
@@ -83,7 +83,7 @@ void Eraser::eraseEntry(const NativeName& name) {
 void Eraser::enter(const NativeName& name) {
   if (!_walker.enter(name)) {
     const Platform::SystemError error = Platform::lastError();
-    if (!_walker.removeDirectory(name)) {  // an empty one need not be readable
+    if (!_walker.removeDirectory(name)) {  // an empty directory need not be readable
       report(name, error);
     }
     return;
@@ -130,13 +130,6 @@ void Eraser::report(const NativeName& name, const Platform::SystemError& error) 
         << Platform::inWords(error) << END_LOG;
 }
 
-QString withoutEndSlashes(QString path) {
-  while (path.size() > 1 && path.endsWith('/')) {
-    path.chop(1);
-  }
-  return path;
-}
-
 bool refuse(const QString& name, const char* reason, ErrorLog* log) {
   if (log) {
     *log << "cannot delete " << name << ": " << reason << END_LOG;
@@ -144,7 +137,7 @@ bool refuse(const QString& name, const char* reason, ErrorLog* log) {
   return false;
 }
 
-/// Something that the eraser must not take for a tree.
+/// Whether a name leads to something that is no directory, and no tree to be deleted.
 bool isNoDirectory(const QString& name) {
   OS::FileStatus status;
   return OS::stat(name, &status) && !status.isDirectory;
@@ -152,20 +145,25 @@ bool isNoDirectory(const QString& name) {
 
 }  // namespace
 
-bool OS::deleteDirectoryRecursion(const QString& dir, ErrorLog* log) {
-  if (!Platform::isName(dir)) {
-    return refuse(dir, Platform::badName, log);
+bool deleteDirectoryTree(const QString& directory, ErrorLog* log) {
+  if (!Platform::isName(directory)) {
+    return refuse(directory, Platform::badName, log);
   }
-  const QString path = withoutEndSlashes(QDir::fromNativeSeparators(dir));
+  const QString path = Platform::withoutEndSlashes(QDir::fromNativeSeparators(directory));
   const int start = path.lastIndexOf('/') + 1;
   const QString name = path.mid(start);
   if (name.isEmpty() || name == "." || name == "..") {
-    return refuse(dir, "its last part is no name of a directory", log);
+    return refuse(directory, "its last part is no name of a directory", log);
   }
   if (isNoDirectory(path)) {
-    return refuse(dir, "it is no directory", log);
+    return refuse(directory, "it is no directory", log);
   }
   return Eraser(path.left(start), log).erase(Platform::TreeWalker::nativeName(name));
+}
+
+// Of a class further down, which knows of a log only that there is such a class.
+bool OS::deleteDirectoryRecursion(const QString& dir, ErrorLog* log) {
+  return deleteDirectoryTree(dir, log);
 }
 
 }  // namespace Kyr

@@ -27,7 +27,7 @@ class OutputFile {
   bool create(const std::filesystem::path& name, const QString& model);
   bool isOpen() const { return _handle != none; }
   bool write(const char* bytes, std::size_t count) { return writeAll(_handle, bytes, count); }
-  /// Returns when the disk has everything.
+  /// Brings everything to the disk; returns when it is there.
   bool flushToDisk();
   /// \return negative on failure
   std::int64_t size() const;
@@ -49,7 +49,8 @@ bool mayWrite(const QString& name);
 /// Whether the last renaming failed because of another program, which may soon let go.
 bool isHeldByOther();
 
-/// Returns when the disk knows of the names in a directory; where the system can say so.
+/// Brings the names in a directory to the disk, where the system can do so; returns when they are
+/// there.
 bool flushDirectory(const std::filesystem::path& directory) noexcept;
 
 }  // namespace Kyr::Platform

@@ -1,5 +1,5 @@
 /// \file
-/// A way through a tree of directories that no exchanged directory or link can lead astray.
+/// Removing in a tree of directories while somebody may exchange a directory for a link.
 #pragma once
 
 #include <QString>
@@ -31,8 +31,8 @@ class TreeWalker {
 
   bool isOpen() const { return !_levels.empty(); }
 
-  enum Kind { Missing, Directory, Other };  // a link to a directory is something other
-  Kind kindOf(const NativeName& name) const;
+  enum Kind_t { Missing, Directory, Other };  // a link to a directory is something other
+  Kind_t kindOf(const NativeName& name) const;
 
   /// The names of this directory, without "." and "..".
   bool list(std::vector<NativeName>& names) const;
@@ -52,7 +52,7 @@ class TreeWalker {
     std::intptr_t handle = 0;  ///< negative: closed, to save descriptors
     std::uint64_t device = 0;  ///< with the number, no other directory has the same
     std::uint64_t number = 0;
-    NativeName path;  ///< only where entries have no other address
+    NativeName path;  ///< set on the platforms that know entries by their paths only
   };
 
   bool push(std::intptr_t handle, const NativeName& path);

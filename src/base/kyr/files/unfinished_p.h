@@ -1,6 +1,6 @@
 /// \file
-/// How those who complete their output only at the end, as compressors, tell whoever keeps the
-/// stream that what stands in it is not whole yet.
+/// Marks of writers that complete their output only at the end, as compressors do: who keeps the
+/// stream sees that its content is not whole yet.
 #pragma once
 
 #include <ostream>
@@ -9,7 +9,7 @@ namespace Kyr::Unfinished {
 
 /// Marks a stream. The marks of several writers add up.
 void mark(std::ostream& stream);
-/// Takes one mark back; who fails leaves it.
+/// Takes one mark back. A writer that has failed leaves its mark for good.
 void clear(std::ostream& stream);
 bool isMarked(std::ostream& stream);
 

@@ -31,7 +31,7 @@ struct Closer {
   ~Closer() { ::close(file); }
 };
 
-LockFile::Finding findingFor(int error) {
+LockFile::Finding_t findingFor(int error) {
   switch (error) {
     case ENOENT:
     case ENOTDIR:
@@ -47,8 +47,9 @@ LockFile::Finding findingFor(int error) {
   }
 }
 
-/// A lock that any number of processes may have at once, but only while nobody has one for itself.
-LockFile::Keeping askKeeping(int file) {
+/// Asks by taking a lock that many processes may have at once, but only while nobody has one for
+/// itself.
+LockFile::Keeping_t askKeeping(int file) {
   if (::flock(file, LOCK_SH | LOCK_NB) == 0) {
     return LockFile::Free;
   }
@@ -61,7 +62,7 @@ int descriptor(std::intptr_t handle) {
 
 }  // namespace
 
-LockFile::Finding LockFile::look(const QString& name, Mark& mark) {
+LockFile::Finding_t LockFile::look(const QString& name, Mark& mark) {
   const std::string path = Platform::nativePath(name).native();
   struct stat found = {};
   if (::stat(path.c_str(), &found) != 0) {
@@ -136,7 +137,8 @@ Platform::DirectoryGuard::DirectoryGuard(const QString& directory) {
   }
 }
 
-// Said expressly: a child that another thread has forked meanwhile has the directory open as well.
+// The directory is unlocked expressly: a child that another thread has forked meanwhile has it open
+// as well.
 Platform::DirectoryGuard::~DirectoryGuard() {
   if (isHeld()) {
     ::flock(descriptor(_handle), LOCK_UN);

@@ -41,7 +41,7 @@ OVERLAPPED keptByte() {
   return place;
 }
 
-LockFile::Finding findingFor(DWORD error) {
+LockFile::Finding_t findingFor(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
@@ -55,8 +55,9 @@ LockFile::Finding findingFor(DWORD error) {
   }
 }
 
-/// A lock that any number of processes may have at once, but only while nobody has one for itself.
-LockFile::Keeping askKeeping(HANDLE file) {
+/// Asks by taking a lock that many processes may have at once, but only while nobody has one for
+/// itself.
+LockFile::Keeping_t askKeeping(HANDLE file) {
   OVERLAPPED place = keptByte();
   if (::LockFileEx(file, LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place)) {
     ::UnlockFileEx(file, 0, 1, 0, &place);
@@ -73,13 +74,14 @@ HANDLE openToAsk(const std::filesystem::path& name) noexcept {
                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
-/// Of two files on one volume. The volume's number is not compared: a new file is looked for only
-/// in its own directory, and not every system tells that number for every handle.
+/// Whether two files of one volume are the same. The volume's number is not compared: a new file is
+/// looked for only in its own directory, and not every system tells that number for every handle.
 bool isSameFile(const BY_HANDLE_FILE_INFORMATION& one, const BY_HANDLE_FILE_INFORMATION& other) {
   return one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
 
-/// The same for all spellings of a directory's name; empty when there is none.
+/// The name of a directory's guard, the same for all spellings of the directory; empty when there
+/// is no such directory.
 std::wstring nameOfGuard(const QString& directory) {
   BY_HANDLE_FILE_INFORMATION found{};
   const HANDLE handle = openToAsk(Platform::nativePath(directory));
@@ -100,7 +102,7 @@ std::wstring nameOfGuard(const QString& directory) {
 
 // Whoever reads keeps the file from being removed meanwhile: a file that is removed while somebody
 // has it open would hold its name a little longer.
-LockFile::Finding LockFile::look(const QString& name, Mark& mark) {
+LockFile::Finding_t LockFile::look(const QString& name, Mark& mark) {
   const std::wstring path = Platform::nativePath(name).native();
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -124,8 +126,8 @@ LockFile::Finding LockFile::look(const QString& name, Mark& mark) {
   return count < 0 ? Unlooked : Read;
 }
 
-// Without the right to remove the file, so that readers need not permit that; but others may remove
-// and rename it.
+// The file is opened without the right to remove it, so that readers need not permit that; others
+// may remove and rename it.
 bool Platform::KeptFile::create(const std::filesystem::path& name) noexcept {
   close();
   const HANDLE file = ::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE,

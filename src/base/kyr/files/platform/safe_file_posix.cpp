@@ -18,8 +18,8 @@ namespace {
 constexpr mode_t allPermissions = 07777;
 constexpr mode_t newFile = 0666;
 
-/// Lists of single users, which some files have; without them the simple permissions count. A new
-/// file may have got the list of its directory.
+/// Copies the list of single users and their rights, which some files have. A model without one
+/// takes from the new file what that got from its directory.
 void copyAccessList(const char* model, int file) {
   constexpr const char* name = "system.posix_acl_access";
   std::array<char, 4096> list{};
@@ -31,9 +31,10 @@ void copyAccessList(const char* model, int file) {
   }
 }
 
-/// Only root gives files away; whoever else saves owns the new file, of the same group if he is in
-/// it. Without the owner the rights of programs to run as another user go, and another group gets
-/// no more than everybody has.
+/// Gives the new file the old one's owner and group, as far as the user may: only root gives files
+/// away, others keep the group if they are in it.
+/// \return the permissions that remain: without the owner no right to run as another user, and
+///         without the group no more for the group than everybody has
 mode_t copyOwner(const struct stat& old, int file) {
   constexpr auto sameUser = static_cast<uid_t>(-1);
   if (::fchown(file, old.st_uid, old.st_gid) == 0) {
@@ -44,7 +45,7 @@ mode_t copyOwner(const struct stat& old, int file) {
   return old.st_mode & (mode_t{0707} | group);
 }
 
-/// Some file systems have no permissions that could be set.
+/// Copies owner, list and permissions. That some file systems have none to set is no failure.
 bool copyPermissions(const struct stat& old, const char* model, int file) {
   const mode_t kept = copyOwner(old, file);
   copyAccessList(model, file);
@@ -60,7 +61,8 @@ bool makeAbsolute(std::filesystem::path& path) {
 
 }  // namespace
 
-// Nobody may open the new file meanwhile who may not read the old one.
+// The file is created for its owner alone: nobody may open it meanwhile who may not read the old
+// one.
 bool OutputFile::create(const std::filesystem::path& name, const QString& model) {
   surviveFileLimit();
   struct stat old = {};
@@ -90,7 +92,7 @@ bool OutputFile::close() {
   return good;
 }
 
-// Not by canonical(), for which all must exist.
+// canonical() would not do, as for that the target must exist.
 bool resolve(const QString& name, QString& target) {
   constexpr int mostLinks = 40;
   std::filesystem::path path = nativePath(name);
@@ -113,7 +115,7 @@ bool mayWrite(const QString& name) {
   return ::access(nativePath(name).c_str(), W_OK) == 0;
 }
 
-// Open files never are in the way of a renaming here.
+// This system renames open files as well.
 bool isHeldByOther() {
   return false;
 }

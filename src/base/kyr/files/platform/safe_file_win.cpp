@@ -15,7 +15,7 @@ HANDLE handleOf(std::intptr_t handle) {
   return reinterpret_cast<HANDLE>(handle);
 }
 
-/// Who may read and write the file, as far as it was set for the file itself.
+/// Copies who may read and write a file, as far as that was set for the file itself.
 void copyAccessList(const std::wstring& model, const std::wstring& file) {
   DWORD size = 0;
   ::GetFileSecurityW(model.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
@@ -55,8 +55,10 @@ bool OutputFile::create(const std::filesystem::path& name, const QString& model)
   const DWORD old = ::GetFileAttributesW(modelPath.c_str());
   const bool hasModel = old != INVALID_FILE_ATTRIBUTES;
   const DWORD attributes = hasModel && (old & kept) != 0 ? old & kept : FILE_ATTRIBUTE_NORMAL;
-  const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    CREATE_NEW, attributes, nullptr);
+  // May be deleted while it is open: when the process is told to end at once.
+  const HANDLE file =
+      ::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                    CREATE_NEW, attributes, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     return false;
   }
@@ -100,8 +102,8 @@ bool mayWrite(const QString& name) {
   return !isProtected;
 }
 
-// Virus scanners and indexers look at every new file for a moment. What is open without the right
-// to remove it is denied as if it were protected.
+// Virus scanners and indexers look at every new file for a moment. The system then denies access,
+// as it does for a protected file.
 bool isHeldByOther() {
   switch (::GetLastError()) {
     case ERROR_SHARING_VIOLATION:
@@ -114,7 +116,7 @@ bool isHeldByOther() {
   }
 }
 
-// Renaming has returned only when the disk knows.
+// Nothing is left to do: renaming returns when the names are on the disk.
 bool flushDirectory(const std::filesystem::path& /*directory*/) noexcept {
   return true;
 }

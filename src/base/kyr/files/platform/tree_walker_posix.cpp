@@ -16,7 +16,7 @@ namespace Kyr::Platform {
 namespace {
 
 constexpr std::intptr_t closed = -1;
-/// A tree may be deeper than a process may have files open.
+/// How many directories are kept open: a tree may be deeper than a process may have files open.
 constexpr std::size_t mostOpen = 64;
 constexpr int toEnter = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 
@@ -38,7 +38,8 @@ struct Place {
   std::uint64_t number = 0;
 };
 
-/// A directory that is mounted a second time has the same device, but not the same mount.
+/// Finds the device, number and mount of a directory; one that is mounted a second time differs in
+/// the mount only.
 bool findPlace(int directory, Place& place) {
   struct statx found = {};
   if (::statx(directory, "", AT_EMPTY_PATH, STATX_INO | STATX_MNT_ID, &found) != 0) {
@@ -84,10 +85,10 @@ bool TreeWalker::push(std::intptr_t handle, const NativeName& path) {
 }
 
 NativeName TreeWalker::pathOf(const NativeName& name) const {
-  return name;  // seen from the descriptor of its directory
+  return name;  // the system takes it together with the descriptor of its directory
 }
 
-TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
+TreeWalker::Kind_t TreeWalker::kindOf(const NativeName& name) const {
   struct stat found = {};
   if (::fstatat(descriptor(_levels.back().handle), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) !=
       0) {

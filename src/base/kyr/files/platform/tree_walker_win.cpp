@@ -14,7 +14,7 @@ bool has(DWORD attributes, DWORD wanted) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & wanted) != 0;
 }
 
-/// While it is open, nobody renames or removes the directory.
+/// Opens a directory, which nobody can rename or remove while it is open.
 HANDLE hold(const NativeName& path, DWORD flags) {
   return ::CreateFileW(path.c_str(), FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES,
                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
@@ -68,7 +68,7 @@ NativeName TreeWalker::pathOf(const NativeName& name) const {
   return path + (path.back() == L'\\' ? L"" : L"\\") + name;
 }
 
-TreeWalker::Kind TreeWalker::kindOf(const NativeName& name) const {
+TreeWalker::Kind_t TreeWalker::kindOf(const NativeName& name) const {
   const DWORD attributes = ::GetFileAttributesW(pathOf(name).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     return Missing;
@@ -119,7 +119,7 @@ bool TreeWalker::removeDirectory(const NativeName& name) const {
   return ::RemoveDirectoryW(path.c_str()) != 0;
 }
 
-// Other file systems are entered by a kind of link only, on this system.
+// A link, by which alone this system enters other file systems, is not entered.
 bool TreeWalker::enter(const NativeName& name) {
   const NativeName path = pathOf(name);
   const HANDLE handle = hold(path, FILE_FLAG_OPEN_REPARSE_POINT);
