@@ -1,11 +1,18 @@
 /// \file
-/// What a log costs when a long operation fills it: ten times the messages, ten times the time.
+/// What a log costs when a long operation fills it: ten times the messages, ten times the time. And
+/// what an entry of a journal does.
 #include "support/Ratios.h"
 
 #include <kyr/log/KyrErrorLog.h>
+#include <kyr/log/KyrJournal.h>
 #include <kyr/log/KyrSyncErrorLog.h>
 
 #include <benchmark/benchmark.h>
+
+#include <spdlog/sinks/basic_file_sink.h>
+#include <spdlog/spdlog.h>
+
+#include <QTemporaryDir>
 
 namespace {
 
@@ -50,6 +57,45 @@ void ErrorLogShownMeanwhile(benchmark::State& state) {
 }
 BENCHMARK(ErrorLogShownMeanwhile)->Arg(10000)->Arg(100000);
 
+// ---- a journal beside another library's log file ----
+
+const char* const line = "read /measurement/project/stage 12/image 0815.raw, 12345 points";
+
+void journalEntry(benchmark::State& state) {
+  const QTemporaryDir folder;
+  Kyr::Journal journal(folder.filePath("journal"));
+  for (auto _ : state) {
+    journal.add(Kyr::Journal::Info, "reader", line);
+  }
+  if (journal.getLost() > 0) {
+    state.SkipWithError("entries are lost");
+  }
+}
+
+/// The same columns.
+void journalEntrySpdlog(benchmark::State& state) {
+  const QTemporaryDir folder;
+  const auto sink =
+      std::make_shared<spdlog::sinks::basic_file_sink_mt>(folder.filePath("log").toStdString());
+  spdlog::logger log("reader", sink);
+  log.set_pattern("%Y-%m-%dT%H:%M:%S.%eZ %-7l %P/%-7t %-12n %v", spdlog::pattern_time_type::utc);
+  for (auto _ : state) {
+    log.info(line);
+  }
+}
+
+void journalEntryNotTaken(benchmark::State& state) {
+  Kyr::Journal journal("never opened");
+  for (auto _ : state) {
+    journal.add(Kyr::Journal::Debug, "reader", line);
+  }
+}
+BENCHMARK(journalEntry);
+BENCHMARK(journalEntrySpdlog);
+BENCHMARK(journalEntryNotTaken);
+
+const KyrBench::Growth entry("entry of a journal / spdlog's file sink", "journalEntry",
+                             "journalEntrySpdlog", 1.5);
 const KyrBench::Growth first("log of 100,000 messages to 10,000, newest first",
                              "ErrorLogNewestFirst/100000", "ErrorLogNewestFirst/10000", 12);
 const KyrBench::Growth last("log of 100,000 messages to 10,000, newest last",

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/log/KyrJournal.h>
 
 #include <QString>
 
@@ -15,11 +16,16 @@ inline constexpr char END_LOG = '\1';
 
 /// The finished messages of a log as one text. Adding is cheap at both ends.
 ///
-/// The text has a bound. Beyond it the oldest lines fall out, those at the end that messages are
-/// not added to, and "[lines left out: N]" stands in their place. At least the newest
-/// lines with limit() characters stay, at most a quarter more. A message that alone is longer
-/// than the bound falls out whole. Lines fall out, too, when there is no memory for a message;
-/// the message itself only if that does not help. None of this throws.
+/// The text has a bound. Beyond it the oldest lines fall out, which are at the end that messages
+/// are not added to, and "[lines left out: N]" stands in their place. At least the newest lines
+/// with limit() characters stay, at most a quarter more. A message that alone is longer than the
+/// bound falls out whole. Lines fall out, too, when there is no memory for a message; the message
+/// itself only if that does not help. None of this throws.
+/// \code
+/// LogText text;
+/// text.setLimit(100000);
+/// text.add("the newest message", false);  // in front
+/// \endcode
 /// \threadsafety one thread at a time; text() of a const object counts as use
 class KYR_EXPORT LogText {
  public:
@@ -55,8 +61,8 @@ class KYR_EXPORT LogText {
   /// What fell out at one end of the text.
   struct Fallen {
     std::uint64_t lines = 0;
-    std::uint64_t noted = 0;  ///< of them, those that the note at this end counts
-    int noteSize = 0;         ///< with its line feed; 0 without a note
+    std::uint64_t noted = 0;  ///< how many of the lines the note at this end counts
+    int noteSize = 0;         ///< characters of the note and its line feed; 0 without a note
   };
 
   void turn(bool reversed) const;
@@ -71,14 +77,71 @@ class KYR_EXPORT LogText {
   Fallen _fallen[2];  ///< in front of the text, and behind it
 };
 
+/// Where a log's messages go besides: into a journal, at one level.
+struct LogFeed {
+  Journal* journal = nullptr;  ///< lives longer than the log; null for none
+  Journal::Level_t level = Journal::Warning;
+  const char* source = nullptr;  ///< a literal
+
+  void give(const QString& message) const {
+    if (journal) {
+      journal->add(level, source, message);
+    }
+  }
+};
+
+/// What can be inserted into a log with `<<`, for all logs alike; the base of ErrorLog and
+/// SyncErrorLog, not for use by itself.
+template <class Log>
+class LogInserters {
+ public:
+  /// Adds a number in decimal; an unsigned char is one too.
+  Log& operator<<(unsigned char value) { return log().addUInt64(value); }
+  Log& operator<<(unsigned short value) { return log().addUInt64(value); }
+  Log& operator<<(unsigned int value) { return log().addUInt64(value); }
+  Log& operator<<(unsigned long value) { return log().addUInt64(value); }
+  Log& operator<<(unsigned long long value) { return log().addUInt64(value); }
+  /// Adds a number in decimal; a signed char and a bool come here as int.
+  Log& operator<<(short value) { return log().addInt64(value); }
+  Log& operator<<(int value) { return log().addInt64(value); }
+  Log& operator<<(long value) { return log().addInt64(value); }
+  Log& operator<<(long long value) { return log().addInt64(value); }
+  /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
+  Log& operator<<(float value) { return log().addDouble(double(value)); }
+  Log& operator<<(double value) { return log().addDouble(value); }
+  /// Adds a Latin-1 character, or ends the message with #END_LOG.
+  Log& operator<<(char value) { return log().addChar(value); }
+  /// Adds UTF-8 text; null adds nothing.
+  Log& operator<<(const char* text) { return log().addString(QString::fromUtf8(text)); }
+  Log& operator<<(const QString& text) { return log().addString(text); }
+  /// Adds an address as "0x" and at least eight hexadecimal digits.
+  Log& operator<<(const void* address) { return log().addPointer(address); }
+
+ protected:
+  LogInserters() = default;
+  LogInserters(const LogInserters&) = default;
+  LogInserters& operator=(const LogInserters&) = default;
+  ~LogInserters() = default;
+
+ private:
+  Log& log() { return static_cast<Log&>(*this); }
+};
+
 /// Collects messages for the caller of an operation, which shows them at the end.
 ///
 /// A message is built piece by piece with `<<` and ends with #END_LOG; until then it belongs to
 /// no text, and clear() discards it. Numbers read the same in every locale. Owned by the
 /// caller, handed to operations by pointer. Subclasses decide in appendLine() what becomes of a
 /// finished message. The text keeps the newest 256 Mi characters, as LogText says.
+/// \code
+/// ErrorLog log(true);
+/// log << "cannot read " << name << ", error " << 7 << END_LOG;
+/// if (log.isLog()) {
+///   std::cerr << log.getLog().toStdString();
+/// }
+/// \endcode
 /// \threadsafety one thread at a time; see SyncErrorLog for several
-class KYR_EXPORT ErrorLog {
+class KYR_EXPORT ErrorLog : public LogInserters<ErrorLog> {
  public:
   /// The same as #END_LOG.
   static constexpr char endline = END_LOG;
@@ -99,28 +162,9 @@ class KYR_EXPORT ErrorLog {
   /// Sets how much text is kept; see LogText.
   /// \param characters 0 to 2^29; others are taken for the nearest of these
   void setLimit(int characters) { _log.setLimit(characters); }
-
-  /// Adds a number in decimal; an unsigned char is one too.
-  ErrorLog& operator<<(unsigned char value) { return addUInt64(value); }
-  ErrorLog& operator<<(unsigned short value) { return addUInt64(value); }
-  ErrorLog& operator<<(unsigned int value) { return addUInt64(value); }
-  ErrorLog& operator<<(unsigned long value) { return addUInt64(value); }
-  ErrorLog& operator<<(unsigned long long value) { return addUInt64(value); }
-  /// Adds a number in decimal; a signed char and a bool come here as int.
-  ErrorLog& operator<<(short value) { return addInt64(value); }
-  ErrorLog& operator<<(int value) { return addInt64(value); }
-  ErrorLog& operator<<(long value) { return addInt64(value); }
-  ErrorLog& operator<<(long long value) { return addInt64(value); }
-  /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
-  ErrorLog& operator<<(float value) { return addDouble(double(value)); }
-  ErrorLog& operator<<(double value) { return addDouble(value); }
-  /// Adds a Latin-1 character, or ends the message with #END_LOG.
-  ErrorLog& operator<<(char value) { return addChar(value); }
-  /// Adds UTF-8 text; null adds nothing.
-  ErrorLog& operator<<(const char* text) { return addString(QString::fromUtf8(text)); }
-  ErrorLog& operator<<(const QString& text) { return addString(text); }
-  /// Adds an address as "0x" and at least eight hexadecimal digits.
-  ErrorLog& operator<<(const void* address) { return addPointer(address); }
+  /// Has every message that is finished from now on also written into a journal, whatever else
+  /// becomes of it. Copies of the log do the same.
+  void setFeed(const LogFeed& feed) { _feed = feed; }
 
  protected:
   /// Takes the finished message over and empties it; here, adds it to the log text.
@@ -141,9 +185,12 @@ class KYR_EXPORT ErrorLog {
   bool isAppending() const { return _append; }
 
  private:
+  friend class LogInserters<ErrorLog>;
+
   QString _message;
   LogText _log;
   bool _append;
+  LogFeed _feed;
 };
 
 /// Echoes finished messages to standard error, or drops them. Keeps none: isLog() stays false.

@@ -14,8 +14,14 @@ namespace Kyr {
 /// Each insertion is one step, a message is not: when two threads build messages in the same log
 /// at the same time, their pieces mix. See to it that one thread at a time builds a message, or
 /// give each thread its own log.
+/// \code
+/// static SyncErrorLog log;
+/// static Mutex building("readAll", "reader", 1);
+/// const AutoMutex lock(&building);
+/// log << "cannot read " << name << END_LOG;
+/// \endcode
 /// \threadsafety any thread
-class KYR_EXPORT SyncErrorLog {
+class KYR_EXPORT SyncErrorLog : public LogInserters<SyncErrorLog> {
  public:
   /// The same as #END_LOG.
   static constexpr char endline = END_LOG;
@@ -35,28 +41,9 @@ class KYR_EXPORT SyncErrorLog {
   /// Sets how much text is kept; see LogText.
   /// \param characters 0 to 2^29; others are taken for the nearest of these
   void setLimit(int characters);
-
-  /// Adds a number in decimal; an unsigned char is one too.
-  SyncErrorLog& operator<<(unsigned char value) { return addUInt64(value); }
-  SyncErrorLog& operator<<(unsigned short value) { return addUInt64(value); }
-  SyncErrorLog& operator<<(unsigned int value) { return addUInt64(value); }
-  SyncErrorLog& operator<<(unsigned long value) { return addUInt64(value); }
-  SyncErrorLog& operator<<(unsigned long long value) { return addUInt64(value); }
-  /// Adds a number in decimal; a signed char and a bool come here as int.
-  SyncErrorLog& operator<<(short value) { return addInt64(value); }
-  SyncErrorLog& operator<<(int value) { return addInt64(value); }
-  SyncErrorLog& operator<<(long value) { return addInt64(value); }
-  SyncErrorLog& operator<<(long long value) { return addInt64(value); }
-  /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
-  SyncErrorLog& operator<<(float value) { return addDouble(double(value)); }
-  SyncErrorLog& operator<<(double value) { return addDouble(value); }
-  /// Adds a Latin-1 character, or ends the message with #END_LOG.
-  SyncErrorLog& operator<<(char value) { return addChar(value); }
-  /// Adds UTF-8 text; null adds nothing.
-  SyncErrorLog& operator<<(const char* text) { return addString(QString::fromUtf8(text)); }
-  SyncErrorLog& operator<<(const QString& text) { return addString(text); }
-  /// Adds an address as "0x" and at least eight hexadecimal digits.
-  SyncErrorLog& operator<<(const void* address) { return addPointer(address); }
+  /// Has every message that is finished from now on also written into a journal, whatever else
+  /// becomes of it.
+  void setFeed(const LogFeed& feed);
 
  protected:
   /// Takes the finished message over and empties it; here, adds it to the log text. Runs with
@@ -80,9 +67,12 @@ class KYR_EXPORT SyncErrorLog {
   mutable Mutex _mutex;  ///< guards the message and the text; not recursive
 
  private:
+  friend class LogInserters<SyncErrorLog>;
+
   QString _message KYR_GUARDED_BY(_mutex);
   LogText _log KYR_GUARDED_BY(_mutex);
   const bool _append;
+  LogFeed _feed KYR_GUARDED_BY(_mutex);
 };
 
 /// Echoes finished messages to standard error, or drops them. Keeps none: isLog() stays false.

@@ -47,6 +47,7 @@ ErrorLog& ErrorLog::addDouble(double value) {
 
 ErrorLog& ErrorLog::addChar(char value) {
   if (value == END_LOG) {
+    _feed.give(_message);
     appendLine();
   } else {
     _message += QChar::fromLatin1(value);
@@ -55,7 +56,7 @@ ErrorLog& ErrorLog::addChar(char value) {
 }
 
 ErrorLog& ErrorLog::addString(const QString& text) {
-  _message.append(text.constData(), text.size());  // += may keep a buffer that the caller owns
+  _message.append(text.constData(), text.size());  // += would share the caller's buffer
   return *this;
 }
 

@@ -7,7 +7,7 @@ namespace Kyr {
 
 namespace {
 
-constexpr int largestLimit = 1 << 29;  // with the slack, less than a string holds
+constexpr int largestLimit = 1 << 29;  // and a quarter more, which is less than a string holds
 
 QString noteOf(std::uint64_t lines, bool reversed) {
   QString note = QString("[lines left out: %1]").arg(lines);
@@ -17,7 +17,7 @@ QString noteOf(std::uint64_t lines, bool reversed) {
   return note + '\n';
 }
 
-/// The last line counts also without a line feed.
+/// How many lines a text has; the last one counts also without a line feed.
 std::uint64_t countLines(QStringView text) {
   const auto feeds = std::uint64_t(std::count(text.begin(), text.end(), QLatin1Char('\n')));
   return text.isEmpty() || text.back() == '\n' ? feeds : feeds + 1;
@@ -52,7 +52,7 @@ const QString& LogText::text() const {
   return _text;
 }
 
-// A large part goes at once: the rest of the text is moved for that.
+// A text that is too long loses a large part at once, because the rest is moved for that.
 void LogText::enter(const QString& message, bool reversed, bool withFeed) noexcept {
   const std::int64_t most = std::int64_t(_limit) + _limit / 4;
   const bool fits = message.size() <= _limit;
@@ -121,7 +121,7 @@ void LogText::shorten(std::int64_t most) {
   if (_text.isDetached()) {
     _text.replace(0, from, note);
   } else {
-    _text = note + _text.midRef(from);  // somebody holds the whole text
+    _text = note + _text.midRef(from);  // a copy, as somebody holds the whole text
   }
   fallen = {lines, lines, note.size()};
 }

@@ -3,16 +3,8 @@
 
 #include <kyr/os/os_file_p.h>
 #include <kyr/os/os_reason_p.h>
-#include <kyr/sync/site_lock_p.h>
 
 namespace Kyr {
-
-/// Support matches reports by these numbers; they do not follow edits of this file.
-namespace site {
-constexpr unsigned Clear = 31, GetLog = 42, IsLog = 51, AddUInt64 = 60, AddInt64 = 69,
-                   AddDouble = 78, AddChar = 92, AddString = 101, AddPointer = 110, SetLimit = 119;
-constexpr const char* File = "kyr_sync_error_log";
-}  // namespace site
 
 namespace {
 
@@ -29,24 +21,29 @@ SyncErrorLog::SyncErrorLog(bool append) : _append(append) {}
 SyncErrorLog::~SyncErrorLog() = default;
 
 void SyncErrorLog::clear() {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::clear", site::File, site::Clear);
+  const AutoMutex locked(&_mutex);
   _message.clear();
   _log.clear();
 }
 
 QString SyncErrorLog::getLog() const {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::getLog", site::File, site::GetLog);
+  const AutoMutex locked(&_mutex);
   return _log.text();
 }
 
 bool SyncErrorLog::isLog() const {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::isLog", site::File, site::IsLog);
+  const AutoMutex locked(&_mutex);
   return !_log.isEmpty();
 }
 
 void SyncErrorLog::setLimit(int characters) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::setLimit", site::File, site::SetLimit);
+  const AutoMutex locked(&_mutex);
   _log.setLimit(characters);
+}
+
+void SyncErrorLog::setFeed(const LogFeed& feed) {
+  const AutoMutex locked(&_mutex);
+  _feed = feed;
 }
 
 void SyncErrorLog::appendLine() {
@@ -55,26 +52,27 @@ void SyncErrorLog::appendLine() {
 }
 
 SyncErrorLog& SyncErrorLog::addUInt64(unsigned long long value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addUInt64", site::File, site::AddUInt64);
+  const AutoMutex locked(&_mutex);
   _message += QString::number(value);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addInt64(long long value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addInt64", site::File, site::AddInt64);
+  const AutoMutex locked(&_mutex);
   _message += QString::number(value);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addDouble(double value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addDouble", site::File, site::AddDouble);
+  const AutoMutex locked(&_mutex);
   _message += QString::number(value, 'g', 6);
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addChar(char value) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addChar", site::File, site::AddChar);
+  const AutoMutex locked(&_mutex);
   if (value == END_LOG) {
+    _feed.give(_message);
     appendLine();
   } else {
     _message += QChar::fromLatin1(value);
@@ -83,13 +81,13 @@ SyncErrorLog& SyncErrorLog::addChar(char value) {
 }
 
 SyncErrorLog& SyncErrorLog::addString(const QString& text) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addString", site::File, site::AddString);
-  _message.append(text.constData(), text.size());  // as ErrorLog does
+  const AutoMutex locked(&_mutex);
+  _message.append(text.constData(), text.size());  // += would share the caller's buffer
   return *this;
 }
 
 SyncErrorLog& SyncErrorLog::addPointer(const void* address) {
-  const SiteLock locked(_mutex, "Kyr::SyncErrorLog::addPointer", site::File, site::AddPointer);
+  const AutoMutex locked(&_mutex);
   _message += LogOutput::addressText(address);
   return *this;
 }
