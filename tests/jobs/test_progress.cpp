@@ -3,14 +3,6 @@
 
 #include "support/Support.h"
 
-#include <QCoreApplication>
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <thread>
-#include <tuple>
-
 using Kyr::Progress;
 using KyrTest::Gate;
 

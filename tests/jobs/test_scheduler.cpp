@@ -1,12 +1,8 @@
 #include "support/Support.h"
 
-#include <kyr/core/KyrException.h>
+#include <kyr/jobs/KyrProgress.h>
+#include <kyr/jobs/KyrProgressScope.h>
 #include <kyr/jobs/KyrScheduler.h>
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstdio>
 
 using namespace Kyr;
 using KyrTest::Gate;
@@ -125,6 +121,70 @@ TEST(JobManager, InterruptEndsWaitingWorkersAtOnce) {
   jobs.atDone = [&](Worker*) { jobs.interrupt(); };
   jobs.run();
   EXPECT_EQ(jobs.done, 2);
+}
+
+TEST(JobManager, HasATokenForEachRun) {
+  const StopToken above;
+  const struct {
+    bool hangsOn;  // the token above
+    std::function<void(Jobs&)> stop;
+    bool interrupted;
+    const char* fault;
+  } rows[] = {
+      {false, [](Jobs& jobs) { jobs.interrupt(); }, true, "its own interruption"},
+      {false, [](Jobs&) { Progress::setAbortFlag(true); }, false, "the abort flag"},
+      {true, [](Jobs&) { Progress::setAbortFlag(true); }, false, "the flag, with another token"},
+      {true, [&](Jobs&) { above.stop(); }, true, "the token above"},
+  };
+  for (const auto& row : rows) {
+    Jobs jobs;
+    jobs.count = 9;
+    bool stops = true;
+    bool stopped = false;
+    if (row.hangsOn) {
+      jobs.setStopToken(above);
+    }
+    new Task(jobs, [&](Task&) {
+      if (std::exchange(stops, false)) {
+        row.stop(jobs);
+        stopped = isStopped();
+      }
+    });
+    jobs.run();
+    EXPECT_EQ(jobs.isInterrupted(), row.interrupted) << row.fault;
+    EXPECT_EQ(jobs.done, row.interrupted ? 1 : 9) << row.fault;
+    EXPECT_EQ(stopped, row.interrupted || !row.hangsOn) << row.fault;
+    EXPECT_EQ(jobs.stopToken().isStopped(), stopped) << row.fault;
+    Progress::setAbortFlag(false);
+    jobs.clearInterruptFlag();
+    jobs.run();
+    EXPECT_EQ(jobs.stopToken().isStopped(), above.isStopped()) << "the second run: " << row.fault;
+  }
+  Jobs jobs;
+  jobs.interrupt();
+  EXPECT_TRUE(jobs.stopToken().isStopped()) << "asked for late";
+}
+
+TEST(JobManager, CountsItsJobsAsStepsOfAScope) {
+  Jobs jobs;
+  jobs.count = 4;
+  ProgressScope scope("jobs", 8);
+  jobs.setProgressScope(&scope);
+  std::vector<int> seen;
+  new Task(jobs, [&](Task& task) {
+    if (jobs.done == 1) {
+      ProgressScope own("job", 2);  // instead of the step
+      own.step();
+      seen.push_back(Progress::getOverallProgress());
+    }
+    if (jobs.done == 3) {
+      throw Exception("does not count");
+    }
+    EXPECT_FALSE(task.failed());
+  });
+  jobs.atDone = [&](Worker*) { seen.push_back(Progress::getOverallProgress()); };
+  jobs.run();
+  EXPECT_EQ(seen, std::vector<int>({12, 18, 25, 37, 37}));
 }
 
 TEST(JobManager, EndsTheProcessOnMisuse) {

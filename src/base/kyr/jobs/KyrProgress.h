@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QString>
 
+#include <atomic>
 #include <vector>
 
 namespace Kyr {
@@ -27,6 +28,14 @@ namespace Kyr {
 ///
 /// Usable from the first static object of an application to its last, also while the process
 /// ends. CloseLibrary() destroys the creators and resets the progress.
+/// \code
+/// Progress::setProgressString("reading");
+/// Progress::splitProgress(0, 50, 100);  // a hundred steps in the first half of the scale
+/// for (int step = 0; step < 100 && !Progress::getAbortFlag(); ++step) {
+///   in.read(room, sizeof room);
+///   Progress::addProgressSteps(1);
+/// }
+/// \endcode
 /// \threadsafety any thread for every function, except where it says more
 class KYR_EXPORT Progress {
  public:
@@ -91,7 +100,8 @@ class KYR_EXPORT Progress {
   /// overall percentage back.
   static void addProgressSteps(unsigned steps);
 
-  /// Asks the computation to stop, or takes that back.
+  /// Asks the computation to stop, or takes that back. The first of several wishes also stops what
+  /// hangs on StopToken::ofProgress(), and calls its callbacks on this thread.
   static void setAbortFlag(bool abort);
   /// Whether the computation is to stop; for it to poll.
   static bool getAbortFlag();
@@ -126,8 +136,12 @@ class KYR_EXPORT Progress {
   static int max(int a, int b, unsigned n, unsigned i);
 
  private:
+  friend class ProgressScope;
+  friend class StopToken;
   Progress() {}
 
+  /// \return whether the overall percentage has changed
+  static bool store(int min, int max, unsigned value) KYR_REQUIRES(_mutex_progress);
   /// Holds #_event_mutex while it asks the creators and posts; never called with
   /// #_mutex_progress held.
   static void createGUIEvents();
@@ -143,7 +157,7 @@ class KYR_EXPORT Progress {
   static unsigned _value KYR_GUARDED_BY(_mutex_progress);
   static int _min KYR_GUARDED_BY(_mutex_progress);
   static int _max KYR_GUARDED_BY(_mutex_progress);
-  static int _overall KYR_GUARDED_BY(_mutex_progress);  // what the three come to
+  static int _overall KYR_GUARDED_BY(_mutex_progress);  // the percentage of the three above
   static QString& _text KYR_GUARDED_BY(_mutex_progress);
   static bool _text_time_set KYR_GUARDED_BY(_mutex_progress);
   static Time _text_time KYR_GUARDED_BY(_mutex_progress);
@@ -155,9 +169,12 @@ class KYR_EXPORT Progress {
 
   static bool _abort KYR_GUARDED_BY(_abort_mutex);
 
+  static void settleEvents() KYR_REQUIRES(_event_mutex);
+
   static int _create_events KYR_GUARDED_BY(_event_mutex);
   static QObject* _event_receiver KYR_GUARDED_BY(_event_mutex);
   static std::vector<GUIThreadEventCreator*>& _event_creators KYR_GUARDED_BY(_event_mutex);
+  static std::atomic<bool> _makes_events;  // of the first two; written under _event_mutex
 };
 
 }  // namespace Kyr

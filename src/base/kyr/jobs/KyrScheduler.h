@@ -3,16 +3,20 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/jobs/KyrProgressScope.h>
+#include <kyr/jobs/KyrStopToken.h>
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/sync/KyrThread.h>
 
 #include <atomic>
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <vector>
 
 namespace Kyr {
 
+class WorkOnItems;
 class Worker;
 
 /// Says which jobs there are and who may take one when; owns the workers that execute them.
@@ -27,6 +31,33 @@ class Worker;
 /// anything and, jobDone() apart, not call interrupt(), which would wait for itself.
 /// After each job all waiting workers wake and ask again, so a job that others depend on
 /// needs no signal of its own.
+/// \code
+/// class Smoothing : public JobManager {
+///  public:
+///   class Hand : public Worker {
+///    public:
+///     explicit Hand(JobManager* manager) : Worker(NoLockGUI, manager) {}
+///     std::size_t index = 0;
+///
+///    protected:
+///     void executeJob() override { points[index] *= 0.5; }
+///   };
+///
+///  protected:
+///   bool hasMoreJobs() override { return _next < points.size(); }
+///   bool isJobAvailable(Worker*) override { return true; }
+///   void assignJob(Worker* worker) override { static_cast<Hand*>(worker)->index = _next++; }
+///   void jobDone(Worker*) override {}
+///
+///  private:
+///   std::size_t _next = 0;
+/// };
+/// Smoothing smoothing;
+/// new Smoothing::Hand(&smoothing);  // registers itself, and is deleted by the manager
+/// new Smoothing::Hand(&smoothing);
+/// smoothing.startAllWorker();
+/// smoothing.waitForWorker();
+/// \endcode
 class KYR_EXPORT JobManager {
  public:
   using WorkerIterator = std::vector<Worker*>::iterator;
@@ -51,11 +82,30 @@ class KYR_EXPORT JobManager {
   /// which is still reported with jobDone(). Does not wait for that.
   /// \threadsafety any thread; from the manager's own operations only inside jobDone()
   void interrupt();
+  /// Whether interrupt() was called, and clearInterruptFlag() not since; or the token of
+  /// setStopToken() is stopped.
   /// \threadsafety any thread
   bool isInterrupted() const;
   /// Makes an interrupted manager fit for another start. Nothing else clears the flag.
   /// \threadsafety any thread; meant for the controlling one, after waitForWorker()
   void clearInterruptFlag();
+
+  /// What jobs look at to stop early; on their threads it is StopToken::current(). Stopped by
+  /// interrupt() and with the token of setStopToken(); without one, by the abort flag of Progress
+  /// as well, which by itself does not interrupt the manager.
+  /// \return a token for this run: another one after clearInterruptFlag(), and at a start when no
+  ///         interruption has stopped it
+  /// \threadsafety any thread
+  StopToken stopToken() const;
+  /// Takes a token that interrupts the manager while it is stopped. Who waits for a job sees that
+  /// when a job is done.
+  /// \threadsafety the controlling thread, while no worker runs
+  void setStopToken(const StopToken& token);
+  /// Makes each job a step of a scope, whichever worker executes it. A job that begins a
+  /// ProgressScope fills its step with that one, and one that threw does not count.
+  /// \param scope must outlive the run; null for none, as at the start
+  /// \threadsafety the controlling thread, while no worker runs
+  void setProgressScope(ProgressScope* scope);
 
   /// The workers in the order of their registration.
   /// \threadsafety any thread, as long as nobody creates a worker
@@ -79,16 +129,18 @@ class KYR_EXPORT JobManager {
  private:
   friend class Worker;
 
-  void lockJobMutex() KYR_ACQUIRE(_jobMutex);
-  void unlockJobMutex() KYR_RELEASE(_jobMutex);
   void waitForJob() KYR_REQUIRES(_jobMutex);
   void wakeWaiting() KYR_REQUIRES(_jobMutex);
   void registerWorker(Worker* worker);
   /// Raises an internal error for a worker that is not registered.
   bool isValidWorker(const Worker* worker) const;
+  bool isInterruptedNow() const KYR_REQUIRES(_interruptMutex);
   bool getJobData(Worker* worker) KYR_REQUIRES(_jobMutex);
-  /// Keeps the job mutex, with which the worker goes on to look for its next job.
-  void notifyJobDone(Worker* worker) KYR_ACQUIRE(_jobMutex);
+  void notifyJobDone(Worker* worker) KYR_REQUIRES(_jobMutex);
+  /// Reports the job that a worker has done, if any, and gives it the next; waits for one. Does all
+  /// of it in one lock of the job mutex: giving it back in between would cost a turn of the others.
+  /// \return false when the worker is to end
+  bool takeJob(Worker* worker, bool hasDone);
 
   std::vector<Worker*> _workers;
   Mutex _jobMutex;
@@ -97,7 +149,10 @@ class KYR_EXPORT JobManager {
   std::atomic<bool> _inNotify{false};
   mutable Mutex _interruptMutex;
   bool _interrupted KYR_GUARDED_BY(_interruptMutex) = false;
-  /// Workers that went to sleep since the last broadcast: without any it wakes nobody.
+  std::optional<StopToken> _stopAbove KYR_GUARDED_BY(_interruptMutex);
+  mutable std::optional<StopToken> _stop KYR_GUARDED_BY(_interruptMutex);  // made when asked for
+  ProgressScope* _scope = nullptr;
+  /// Workers that went to sleep since the last broadcast; there is none to wake when it is 0.
   unsigned _waiting KYR_GUARDED_BY(_jobMutex) = 0;
 };
 
@@ -123,8 +178,10 @@ class KYR_EXPORT Worker : public Thread {
   /// Does not take the worker from its manager's list.
   ~Worker() override;
 
+  /// What the worker is doing.
   /// \threadsafety any thread
   WorkerState_t getState() const;
+  /// How far the worker is.
   /// \return the percentage of the current job, 0 to 100; meaningless before the first start
   /// \threadsafety any thread
   int getProgress() const;
@@ -136,6 +193,7 @@ class KYR_EXPORT Worker : public Thread {
   void run() override;
   /// Executes the job that the manager assigned; called on the worker's thread, no lock held.
   virtual void executeJob() = 0;
+  /// Tells how far the worker is.
   /// \param progress percentage of the current job; below 0 counts as 0, above 100 as 100
   /// \threadsafety any thread
   void setProgress(int progress);
@@ -145,11 +203,14 @@ class KYR_EXPORT Worker : public Thread {
 
   void setState(WorkerState_t state);
   void setState(WorkerState_t state, int progress);
+  /// Counts the present job as a step, once.
+  void countJob();
 
   JobManager* _manager;
   mutable Mutex _workerMutex;
   WorkerState_t _state KYR_GUARDED_BY(_workerMutex) = WorkerStopped;
   int _progress KYR_GUARDED_BY(_workerMutex) = 0;
+  WorkOnItems* _jobToCount = nullptr;  // null when the present job counts no more
 };
 
 /// A worker whose jobs may throw.

@@ -18,6 +18,21 @@ namespace Kyr {
 /// One owner drives it: start() the thread; for each pass startWorking() and later
 /// waitForWorking(); at the end prepareExit(), wait() and delete. A thread that is registered
 /// with PoolForThreads is ended and deleted there.
+/// \code
+/// class Reader : public PoolThread {
+///  public:
+///   Reader() : PoolThread(NoLockGUI, "Reader", "reader", 1) {}
+///
+///  private:
+///   void work() override { in.read(room, sizeof room); }
+/// };
+/// auto* const reader = new Reader;
+/// PoolForThreads::getPool()->registerThreads("readers", {reader});
+/// reader->start();
+/// reader->startWorking();
+/// reader->waitForWorking();
+/// PoolForThreads::getPool()->destroyThreads("readers");
+/// \endcode
 class KYR_EXPORT PoolThread : public Thread {
  public:
   /// \param lock kept by the thread, see Thread::lockGUI()
@@ -29,6 +44,10 @@ class KYR_EXPORT PoolThread : public Thread {
   /// Asks for one pass of work. A request during a pass is not kept for another one.
   /// \threadsafety the owner's thread; not after prepareExit(), which it would undo
   void startWorking();
+  /// Asks for one pass of work if the thread sleeps.
+  /// \return false when it is in a pass, or to exit; then nothing is changed
+  /// \threadsafety any thread that knows that the object lives
+  bool tryStartWorking();
   /// Waits until the requested pass is done; returns at once when none was requested or when
   /// the thread is to exit.
   /// \threadsafety the owner's thread, one caller at a time
@@ -43,7 +62,7 @@ class KYR_EXPORT PoolThread : public Thread {
   virtual void work() = 0;
 
  private:
-  enum PoolState : unsigned {
+  enum PoolState_t : unsigned {
     Idle = 0,     ///< sleeps; startWorking() leads to Working
     Working = 1,  ///< a pass is requested or running; back to Idle when it is done
     Exiting = 2,  ///< final; run() ends after the pass that it may be in
@@ -53,9 +72,9 @@ class KYR_EXPORT PoolThread : public Thread {
   bool awaitRequest();
   void reportDone();
 
-  PoolState _state KYR_GUARDED_BY(_mutex) = Idle;
+  PoolState_t _state KYR_GUARDED_BY(_mutex) = Idle;
   Mutex _mutex;
-  /// Serves both directions: only the owner and the thread ever wait for it, one at a time.
+  /// Wakes the owner and the thread: only these two ever wait for it, one at a time.
   Condition _changed;
 };
 
@@ -75,7 +94,8 @@ class KYR_EXPORT PoolForThreads {
   /// Does nothing when there is no pool. Waits as long as a pass of work takes.
   static void deinitialize();
 
-  /// Copies the register only: both then name the same threads, which one of them deletes.
+  /// Copies the register only: both then name the same threads, which one of them deletes. Given
+  /// (docs/decisions/0006); nobody copies the pool.
   PoolForThreads(const PoolForThreads&) = default;
   PoolForThreads& operator=(const PoolForThreads&) = default;
 
@@ -88,18 +108,17 @@ class KYR_EXPORT PoolForThreads {
   unsigned getNumberOfThreads(const QString& name);
   /// Ends, awaits and deletes the threads of a group, one after the other in their order, and
   /// forgets the group. An unknown name is ignored. Waits as long as a pass of work takes.
+  /// \param name taken by value, which is given (docs/decisions/0006)
   void destroyThreads(QString name);
 
  private:
-  friend struct TestProbe;  // the tests' way to the lock
   PoolForThreads();
   ~PoolForThreads();
 
   void destroyThreadsImp(QString name) KYR_REQUIRES(_m);
   void destroyAllThreads() KYR_REQUIRES(_m);
 
-  std::map<QString, std::vector<PoolThread*>> _threads;  // guarded by _m
-  std::map<QString, std::vector<bool>> _flags;           // guarded by _m; one of each thread
+  std::map<QString, std::vector<PoolThread*>> _threads KYR_GUARDED_BY(_m);
 
   static PoolForThreads* _pool;
   static Mutex& _m;  // never destroyed: a thread may hold it while the process ends

@@ -3,7 +3,7 @@
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/forever_p.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
-#include <kyr/sync/site_lock_p.h>
+#include <kyr/jobs/KyrStopToken.h>
 
 #include <QCoreApplication>
 
@@ -16,11 +16,7 @@ namespace Kyr {
 namespace site {
 constexpr const char* File = "kyr_progress";
 constexpr unsigned ProgressMutex = 41, SplitMutex = 42, AbortMutex = 43, EventMutex = 44;
-constexpr unsigned Reset = 87, WrongRange = 117, WrongValue = 120, SetProgress = 131,
-                   SetString = 182, Value = 200, Min = 214, Max = 228, String = 241, SplitOff = 268,
-                   WrongSplit = 277, Split = 288, AddSteps = 307, SetAbort = 320, GetAbort = 333,
-                   SetCreate = 354, IsCreate = 370, Register = 387, Deregister = 409, Destroy = 426,
-                   SetReceiver = 442, Create = 465, Overall = 481, GetState = 494;
+constexpr unsigned WrongRange = 117, WrongValue = 120, WrongSplit = 277;
 }  // namespace site
 
 namespace {
@@ -35,8 +31,8 @@ bool isRange(int min, int max) {
   return 0 <= min && min <= max && max <= 100;
 }
 
-/// Writes only what is new: the release of a lock waits until every write has left the processor,
-/// and most reports of progress change one number.
+/// Stores a number if it is new. The release of a lock waits until every write has left the
+/// processor, and most reports of progress change one number only.
 /// \return whether it is new
 template <class Number>
 bool update(Number& stored, Number given) {
@@ -83,37 +79,36 @@ bool Progress::_abort = false;
 
 int Progress::_create_events = 0;
 QObject* Progress::_event_receiver = nullptr;
+std::atomic<bool> Progress::_makes_events{false};
 std::vector<GUIThreadEventCreator*>& Progress::_event_creators = creatorsRoom.object;
 
 unsigned Progress::getProgress() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgress", site::File, site::Value);
+  const AutoMutex locked(&_mutex_progress);
   return _value;
 }
 
 int Progress::getProgressMin() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressMin", site::File, site::Min);
+  const AutoMutex locked(&_mutex_progress);
   return _min;
 }
 
 int Progress::getProgressMax() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressMax", site::File, site::Max);
+  const AutoMutex locked(&_mutex_progress);
   return _max;
 }
 
 QString Progress::getProgressString() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getProgressString", site::File,
-                        site::String);
+  const AutoMutex locked(&_mutex_progress);
   return _text;
 }
 
 int Progress::getOverallProgress() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getOverallProgress", site::File,
-                        site::Overall);
+  const AutoMutex locked(&_mutex_progress);
   return _overall;
 }
 
 Progress::State Progress::getState() {
-  const SiteLock locked(_mutex_progress, "Kyr::Progress::getState", site::File, site::GetState);
+  const AutoMutex locked(&_mutex_progress);
   return {_value, _min, _max, _overall, _text};
 }
 
@@ -128,23 +123,25 @@ void Progress::setProgress(int min, int max, unsigned value) {
   if (value > 100) {
     throw ProgError(function, site::File, site::WrongValue, "invalid progress value");
   }
-  const int overall = min + (max - min) * static_cast<int>(value) / 100;
-  _mutex_progress.lock();
-  update(_min, min);
-  update(_max, max);
-  update(_value, value);
-  const bool changed = update(_overall, overall);
-  _mutex_progress.unlock(function, site::File, site::SetProgress);
+  AutoMutex locked(&_mutex_progress);
+  const bool changed = store(min, max, value);
+  locked.unlock();
   if (changed) {
     createGUIEvents();
   }
 }
 
+bool Progress::store(int min, int max, unsigned value) {
+  update(_min, min);
+  update(_max, max);
+  update(_value, value);
+  return update(_overall, min + (max - min) * static_cast<int>(value) / 100);
+}
+
 void Progress::setProgressString(const QString& text, bool force) {
   bool changed = false;
   {
-    const SiteLock locked(_mutex_progress, "Kyr::Progress::setProgressString", site::File,
-                          site::SetString);
+    const AutoMutex locked(&_mutex_progress);
     if (text != _text) {
       const bool mayWait = _text_time_set && !text.isEmpty() && !_text.isEmpty() && !force;
       const Time now = Time::currentTime();
@@ -164,7 +161,7 @@ void Progress::setProgressString(const QString& text, bool force) {
 void Progress::reset() {
   bool changed = false;
   {
-    const SiteLock locked(_mutex_progress, "Kyr::Progress::reset", site::File, site::Reset);
+    const AutoMutex locked(&_mutex_progress);
     changed = _value != 0 || !_text.isEmpty();
     _value = 0;
     _min = 0;
@@ -178,17 +175,17 @@ void Progress::reset() {
 }
 
 void Progress::splitProgress(int min, int max, unsigned steps) {
-  constexpr const char* function = "Kyr::Progress::splitProgress";
   if (isNoRange(min, max)) {
-    const SiteLock locked(_split_mutex, function, site::File, site::SplitOff);
+    const AutoMutex locked(&_split_mutex);
     _split_min = -1;
     _split_max = -1;
     return;
   }
   if (!isRange(min, max)) {
-    throw ProgError(function, site::File, site::WrongSplit, "invalid progress range");
+    throw ProgError("Kyr::Progress::splitProgress", site::File, site::WrongSplit,
+                    "invalid progress range");
   }
-  const SiteLock locked(_split_mutex, function, site::File, site::Split);
+  const AutoMutex locked(&_split_mutex);
   _split_min = min;
   _split_max = max;
   _split_steps = std::max(steps, 1U);
@@ -197,53 +194,55 @@ void Progress::splitProgress(int min, int max, unsigned steps) {
 }
 
 void Progress::addProgressSteps(unsigned steps) {
-  const SiteLock locked(_split_mutex, "Kyr::Progress::addProgressSteps", site::File,
-                        site::AddSteps);
-  // In 64 bits, because a wrapped sum or product would move the bar back.
+  const AutoMutex locked(&_split_mutex);
+  // Computed in 64 bits, because a wrapped sum or product would move the bar back.
   const std::uint64_t done = std::uint64_t{_steps_done} + steps;
   _steps_done = static_cast<unsigned>(std::min<std::uint64_t>(done, _split_steps - 1));
   const auto percentage = static_cast<unsigned>(std::uint64_t{_steps_done} * 100 / _split_steps);
-  // Still under the lock, so that a thread with fewer steps cannot come after one with more.
+  // Called under the lock, so that a thread with fewer steps cannot come after one with more.
   setProgress(_split_min, _split_max, percentage);
 }
 
 void Progress::setAbortFlag(bool abort) {
-  const SiteLock locked(_abort_mutex, "Kyr::Progress::setAbortFlag", site::File, site::SetAbort);
-  _abort = abort;
+  {
+    const AutoMutex locked(&_abort_mutex);
+    _abort = abort;
+    StopToken::markOfProgress(abort);
+  }
+  if (abort) {
+    StopToken::callOfProgress();
+  }
 }
 
 bool Progress::getAbortFlag() {
-  const SiteLock locked(_abort_mutex, "Kyr::Progress::getAbortFlag", site::File, site::GetAbort);
+  const AutoMutex locked(&_abort_mutex);
   return _abort;
 }
 
 void Progress::setCreateGUIEvents(bool on) {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::setCreateGUIEvents", site::File,
-                        site::SetCreate);
+  const AutoMutex locked(&_event_mutex);
   _create_events = on ? _create_events + 1 : std::max(_create_events - 1, 0);
+  settleEvents();
 }
 
 bool Progress::isCreateGUIEventAllowed() {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::isCreateGUIEventAllowed", site::File,
-                        site::IsCreate);
+  const AutoMutex locked(&_event_mutex);
   return _create_events > 0;
 }
 
 void Progress::setEventReceiver(QObject* receiver) {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::setEventReceiver", site::File,
-                        site::SetReceiver);
+  const AutoMutex locked(&_event_mutex);
   _event_receiver = receiver;
+  settleEvents();
 }
 
 void Progress::registerGUIEventCreator(GUIThreadEventCreator* creator) {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::registerGUIEventCreator", site::File,
-                        site::Register);
+  const AutoMutex locked(&_event_mutex);
   _event_creators.push_back(creator);
 }
 
 void Progress::deregisterGUIEventCreator(GUIThreadEventCreator* creator) {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::deregisterGUIEventCreator", site::File,
-                        site::Deregister);
+  const AutoMutex locked(&_event_mutex);
   const auto found = std::find(_event_creators.begin(), _event_creators.end(), creator);
   if (found != _event_creators.end()) {
     _event_creators.erase(found);
@@ -251,17 +250,23 @@ void Progress::deregisterGUIEventCreator(GUIThreadEventCreator* creator) {
 }
 
 void Progress::destroyGUIEventCreators() {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::destroyGUIEventCreators", site::File,
-                        site::Destroy);
+  const AutoMutex locked(&_event_mutex);
   for (const GUIThreadEventCreator* creator : _event_creators) {
     delete creator;
   }
   _event_creators.clear();
 }
 
+void Progress::settleEvents() {
+  _makes_events = _create_events > 0 && _event_receiver;
+}
+
 void Progress::createGUIEvents() {
-  const SiteLock locked(_event_mutex, "Kyr::Progress::createGUIEvents", site::File, site::Create);
-  if (_create_events <= 0 || !_event_receiver) {
+  if (!_makes_events) {
+    return;  // as most programs without a window; the lock would cost them as much as the report
+  }
+  const AutoMutex locked(&_event_mutex);
+  if (!_makes_events) {
     return;
   }
   for (GUIThreadEventCreator* creator : _event_creators) {

@@ -1,6 +1,8 @@
 #include <kyr/jobs/KyrScheduler.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/jobs/work_context_p.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <algorithm>
 #include <utility>
@@ -9,9 +11,7 @@ namespace Kyr {
 
 /// Support matches reports by these numbers; they do not follow edits of this file.
 namespace site {
-constexpr unsigned JobCondition = 32, RunningJobs = 49, Interrupt = 127, Clear = 151,
-                   IsInterrupted = 162, UnknownWorker = 253, UnlockJobs = 274, Worker = 368,
-                   GetState = 386, SetState = 406, GetProgress = 480, SetProgress = 491;
+constexpr unsigned JobCondition = 32, RunningJobs = 49, UnknownWorker = 253, Worker = 368;
 constexpr const char* File = "kyr_scheduler";
 }  // namespace site
 
@@ -29,6 +29,13 @@ JobManager::~JobManager() {
 }
 
 void JobManager::startAllWorker() {
+  {
+    const AutoMutex lock(&_interruptMutex);
+    if (_stop && _stop->isStopped() && !isInterruptedNow()) {
+      _stop.reset();  // an abort flag that stopped it was meant for the run before, or is still set
+    }
+  }
+  stopToken();  // made here, where want of memory is met by somebody
   for (Worker* const worker : _workers) {
     worker->start(QThread::InheritPriority);
   }
@@ -41,38 +48,58 @@ void JobManager::waitForWorker() {
 }
 
 void JobManager::interrupt() {
-  _interruptMutex.lock();
-  _interrupted = true;
-  _interruptMutex.unlock("Kyr::JobManager::interrupt", site::File, site::Interrupt);
+  std::optional<StopToken> stop;
+  {
+    const AutoMutex lock(&_interruptMutex);
+    _interrupted = true;
+    stop = _stop;
+  }
+  if (stop) {
+    stop->stop();
+  }
   // Inside jobDone() this thread holds the job mutex. On another thread the flag may be seen
   // as well: then the broadcast that follows jobDone() is still to come or the workers that it
   // woke still wait for the job mutex, and either way they test the interrupt flag after it.
   if (!_inNotify.load(std::memory_order_relaxed)) {
-    lockJobMutex();
+    const AutoMutex lock(&_jobMutex);
     wakeWaiting();
-    unlockJobMutex();
   }
 }
 
 bool JobManager::isInterrupted() const {
-  _interruptMutex.lock();
-  const bool interrupted = _interrupted;
-  _interruptMutex.unlock("Kyr::JobManager::isInterrupted", site::File, site::IsInterrupted);
-  return interrupted;
+  const AutoMutex lock(&_interruptMutex);
+  return isInterruptedNow();
+}
+
+bool JobManager::isInterruptedNow() const {
+  return _interrupted || (_stopAbove && _stopAbove->isStopped());
 }
 
 void JobManager::clearInterruptFlag() {
-  _interruptMutex.lock();
+  const AutoMutex lock(&_interruptMutex);
   _interrupted = false;
-  _interruptMutex.unlock("Kyr::JobManager::clearInterruptFlag", site::File, site::Clear);
+  _stop.reset();
 }
 
-void JobManager::lockJobMutex() {
-  _jobMutex.lock();
+StopToken JobManager::stopToken() const {
+  const AutoMutex lock(&_interruptMutex);
+  if (!_stop) {
+    _stop = (_stopAbove ? *_stopAbove : StopToken::ofProgress()).child();
+    if (_interrupted) {
+      _stop->stop();  // nobody else knows it yet: there is nothing to be called
+    }
+  }
+  return *_stop;
 }
 
-void JobManager::unlockJobMutex() {
-  _jobMutex.unlock("Kyr::JobManager::unlockJobMutex", site::File, site::UnlockJobs);
+void JobManager::setStopToken(const StopToken& token) {
+  const AutoMutex lock(&_interruptMutex);
+  _stopAbove = token;
+  _stop.reset();
+}
+
+void JobManager::setProgressScope(ProgressScope* scope) {
+  _scope = scope;
 }
 
 void JobManager::waitForJob() {
@@ -100,7 +127,6 @@ bool JobManager::isValidWorker(const Worker* worker) const {
 }
 
 bool JobManager::getJobData(Worker* worker) {
-  isValidWorker(worker);
   if (!isJobAvailable(worker)) {
     return false;
   }
@@ -109,12 +135,25 @@ bool JobManager::getJobData(Worker* worker) {
 }
 
 void JobManager::notifyJobDone(Worker* worker) {
-  isValidWorker(worker);
-  lockJobMutex();
   _inNotify.store(true, std::memory_order_relaxed);
   jobDone(worker);
   wakeWaiting();
   _inNotify.store(false, std::memory_order_relaxed);
+}
+
+bool JobManager::takeJob(Worker* worker, bool hasDone) {
+  isValidWorker(worker);
+  const AutoMutex lock(&_jobMutex);
+  if (hasDone) {
+    notifyJobDone(worker);
+  }
+  while (!isInterrupted() && hasMoreJobs()) {
+    if (getJobData(worker)) {
+      return true;
+    }
+    waitForJob();
+  }
+  return false;
 }
 
 Worker::Worker(LockGUI_t lock, JobManager* manager)
@@ -125,57 +164,58 @@ Worker::Worker(LockGUI_t lock, JobManager* manager)
 Worker::~Worker() = default;
 
 WorkerState_t Worker::getState() const {
-  _workerMutex.lock();
-  const WorkerState_t state = _state;
-  _workerMutex.unlock("Kyr::Worker::getState", site::File, site::GetState);
-  return state;
+  const AutoMutex lock(&_workerMutex);
+  return _state;
 }
 
 void Worker::setState(WorkerState_t state) {
-  _workerMutex.lock();
+  const AutoMutex lock(&_workerMutex);
   _state = state;
-  _workerMutex.unlock("Kyr::Worker::setState", site::File, site::SetState);
 }
 
 void Worker::setState(WorkerState_t state, int progress) {
-  _workerMutex.lock();
+  const AutoMutex lock(&_workerMutex);
   _state = state;
   _progress = progress;
-  _workerMutex.unlock("Kyr::Worker::setState", site::File, site::SetState);
 }
 
 int Worker::getProgress() const {
-  _workerMutex.lock();
-  const int progress = _progress;
-  _workerMutex.unlock("Kyr::Worker::getProgress", site::File, site::GetProgress);
-  return progress;
+  const AutoMutex lock(&_workerMutex);
+  return _progress;
 }
 
 void Worker::setProgress(int progress) {
-  _workerMutex.lock();
+  const AutoMutex lock(&_workerMutex);
   _progress = std::clamp(progress, 0, 100);
-  _workerMutex.unlock("Kyr::Worker::setProgress", site::File, site::SetProgress);
 }
 
 bool Worker::isManagerInterrupted() const {
   return _manager->isInterrupted();
 }
 
-void Worker::run() {
-  setState(WorkerLooking, 0);
-  _manager->lockJobMutex();
-  while (!_manager->isInterrupted() && _manager->hasMoreJobs()) {
-    if (!_manager->getJobData(this)) {
-      _manager->waitForJob();
-      continue;
-    }
-    _manager->unlockJobMutex();
-    setState(WorkerExecuting, 0);
-    executeJob();
-    setState(WorkerLooking, 100);
-    _manager->notifyJobDone(this);
+void Worker::countJob() {
+  if (WorkOnItems* const items = std::exchange(_jobToCount, nullptr)) {
+    items->count(1);
   }
-  _manager->unlockJobMutex();
+}
+
+void Worker::run() {
+  const StopToken stop = _manager->stopToken();
+  WorkOnItems items(_manager->_scope, stop);
+  Trace::nameThread(objectName().isEmpty() ? "Worker" : objectName());
+  setState(WorkerLooking, 0);
+  bool hasDone = false;
+  while (_manager->takeJob(this, hasDone)) {
+    setState(WorkerExecuting, 0);
+    _jobToCount = &items;
+    {
+      const TraceSpan span("Worker::executeJob", "job");
+      executeJob();
+    }
+    countJob();
+    setState(WorkerLooking, 100);
+    hasDone = true;
+  }
   setState(WorkerStopped);
 }
 
@@ -211,7 +251,9 @@ void CatchingWorker::run() {
 void CatchingWorker::executeJob() {
   try {
     executeJobOrThrow();
+    countJob();
   } catch (...) {
+    _jobToCount = nullptr;
     keep(std::current_exception());
     _manager->interrupt();
   }

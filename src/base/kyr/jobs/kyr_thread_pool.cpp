@@ -2,23 +2,17 @@
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/forever_p.h>
+#include <kyr/trace/KyrTrace.h>
 
-#include <new>
 #include <utility>
 
 namespace Kyr {
 
 /// Support matches reports by these numbers; they do not follow edits of this file.
 namespace site {
-constexpr unsigned ThreadMutex = 45, ThreadCondition = 46, Start = 64, Await = 80, Exit = 92,
-                   RunExits = 109, RunWorks = 113, RunIdles = 125, PoolMutex = 139, GetPool = 160,
-                   NothingToEnd = 173, Ended = 180, Duplicate = 208, Registered = 214, Count = 233,
-                   Destroyed = 251;
+constexpr unsigned ThreadMutex = 45, ThreadCondition = 46, PoolMutex = 139, Duplicate = 208;
 constexpr const char* File = "kyr_thread_pool";
 constexpr const char* Thread = "Kyr::PoolThread::PoolThread";
-constexpr const char* Run = "Kyr::PoolThread::run";
-constexpr const char* Register = "Kyr::PoolForThreads::registerThreads";
-constexpr const char* Deinitialize = "Kyr::PoolForThreads::deinitialize";
 }  // namespace site
 
 PoolThread::PoolThread(LockGUI_t lock, const char* function, const char* file, unsigned line)
@@ -28,54 +22,66 @@ PoolThread::PoolThread(LockGUI_t lock, const char* function, const char* file, u
 
 PoolThread::~PoolThread() = default;
 
-// Who is woken wants the mutex at once, hence the wake-ups after the unlock here and in
-// reportDone(). The object outlives them: its owner is here, and run() is not over there.
+// A thread that is woken wants the mutex at once: startWorking() and reportDone() wake it when they
+// have given it back. The object outlives both, as its owner calls the one and run() the other.
 void PoolThread::startWorking() {
-  _mutex.lock();
+  AutoMutex locked(&_mutex);
   _state = Working;
-  _mutex.unlock("Kyr::PoolThread::startWorking", site::File, site::Start);
-  // Not one: without the mutex, that one could be a waitForWorking() that came meanwhile.
+  locked.unlock();
+  // All are woken: a single one could be a waitForWorking() that came after the unlock.
   _changed.broadcast();
 }
 
+bool PoolThread::tryStartWorking() {
+  bool sleeps = false;
+  {
+    const AutoMutex locked(&_mutex);
+    sleeps = _state == Idle;
+    if (sleeps) {
+      _state = Working;
+    }
+  }
+  if (sleeps) {
+    _changed.broadcast();
+  }
+  return sleeps;
+}
+
 void PoolThread::waitForWorking() {
-  _mutex.lock();
+  const AutoMutex locked(&_mutex);
   while (_state == Working) {
     _changed.wait();
   }
-  _mutex.unlock("Kyr::PoolThread::waitForWorking", site::File, site::Await);
 }
 
 void PoolThread::prepareExit() {
-  _mutex.lock();
+  const AutoMutex locked(&_mutex);
   _state = Exiting;
   _changed.signal();
-  _mutex.unlock("Kyr::PoolThread::prepareExit", site::File, site::Exit);
 }
 
 bool PoolThread::awaitRequest() {
-  _mutex.lock();
+  const AutoMutex locked(&_mutex);
   while (_state == Idle) {
     _changed.wait();
   }
-  const bool exits = _state == Exiting;
-  _mutex.unlock(site::Run, site::File, exits ? site::RunExits : site::RunWorks);
-  return !exits;
+  return _state != Exiting;
 }
 
 void PoolThread::reportDone() {
-  _mutex.lock();
+  AutoMutex locked(&_mutex);
   const bool done = _state == Working;
   if (done) {
     _state = Idle;
   }
-  _mutex.unlock(site::Run, site::File, site::RunIdles);
+  locked.unlock();
   if (done) {
     _changed.signal();
   }
 }
 
 void PoolThread::run() {
+  Trace::nameThread(objectName().isEmpty() ? "PoolThread" : objectName());
   while (awaitRequest()) {
     work();
     reportDone();
@@ -95,29 +101,20 @@ PoolForThreads::PoolForThreads() = default;
 PoolForThreads::~PoolForThreads() = default;
 
 PoolForThreads* PoolForThreads::getPool() {
-  _m.lock();
+  const AutoMutex locked(&_m);
   if (!_pool) {
-    // Without memory there is no pool yet, which the caller sees; the lock must not stay.
-    _pool = new (std::nothrow) PoolForThreads;
+    _pool = new PoolForThreads;
   }
-  PoolForThreads* const pool = _pool;
-  _m.unlock("Kyr::PoolForThreads::getPool", site::File, site::GetPool);
-  if (!pool) {
-    throw std::bad_alloc();
-  }
-  return pool;
+  return _pool;
 }
 
 void PoolForThreads::deinitialize() {
-  _m.lock();
-  if (!_pool) {
-    _m.unlock(site::Deinitialize, site::File, site::NothingToEnd);
-    return;
+  const AutoMutex locked(&_m);
+  if (_pool) {
+    _pool->destroyAllThreads();
+    delete _pool;
+    _pool = nullptr;
   }
-  _pool->destroyAllThreads();
-  delete _pool;
-  _pool = nullptr;
-  _m.unlock(site::Deinitialize, site::File, site::Ended);
 }
 
 void PoolForThreads::registerThreads(const QString& name, const std::vector<PoolThread*>& threads) {
@@ -126,32 +123,26 @@ void PoolForThreads::registerThreads(const QString& name, const std::vector<Pool
   }
   // All memory is taken before the lock, so that want of it leaves the pool as it was.
   std::map<QString, std::vector<PoolThread*>> group{{name, threads}};
-  std::map<QString, std::vector<bool>> flags{{name, std::vector<bool>(threads.size(), true)}};
-  _m.lock();
+  const AutoMutex locked(&_m);
   if (_threads.count(name) != 0) {
-    throw ProgError(site::Register, site::File, site::Duplicate,
+    throw ProgError("Kyr::PoolForThreads::registerThreads", site::File, site::Duplicate,
                     "Thread with the same name exists!");
   }
   _threads.merge(group);
-  _flags.merge(flags);
-  _m.unlock(site::Register, site::File, site::Registered);
 }
 
 unsigned PoolForThreads::getNumberOfThreads(const QString& name) {
-  _m.lock();
+  const AutoMutex locked(&_m);
   const auto group = _threads.find(name);
-  const auto count = group == _threads.end() ? 0 : group->second.size();
-  _m.unlock("Kyr::PoolForThreads::getNumberOfThreads", site::File, site::Count);
-  return static_cast<unsigned>(count);
+  return group == _threads.end() ? 0 : static_cast<unsigned>(group->second.size());
 }
 
 void PoolForThreads::destroyThreads(QString name) {
-  _m.lock();
+  const AutoMutex locked(&_m);
   destroyThreadsImp(std::move(name));
-  _m.unlock("Kyr::PoolForThreads::destroyThreads", site::File, site::Destroyed);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may be the erased key
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a reference might be to the erased key
 void PoolForThreads::destroyThreadsImp(QString name) {
   const auto group = _threads.find(name);
   if (group == _threads.end()) {
@@ -165,7 +156,6 @@ void PoolForThreads::destroyThreadsImp(QString name) {
     }
   }
   _threads.erase(group);
-  _flags.erase(name);
 }
 
 void PoolForThreads::destroyAllThreads() {
