@@ -16,7 +16,7 @@ UINT codePageBefore = 0;
 
 }  // namespace
 
-// The console keeps its code page when the program is gone.
+// Sets the console to UTF-8; it keeps that when the program is gone.
 void prepareStandardStreams() {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
@@ -42,7 +42,7 @@ double userSeconds() {
   FILETIME user{};
   GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
   const std::uint64_t ticks = std::uint64_t{user.dwHighDateTime} << 32 | user.dwLowDateTime;
-  return static_cast<double>(ticks) / 1e7;  // of 100 ns
+  return static_cast<double>(ticks) / 1e7;  // ticks have 100 ns
 }
 
 }  // namespace Tour
