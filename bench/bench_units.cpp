@@ -1,5 +1,6 @@
 #include "support/Ratios.h"
 
+#include <kyr/units/KyrQuantityText.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <benchmark/benchmark.h>
@@ -71,6 +72,52 @@ void Units_qtNumber(benchmark::State& state) {
 }
 BENCHMARK(Units_qtNumber);
 
+const QString& typedLength() {
+  static const QString text = "12,5 mm";
+  return text;
+}
+
+void Units_readQuantity(benchmark::State& state) {
+  const Kyr::QuantityText lengths(Kyr::uLength, QLocale(QLocale::German));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(lengths.read(typedLength()).value);
+  }
+}
+BENCHMARK(Units_readQuantity);
+
+// What a program does without it, for one way of writing only.
+void Units_qtRead(benchmark::State& state) {
+  const QLocale german(QLocale::German);
+  for (auto _ : state) {
+    const QString& text = typedLength();
+    const int blank = text.indexOf(' ');
+    bool ok = false;
+    const double number = german.toDouble(text.left(blank), &ok);
+    Unit::Units_t unit;
+    const bool known = Kyr::uLength.getUnitByName(text.mid(blank + 1), &unit);
+    benchmark::DoNotOptimize(ok && known ? Kyr::uLength.from(number, unit) : 0.0);
+  }
+}
+BENCHMARK(Units_qtRead);
+
+void Units_quantityText(benchmark::State& state) {
+  Kyr::QuantityText lengths(Kyr::uLength, QLocale(QLocale::German));
+  lengths.setDecimals(3);
+  convertAll(state, [&](double value) { return lengths.number(value); });
+}
+BENCHMARK(Units_quantityText);
+
+void Units_qtLocaleText(benchmark::State& state) {
+  QLocale german(QLocale::German);
+  german.setNumberOptions(QLocale::OmitGroupSeparator);
+  convertAll(state, [&](double value) { return german.toString(value, 'f', 3); });
+}
+BENCHMARK(Units_qtLocaleText);
+
+const KyrBench::Ratio read("quantity read / QLocale::toDouble and a look-up", "Units_readQuantity",
+                           "Units_qtRead", 1.0);
+const KyrBench::Ratio written("quantity text / QLocale::toString", "Units_quantityText",
+                              "Units_qtLocaleText", 1.0);
 const KyrBench::Ratio text("unit text / QString::number", "Units_toString", "Units_qtNumber", 1.0);
 const KyrBench::Ratio to("to unit / bare multiply-add", "Units_toByIdentifier",
                          "Units_bareMultiplyAdd", 0.25);

@@ -3,11 +3,6 @@
 
 #include <kyr/units/KyrUnits.h>
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
 
 /// Called when the C library empties its streams, behind the last destructor of every library.

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace Kyr {
@@ -17,6 +18,11 @@ namespace Kyr {
 ///
 /// Programs hold every value in the kind's internal unit (millimetres, degrees Celsius, ...) and
 /// use the kind to show it in the unit that the user has chosen, the default unit.
+/// \code
+/// uLength.setDefault(Unit::Inch);
+/// const QString text = uLength.toString(25.4, 2) + ' ' + uLength.getName();  // "1.0000 in"
+/// const double millimetres = uLength.from(2.5, Unit::Metre);                 // 2500
+/// \endcode
 /// \threadsafety set up and change defaults from one thread; conversions only read
 class KYR_EXPORT Unit {
  public:
@@ -87,6 +93,10 @@ class KYR_EXPORT Unit {
     DegreePerHour = 57,
     DegreePerSquareSecond = 58,
     StandardGravity = 59,
+    KelvinDifference = 60,
+    CelsiusDifference = 61,
+    FahrenheitDifference = 62,
+    ReaumurDifference = 63,
   };
 
   /// Leaves the registry of kinds.
@@ -155,11 +165,13 @@ class KYR_EXPORT Unit {
   /// \return null for "NO_UNIT"
   /// \throws ProgError "unknown unit identifier"
   static const Unit* getUnit(QString id);
+  /// All kinds of the library's catalogue, in its order.
+  static std::vector<Unit*> getCatalogue();
   /// The kinds that an application offers to its users, in the order of its menus.
   static std::vector<Unit*> getAvailableUnitsForApplication(Application_t app);
   /// The unit of thermal expansion coefficients, which are no kind of their own.
   static QString getExpCoeffUnitAsAscii();
-  /// The same as HTML.
+  /// That unit as HTML.
   static QString getExpCoeffUnitAsHtml();
 
  protected:
@@ -210,6 +222,12 @@ class KYR_EXPORT UnitLinear : public Unit {
   /// show the same step: 3 for micrometres, -3 for metres.
   /// \throws ProgError "wrong unit" when the kind has no such unit
   int digitDifferenceToInternal(Units_t unit) const;
+  /// Internal units in one of the unit.
+  /// \throws ProgError "wrong unit" when the kind has no such unit
+  double getFactor(Units_t unit) const;
+  /// The unit's reading at internal zero.
+  /// \throws ProgError "wrong unit" when the kind has no such unit
+  double getOffset(Units_t unit) const;
 
  protected:
   /// A kind without units yet.
@@ -231,14 +249,17 @@ class KYR_EXPORT UnitLinear : public Unit {
     double factor;
     double offset;
   };
-  static constexpr std::size_t unitLimit = 60;
+  using Table = std::map<Units_t, Entry>;
+  static constexpr std::size_t unitLimit = 64;
 
   const Entry* find(Units_t unit) const;
 
-  std::map<Units_t, Entry> _units;
+  const std::unique_ptr<Table> _units;
   std::array<const Entry*, unitLimit> _entries{};  // into _units, by number; null where none
   double _factor = 1.0;
   double _offset = 0.0;
+  // Programs know where a derived kind's own fields are: the size stays as it was.
+  [[maybe_unused]] const double _reserved = 0.0;
 };
 
 /// A kind that another kind divided by something else makes, as length per "s".
@@ -268,7 +289,6 @@ class KYR_EXPORT UnitDiff : public UnitLinear {
   static void clearUnits();
 
  private:
-  friend struct TestProbe;  // the tests' way to the refused copies
   UnitDiff(const UnitDiff& other);
   static QString getID(const Unit* base, const QString& denominator);
 

@@ -1,8 +1,17 @@
 /// \file
-/// The catalogue of units: eighteen kinds of quantities, one object for each.
+/// The catalogue of units: the kinds of quantities, one object for each.
 #pragma once
 
 #include <kyr/units/KyrUnit.h>
+
+/// What every kind of the catalogue declares: constructors that only its one object survives.
+#define KYR_UNIT_KIND(Kind) \
+ public:                    \
+  Kind();                   \
+  ~Kind() override;         \
+                            \
+ private:                   \
+  Kind(const Kind& other);
 
 namespace Kyr {
 
@@ -14,208 +23,109 @@ namespace Kyr {
 
 /// Lengths. Internal unit: millimetre.
 class KYR_EXPORT UnitLength : public UnitLinear {
- public:
-  UnitLength();
-  ~UnitLength() override;
-
- private:
-  friend struct TestProbe;
-  UnitLength(const UnitLength& other);
+  KYR_UNIT_KIND(UnitLength)
 };
 
 /// Temperatures. Internal unit: degree Celsius. "°R" is the scale of Réaumur.
 class KYR_EXPORT UnitTemp : public UnitLinear {
- public:
-  UnitTemp();
-  ~UnitTemp() override;
-
- private:
-  friend struct TestProbe;
-  UnitTemp(const UnitTemp& other);
+  KYR_UNIT_KIND(UnitTemp)
 };
 
 /// Angles. Internal unit: radian.
 class KYR_EXPORT UnitAngle : public UnitLinear {
- public:
-  UnitAngle();
-  ~UnitAngle() override;
-
- private:
-  friend struct TestProbe;
-  UnitAngle(const UnitAngle& other);
+  KYR_UNIT_KIND(UnitAngle)
 };
 
 /// Times. Internal unit: second.
 class KYR_EXPORT UnitTime : public UnitLinear {
- public:
-  UnitTime();
-  ~UnitTime() override;
-
- private:
-  friend struct TestProbe;
-  UnitTime(const UnitTime& other);
+  KYR_UNIT_KIND(UnitTime)
 };
 
 /// Strains. Internal unit: percent.
 class KYR_EXPORT UnitStrain : public UnitLinear {
- public:
-  UnitStrain();
-  ~UnitStrain() override;
-
- private:
-  friend struct TestProbe;
-  UnitStrain(const UnitStrain& other);
+  KYR_UNIT_KIND(UnitStrain)
 };
 
 /// Pressures and stresses. Internal unit: megapascal.
 class KYR_EXPORT UnitPress : public UnitLinear {
- public:
-  UnitPress();
-  ~UnitPress() override;
-
- private:
-  friend struct TestProbe;
-  UnitPress(const UnitPress& other);
+  KYR_UNIT_KIND(UnitPress)
 };
 
 /// Exposure times. Internal unit: second.
 class KYR_EXPORT UnitShutter : public UnitLinear {
- public:
-  UnitShutter();
-  ~UnitShutter() override;
-
- private:
-  friend struct TestProbe;
-  UnitShutter(const UnitShutter& other);
+  KYR_UNIT_KIND(UnitShutter)
 };
 
 /// Sizes in drawings and printed figures. Internal unit: millimetre.
 class KYR_EXPORT UnitFigure : public UnitLinear {
- public:
-  UnitFigure();
-  ~UnitFigure() override;
+  KYR_UNIT_KIND(UnitFigure)
 
-  /// Pixels per inch of the medium; 72 at first.
+ public:
+  static constexpr unsigned defaultDPI = 72;
+
+  /// Pixels per inch of the medium; defaultDPI at first.
   unsigned getDPI() const { return _dpi; }
   /// Sets the pixels per inch and with it the size of a pixel.
   /// \param dpi not 0: a pixel would be infinitely large then
   void setDPI(unsigned dpi);
 
  private:
-  friend struct TestProbe;
-  UnitFigure(const UnitFigure& other);
-
-  quint32 _dpi;
+  quint32 _dpi = defaultDPI;
 };
 
 /// Velocities. Internal unit: millimetre per second.
 class KYR_EXPORT UnitVelocity : public UnitLinear {
- public:
-  UnitVelocity();
-  ~UnitVelocity() override;
-
- private:
-  friend struct TestProbe;
-  UnitVelocity(const UnitVelocity& other);
+  KYR_UNIT_KIND(UnitVelocity)
 };
 
 /// Accelerations. Internal unit: millimetre per second squared.
 class KYR_EXPORT UnitAcceleration : public UnitLinear {
- public:
-  UnitAcceleration();
-  ~UnitAcceleration() override;
-
- private:
-  friend struct TestProbe;
-  UnitAcceleration(const UnitAcceleration& other);
+  KYR_UNIT_KIND(UnitAcceleration)
 };
 
 /// Strain rates. Internal unit: percent per second.
 class KYR_EXPORT UnitStrainVelocity : public UnitLinear {
- public:
-  UnitStrainVelocity();
-  ~UnitStrainVelocity() override;
-
- private:
-  friend struct TestProbe;
-  UnitStrainVelocity(const UnitStrainVelocity& other);
+  KYR_UNIT_KIND(UnitStrainVelocity)
 };
 
 /// Changes of strain rates. Internal unit: percent per second squared.
 class KYR_EXPORT UnitStrainAcceleration : public UnitLinear {
- public:
-  UnitStrainAcceleration();
-  ~UnitStrainAcceleration() override;
-
- private:
-  friend struct TestProbe;
-  UnitStrainAcceleration(const UnitStrainAcceleration& other);
+  KYR_UNIT_KIND(UnitStrainAcceleration)
 };
 
 /// Areas. Internal unit: square millimetre.
 class KYR_EXPORT UnitArea : public UnitLinear {
- public:
-  UnitArea();
-  ~UnitArea() override;
-
- private:
-  friend struct TestProbe;
-  UnitArea(const UnitArea& other);
+  KYR_UNIT_KIND(UnitArea)
 };
 
 /// Volumes. Internal unit: cubic millimetre.
 class KYR_EXPORT UnitVolume : public UnitLinear {
- public:
-  UnitVolume();
-  ~UnitVolume() override;
-
- private:
-  friend struct TestProbe;
-  UnitVolume(const UnitVolume& other);
+  KYR_UNIT_KIND(UnitVolume)
 };
 
 /// Parts of a whole. Internal unit: the ratio, 1 for the whole.
 class KYR_EXPORT UnitFraction : public UnitLinear {
- public:
-  UnitFraction();
-  ~UnitFraction() override;
-
- private:
-  friend struct TestProbe;
-  UnitFraction(const UnitFraction& other);
+  KYR_UNIT_KIND(UnitFraction)
 };
 
 /// Curvatures. Internal unit: one per millimetre.
 class KYR_EXPORT UnitCurvature : public UnitLinear {
- public:
-  UnitCurvature();
-  ~UnitCurvature() override;
-
- private:
-  friend struct TestProbe;
-  UnitCurvature(const UnitCurvature& other);
+  KYR_UNIT_KIND(UnitCurvature)
 };
 
 /// Angular velocities. Internal unit: degree per second (unlike angles, held in radians).
 class KYR_EXPORT UnitAngleVelocity : public UnitLinear {
- public:
-  UnitAngleVelocity();
-  ~UnitAngleVelocity() override;
-
- private:
-  friend struct TestProbe;
-  UnitAngleVelocity(const UnitAngleVelocity& other);
+  KYR_UNIT_KIND(UnitAngleVelocity)
 };
 
 /// Angular accelerations. Internal unit: degree per second squared.
 class KYR_EXPORT UnitAngleAcceleration : public UnitLinear {
- public:
-  UnitAngleAcceleration();
-  ~UnitAngleAcceleration() override;
+  KYR_UNIT_KIND(UnitAngleAcceleration)
+};
 
- private:
-  friend struct TestProbe;
-  UnitAngleAcceleration(const UnitAngleAcceleration& other);
+/// Differences of temperatures: 1 K is 1 °C here, and 1.8 °F. Internal unit: kelvin.
+class KYR_EXPORT UnitTempDifference : public UnitLinear {
+  KYR_UNIT_KIND(UnitTempDifference)
 };
 
 KYR_EXPORT extern UnitLength uLength;
@@ -236,5 +146,6 @@ KYR_EXPORT extern UnitFraction uFraction;
 KYR_EXPORT extern UnitCurvature uCurvature;
 KYR_EXPORT extern UnitAngleVelocity uAngleVelocity;
 KYR_EXPORT extern UnitAngleAcceleration uAngleAccel;
+KYR_EXPORT extern UnitTempDifference uTempDifference;
 
 }  // namespace Kyr

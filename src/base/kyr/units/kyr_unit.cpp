@@ -1,6 +1,7 @@
 #include <kyr/units/KyrUnit.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/units/unit_names_p.h>
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +31,8 @@ constexpr Place Default{"Kyr::UnitLinear::setDefault", 283};
 constexpr Place Step{"Kyr::UnitLinear::getStepAdjustmentFactor", 301};
 constexpr Place Add{"Kyr::UnitLinear::addUnit", 322};
 constexpr Place Factor{"Kyr::UnitLinear::setFactor", 331};
+constexpr Place GetFactor{"Kyr::UnitLinear::getFactor", 337};
+constexpr Place GetOffset{"Kyr::UnitLinear::getOffset", 341};
 constexpr Place Diff{"Kyr::UnitDiff::UnitDiff", 352};
 constexpr Place DiffBase{"Kyr::UnitDiff::UnitDiff", 347};
 constexpr Place DiffCopy{"Kyr::UnitDiff::UnitDiff", 374};
@@ -84,13 +87,13 @@ bool isLarge(double value) {
 }
 
 /// Text of digits / 10^decimals; built from the end.
-QString decimalText(bool negative, std::uint64_t digits, int decimals) {
+QString decimalText(bool negative, std::uint64_t digits, int decimals, QChar separator) {
   constexpr std::size_t most = 64;
   std::array<QChar, most> text;
   QChar* begin = text.end();
   for (int place = 0; digits != 0 || place <= decimals; ++place, digits /= 10) {
     if (place == decimals && place != 0) {
-      *--begin = QLatin1Char('.');
+      *--begin = separator;
     }
     *--begin = QChar(static_cast<ushort>('0' + digits % 10));
   }
@@ -100,11 +103,11 @@ QString decimalText(bool negative, std::uint64_t digits, int decimals) {
   return QString(begin, static_cast<int>(text.end() - begin));
 }
 
-/// The text of QString::number(value, 'f', decimals), made faster.
-///
-/// The scaled value is off by half a unit of its last bit at most. Only where that could change
-/// the rounding, and for very long texts, the slow way is taken.
-QString fixedText(double value, long long decimals) {
+}  // namespace
+
+// The scaled value is off by half a unit of its last bit at most. Only where that could change
+// the rounding, and for very long texts, the slow way is taken.
+QString fixedText(double value, long long decimals, QChar separator) {
   constexpr long long mostOfDouble = 1074;
   const int shown = static_cast<int>(std::min(decimals, mostOfDouble));
   if (static_cast<std::size_t>(shown) < std::size(tens)) {
@@ -115,12 +118,16 @@ QString fixedText(double value, long long decimals) {
     if (scaled < exactIntegers &&
         std::fabs(fromHalf) > scaled * std::numeric_limits<double>::epsilon()) {
       const auto digits = static_cast<std::uint64_t>(whole) + (fromHalf > 0.0 ? 1 : 0);
-      return decimalText(value < 0.0, digits, shown);
+      return decimalText(value < 0.0, digits, shown, separator);
     }
   }
-  return QString::number(value, 'f', shown);
+  QString text = QString::number(value, 'f', shown);
+  return text.replace(QLatin1Char('.'), separator);
 }
 
+namespace {
+
+/// The text of a value in a unit.
 /// \param convert gives the shown value of a held one
 template <class Conversion>
 QString format(double value, unsigned digits, Conversion convert) {
@@ -182,7 +189,7 @@ QString Unit::getID(const Unit* unit) {
   return found->second;
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the exported name says by value
+// NOLINTNEXTLINE(performance-unnecessary-value-param): given, see docs/decisions/0006
 const Unit* Unit::getUnit(QString id) {
   for (const auto& [unit, known] : unit_ids) {
     if (known == id) {
@@ -204,7 +211,7 @@ QString Unit::getExpCoeffUnitAsHtml() {
   return QStringLiteral("10<sup>-6</sup> K<sup>-1</sup>");
 }
 
-UnitLinear::UnitLinear(const QString& id) : Unit(id) {}
+UnitLinear::UnitLinear(const QString& id) : Unit(id), _units(std::make_unique<Table>()) {}
 
 UnitLinear::~UnitLinear() = default;
 
@@ -257,8 +264,8 @@ QString UnitLinear::getUName(Units_t unit) const {
 
 bool UnitLinear::getUnitByName(const QString& name, Units_t* unit) const {
   const auto named = [&](const auto& entry) { return entry.second.name == name; };
-  const auto found = std::find_if(_units.begin(), _units.end(), named);
-  if (found == _units.end()) {
+  const auto found = std::find_if(_units->begin(), _units->end(), named);
+  if (found == _units->end()) {
     return false;
   }
   *unit = found->first;
@@ -267,8 +274,8 @@ bool UnitLinear::getUnitByName(const QString& name, Units_t* unit) const {
 
 std::vector<Unit::Units_t> UnitLinear::getUnits() const {
   std::vector<Units_t> units;
-  units.reserve(_units.size());
-  for (const auto& entry : _units) {
+  units.reserve(_units->size());
+  for (const auto& entry : *_units) {
     units.push_back(entry.first);
   }
   return units;
@@ -300,19 +307,27 @@ int UnitLinear::digitDifferenceToInternal(Units_t unit) const {
   return powerOfTen(to(1.0, unit) - to(0.0, unit));
 }
 
+double UnitLinear::getFactor(Units_t unit) const {
+  return require(find(unit), site::GetFactor).factor;
+}
+
+double UnitLinear::getOffset(Units_t unit) const {
+  return require(find(unit), site::GetOffset).offset;
+}
+
 void UnitLinear::addUnit(Units_t unit, const QString& name, double factor, double offset) {
   const auto number = static_cast<unsigned>(unit);
   if (number >= unitLimit) {
     fail(site::Add, "wrong unit");
   }
-  Entry& entry = _units[unit];
+  Entry& entry = (*_units)[unit];
   entry = {name, factor, offset};
   _entries[number] = &entry;
 }
 
 void UnitLinear::setFactor(Units_t unit, double factor) {
   const QString name = require(find(unit), site::Factor).name;
-  _units[unit].factor = factor;
+  (*_units)[unit].factor = factor;
   if (getName() == name) {
     _factor = factor;
   }

@@ -2,7 +2,7 @@
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/forever_p.h>
-#include <kyr/units/unit_rooms_p.h>
+#include <kyr/units/unit_kinds_p.h>
 
 #include <cstring>
 #include <new>
@@ -27,8 +27,6 @@ namespace site {
 constexpr const char* File = "kyr_unit";
 constexpr unsigned Singleton = 601, Copy = 602;
 }  // namespace site
-
-constexpr unsigned defaultDPI = 72;
 
 struct Row {
   const char* kind;
@@ -73,7 +71,7 @@ constexpr Row catalogue[] = {
 
     {"FIGURE", Unit::Millimetre, "mm", 1},
     {"FIGURE", Unit::Inch, "in", 25.4},
-    {"FIGURE", Unit::Pixel, "pixel", 25.4 / defaultDPI},
+    {"FIGURE", Unit::Pixel, "pixel", 25.4 / UnitFigure::defaultDPI},
 
     {"VELOCITY", Unit::MillimetrePerSecond, "mm/s", 1},
     {"VELOCITY", Unit::MicrometrePerSecond, "µm/s", 0.001},
@@ -126,6 +124,11 @@ constexpr Row catalogue[] = {
     {"ANGLE_VELOCITY", Unit::DegreePerHour, "deg/h", 1.0 / 3600.0},
 
     {"ANGLE_ACCELERATION", Unit::DegreePerSquareSecond, "deg/s²", 1},
+
+    {"TEMPERATURE_DIFFERENCE", Unit::KelvinDifference, "K", 1},
+    {"TEMPERATURE_DIFFERENCE", Unit::CelsiusDifference, "°C", 1},
+    {"TEMPERATURE_DIFFERENCE", Unit::FahrenheitDifference, "°F", 5.0 / 9.0},
+    {"TEMPERATURE_DIFFERENCE", Unit::ReaumurDifference, "°R", 1.25},
 };
 
 [[noreturn]] void refuseCopy(const char* constructor) {
@@ -150,160 +153,17 @@ void UnitLinear::buildSingleton(const Unit* singleton, const char* constructor,
   setDefault(first->unit);
 }
 
-UnitLength::UnitLength() : UnitLinear("LENGTH") {
-  buildSingleton(&uLength, "Kyr::UnitLength::UnitLength", "Do not instanciate, use uLength!");
-}
-UnitLength::UnitLength(const UnitLength& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitLength::UnitLength");
-}
-UnitLength::~UnitLength() = default;
+#define KYR_CONSTRUCTOR(Kind) "Kyr::" #Kind "::" #Kind
+#define KYR_DEFINE(Kind, object, identifier)                                                  \
+  Kind::Kind() : UnitLinear(identifier) {                                                     \
+    buildSingleton(&(object), KYR_CONSTRUCTOR(Kind), "Do not instanciate, use " #object "!"); \
+  }                                                                                           \
+  Kind::Kind(const Kind& /*other*/) : UnitLinear(QString()) {                                 \
+    refuseCopy(KYR_CONSTRUCTOR(Kind));                                                        \
+  }                                                                                           \
+  Kind::~Kind() = default;
 
-UnitTemp::UnitTemp() : UnitLinear("TEMPERATURE") {
-  buildSingleton(&uTemp, "Kyr::UnitTemp::UnitTemp", "Do not instanciate, use uTemp!");
-}
-UnitTemp::UnitTemp(const UnitTemp& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitTemp::UnitTemp");
-}
-UnitTemp::~UnitTemp() = default;
-
-UnitAngle::UnitAngle() : UnitLinear("ANGLE") {
-  buildSingleton(&uAngle, "Kyr::UnitAngle::UnitAngle", "Do not instanciate, use uAngle!");
-}
-UnitAngle::UnitAngle(const UnitAngle& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitAngle::UnitAngle");
-}
-UnitAngle::~UnitAngle() = default;
-
-UnitTime::UnitTime() : UnitLinear("TIME") {
-  buildSingleton(&uTime, "Kyr::UnitTime::UnitTime", "Do not instanciate, use uTime!");
-}
-UnitTime::UnitTime(const UnitTime& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitTime::UnitTime");
-}
-UnitTime::~UnitTime() = default;
-
-UnitStrain::UnitStrain() : UnitLinear("STRAIN") {
-  buildSingleton(&uStrain, "Kyr::UnitStrain::UnitStrain", "Do not instanciate, use uStrain!");
-}
-UnitStrain::UnitStrain(const UnitStrain& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitStrain::UnitStrain");
-}
-UnitStrain::~UnitStrain() = default;
-
-UnitPress::UnitPress() : UnitLinear("PRESSURE") {
-  buildSingleton(&uPress, "Kyr::UnitPress::UnitPress", "Do not instanciate, use uPress!");
-}
-UnitPress::UnitPress(const UnitPress& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitPress::UnitPress");
-}
-UnitPress::~UnitPress() = default;
-
-UnitShutter::UnitShutter() : UnitLinear("SHUTTER") {
-  buildSingleton(&uShutter, "Kyr::UnitShutter::UnitShutter", "Do not instanciate, use uShutter!");
-}
-UnitShutter::UnitShutter(const UnitShutter& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitShutter::UnitShutter");
-}
-UnitShutter::~UnitShutter() = default;
-
-UnitFigure::UnitFigure() : UnitLinear("FIGURE"), _dpi(defaultDPI) {
-  buildSingleton(&uFigure, "Kyr::UnitFigure::UnitFigure", "Do not instanciate, use uFigure!");
-}
-UnitFigure::UnitFigure(const UnitFigure& /*other*/) : UnitLinear(QString()), _dpi(0) {
-  refuseCopy("Kyr::UnitFigure::UnitFigure");
-}
-UnitFigure::~UnitFigure() = default;
-
-UnitVelocity::UnitVelocity() : UnitLinear("VELOCITY") {
-  buildSingleton(&uVelocity, "Kyr::UnitVelocity::UnitVelocity",
-                 "Do not instanciate, use uVelocity!");
-}
-UnitVelocity::UnitVelocity(const UnitVelocity& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitVelocity::UnitVelocity");
-}
-UnitVelocity::~UnitVelocity() = default;
-
-UnitAcceleration::UnitAcceleration() : UnitLinear("ACCELERATION") {
-  buildSingleton(&uAccel, "Kyr::UnitAcceleration::UnitAcceleration",
-                 "Do not instanciate, use uAccel!");
-}
-UnitAcceleration::UnitAcceleration(const UnitAcceleration& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitAcceleration::UnitAcceleration");
-}
-UnitAcceleration::~UnitAcceleration() = default;
-
-UnitStrainVelocity::UnitStrainVelocity() : UnitLinear("STRAIN_VELOCITY") {
-  buildSingleton(&uStrainVelocity, "Kyr::UnitStrainVelocity::UnitStrainVelocity",
-                 "Do not instanciate, use uStrainVelocity!");
-}
-UnitStrainVelocity::UnitStrainVelocity(const UnitStrainVelocity& /*other*/)
-    : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitStrainVelocity::UnitStrainVelocity");
-}
-UnitStrainVelocity::~UnitStrainVelocity() = default;
-
-UnitStrainAcceleration::UnitStrainAcceleration() : UnitLinear("STRAIN_ACCELERATION") {
-  buildSingleton(&uStrainAccel, "Kyr::UnitStrainAcceleration::UnitStrainAcceleration",
-                 "Do not instanciate, use uStrainAccel!");
-}
-UnitStrainAcceleration::UnitStrainAcceleration(const UnitStrainAcceleration& /*other*/)
-    : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitStrainAcceleration::UnitStrainAcceleration");
-}
-UnitStrainAcceleration::~UnitStrainAcceleration() = default;
-
-UnitArea::UnitArea() : UnitLinear("AREA") {
-  buildSingleton(&uArea, "Kyr::UnitArea::UnitArea", "Do not instanciate, use uArea!");
-}
-UnitArea::UnitArea(const UnitArea& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitArea::UnitArea");
-}
-UnitArea::~UnitArea() = default;
-
-UnitVolume::UnitVolume() : UnitLinear("VOLUME") {
-  buildSingleton(&uVolume, "Kyr::UnitVolume::UnitVolume", "Do not instanciate, use uVolume!");
-}
-UnitVolume::UnitVolume(const UnitVolume& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitVolume::UnitVolume");
-}
-UnitVolume::~UnitVolume() = default;
-
-UnitFraction::UnitFraction() : UnitLinear("FRACTION") {
-  buildSingleton(&uFraction, "Kyr::UnitFraction::UnitFraction",
-                 "Do not instanciate, use uFraction!");
-}
-UnitFraction::UnitFraction(const UnitFraction& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitFraction::UnitFraction");
-}
-UnitFraction::~UnitFraction() = default;
-
-UnitCurvature::UnitCurvature() : UnitLinear("CURVATURE") {
-  buildSingleton(&uCurvature, "Kyr::UnitCurvature::UnitCurvature",
-                 "Do not instanciate, use uCurvature!");
-}
-UnitCurvature::UnitCurvature(const UnitCurvature& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitCurvature::UnitCurvature");
-}
-UnitCurvature::~UnitCurvature() = default;
-
-UnitAngleVelocity::UnitAngleVelocity() : UnitLinear("ANGLE_VELOCITY") {
-  buildSingleton(&uAngleVelocity, "Kyr::UnitAngleVelocity::UnitAngleVelocity",
-                 "Do not instanciate, use uAngleVelocity!");
-}
-UnitAngleVelocity::UnitAngleVelocity(const UnitAngleVelocity& /*other*/) : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitAngleVelocity::UnitAngleVelocity");
-}
-UnitAngleVelocity::~UnitAngleVelocity() = default;
-
-UnitAngleAcceleration::UnitAngleAcceleration() : UnitLinear("ANGLE_ACCELERATION") {
-  buildSingleton(&uAngleAccel, "Kyr::UnitAngleAcceleration::UnitAngleAcceleration",
-                 "Do not instanciate, use uAngleAccel!");
-}
-UnitAngleAcceleration::UnitAngleAcceleration(const UnitAngleAcceleration& /*other*/)
-    : UnitLinear(QString()) {
-  refuseCopy("Kyr::UnitAngleAcceleration::UnitAngleAcceleration");
-}
-UnitAngleAcceleration::~UnitAngleAcceleration() = default;
+KYR_UNIT_KINDS(KYR_DEFINE)
 
 void UnitFigure::setDPI(unsigned dpi) {
   _dpi = dpi;
@@ -320,27 +180,10 @@ void build(Kind& room) {
   ::new (static_cast<void*>(&room)) Kind;
 }
 
+#define KYR_BUILD(Kind, object, identifier) build(object);
+
 struct BuildAtLoading {
-  BuildAtLoading() {
-    build(uLength);
-    build(uTemp);
-    build(uAngle);
-    build(uTime);
-    build(uStrain);
-    build(uPress);
-    build(uShutter);
-    build(uFigure);
-    build(uVelocity);
-    build(uAccel);
-    build(uStrainVelocity);
-    build(uStrainAccel);
-    build(uArea);
-    build(uVolume);
-    build(uFraction);
-    build(uCurvature);
-    build(uAngleVelocity);
-    build(uAngleAccel);
-  }
+  BuildAtLoading() { KYR_UNIT_KINDS(KYR_BUILD) }
 };
 const BuildAtLoading buildAtLoading;
 
@@ -383,6 +226,11 @@ void addSpecial(Kinds& kinds, Application_t app) {
 }
 
 }  // namespace
+
+std::vector<Unit*> Unit::getCatalogue() {
+#define KYR_ADDRESS(Kind, object, identifier) &(object),
+  return {KYR_UNIT_KINDS(KYR_ADDRESS)};
+}
 
 std::vector<Unit*> Unit::getAvailableUnitsForApplication(Application_t app) {
   Kinds kinds{&uLength, &uTime, &uTemp, &uFigure, &uShutter, &uArea};
