@@ -2,11 +2,9 @@
 /// Test data and short forms for the pack room.
 #pragma once
 
-#include <kyr/pack/KyrZipStream.h>
+#include "support/Support.h"
 
-#include <random>
-#include <sstream>
-#include <string>
+#include <kyr/pack/KyrZipStream.h>
 
 namespace KyrTest {
 
@@ -27,6 +25,21 @@ inline std::string zipped(const std::string& plain, unsigned fileVersion = 1) {
   return file.str();
 }
 
+inline Kyr::ZipPieces piecesBy(unsigned workers,
+                               Kyr::ZipPieces::Engine_t engine = Kyr::ZipPieces::ZlibEngine) {
+  Kyr::ZipPieces pieces;
+  pieces.workers = workers;
+  pieces.engine = engine;
+  return pieces;
+}
+
+/// The same in pieces.
+inline std::string zippedInPieces(const std::string& plain, const Kyr::ZipPieces& pieces = {}) {
+  std::ostringstream file;
+  Kyr::ZipOutStream(&file, 1, pieces).write(plain.data(), std::streamsize(plain.size()));
+  return file.str();
+}
+
 /// Everything that a stream delivers, damage or not, read in pieces of a size; 0 reads single
 /// bytes.
 inline std::string drain(Kyr::ZipInStream& in, std::size_t piece) {
@@ -39,5 +52,28 @@ inline std::string drain(Kyr::ZipInStream& in, std::size_t piece) {
   } while (!in.eof());
   return all;
 }
+
+/// Takes as many bytes as it has room for, then no more; tells when it first took less.
+class Limited : public std::streambuf {
+ public:
+  explicit Limited(std::size_t room) : _room(room) {}
+  std::string taken;
+  bool isFull = false;
+
+ protected:
+  int_type overflow(int_type character) override {
+    const char byte = traits_type::to_char_type(character);
+    return xsputn(&byte, 1) == 1 ? character : traits_type::eof();
+  }
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    const auto fitting = std::min(_room - taken.size(), static_cast<std::size_t>(count));
+    taken.append(bytes, fitting);
+    isFull = isFull || fitting < static_cast<std::size_t>(count);
+    return static_cast<std::streamsize>(fitting);
+  }
+
+ private:
+  const std::size_t _room;
+};
 
 }  // namespace KyrTest

@@ -72,12 +72,13 @@ with tempfile.TemporaryDirectory() as top:
     os.utime(top / "tree/a", (1, -5))
     expected = {f"tree/{name}": fact for name, fact in facts(top / "tree").items()}
     ours = top / "ours.tgz"
-    run("tar", "create", ours.name, "tree", cwd=top)
-    assert pythons_view(ours) == expected
     tars = [name for name in ("tar", "bsdtar") if shutil.which(name)]
     os.environ["LC_ALL"] = "C.UTF-8"  # bsdtar takes names as the locale says
-    for name in tars:
-        compare(ours, expected, name, name, "-xzf")
+    for options in ((), ("--workers", "3"), ("--engine", "fastest")):
+        run("tar", "create", ours.name, "tree", *options, cwd=top)
+        assert pythons_view(ours) == expected, options
+        for name in tars:
+            compare(ours, expected, (name, options), name, "-xzf")
 
     # Their longer names, links, holes and directories.
     make(top / "tree", {**FILES, "s" * 120: b"long"})

@@ -2,17 +2,11 @@
 
 #include "pack/Bytes.h"
 
-#include <gtest/gtest.h>
-
-#include <new>
-
-using Kyr::Compress;
-using Kyr::Decompress;
-using KyrTest::noisy;
+using namespace Kyr;
+using namespace KyrTest;
 
 namespace {
 
-using Bytes = Kyr::StructVector<unsigned char>;
 constexpr std::size_t chunk = 262144;
 
 std::string textOf(const Bytes& bytes) {
@@ -20,8 +14,7 @@ std::string textOf(const Bytes& bytes) {
 }
 
 bool decompresses(const std::string& packed, int format, std::string* plain) {
-  Bytes in;
-  in.append(reinterpret_cast<const unsigned char*>(packed.data()), packed.size());
+  const Bytes in = KyrTest::bytesOf(QByteArray::fromStdString(packed));
   Bytes out(6, 'b');
   const bool good = Decompress(static_cast<Decompress::Format>(format), in).read(&out);
   EXPECT_EQ(textOf(out).substr(0, 6), "bbbbbb") << "reading appends";
@@ -29,27 +22,32 @@ bool decompresses(const std::string& packed, int format, std::string* plain) {
   return good;
 }
 
+/// \param workers 0 when it is not done in pieces
+std::unique_ptr<Compress> makeCompress(Compress::Format format, Bytes* out, unsigned workers) {
+  return workers == 0 ? std::make_unique<Compress>(format, out)
+                      : std::make_unique<Compress>(format, out, KyrTest::piecesBy(workers));
+}
+
 TEST(Compress, WhatWasWrittenComesBack) {
-  struct {
-    std::string plain;
-    std::size_t piece;
-    const char* fault;
-  } const rows[] = {
+  const std::tuple<std::string, std::size_t, const char*> rows[] = {
       {"", 1, "no data is a stream too"},
       {noisy(9000), 1, "the input is used up byte by byte"},
       {noisy(chunk - 99, 1), chunk, "finishing crosses the end of the first chunk"},
       {noisy(5 * chunk, 1), 3000, "chunks fill up within a write"},
       {std::string(20 * chunk, '\0'), 20 * chunk, "output that is much larger than the input"},
   };
-  for (const auto& row : rows) {
-    for (const int format : {0, 1, 7}) {
+  std::map<std::tuple<std::string, int, bool>, std::string> streams;
+  for (const auto& [plain, piece, fault] : rows) {
+    for (const auto& [format, workers] :
+         {std::pair(0, 0U), {1, 0U}, {7, 0U}, {0, 1U}, {1, 1U}, {0, 5U}, {1, 3U}}) {
       Bytes out(3, 'x');
-      Compress compress(static_cast<Compress::Format>(format), &out);
+      const auto made = makeCompress(static_cast<Compress::Format>(format), &out, workers);
+      Compress& compress = *made;
       EXPECT_EQ(out.capacity(), 0U) << "replaced";
-      for (std::size_t done = 0; done < row.plain.size(); done += row.piece) {
-        const auto length = static_cast<unsigned>(std::min(row.piece, row.plain.size() - done));
-        compress.write(&row.plain[done], length);
-        EXPECT_EQ(out.size() % chunk, 0U) << "an unfinished chunk shows";
+      for (std::size_t done = 0; done < plain.size(); done += piece) {
+        const auto length = static_cast<unsigned>(std::min(piece, plain.size() - done));
+        compress.write(&plain[done], length);
+        EXPECT_TRUE(workers > 0 || out.size() % chunk == 0) << "an unfinished chunk shows";
       }
       compress.write(nullptr, 0);
       EXPECT_EQ(out.capacity(), out.size());
@@ -59,23 +57,27 @@ TEST(Compress, WhatWasWrittenComesBack) {
       EXPECT_THROW(compress.write("x", 1), std::bad_alloc);
       EXPECT_EQ(textOf(out), packed) << "a finished stream changed";
       std::string back;
-      EXPECT_TRUE(decompresses(packed + "behind", format, &back)) << row.fault;
-      EXPECT_TRUE(back == row.plain) << row.fault;
+      EXPECT_TRUE(decompresses(packed + "behind", format, &back)) << fault;
+      EXPECT_TRUE(back == plain) << fault;
+      const auto first = streams.try_emplace({fault, format, workers > 0}, packed).first;
+      EXPECT_TRUE(first->second == packed) << "not the same for " << workers << ": " << fault;
       EXPECT_FALSE(decompresses(packed, format == 0 ? 1 : 0, &back)) << "the other format";
     }
   }
 }
 
 TEST(Compress, AFailureIsFinal) {
-  Bytes out;
-  {
-    Compress compress(&out);
-    compress.write("good", 4);
-    EXPECT_THROW(compress.write(nullptr, 1), std::bad_alloc);
-    EXPECT_THROW(compress.write("more", 4), std::bad_alloc);
-    EXPECT_THROW(compress.flush(), std::bad_alloc);
+  for (const unsigned workers : {0U, 2U}) {
+    Bytes out;
+    {
+      const auto compress = makeCompress(Compress::ZlibFormat, &out, workers);
+      compress->write("good", 4);
+      EXPECT_THROW(compress->write(nullptr, 1), std::bad_alloc);
+      EXPECT_THROW(compress->write("more", 4), std::bad_alloc);
+      EXPECT_THROW(compress->flush(), std::bad_alloc);
+    }
+    EXPECT_TRUE(out.empty()) << "a stream with a hole was finished";
   }
-  EXPECT_TRUE(out.empty()) << "a stream with a hole was finished";
 }
 
 TEST(Decompress, FillsBuffersAndTheRestGoesIntoAVector) {

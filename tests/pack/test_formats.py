@@ -1,5 +1,6 @@
 """Zip streams against Python's own zlib: what the library writes is read by the decoder in the
-documentation, and what is written here, as the library never would, is read by the library."""
+documentation, and what is written here, as the library never would, is read by the library.
+Streams in pieces as well: they are decoded piece by piece, and as if there were no pieces."""
 import os
 import pathlib
 import random
@@ -12,7 +13,8 @@ import time
 import zlib
 
 document, *tool = sys.argv[1:]
-decoder = re.search("```python\n(.*?)```", pathlib.Path(document).read_text("utf-8"), re.S)[1]
+decoder, piece_decoder = re.findall("```python\n(.*?)```",
+                                    pathlib.Path(document).read_text("utf-8"), re.S)
 
 
 def run(*command, data=b""):
@@ -38,6 +40,18 @@ with tempfile.TemporaryDirectory() as folder:
             assert abs(time.time() - written) < 60, written
             for block in (1, 8191, 8192):
                 assert run(*tool, "zip", "cat", "-", data=encode(plain, block)) == plain, (size, block)
+    # With pieces, and with one of them damaged.
+    for size in (0, 262144, 600000):
+        plain = random.Random(6).randbytes(size)
+        for option in ("--workers=3", "--engine=fastest"):
+            run(*tool, "zip", "pack", "-", file, *option.split("="), data=plain)
+            for program in (decoder, piece_decoder):
+                assert run(sys.executable, "-c", program, file) == plain, (size, option)
+    damaged = bytearray(file.read_bytes())
+    damaged[300000] ^= 4
+    file.write_bytes(damaged)
+    read = subprocess.run([sys.executable, "-c", piece_decoder, file], capture_output=True, check=True)
+    assert read.stderr == b"damaged: piece 1\n" and read.stdout == plain[:262144] + plain[524288:]
     # What is left of an input that fails: nobody takes it for a whole stream.
     with open(os.devnull, "wb") as unreadable:
         failed = subprocess.run([*tool, "zip", "pack", "-", "-"], stdin=unreadable,

@@ -1,11 +1,7 @@
 #include "pack/Bytes.h"
 
-#include <gtest/gtest.h>
-
 using Kyr::ZipInStream;
-using KyrTest::drain;
-using KyrTest::noisy;
-using KyrTest::zipped;
+using namespace KyrTest;
 using namespace std::string_literals;
 
 namespace {
@@ -29,12 +25,7 @@ TEST(ZipInStream, HeadersThatAreRefused) {
       "invalid header: the file was transferred by ascii-ftp.\n"
       "it must be transferred by binary-ftp.";
   const std::string good = zipped(noisy(500), 0x0A0D0A);
-  struct {
-    std::string file;
-    int error;
-    std::string text;
-    const char* fault;
-  } const rows[] = {
+  const std::tuple<std::string, int, std::string, const char*> rows[] = {
       {good, 0, "", "line ends in the version are no sign of a transfer"},
       {good.substr(0, 103), 1, "cannot read zip stream header", "one byte short"},
       {with(good, 47, "k"), 2, invalid, "last byte of the constant block"},
@@ -49,14 +40,14 @@ TEST(ZipInStream, HeadersThatAreRefused) {
       {with(with(good, 48, "\xFF"), 72, "\0"s), 3, newer("unknown file version"), "no text"},
       {with(with(good, 48, "\xFF"), 72, "%2%1%2%"), 3, newer("%2%1%2%"), "placeholders"},
   };
-  for (const auto& row : rows) {
-    std::istringstream source(row.file);
+  for (const auto& [file, error, text, fault] : rows) {
+    std::istringstream source(file);
     source.exceptions(std::ios::badbit | std::ios::failbit);
     ZipInStream in(&source, 0x0A0D0A);
-    EXPECT_EQ(in.getHeaderError(), row.error) << row.fault;
-    EXPECT_EQ(in.getHeaderErrorText().toStdString(), row.text) << row.fault;
-    EXPECT_EQ(in.bad(), row.error != 0) << row.fault;
-    EXPECT_EQ(in.rdbuf()->sgetc() == EOF, row.error != 0) << row.fault;
+    EXPECT_EQ(in.getHeaderError(), error) << fault;
+    EXPECT_EQ(in.getHeaderErrorText().toStdString(), text) << fault;
+    EXPECT_EQ(in.bad(), error != 0) << fault;
+    EXPECT_EQ(in.rdbuf()->sgetc() == EOF, error != 0) << fault;
   }
 }
 
@@ -163,14 +154,6 @@ std::string readWords(std::istream& in, std::size_t size) {
   return all;
 }
 
-std::string getEach(std::istream& in, std::size_t size) {
-  std::string all(size, '\0');
-  for (char& byte : all) {
-    in.get(byte);
-  }
-  return all;
-}
-
 std::string iterate(std::istream& in, std::size_t size) {
   std::string all;
   for (std::istreambuf_iterator<char> at(in), end; all.size() < size && at != end; ++at) {
@@ -189,13 +172,12 @@ TEST(ZipInStream, WhoReadsOnlyWhatHeExpectsLearnsOfDamage) {
   const std::pair<const char*, Reader> readers[] = {{"records", readPieces<12>},
                                                     {"big pieces", readPieces<50000>},
                                                     {"one piece", readPieces<1U << 20U>},
-                                                    {"get()", getEach},
                                                     {"words", readWords},
                                                     {"iterators", iterate}};
   for (const std::size_t size : {60000U, 49152U}) {
     const std::string wanted = plain.substr(0, size);
     const std::string file = zipped(wanted);
-    for (std::size_t at = headerSize; at < file.size(); at += at + 40 < file.size() ? 331 : 1) {
+    for (std::size_t at = headerSize; at < file.size(); at += at + 40 < file.size() ? 997 : 1) {
       const std::string changed = with(file, at, std::string(1, char(file[at] ^ (1U << at % 8))));
       for (const auto& [name, reader] : readers) {
         for (const bool throws : {false, true}) {
@@ -220,7 +202,7 @@ TEST(ZipInStream, ChangedBytesAndRandomBlocksAreNeverGoodData) {
   const std::string plain = noisy(30000);
   const std::string file = zipped(plain);
   std::mt19937 random(4);
-  for (int i = 0; i < 3000; ++i) {
+  for (int i = 0; i < 1000; ++i) {
     std::string changed = file;
     // Every other change is near the front, where the header and the first lengths are.
     char& byte = changed[random() % (i % 2 == 0 ? 120 : file.size())];

@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrStructVector.h>
+#include <kyr/pack/KyrZipPieces.h>
 
 #include <cstddef>
 #include <memory>
@@ -12,12 +13,22 @@ namespace Kyr {
 
 class DeflateEngine;
 class InflateEngine;
+class PieceStream;
 
 /// Compresses what it is given piece by piece into a byte vector, at zlib's fastest level.
 ///
 /// The vector is the caller's. It holds the complete compressed stream after flush(); until then
 /// it holds whole pieces of 256 KiB, and what lies behind its size belongs to this object, so
 /// leave it alone. Formats: zlib is RFC 1950, gzip is RFC 1952.
+/// \code
+/// StructVector<unsigned char> packed;
+/// Compress compress(&packed);
+/// compress.write(room, sizeof room);
+/// compress.flush();  // from here on packed is whole
+/// \endcode
+/// Told who compresses, it does so in pieces that need nothing of each other, on as many
+/// processors. The result is one stream or one gzip member as well, a little larger and the same
+/// for every number of workers; until flush() the vector holds those pieces that are done.
 /// \threadsafety one thread at a time
 class KYR_EXPORT Compress {
  public:
@@ -28,8 +39,10 @@ class KYR_EXPORT Compress {
   /// \param out is emptied and gives its memory back; must outlive this object
   /// \throws std::bad_alloc
   explicit Compress(StructVector<unsigned char>* out);
-  /// Compresses in the given format; otherwise as above.
+  /// Compresses in the given format; otherwise as the constructor above.
   Compress(Format format, StructVector<unsigned char>* out);
+  /// Compresses in pieces; otherwise as the constructor above.
+  Compress(Format format, StructVector<unsigned char>* out, const ZipPieces& pieces);
   /// Finishes the stream as flush() does, unless that was done or an earlier call failed.
   /// A failure stays unnoticed here; call flush() to learn of it.
   ~Compress();
@@ -46,20 +59,29 @@ class KYR_EXPORT Compress {
   void flush();
 
  private:
-  enum State { Open, Finished, Failed };
-  void deflateInput(const void* data, unsigned length, bool finish);
+  enum State_t { Open, Finished, Failed };
+  void compress(const void* data, unsigned length, bool finish);
+  bool toPieces(const void* data, unsigned length, bool finish);
+  bool toEngine(const void* data, unsigned length, bool finish);
   void provideRoom();
   void commit();
 
   StructVector<unsigned char>* _out;
   std::unique_ptr<DeflateEngine> _engine;
-  State _state = Open;
+  std::unique_ptr<PieceStream> _pieces;  ///< in place of the engine
+  State_t _state = Open;
 };
 
 /// Decompresses a byte vector, into buffers of the caller's or into another vector.
 ///
 /// Reads straight from the vector's memory: it must stay unchanged as long as this object lives.
 /// What follows the end of the compressed stream is ignored.
+/// \code
+/// StructVector<unsigned char> plain;
+/// if (!Decompress(packed).read(&plain)) {
+///   throw Exception("damaged");
+/// }
+/// \endcode
 /// \threadsafety one thread at a time
 class KYR_EXPORT Decompress {
  public:

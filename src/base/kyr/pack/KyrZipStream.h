@@ -3,6 +3,8 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/pack/KyrZipPieces.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <QString>
 
@@ -23,6 +25,8 @@ class DeflateEngine;
 class InflateEngine;
 class ZipBlockReader;
 class ZipInStreamBuffer;
+class ZipPieceReader;
+class ZipPieceWriter;
 
 /// The buffer behind ZipOutStream; an application needs it only under a stream of its own.
 ///
@@ -39,6 +43,9 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   /// \param target must outlive this object; null is a failure
   /// \throws std::bad_alloc
   ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion);
+  /// The same two in pieces; see ZipOutStream.
+  ZipOutStreamBuffer(const QString& fileName, unsigned fileVersion, const ZipPieces& pieces);
+  ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion, const ZipPieces& pieces);
   /// Closes, a failure stays unnoticed; but abandons when it goes because of an exception.
   ~ZipOutStreamBuffer() override;
   ZipOutStreamBuffer(const ZipOutStreamBuffer&) = delete;
@@ -63,7 +70,9 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
 
  private:
   friend class ZipOutStream;
-  void start(unsigned fileVersion);
+  void start(unsigned fileVersion, const ZipPieces* pieces);
+  bool startPieces(const ZipPieces& pieces);
+  bool addPiece();
   bool compress(const char* bytes, unsigned length, bool finish);
   bool compressPutArea(bool finish);
   bool finish();
@@ -76,11 +85,13 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
   bool hasRoom(std::streamsize count) const { return count <= epptr() - pptr(); }
   void store(const char* bytes, std::streamsize count);
 
+  TraceLife _traced{"ZipOutStream", "save"};
   std::unique_ptr<std::ofstream> _file;
   std::ostream* _target = nullptr;
   std::unique_ptr<char[]> _putArea;
   std::unique_ptr<char[]> _block;
   std::unique_ptr<DeflateEngine> _engine;
+  std::unique_ptr<ZipPieceWriter> _pieces;  ///< in place of the three above
   const int _exceptionsBefore = std::uncaught_exceptions();
   bool _failed = true;
 };
@@ -91,6 +102,12 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
 /// way until then, and a full disk may show only there. When the content does not become whole,
 /// leave with an exception or call abandon(): nobody takes what is there for all of it then.
 /// The file's format is described in docs/formats/zip-stream.md.
+///
+/// A stream may be written in pieces of 256 KiB with an index behind its end, so that several
+/// processors compress, and what is not damaged can be read: see ZipInStream and ZipSalvage.
+/// Readers from before there were pieces read it as any other. Nothing may be written behind it:
+/// the index is found at the end of the file. A failure shows at the latest when the piece after it
+/// is full, and at close(). Flushing does nothing but tell of one.
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZipOutStream : public std::ostream {
  public:
@@ -103,6 +120,10 @@ class KYR_EXPORT ZipOutStream : public std::ostream {
   /// \param target binary; must outlive this object
   /// \throws std::bad_alloc
   ZipOutStream(std::ostream* target, unsigned fileVersion);
+  /// The same two, in pieces.
+  /// \throws std::bad_alloc
+  ZipOutStream(const QString& fileName, unsigned fileVersion, const ZipPieces& pieces);
+  ZipOutStream(std::ostream* target, unsigned fileVersion, const ZipPieces& pieces);
   /// Closes, if that was not done; a failure stays unnoticed. When an exception that was thrown
   /// during the stream's life is on its way, abandons instead.
   ~ZipOutStream() override;
@@ -156,6 +177,17 @@ struct ZipStatistics {
   /// Bytes of the stream that were used, header included; in a damaged stream the place of the
   /// damage, in one that was cut short the place where it ends.
   std::uint64_t offset = 0;
+  std::uint64_t pieces = 0;  ///< that the index knows; 0 without one
+  bool hasIndex = false;     ///< whether there is one, if only of no pieces
+};
+
+/// What the index says of a piece. Places are counted from the first byte of the header.
+struct ZipPieceInfo {
+  std::uint64_t offset = 0;       ///< where it begins in the stream
+  std::uint64_t size = 0;         ///< of it in the stream, in bytes
+  std::uint64_t plainOffset = 0;  ///< bytes of content in front of it
+  std::uint32_t plainSize = 0;    ///< of its content, in bytes
+  std::uint32_t crc = 0;          ///< CRC-32 of its content
 };
 
 /// An input stream that gives back what was written into a zip stream file.
@@ -175,9 +207,16 @@ struct ZipStatistics {
 ///   save(room, in.gcount());
 /// } while (!in.eof());
 /// \endcode
-/// A reader that has asked for exceptions at badbit gets one from the operation that meets the
-/// damage. What that operation had taken in by then is lost, but for read(), whose room holds
-/// gcount() bytes.
+///
+/// A stream that was written in pieces has an index, which is found by itself when the source can
+/// be moved to other places. Then each piece is checked before its first byte is delivered: no
+/// wrong byte ever is. seekg() and tellg() count bytes of content, several threads can decompress,
+/// and the source is moved while this object lives. After seekg() the state is StreamOpen again,
+/// and what it says later is about what was read since; a place behind the content is refused. A
+/// damaged piece ends the reading, but seekg() goes past it; ZipSalvage reads all others. Without
+/// an index nothing of this is so: seekg() and tellg() fail. A reader that has asked for exceptions
+/// at badbit gets one from the operation that meets the damage. What that operation had taken in by
+/// then is lost, but for read(), whose room holds gcount() bytes.
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZipInStream : public std::istream {
  public:
@@ -195,6 +234,9 @@ class KYR_EXPORT ZipInStream : public std::istream {
     StreamCutShort = 2,  ///< the source ended before the stream
     StreamDamaged = 3,   ///< bytes that no writer writes, a wrong checksum included
     StreamRefused = 4,   ///< nothing was read because of the header
+    /// The source did not give bytes that the index promises, as on a bad disk. seekg() to the same
+    /// place asks for them again. Without an index this looks as if the source ended.
+    StreamUnreadable = 5,
   };
 
   /// Opens a file and checks its header.
@@ -212,6 +254,10 @@ class KYR_EXPORT ZipInStream : public std::istream {
   /// As std::istream::read(), only faster for small records.
   ZipInStream& read(char* room, std::streamsize count);
 
+  /// Lets several threads decompress ahead, from now on. Without an index it does nothing.
+  /// \throws std::bad_alloc; the stream goes on as before then
+  void setWorkers(const ZipPieces& pieces);
+
   HeaderError_t getHeaderError() const;
   /// The error for people, translated; empty for a good header.
   QString getHeaderErrorText() const;
@@ -219,6 +265,9 @@ class KYR_EXPORT ZipInStream : public std::istream {
   ZipHeaderInfo getHeaderInfo() const;
   State_t getState() const;
   ZipStatistics getStatistics() const;
+  /// \param number below getStatistics().pieces, from 0
+  /// \throws std::out_of_range
+  ZipPieceInfo getPiece(std::uint64_t number) const;
 
   /// Whether bytes from the start of a file look like a zip stream, the older form included.
   /// \param bytes at least 52 for a certain answer; more make it stricter
@@ -237,25 +286,13 @@ class KYR_EXPORT ZipInStream : public std::istream {
                                std::size_t limit);
   /// As above, with mostHeaderBytes as the limit.
   static bool decompressHeader(const std::vector<char>& in, std::vector<char>& out);
-  /// 16 MiB.
+  /// The limit of decompressHeader() unless another is given: 16 MiB.
   static constexpr std::size_t mostHeaderBytes = std::size_t{16} << 20U;
 
  private:
   void start();
 
-  /// Sets what gcount() gives, also through a std::istream&. The member is libstdc++'s, fixed by
-  /// its ABI; with another standard library read() takes no short cut. It is worth it: records
-  /// of 12 bytes that compress well take twice as long through std::istream.
-  template <class Stream>
-  static auto setCount(Stream& stream, std::streamsize count, int)
-      -> decltype(stream._M_gcount = count, bool()) {
-    stream._M_gcount = count;
-    return true;
-  }
-  template <class Stream>
-  static bool setCount(Stream&, std::streamsize, long) {
-    return false;
-  }
+  struct Count;
   friend class ZipInStreamBuffer;
 
   const std::unique_ptr<ZipInStreamBuffer> _buffer;
@@ -280,16 +317,24 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   const ZipHeaderInfo& headerInfo() const { return _headerInfo; }
   ZipInStream::State_t state() const { return _state; }
   ZipStatistics statistics() const;
+  ZipPieceInfo piece(std::uint64_t number) const;
+  void setWorkers(const ZipPieces& pieces);
 
  protected:
   int_type underflow() override;
   std::streamsize xsgetn(char* room, std::streamsize count) override;
+  pos_type seekoff(off_type offset, std::ios_base::seekdir from,
+                   std::ios_base::openmode which) override;
+  pos_type seekpos(pos_type position, std::ios_base::openmode which) override;
 
  private:
   friend class ZipInStream;
   void start(unsigned newestVersion);
   void readHeader(unsigned newestVersion);
   void refuse(ZipInStream::HeaderError_t error, const QString& text);
+  std::size_t producePieces(char* room, std::size_t length);
+  void judgeFrame();
+  void goTo(std::uint64_t position);
   void lookAhead();
   std::size_t takeAhead();
   std::size_t produce(char* room, std::size_t length);
@@ -304,6 +349,7 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   bool isFaulty() const;
   void reportFault(std::streamsize delivered, std::streamsize wanted);
 
+  TraceLife _traced{"ZipInStream", "read"};
   std::unique_ptr<std::ifstream> _file;
   std::istream* _source = nullptr;
   ZipInStream* _reader = nullptr;
@@ -311,6 +357,11 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   std::unique_ptr<char[]> _aheadArea;
   std::unique_ptr<ZipBlockReader> _blocks;
   std::unique_ptr<InflateEngine> _engine;
+  std::unique_ptr<ZipPieceReader> _pieces;  ///< in place of the two above
+  std::uint64_t _position = 0;              ///< in the content, behind what was produced
+  std::size_t _inPiece = 0;                 ///< bytes of the piece at hand that were produced
+  std::uint64_t _pieceBlocks = 0;           ///< blocks of whole pieces, and bytes in them
+  std::uint64_t _pieceBytes = 0;
   ZipInStream::HeaderError_t _headerError = ZipInStream::HeaderGood;
   QString _headerErrorText;
   ZipHeaderInfo _headerInfo;
@@ -318,9 +369,10 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   std::uint64_t _offset = 0;
   std::uint64_t _plainBytes = 0;
   unsigned _inputSize = 0;
+  std::uint16_t _aheadSize = 0;  ///< bytes in the area behind the get area
   bool _needsInput = true;
   bool _ended = false;
-  std::size_t _aheadSize = 0;  ///< bytes in the area behind the get area
+  std::streamsize* _count = nullptr;  ///< the reader's gcount(); null where it cannot be set
 };
 
 inline void ZipInStreamBuffer::fetch(char* room, std::streamsize count) {
@@ -329,8 +381,9 @@ inline void ZipInStreamBuffer::fetch(char* room, std::streamsize count) {
 }
 
 inline ZipInStream& ZipInStream::read(char* room, std::streamsize count) {
-  const bool plain = good() && !tie() && rdbuf() == _buffer.get();
-  if (plain && count > 0 && _buffer->holds(count) && setCount(*this, count, 0)) {
+  const bool plain = good() && !tie() && rdbuf() == _buffer.get() && _buffer->_count;
+  if (plain && count > 0 && _buffer->holds(count)) {
+    *_buffer->_count = count;
     _buffer->fetch(room, count);
   } else {
     std::istream::read(room, count);

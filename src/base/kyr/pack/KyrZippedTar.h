@@ -5,6 +5,8 @@
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrStructVector.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/pack/KyrZipPieces.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <QByteArray>
 #include <QString>
@@ -12,8 +14,10 @@
 
 #include <cstdint>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 namespace Kyr {
@@ -41,17 +45,27 @@ struct ZippedTarLoss {
 /// archive itself cannot be written, that is final. An archive that is given up before addEof()
 /// looks incomplete to everybody who reads it.
 ///
-///     ZippedTarWriter writer(&file.stream());
-///     writer.setTaking(ZippedTarWriter::TakeAll);
-///     writer.addDirectory(project, true, "project");
-///     writer.addEof();
-///     writer.flush();
-///     for (const ZippedTarLoss& loss : writer.getLosses()) ...
+/// \code
+/// SafeFile file("project.tar.gz");
+/// ZippedTarWriter writer(&file.stream());
+/// writer.setTaking(ZippedTarWriter::TakeAll);
+/// writer.addDirectory(name, true, "project");
+/// writer.addEof();
+/// writer.flush();
+/// for (const ZippedTarLoss& loss : writer.getLosses()) {
+///   std::cerr << loss.name.toStdString() << ": " << loss.reason.toStdString() << '\n';
+/// }
+/// file.commit();
+/// \endcode
+///
+/// Told who compresses, it does so in pieces that need nothing of each other, on as many
+/// processors. The archive is one gzip member as well, which every gunzip reads, a little larger
+/// and the same for every number of workers.
 /// \threadsafety one thread at a time
 class KYR_EXPORT ZippedTarWriter {
  public:
   /// What becomes of files that the oldest form of header cannot hold, or that cannot be read.
-  enum Taking {
+  enum Taking_t {
     RefuseUnfit = 0,  ///< they are refused with an exception
     TakeAll = 1,      ///< longer names, larger sizes and other times are written as records of
                       ///< POSIX, which every tar of today reads; who cannot be added is found in
@@ -69,6 +83,10 @@ class KYR_EXPORT ZippedTarWriter {
   /// \param target must outlive this object
   /// \throws std::bad_alloc
   explicit ZippedTarWriter(std::ostream* target);
+  /// The same three, compressing in pieces, which needs the memory that ZipPieces tells.
+  ZippedTarWriter(StructVector<unsigned char>* out, const ZipPieces& pieces);
+  ZippedTarWriter(const QString& fileName, const ZipPieces& pieces);
+  ZippedTarWriter(std::ostream* target, const ZipPieces& pieces);
   /// Finishes the compression, unless that was done; without addEof() only so far that all content
   /// can be salvaged, but every reader finds the archive cut short. A failure stays unnoticed.
   ~ZippedTarWriter();
@@ -76,7 +94,11 @@ class KYR_EXPORT ZippedTarWriter {
   ZippedTarWriter& operator=(const ZippedTarWriter&) = delete;
 
   /// Decides for what is added from now on; RefuseUnfit at first.
-  void setTaking(Taking taking) { _taking = taking; }
+  void setTaking(Taking_t taking) { _taking = taking; }
+
+  /// Calls a function for every part of files' content that is added, as for a progress.
+  /// \param added called with the bytes of the part, by the thread that adds; throws nothing
+  void setWatcher(std::function<void(std::uint64_t bytes)> added) { _watcher = std::move(added); }
 
   /// Adds a plain file with the size that it has now: what it grows meanwhile is left out.
   /// \param name in the archive
@@ -108,7 +130,8 @@ class KYR_EXPORT ZippedTarWriter {
   /// same when made absolute.
   void leaveOut(const QString& fileName);
 
-  /// Writes the mark of the archive's end.
+  /// Writes the mark of the archive's end. Readers look no further: files that are added later are
+  /// refused, or losses, as those that do not fit.
   /// \throws as flush()
   void addEof();
 
@@ -137,12 +160,14 @@ class KYR_EXPORT ZippedTarWriter {
                   const QString& prefix);
   void addEntry(const QString& path, bool recursive, const QString& name);
 
+  TraceLife _traced{"ZippedTarWriter", "save"};
   std::unique_ptr<TarTarget> _target;
-  QStringList _leftOut;  // absolute
+  QStringList _leftOut;  // absolute names
   QStringList _unread;
   std::vector<ZippedTarLoss> _losses;
   unsigned int _fileCount = 0;
-  Taking _taking = RefuseUnfit;
+  Taking_t _taking = RefuseUnfit;
+  std::function<void(std::uint64_t)> _watcher;
   bool _hasEnd = false;
 };
 
@@ -159,8 +184,14 @@ struct ZippedTarLimits {
 /// Reads what ZippedTarWriter writes and also the archives of other programs: with checksums of
 /// signed or unsigned bytes, with long names of GNU tar and of POSIX, with sparse files. A hard
 /// link is a file with the content of the earlier one. Symbolic links, devices and pipes are passed
-/// over and found in getLosses(); directories only extractTo() minds. \threadsafety one thread at a
-/// time; any number while nobody assigns
+/// over and found in getLosses(); directories only extractTo() minds.
+/// \code
+/// const ZippedTarReader archive(packed);
+/// if (archive.isValid()) {
+///   archive.extractTo(name);
+/// }
+/// \endcode
+/// \threadsafety one thread at a time; any number while nobody assigns
 class KYR_EXPORT ZippedTarReader {
  public:
   /// Reads all of \a data, which is not needed afterwards. Damage shows in isValid().
@@ -202,11 +233,11 @@ class KYR_EXPORT ZippedTarReader {
   ///
   /// A file takes its name in one step, when it is whole. So whatever had that name before is
   /// replaced, not written to: neither the other names of a hard link nor what a symbolic link
-  /// leads to change. \throws Exception for an archive that is not valid, for such a name, or whose
-  /// text ends with
+  /// leads to change.
+  /// \throws Exception for an archive that is not valid, for such a name, or whose text ends with
   ///         the path of a file that cannot be written
   void extractTo(const QString& directory) const;
-  /// The same.
+  /// Writes all files, as above.
   /// \param existing KeepExisting: nothing is written if one of the names is taken already
   /// \throws Exception also, and with that path at the end of its text, for a name that is taken
   void extractTo(const QString& directory, OS::Existing_t existing) const;

@@ -1,18 +1,22 @@
 /// \file
-/// The only door to deflate and inflate; no other file of the library calls zlib.
+/// The door to deflate and inflate. No library shows in it: what stands behind it can change.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
-
-struct z_stream_s;
 
 namespace Kyr {
 
 /// What stands around the compressed data.
-enum class Container { Zlib, Gzip };
+enum class Container_t {
+  Zlib,
+  Gzip,
+  None,  ///< nothing, and no checksum either
+};
 
 /// What one run of an engine came to.
-enum class Step {
+enum class Step_t {
   Progressed,  ///< input was used up or the output room is full; go on with more of either
   Starved,     ///< nothing could be done with the input and room at hand; not an error
   Ended,       ///< the compressed stream is complete
@@ -22,19 +26,28 @@ enum class Step {
 /// Input and output of an engine. Both stay the caller's and must live until they are used up.
 class EngineBuffers {
  public:
+  virtual ~EngineBuffers() = default;
   EngineBuffers(const EngineBuffers&) = delete;
   EngineBuffers& operator=(const EngineBuffers&) = delete;
 
-  void setInput(const void* bytes, unsigned length) noexcept;
-  void setOutput(void* room, unsigned length) noexcept;
-  unsigned inputLeft() const noexcept;
-  unsigned outputLeft() const noexcept;
+  void setInput(const void* bytes, unsigned length) noexcept {
+    _input = static_cast<const unsigned char*>(bytes);
+    _inputLeft = length;
+  }
+  void setOutput(void* room, unsigned length) noexcept {
+    _output = static_cast<unsigned char*>(room);
+    _outputLeft = length;
+  }
+  unsigned inputLeft() const noexcept { return _inputLeft; }
+  unsigned outputLeft() const noexcept { return _outputLeft; }
 
  protected:
-  EngineBuffers();
-  ~EngineBuffers();
+  EngineBuffers() = default;
 
-  const std::unique_ptr<z_stream_s> _stream;
+  const unsigned char* _input = nullptr;
+  unsigned _inputLeft = 0;
+  unsigned char* _output = nullptr;
+  unsigned _outputLeft = 0;
 };
 
 /// Compresses at the fastest level. What comes out depends on the sequence of run() calls and
@@ -42,25 +55,23 @@ class EngineBuffers {
 class DeflateEngine : public EngineBuffers {
  public:
   /// \throws std::bad_alloc
-  explicit DeflateEngine(Container container);
-  ~DeflateEngine();
+  static std::unique_ptr<DeflateEngine> make(Container_t container);
 
   /// \param finish no more input will come; call again with new room until Step::Ended
-  Step run(bool finish) noexcept;
+  virtual Step_t run(bool finish) noexcept = 0;
   /// Brings out everything that went in, and leaves the stream open; call again with new room
   /// while all of it gets used.
-  void flush() noexcept;
+  virtual void flush() noexcept = 0;
 };
 
 /// Decompresses, and checks the checksum at the end.
 class InflateEngine : public EngineBuffers {
  public:
   /// \throws std::bad_alloc
-  explicit InflateEngine(Container container);
-  ~InflateEngine();
+  static std::unique_ptr<InflateEngine> make(Container_t container);
 
   /// Produces as much as input and room allow.
-  Step run() noexcept;
+  virtual Step_t run() noexcept = 0;
 };
 
 }  // namespace Kyr

@@ -1,6 +1,7 @@
 #include <kyr/pack/KyrCompress.h>
 
 #include <kyr/pack/deflate_engine_p.h>
+#include <kyr/pack/piece_stream_p.h>
 
 #include <algorithm>
 #include <limits>
@@ -17,8 +18,8 @@ constexpr unsigned chunkSize = 262144;
 constexpr unsigned stackSize = 10240;
 
 template <class Format>
-Container containerOf(Format format) {
-  return format == 0 ? Container::Zlib : Container::Gzip;
+Container_t containerOf(Format format) {
+  return format == 0 ? Container_t::Zlib : Container_t::Gzip;
 }
 
 /// As much of a size as an engine takes at once.
@@ -31,7 +32,18 @@ unsigned portionOf(std::size_t size) {
 Compress::Compress(StructVector<unsigned char>* out) : Compress(ZlibFormat, out) {}
 
 Compress::Compress(Format format, StructVector<unsigned char>* out)
-    : _out(out), _engine(std::make_unique<DeflateEngine>(containerOf(format))) {
+    : _out(out), _engine(DeflateEngine::make(containerOf(format))) {
+  _out->clear();
+  _out->trim();
+}
+
+Compress::Compress(Format format, StructVector<unsigned char>* out, const ZipPieces& pieces)
+    : _out(out),
+      _pieces(std::make_unique<PieceStream>(containerOf(format), pieces,
+                                            [out](const unsigned char* bytes, std::size_t count) {
+                                              out->append(bytes, count);
+                                              return true;
+                                            })) {
   _out->clear();
   _out->trim();
 }
@@ -42,7 +54,7 @@ Compress::~Compress() {
       flush();
     }
   } catch (const std::bad_alloc&) {
-    // Without its end the stream is visibly incomplete.
+    // A stream without its end is visibly incomplete.
   }
 }
 
@@ -54,7 +66,7 @@ void Compress::write(const void* data, unsigned int length) {
   if (_state != Open) {
     throw std::bad_alloc();
   }
-  deflateInput(data, length, false);
+  compress(data, length, false);
 }
 
 void Compress::flush() {
@@ -64,27 +76,37 @@ void Compress::flush() {
   if (_state == Failed) {
     throw std::bad_alloc();
   }
-  deflateInput(nullptr, 0, true);
-  commit();
+  compress(nullptr, 0, true);
   _out->trim();
   _state = Finished;
 }
 
-void Compress::deflateInput(const void* data, unsigned length, bool finish) {
-  // A hole in the data must not look like a good stream: failed until all of it is through.
+void Compress::compress(const void* data, unsigned length, bool finish) {
+  // The object counts as failed until all data is through: a stream with a hole must not look good.
   _state = Failed;
+  if (!(_pieces ? toPieces(data, length, finish) : toEngine(data, length, finish))) {
+    throw std::bad_alloc();
+  }
+  _state = Open;
+}
+
+bool Compress::toPieces(const void* data, unsigned length, bool finish) {
+  return finish ? _pieces->finish() : data && _pieces->write(data, length);
+}
+
+bool Compress::toEngine(const void* data, unsigned length, bool finish) {
   _engine->setInput(data, length);
   provideRoom();
-  Step step = _engine->run(finish);
-  while (step == Step::Progressed && _engine->outputLeft() == 0) {
+  Step_t step = _engine->run(finish);
+  while (step == Step_t::Progressed && _engine->outputLeft() == 0) {
     commit();
     provideRoom();
     step = _engine->run(finish);
   }
-  if (step != (finish ? Step::Ended : Step::Progressed)) {
-    throw std::bad_alloc();
+  if (step == Step_t::Ended) {
+    commit();
   }
-  _state = Open;
+  return step == (finish ? Step_t::Ended : Step_t::Progressed);
 }
 
 void Compress::provideRoom() {
@@ -102,15 +124,13 @@ void Compress::commit() {
 Decompress::Decompress(const StructVector<unsigned char>& in) : Decompress(ZlibFormat, in) {}
 
 Decompress::Decompress(Format format, const StructVector<unsigned char>& in)
-    : _rest(in.data()),
-      _restSize(in.size()),
-      _engine(std::make_unique<InflateEngine>(containerOf(format))) {}
+    : _rest(in.data()), _restSize(in.size()), _engine(InflateEngine::make(containerOf(format))) {}
 
 Decompress::~Decompress() = default;
 
 bool Decompress::inflateInto(void* room, unsigned length, unsigned* produced, bool* ended) {
   _engine->setOutput(room, length);
-  Step step = Step::Progressed;
+  Step_t step = Step_t::Progressed;
   do {
     const unsigned portion = portionOf(_restSize);
     _engine->setInput(_rest, portion);
@@ -118,10 +138,10 @@ bool Decompress::inflateInto(void* room, unsigned length, unsigned* produced, bo
     const unsigned used = portion - _engine->inputLeft();
     _rest += used;
     _restSize -= used;
-  } while (step == Step::Progressed && _engine->outputLeft() > 0 && _restSize > 0);
+  } while (step == Step_t::Progressed && _engine->outputLeft() > 0 && _restSize > 0);
   *produced = length - _engine->outputLeft();
-  *ended = step == Step::Ended;
-  return step == Step::Progressed || *ended;
+  *ended = step == Step_t::Ended;
+  return step == Step_t::Progressed || *ended;
 }
 
 bool Decompress::read(void* buffer, unsigned int length) {

@@ -10,31 +10,32 @@ namespace {
 
 constexpr int fastest = 1;
 constexpr int memoryLevel = 8;
-/// The largest window, and 16 for the wrapper of gzip instead of zlib's own.
-constexpr int gzipWindowBits = MAX_WBITS + 16;
+constexpr int gzipWrapper = 16;  // added to the bits of the window
 
-Step stepOf(int result) {
+Step_t stepOf(int result) {
   switch (result) {
     case Z_OK:
-      return Step::Progressed;
+      return Step_t::Progressed;
     case Z_STREAM_END:
-      return Step::Ended;
+      return Step_t::Ended;
     case Z_BUF_ERROR:
-      return Step::Starved;
+      return Step_t::Starved;
     default:
-      return Step::Failed;
+      return Step_t::Failed;
   }
 }
 
-int startDeflate(z_stream* stream, Container container) {
-  if (container == Container::Zlib) {
-    return deflateInit(stream, fastest);
+/// The largest window, and what stands around the data.
+int windowBitsOf(Container_t container) {
+  switch (container) {
+    case Container_t::Gzip:
+      return MAX_WBITS + gzipWrapper;
+    case Container_t::None:
+      return -MAX_WBITS;
+    case Container_t::Zlib:
+      break;
   }
-  return deflateInit2(stream, fastest, Z_DEFLATED, gzipWindowBits, memoryLevel, Z_DEFAULT_STRATEGY);
-}
-
-int startInflate(z_stream* stream, Container container) {
-  return container == Container::Zlib ? inflateInit(stream) : inflateInit2(stream, gzipWindowBits);
+  return MAX_WBITS;
 }
 
 void requireGood(int result) {
@@ -43,57 +44,60 @@ void requireGood(int result) {
   }
 }
 
+/// Deflate or inflate of zlib on the buffers of an engine.
+template <class Engine>
+class ZlibEngine : public Engine {
+ protected:
+  template <class Call>
+  Step_t call(Call function, int flush) noexcept {
+    // zlib only reads; its type lacks the const unless a macro asks for it.
+    _stream.next_in = const_cast<Bytef*>(this->_input);
+    _stream.avail_in = this->_inputLeft;
+    _stream.next_out = this->_output;
+    _stream.avail_out = this->_outputLeft;
+    const int result = function(&_stream, flush);
+    this->_input = _stream.next_in;
+    this->_inputLeft = _stream.avail_in;
+    this->_output = _stream.next_out;
+    this->_outputLeft = _stream.avail_out;
+    return stepOf(result);
+  }
+
+  z_stream _stream{};
+};
+
+class ZlibDeflate : public ZlibEngine<DeflateEngine> {
+ public:
+  explicit ZlibDeflate(Container_t container) {
+    requireGood(deflateInit2(&_stream, fastest, Z_DEFLATED, windowBitsOf(container), memoryLevel,
+                             Z_DEFAULT_STRATEGY));
+  }
+  ~ZlibDeflate() override { deflateEnd(&_stream); }
+
+  Step_t run(bool finish) noexcept override {
+    return call(deflate, finish ? Z_FINISH : Z_NO_FLUSH);
+  }
+  void flush() noexcept override { call(deflate, Z_SYNC_FLUSH); }
+};
+
+class ZlibInflate : public ZlibEngine<InflateEngine> {
+ public:
+  explicit ZlibInflate(Container_t container) {
+    requireGood(inflateInit2(&_stream, windowBitsOf(container)));
+  }
+  ~ZlibInflate() override { inflateEnd(&_stream); }
+
+  Step_t run() noexcept override { return call(inflate, Z_SYNC_FLUSH); }
+};
+
 }  // namespace
 
-EngineBuffers::EngineBuffers() : _stream(std::make_unique<z_stream>()) {}
-
-EngineBuffers::~EngineBuffers() = default;
-
-void EngineBuffers::setInput(const void* bytes, unsigned length) noexcept {
-  // zlib only reads; its type lacks the const unless a macro asks for it.
-  _stream->next_in = static_cast<Bytef*>(const_cast<void*>(bytes));
-  _stream->avail_in = length;
+std::unique_ptr<DeflateEngine> DeflateEngine::make(Container_t container) {
+  return std::make_unique<ZlibDeflate>(container);
 }
 
-void EngineBuffers::setOutput(void* room, unsigned length) noexcept {
-  _stream->next_out = static_cast<Bytef*>(room);
-  _stream->avail_out = length;
-}
-
-unsigned EngineBuffers::inputLeft() const noexcept {
-  return _stream->avail_in;
-}
-
-unsigned EngineBuffers::outputLeft() const noexcept {
-  return _stream->avail_out;
-}
-
-DeflateEngine::DeflateEngine(Container container) {
-  requireGood(startDeflate(_stream.get(), container));
-}
-
-DeflateEngine::~DeflateEngine() {
-  deflateEnd(_stream.get());
-}
-
-Step DeflateEngine::run(bool finish) noexcept {
-  return stepOf(deflate(_stream.get(), finish ? Z_FINISH : Z_NO_FLUSH));
-}
-
-void DeflateEngine::flush() noexcept {
-  deflate(_stream.get(), Z_SYNC_FLUSH);
-}
-
-InflateEngine::InflateEngine(Container container) {
-  requireGood(startInflate(_stream.get(), container));
-}
-
-InflateEngine::~InflateEngine() {
-  inflateEnd(_stream.get());
-}
-
-Step InflateEngine::run() noexcept {
-  return stepOf(inflate(_stream.get(), Z_SYNC_FLUSH));
+std::unique_ptr<InflateEngine> InflateEngine::make(Container_t container) {
+  return std::make_unique<ZlibInflate>(container);
 }
 
 }  // namespace Kyr

@@ -20,7 +20,7 @@ GzipSource::GzipSource(const StructVector<unsigned char>& in, std::uint64_t limi
     : _rest(in.data()),
       _restSize(in.size()),
       _left(limit),
-      _engine(std::make_unique<InflateEngine>(Container::Gzip)) {}
+      _engine(InflateEngine::make(Container_t::Gzip)) {}
 
 std::size_t GzipSource::read(void* room, std::size_t count) {
   auto* const start = static_cast<unsigned char*>(room);
@@ -31,7 +31,8 @@ std::size_t GzipSource::read(void* room, std::size_t count) {
   return done;
 }
 
-/// At the limit it asks for one byte more: only that tells an end there from a failure.
+/// Reads the next bytes. At the limit it asks for one more, which alone tells an end there from a
+/// failure.
 unsigned GzipSource::readPortion(unsigned char* room, unsigned count) {
   const unsigned allowed = portionOf(std::min<std::uint64_t>(count, _left));
   unsigned char beyond = 0;
@@ -48,22 +49,22 @@ unsigned GzipSource::unpack(unsigned char* room, unsigned count) {
   const unsigned portion = portionOf(_restSize);
   _engine->setOutput(room, count);
   _engine->setInput(_rest, portion);
-  const Step step = _engine->run();
+  const Step_t step = _engine->run();
   const unsigned used = portion - _engine->inputLeft();
   const unsigned produced = count - _engine->outputLeft();
   _rest += used;
   _restSize -= used;
-  if (step == Step::Ended) {
+  if (step == Step_t::Ended) {
     endMember();
-  } else if (step != Step::Progressed) {
-    _failed = true;  // without anything left to read, as there is room
+  } else if (step != Step_t::Progressed) {
+    _failed = true;  // there is room, so nothing is left to read
   }
   return produced;
 }
 
 void GzipSource::endMember() {
   if (_restSize >= 2 && _rest[0] == 0x1F && _rest[1] == 0x8B) {
-    _engine = std::make_unique<InflateEngine>(Container::Gzip);
+    _engine = InflateEngine::make(Container_t::Gzip);
   } else {
     _ended = true;
   }
@@ -94,7 +95,7 @@ bool GzipSource::spend(std::uint64_t count) {
 }
 
 bool GzipSource::canHold(std::uint64_t count) const {
-  constexpr std::uint64_t bestRatio = 1032;  // of deflate, to one
+  constexpr std::uint64_t bestRatio = 1032;  // plain bytes for one, the most that deflate reaches
   constexpr std::uint64_t withinEngine = 64;
   return count <= _left && count / bestRatio <= _restSize + withinEngine;
 }

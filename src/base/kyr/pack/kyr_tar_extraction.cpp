@@ -1,4 +1,5 @@
 #include <kyr/core/KyrException.h>
+#include <kyr/files/live_files_p.h>
 #include <kyr/files/safe_file_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_directory_p.h>
@@ -7,6 +8,7 @@
 #include <kyr/os/os_reason_p.h>
 #include <kyr/pack/KyrZippedTar.h>
 #include <kyr/pack/tar_files_p.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <QDir>
 #include <QHash>
@@ -17,7 +19,7 @@ namespace Kyr {
 
 namespace {
 
-/// Parts that some system takes for the directory above: "..", but also ".. " and "...".
+/// Whether some system takes a part for the directory above: "..", but also ".. " and "...".
 bool leadsUp(const QString& part) {
   return part.size() > 1 &&
          std::all_of(part.begin(), part.end(), [](QChar c) { return c == '.' || c == ' '; });
@@ -31,7 +33,7 @@ bool isHarmless(const QString& name) {
          !name.contains(QChar::Null) && std::none_of(parts.begin(), parts.end(), leadsUp);
 }
 
-/// Whether files here can have such a name; harmless ones that cannot are devices, for example.
+/// Whether files on this system can have a name; the names of devices, for example, they cannot.
 bool isPossible(const QString& name) {
   const QStringList parts = OS::convertSeparatorsToUnix(name).split('/');
   return std::all_of(parts.begin(), parts.end(), TarFiles::canBeName);
@@ -41,7 +43,7 @@ bool isPossible(const QString& name) {
   throw Exception(QString("%1: %2").arg(fault, what));
 }
 
-/// Empty for the directory itself, as "./".
+/// The name of a directory within the archive; empty for the archive's own, as "./".
 QString directoryIn(QString name) {
   while (name.endsWith('/') || name.endsWith("/.")) {
     name.chop(1);
@@ -69,9 +71,10 @@ void expectFree(const QString& path) {
   }
 }
 
-/// Refuses with the reason of the system.
+/// Throws the Exception for a path, with the reason of the system.
 [[noreturn]] void refuseToWrite(const QString& path) {
   const QString reason = Platform::inWords(Platform::lastError());
+  LiveFile::stayIfEnding();
   throw Exception(QString("cannot write, as %1: %2").arg(reason, path));
 }
 
@@ -89,7 +92,10 @@ bool isPlainFile(const QString& path) {
 /// A file under a name of its own, which goes with it unless the file was put in its place.
 class NewFile {
  public:
-  explicit NewFile(const QString& path) : _path(path), _temporary(TemporaryFile::besideOf(path)) {}
+  explicit NewFile(const QString& path)
+      : _path(path),
+        _temporary(TemporaryFile::besideOf(path)),
+        _nativeTemporary(Platform::nativePath(_temporary)) {}
   ~NewFile() {
     if (_isThere) {
       _file.close();
@@ -99,15 +105,17 @@ class NewFile {
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
 
+  /// Writes the file under its own name.
   /// \param keepsPermissions whether it gets those of the plain file that has its place
   bool write(const std::vector<unsigned char>& contents, bool keepsPermissions) {
-    const bool isMade =
-        _file.create(Platform::nativePath(_temporary), keepsPermissions ? _path : _temporary);
+    const bool isMade = _file.create(_nativeTemporary, keepsPermissions ? _path : _temporary);
+    _live.tried();
     const auto* const bytes = reinterpret_cast<const char*>(contents.data());
     _isThere = _file.isOpen();
     return isMade && _file.write(bytes, contents.size()) && _file.close();
   }
 
+  /// Puts the file in its place.
   /// \return false when it is still under its own name
   bool put(OS::Existing_t existing) {
     const bool isPut =
@@ -119,15 +127,22 @@ class NewFile {
   const QString& temporary() const { return _temporary; }
 
  private:
-  /// Links to directories are not replaced in one step everywhere.
+  /// Replaces what has the name; some systems do not replace links to directories in one step.
   bool replace() {
-    return Platform::renameOver(_temporary, _path) ||
-           (!isPlainFile(_path) && Platform::removeFile(_path) &&
-            Platform::renameOver(_temporary, _path));
+    if (Platform::renameOver(_temporary, _path)) {
+      return true;
+    }
+    if (isPlainFile(_path)) {
+      return false;
+    }
+    LiveFile::stayIfEnding();  // nothing makes room for a file that is gone
+    return Platform::removeFile(_path) && Platform::renameOver(_temporary, _path);
   }
 
   QString _path;
   QString _temporary;
+  std::filesystem::path _nativeTemporary;
+  LiveFile _live{_nativeTemporary};
   Platform::OutputFile _file;
   bool _isThere = false;
 };
@@ -152,6 +167,7 @@ void ZippedTarReader::extractTo(const QString& directory) const {
 }
 
 void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existing) const {
+  const TraceSpan span("ZippedTarReader::extractTo", "save");
   if (!isValid()) {
     throw Exception("the archive is damaged or larger than allowed");
   }

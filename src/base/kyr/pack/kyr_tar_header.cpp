@@ -1,4 +1,5 @@
 #include <kyr/pack/tar_header_p.h>
+#include <kyr/text/utf8_p.h>
 
 #include <algorithm>
 #include <numeric>
@@ -37,7 +38,7 @@ QByteArray bytesIn(const Block& block, Field field) {
   return {start, static_cast<int>(field.size)};
 }
 
-/// The field up to its first zero byte.
+/// The text of a field, up to its first zero byte.
 QByteArray textIn(const Block& block, Field field) {
   const QByteArray bytes = bytesIn(block, field);
   const int end = bytes.indexOf('\0');
@@ -45,7 +46,7 @@ QByteArray textIn(const Block& block, Field field) {
 }
 
 constexpr int longestName = static_cast<int>(nameField.size) - 1;
-/// Of the sizes and times that octal digits can hold.
+/// The largest size or time that the octal digits of a header hold.
 constexpr std::int64_t largest = (std::int64_t{1} << 3U * (sizeField.size - 1)) - 1;
 static_assert(sizeField.size == timeField.size);
 
@@ -53,7 +54,7 @@ QByteArray octal(std::int64_t number, int digits) {
   return QByteArray::number(static_cast<qlonglong>(number), 8).rightJustified(digits, '0');
 }
 
-/// Bytes of a header as a sum; those of the checksum count as blanks.
+/// The sum of a header's bytes, of which those of the checksum count as blanks.
 template <class Byte>
 std::int64_t sumOf(const Block& block) {
   const auto add = [](std::int64_t sum, unsigned char byte) {
@@ -65,8 +66,8 @@ std::int64_t sumOf(const Block& block) {
   return std::accumulate(checksum + checksumField.size, block.end(), front, add);
 }
 
-/// A number of GNU tar that octal digits cannot hold: lowest byte last, the highest bit set, and
-/// the next one for a negative number.
+/// A number that octal digits cannot hold, as GNU tar writes it: lowest byte last, the highest bit
+/// set, and the next one for a negative number.
 std::optional<std::int64_t> binaryNumber(const QByteArray& bytes) {
   constexpr std::int64_t most = INT64_MAX / 256;
   const int first = static_cast<unsigned char>(bytes[0]) & 0x7F;
@@ -84,7 +85,8 @@ bool isEnd(char character) {
   return character == ' ' || character == '\0';
 }
 
-/// Octal digits among blanks; an empty field is 0, as some programs leave what does not matter.
+/// The number of octal digits among blanks; 0 of an empty field, as some programs leave fields
+/// empty that do not matter.
 std::optional<std::int64_t> numberIn(const Block& block, Field field) {
   const QByteArray bytes = bytesIn(block, field);
   if ((static_cast<unsigned char>(bytes[0]) & 0x80U) != 0) {
@@ -106,7 +108,8 @@ std::optional<std::int64_t> wholeNumber(const QByteArray& text) {
   return ok ? std::optional<std::int64_t>(number) : std::nullopt;
 }
 
-/// What GNU tar says about sparse files, in all its versions; \a key without what all begin with.
+/// Applies what GNU tar says about sparse files, in all its versions.
+/// \param key without the beginning that all such keys have
 bool applySparse(const QByteArray& key, const QByteArray& value, SparseMap& map,
                  std::uint64_t& left) {
   map.isThere = true;
@@ -148,19 +151,14 @@ QByteArray recordOf(const QByteArray& key, const QByteArray& value) {
   return QByteArray::number(length) + rest;
 }
 
-/// The start of UTF-8 that has at most so many bytes, without half a letter at its end.
+/// The first letters of a text in UTF-8 that take at most so many bytes.
 QByteArray startOf(const QByteArray& text, int size) {
-  if (text.size() <= size) {
-    return text;
-  }
-  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U) {
-    --size;
-  }
-  return text.left(size);
+  return text.left(
+      int(Utf8::lengthOfStart(text.constData(), std::size_t(text.size()), std::size_t(size))));
 }
 
-/// What a header has room for of a name. A separator at its end would make it a directory's for
-/// readers that look no further.
+/// As much of a name as a header has room for. It does not end in a separator, which would make it
+/// the name of a directory for readers that look no further.
 QByteArray nameForHeader(const QByteArray& name) {
   QByteArray start = startOf(name, longestName);
   while (start.endsWith('/')) {
@@ -169,7 +167,7 @@ QByteArray nameForHeader(const QByteArray& name) {
   return start;
 }
 
-/// Everything but the checksum.
+/// Fills a header, but for the checksum.
 void fillHeader(Block& block, const Entry& entry, const QByteArray& type) {
   block.fill(0);
   store(block, nameField, entry.name);
@@ -185,8 +183,8 @@ void storeChecksum(Block& block, std::int64_t sum) {
   store(block, checksumField, octal(sum, checksumDigits) + '\0' + ' ');
 }
 
-/// A header that all readers take: those of the library's oldest versions know the signed sum
-/// only, all others both. That cannot be written when it is negative.
+/// Sets the checksum: the signed sum, which the library's oldest versions take only, while all
+/// others take both. It cannot be written when it is negative, and then is the unsigned one.
 QByteArray finished(Block& block) {
   const std::int64_t sum = sumOf<signed char>(block);
   storeChecksum(block, sum < 0 ? sumOf<unsigned char>(block) : sum);
@@ -223,7 +221,7 @@ const char* makeHeader(Block& block, const Entry& entry) {
     return "it was changed before 1970 or after 2242";
   }
   fillHeader(block, entry, "0");
-  // Signed, as it has always been: readers of the library's archives may know no other sum.
+  // The signed sum, as ever: old readers of the library's archives know no other.
   const std::int64_t sum = sumOf<signed char>(block);
   if (sum < 0) {
     return "its name in the archive has so many letters beyond ASCII that the header's checksum is "
@@ -265,7 +263,7 @@ bool isZero(const Block& block) {
   return std::all_of(block.begin(), block.end(), [](unsigned char byte) { return byte == 0; });
 }
 
-Kind kindOf(const Block& block) {
+Kind_t kindOf(const Block& block) {
   switch (typeOf(block)) {
     case '\0':
     case '0':
@@ -329,7 +327,7 @@ bool readSparseBlock(const Block& block, bool isFirst, SparseMap& map) {
   constexpr unsigned numberSize = 12;
   constexpr Field realSize{483, numberSize};
   const Field numbers = isFirst ? Field{386, 8 * numberSize} : Field{0, 42 * numberSize};
-  const unsigned end = numbers.offset + numbers.size;  // there it says whether more blocks follow
+  const unsigned end = numbers.offset + numbers.size;  // this byte says whether more blocks follow
   for (unsigned at = numbers.offset; at < end && block[at] != 0; at += numberSize) {
     map.numbers.push_back(numberIn(block, {at, numberSize}).value_or(-1));
   }

@@ -4,21 +4,40 @@
 #include <kyr/files/unfinished_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/deflate_engine_p.h>
+#include <kyr/pack/piece_stream_p.h>
 
 #include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <new>
+#include <utility>
 
 namespace Kyr {
 
 namespace {
 
+std::unique_ptr<DeflateEngine> makeEngine(const ZipPieces* pieces) {
+  return pieces ? nullptr : DeflateEngine::make(Container_t::Gzip);
+}
+
+std::unique_ptr<PieceStream> makePieces(const ZipPieces* pieces, PieceStream::Send send) {
+  if (!pieces) {
+    return nullptr;
+  }
+  return std::make_unique<PieceStream>(Container_t::Gzip, *pieces, std::move(send));
+}
+
 /// Compresses straight into the vector. That grows by small steps, not by doubling: what is set
 /// aside and not used must stay below what is promised for it.
 class MemoryTarget : public TarTarget {
  public:
-  explicit MemoryTarget(StructVector<unsigned char>* out) : _out(out), _engine(Container::Gzip) {
+  MemoryTarget(StructVector<unsigned char>* out, const ZipPieces* pieces)
+      : _out(out),
+        _engine(makeEngine(pieces)),
+        _pieces(makePieces(pieces, [this](const unsigned char* bytes, std::size_t count) {
+          append(bytes, count);
+          return true;
+        })) {
     _out->clear();
     _out->trim();
   }
@@ -33,31 +52,52 @@ class MemoryTarget : public TarTarget {
     _out->trim();
   }
 
+  void append(const unsigned char* bytes, std::size_t count) {
+    if (_out->capacity() - _out->size() < count) {
+      _out->changeCapacity(stepSize);
+    }
+    _out->append(bytes, count);
+  }
+
   void run(const unsigned char* bytes, unsigned count, bool finish) {
-    Step step = Step::Progressed;
-    _engine.setInput(bytes, count);
+    if (!(_pieces ? toPieces(bytes, count, finish) : toEngine(bytes, count, finish))) {
+      throw std::bad_alloc();
+    }
+  }
+
+  bool toPieces(const unsigned char* bytes, unsigned count, bool finish) {
+    return finish ? _pieces->finish() : _pieces->write(bytes, count);
+  }
+
+  bool toEngine(const unsigned char* bytes, unsigned count, bool finish) {
+    Step_t step = Step_t::Progressed;
+    _engine->setInput(bytes, count);
     do {
       if (_out->size() == _out->capacity()) {
         _out->changeCapacity(stepSize);
       }
       const auto room = static_cast<unsigned>(_out->capacity() - _out->size());
-      _engine.setOutput(_out->end(), room);
-      step = _engine.run(finish);
-      _out->setSize(_out->size() + room - _engine.outputLeft());
-    } while (step == Step::Progressed && _engine.outputLeft() == 0);
-    if (step == Step::Failed || (finish && step != Step::Ended)) {
-      throw std::bad_alloc();
-    }
+      _engine->setOutput(_out->end(), room);
+      step = _engine->run(finish);
+      _out->setSize(_out->size() + room - _engine->outputLeft());
+    } while (step == Step_t::Progressed && _engine->outputLeft() == 0);
+    return step != Step_t::Failed && (!finish || step == Step_t::Ended);
   }
 
   StructVector<unsigned char>* _out;
-  DeflateEngine _engine;
+  const std::unique_ptr<DeflateEngine> _engine;
+  const std::unique_ptr<PieceStream> _pieces;  // in place of the engine
 };
 
 class StreamTarget : public TarTarget {
  public:
-  StreamTarget(std::ostream* target, const QString& name)
-      : _target(target), _name(name), _engine(Container::Gzip) {
+  StreamTarget(std::ostream* target, const QString& name, const ZipPieces* pieces)
+      : _target(target),
+        _name(name),
+        _engine(makeEngine(pieces)),
+        _pieces(makePieces(pieces, [this](const unsigned char* bytes, std::size_t count) {
+          return deliver(bytes, count);
+        })) {
     Unfinished::mark(*_target);
   }
 
@@ -76,21 +116,36 @@ class StreamTarget : public TarTarget {
   virtual void settle() { _target->flush(); }
 
   void run(const unsigned char* bytes, unsigned count, bool finish) {
-    Step step = Step::Progressed;
-    _engine.setInput(bytes, count);
-    do {
-      _engine.setOutput(_piece.get(), pieceSize);
-      step = _engine.run(finish);
-      const unsigned produced = pieceSize - _engine.outputLeft();
-      // The last piece has a byte at least, and one that is missing is enough.
-      send(produced - (step == Step::Ended ? std::min(produced, withheld()) : 0));
-    } while (step == Step::Progressed && _engine.outputLeft() == 0);
-    expect(step != Step::Failed && (!finish || step == Step::Ended));
+    _pieces ? toPieces(bytes, count, finish) : toEngine(bytes, count, finish);
   }
 
-  void send(unsigned count) {
-    _target->write(reinterpret_cast<const char*>(_piece.get()), count);
+  void toPieces(const unsigned char* bytes, unsigned count, bool finish) {
+    const bool isGood = finish ? _pieces->finish(withheld()) : _pieces->write(bytes, count);
     expect(_target->good());
+    if (!isGood) {
+      throw std::bad_alloc();
+    }
+  }
+
+  void toEngine(const unsigned char* bytes, unsigned count, bool finish) {
+    Step_t step = Step_t::Progressed;
+    _engine->setInput(bytes, count);
+    do {
+      _engine->setOutput(_piece.get(), pieceSize);
+      step = _engine->run(finish);
+      const unsigned produced = pieceSize - _engine->outputLeft();
+      // What is withheld comes from the last output only, which has a byte at least; an archive
+      // that lacks its last byte is no complete one.
+      send(produced - (step == Step_t::Ended ? std::min(produced, withheld()) : 0));
+    } while (step == Step_t::Progressed && _engine->outputLeft() == 0);
+    expect(step != Step_t::Failed && (!finish || step == Step_t::Ended));
+  }
+
+  void send(unsigned count) { expect(deliver(_piece.get(), count)); }
+
+  bool deliver(const unsigned char* bytes, std::size_t count) {
+    _target->write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(count));
+    return _target->good();
   }
 
   void expect(bool good) const {
@@ -101,7 +156,8 @@ class StreamTarget : public TarTarget {
 
   std::ostream* _target;
   QString _name;
-  DeflateEngine _engine;
+  const std::unique_ptr<DeflateEngine> _engine;
+  const std::unique_ptr<PieceStream> _pieces;  // in place of the engine
   std::unique_ptr<unsigned char[]> _piece{new unsigned char[pieceSize]};
 };
 
@@ -118,7 +174,8 @@ struct OpenedFile {
 
 class FileTarget : private OpenedFile, public StreamTarget {
  public:
-  explicit FileTarget(const QString& name) : OpenedFile(name), StreamTarget(&file, name) {}
+  FileTarget(const QString& name, const ZipPieces* pieces)
+      : OpenedFile(name), StreamTarget(&file, name, pieces) {}
 
  private:
   void settle() override { file.close(); }
@@ -126,16 +183,18 @@ class FileTarget : private OpenedFile, public StreamTarget {
 
 }  // namespace
 
-std::unique_ptr<TarTarget> TarTarget::inMemory(StructVector<unsigned char>* out) {
-  return std::make_unique<MemoryTarget>(out);
+std::unique_ptr<TarTarget> TarTarget::inMemory(StructVector<unsigned char>* out,
+                                               const ZipPieces* pieces) {
+  return std::make_unique<MemoryTarget>(out, pieces);
 }
 
-std::unique_ptr<TarTarget> TarTarget::onStream(std::ostream* target, const QString& name) {
-  return std::make_unique<StreamTarget>(target, name);
+std::unique_ptr<TarTarget> TarTarget::onStream(std::ostream* target, const QString& name,
+                                               const ZipPieces* pieces) {
+  return std::make_unique<StreamTarget>(target, name, pieces);
 }
 
-std::unique_ptr<TarTarget> TarTarget::inFile(const QString& name) {
-  return std::make_unique<FileTarget>(name);
+std::unique_ptr<TarTarget> TarTarget::inFile(const QString& name, const ZipPieces* pieces) {
+  return std::make_unique<FileTarget>(name, pieces);
 }
 
 TarTarget::TarTarget() : _buffer(new unsigned char[bufferSize]) {}

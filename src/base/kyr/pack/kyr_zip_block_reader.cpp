@@ -14,23 +14,25 @@ std::size_t readBytes(std::istream& source, char* room, std::size_t count) {
   try {
     source.read(room, static_cast<std::streamsize>(count));
   } catch (...) {
-    // A source that was told to throw; the count says all.
+    // The source was told to throw. How much was read says whether it failed.
   }
   return static_cast<std::size_t>(source.gcount());
 }
 
-ZipBlockReader::ZipBlockReader(std::istream& source, std::uint64_t offset)
+ZipBlockReader::ZipBlockReader(std::istream& source, std::uint64_t offset, unsigned firstBlocks)
     : _source(source),
-      _input(std::make_unique<char[]>(std::size_t{blocksAtOnce} * blockSize)),
+      _input(new char[std::size_t{blocksAtOnce} * blockSize]),
+      _atOnce(firstBlocks),
       _offset(offset) {}
 
 unsigned ZipBlockReader::next() {
   _inputOffset = _offset;
   _held = 0;
   _size = 0;
-  while (_stop == Stop::None && _held < blocksAtOnce) {
+  while (_stop == Stop_t::None && _held < _atOnce) {
     readBlock();
   }
+  _atOnce = std::min(2 * _atOnce, blocksAtOnce);
   return _size;
 }
 
@@ -39,12 +41,12 @@ void ZipBlockReader::readBlock() {
   const std::size_t bytesRead = readBytes(_source, bytes, lengthSize);
   const unsigned length = bytesRead == lengthSize ? ZipFormat::loadUInt16(bytes) : 0;
   if (bytesRead < lengthSize) {
-    _stop = bytesRead == 0 && _lastIsFull ? Stop::LastBlock : Stop::SourceEnd;
+    _stop = bytesRead == 0 && _lastIsFull ? Stop_t::LastBlock : Stop_t::SourceEnd;
     _offset += bytesRead;
   } else if (length == 0) {
-    _stop = Stop::EndMark;
+    _stop = Stop_t::EndMark;
   } else if (length > blockSize) {
-    _stop = Stop::BadLength;
+    _stop = Stop_t::BadLength;
   } else {
     takeBlock(length);
   }
@@ -53,7 +55,7 @@ void ZipBlockReader::readBlock() {
 void ZipBlockReader::takeBlock(unsigned length) {
   const auto bytesRead = static_cast<unsigned>(readBytes(_source, &_input[_size], length));
   if (bytesRead < length) {
-    _stop = Stop::SourceEnd;
+    _stop = Stop_t::SourceEnd;
   } else {
     ++_blocks;
   }

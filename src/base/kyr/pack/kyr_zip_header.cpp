@@ -25,7 +25,7 @@ static_assert(sizeField.offset == timeField.end());
 static_assert(libraryVersionField.offset == sizeField.end());
 static_assert(libraryVersionField.end() == headerSize, "readers of every version expect 104 bytes");
 
-// The literals' own ending zeros belong to the file.
+// The zeros that end these literals belong to the file.
 constexpr char constantBlock[constantSize] = "Kyr-V5.x\0HEADER\0Kyr-ZIP-Stream";
 constexpr char olderMark[] = "Kyr-ZIP";
 constexpr std::size_t olderHeaderSize = 12;
@@ -96,7 +96,7 @@ bool beginsWithOlderMark(const char* bytes, std::size_t count) {
 
 ZipHeaderInfo describe(const Header& header) {
   const char* const version = header.data() + libraryVersionField.offset;
-  // A hostile file has no zero byte behind the text.
+  // A hostile file may have no zero byte behind the text.
   const char* const end = std::find(version, version + libraryVersionField.size, '\0');
   ZipHeaderInfo info;
   info.fileVersion = loadUInt32(header.data() + fileVersionField.offset);

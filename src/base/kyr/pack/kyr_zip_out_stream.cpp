@@ -3,6 +3,7 @@
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/pack/deflate_engine_p.h>
 #include <kyr/pack/zip_header_p.h>
+#include <kyr/pack/zip_piece_writer_p.h>
 #include <kyr/time/KyrTime.h>
 
 #include <algorithm>
@@ -18,13 +19,28 @@ constexpr std::streamsize areaSize = blockSize;
 
 ZipOutStreamBuffer::ZipOutStreamBuffer(const QString& fileName, unsigned fileVersion)
     : _file(std::make_unique<std::ofstream>()), _target(_file.get()) {
+  _traced.setDetail(fileName);
   OS::openStdStream(*_file, fileName, OS::OpenWrite, false);
-  start(fileVersion);
+  start(fileVersion, nullptr);
 }
 
 ZipOutStreamBuffer::ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion)
     : _target(target) {
-  start(fileVersion);
+  start(fileVersion, nullptr);
+}
+
+ZipOutStreamBuffer::ZipOutStreamBuffer(const QString& fileName, unsigned fileVersion,
+                                       const ZipPieces& pieces)
+    : _file(std::make_unique<std::ofstream>()), _target(_file.get()) {
+  _traced.setDetail(fileName);
+  OS::openStdStream(*_file, fileName, OS::OpenWrite, false);
+  start(fileVersion, &pieces);
+}
+
+ZipOutStreamBuffer::ZipOutStreamBuffer(std::ostream* target, unsigned fileVersion,
+                                       const ZipPieces& pieces)
+    : _target(target) {
+  start(fileVersion, &pieces);
 }
 
 ZipOutStreamBuffer::~ZipOutStreamBuffer() {
@@ -35,20 +51,41 @@ ZipOutStreamBuffer::~ZipOutStreamBuffer() {
   }
 }
 
-void ZipOutStreamBuffer::start(unsigned fileVersion) {
+void ZipOutStreamBuffer::start(unsigned fileVersion, const ZipPieces* pieces) {
   const ZipFormat::Header header =
       ZipFormat::makeHeader(fileVersion, Time::currentTime().wholeSeconds());
   if (!_target || !send(header.data(), header.size())) {
     release();
     return;
   }
-  _putArea = std::make_unique<char[]>(blockSize);
-  _block = std::make_unique<char[]>(lengthSize + blockSize + lengthSize);
-  _engine = std::make_unique<DeflateEngine>(Container::Zlib);
-  provideRoom();
-  setp(_putArea.get(), _putArea.get() + blockSize);
+  if (pieces && !startPieces(*pieces)) {
+    release();
+    return;
+  }
+  if (!pieces) {
+    _putArea = std::make_unique<char[]>(blockSize);
+    _block = std::make_unique<char[]>(lengthSize + blockSize + lengthSize);
+    _engine = DeflateEngine::make(Container_t::Zlib);
+    provideRoom();
+    setp(_putArea.get(), _putArea.get() + blockSize);
+  }
   Unfinished::mark(*_target);
   _failed = false;
+}
+
+bool ZipOutStreamBuffer::startPieces(const ZipPieces& pieces) {
+  const auto sendAll = [this](const char* bytes, std::size_t count) { return send(bytes, count); };
+  _pieces = std::make_unique<ZipPieceWriter>(pieces, sendAll);
+  setp(_pieces->room(), _pieces->room() + pieceSize);
+  return _pieces->begin();
+}
+
+/// Hands the put area over and gets another one.
+bool ZipOutStreamBuffer::addPiece() {
+  const auto size = static_cast<std::size_t>(pptr() - pbase());
+  _failed = !_pieces->add(size);
+  _failed ? setp(nullptr, nullptr) : setp(_pieces->room(), _pieces->room() + pieceSize);
+  return !_failed;
 }
 
 bool ZipOutStreamBuffer::isOpen() const {
@@ -70,7 +107,11 @@ bool ZipOutStreamBuffer::close() {
 /// for the end of the stream. For those who salvage what there is, all of it comes before.
 void ZipOutStreamBuffer::abandon() {
   if (isOpen()) {
-    sendWhatIsHeld();
+    if (_pieces) {
+      addPiece() && _pieces->settle();
+    } else {
+      sendWhatIsHeld();
+    }
     char promise[lengthSize];
     ZipFormat::storeUInt16(promise, blockSize);
     send(promise, lengthSize);
@@ -95,7 +136,9 @@ void ZipOutStreamBuffer::sendWhatIsHeld() {
 void ZipOutStreamBuffer::release() {
   setp(nullptr, nullptr);
   _target = nullptr;
+  _pieces.reset();
   _file.reset();
+  _traced.end();
 }
 
 ZipOutStreamBuffer::int_type ZipOutStreamBuffer::overflow(int_type character) {
@@ -109,7 +152,7 @@ ZipOutStreamBuffer::int_type ZipOutStreamBuffer::overflow(int_type character) {
 }
 
 int ZipOutStreamBuffer::sync() {
-  if (isOpen() && pptr() > pbase()) {
+  if (isOpen() && !_pieces && pptr() > pbase()) {
     compressPutArea(false);
   }
   return _failed ? -1 : 0;
@@ -123,7 +166,7 @@ std::streamsize ZipOutStreamBuffer::xsputn(const char* bytes, std::streamsize co
     const std::streamsize left = count - done;
     if (pptr() == epptr()) {
       compressPutArea(false);
-    } else if (pptr() == pbase() && left > areaSize) {
+    } else if (!_pieces && pptr() == pbase() && left > areaSize) {
       done += compress(bytes + done, blockSize, false) ? areaSize : 0;
     } else {
       const std::streamsize room = std::min<std::streamsize>(left, epptr() - pptr());
@@ -135,6 +178,9 @@ std::streamsize ZipOutStreamBuffer::xsputn(const char* bytes, std::streamsize co
 }
 
 bool ZipOutStreamBuffer::compressPutArea(bool finish) {
+  if (_pieces) {
+    return addPiece() && (!finish || _pieces->finish());
+  }
   const auto length = static_cast<unsigned>(pptr() - pbase());
   setp(pbase(), epptr());
   return compress(pbase(), length, finish);
@@ -142,13 +188,13 @@ bool ZipOutStreamBuffer::compressPutArea(bool finish) {
 
 bool ZipOutStreamBuffer::compress(const char* bytes, unsigned length, bool finish) {
   _engine->setInput(bytes, length);
-  Step step = _engine->run(finish);
+  Step_t step = _engine->run(finish);
   while (_engine->outputLeft() == 0 && sendBlock(blockSize, false)) {
     provideRoom();
     step = _engine->run(finish);
   }
   const bool blockIsStuck = _engine->outputLeft() == 0;
-  if (blockIsStuck || step != (finish ? Step::Ended : Step::Progressed)) {
+  if (blockIsStuck || step != (finish ? Step_t::Ended : Step_t::Progressed)) {
     _failed = true;
     setp(nullptr, nullptr);
   }
@@ -156,8 +202,9 @@ bool ZipOutStreamBuffer::compress(const char* bytes, unsigned length, bool finis
 }
 
 bool ZipOutStreamBuffer::finish() {
-  if (!compressPutArea(true)) {
-    return false;
+  const bool isCompressed = compressPutArea(true);
+  if (!isCompressed || _pieces) {
+    return isCompressed;
   }
   const unsigned length = blockSize - _engine->outputLeft();
   // Readers know the end of a stream that ends with a full block; it gets no end mark.
@@ -203,6 +250,18 @@ ZipOutStream::ZipOutStream(const QString& fileName, unsigned fileVersion)
 
 ZipOutStream::ZipOutStream(std::ostream* target, unsigned fileVersion)
     : std::ostream(nullptr), _buffer(std::make_unique<ZipOutStreamBuffer>(target, fileVersion)) {
+  start();
+}
+
+ZipOutStream::ZipOutStream(const QString& fileName, unsigned fileVersion, const ZipPieces& pieces)
+    : std::ostream(nullptr),
+      _buffer(std::make_unique<ZipOutStreamBuffer>(fileName, fileVersion, pieces)) {
+  start();
+}
+
+ZipOutStream::ZipOutStream(std::ostream* target, unsigned fileVersion, const ZipPieces& pieces)
+    : std::ostream(nullptr),
+      _buffer(std::make_unique<ZipOutStreamBuffer>(target, fileVersion, pieces)) {
   start();
 }
 

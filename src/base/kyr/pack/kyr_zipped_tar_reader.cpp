@@ -3,6 +3,7 @@
 #include <kyr/core/KyrProgError.h>
 #include <kyr/pack/gzip_source_p.h>
 #include <kyr/pack/tar_header_p.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <QHash>
 
@@ -47,7 +48,7 @@ class TarParser {
       _source.drain();
       return false;
     }
-    // Also at the end of the gzip data: whoever leaves the mark out has not finished the archive.
+    // An archive that ends with the gzip data, without the mark of its end, was not finished.
     _good = count == _header.size() && _entriesLeft > 0 && Tar::checksumFits(_header);
     --_entriesLeft;
     return _good;
@@ -91,10 +92,11 @@ class TarParser {
     return false;
   }
 
-  /// The oldest programs know directories by their names alone; by the whole names, as a header may
-  /// hold the start of a longer one, up to a separator.
-  Tar::Kind kind() const {
-    const Tar::Kind kind = Tar::kindOf(_header);
+  /// What the entry is. The oldest programs know directories by a separator at the end of their
+  /// names; the whole name counts, as a header may hold the start of a longer one, up to a
+  /// separator.
+  Tar::Kind_t kind() const {
+    const Tar::Kind_t kind = Tar::kindOf(_header);
     return kind == Tar::File && name().endsWith('/') ? Tar::Directory : kind;
   }
 
@@ -138,7 +140,7 @@ class TarParser {
     return readPadded(count, contents) && addFile(std::move(contents));
   }
 
-  /// The link and its file count as two files, as they do when they are written.
+  /// Adds a hard link as a file of its own, as it counts when it is written.
   bool copyEarlierFile() {
     const auto found = _indices.constFind(link());
     if (found == _indices.constEnd()) {
@@ -251,7 +253,7 @@ class TarParser {
     return _source.canHold(count) && _source.skip(count + paddingOf(count));
   }
 
-  /// What was said about an entry does not hold for the next one.
+  /// Drops what was said about an entry, which does not hold for the next one.
   bool forget() {
     _name.clear();
     _link.clear();
@@ -267,8 +269,8 @@ class TarParser {
   unsigned _entriesLeft;
   std::uint64_t _recordsLeft;
   ZippedTarReader& _reader;
-  // Of the files so far, of several of one name the last. By bytes: those that are no UTF-8 look
-  // alike.
+  // The index of each name among the files so far, the last of several of one name. By the bytes of
+  // the name: as texts, names that are no UTF-8 look alike.
   QHash<QByteArray, std::size_t> _indices;
   Tar::Block _header{};
   QByteArray _name;
@@ -279,6 +281,7 @@ class TarParser {
 
 ZippedTarReader::ZippedTarReader(const StructVector<unsigned char>& data,
                                  const ZippedTarLimits& limits) {
+  const TraceSpan span("ZippedTarReader", "read");
   try {
     _valid = TarParser(data, limits, *this).run();
   } catch (const std::bad_alloc&) {

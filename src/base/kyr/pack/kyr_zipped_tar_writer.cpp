@@ -27,7 +27,7 @@ constexpr auto binaryInput = std::ios_base::in | std::ios_base::binary;
 bool fill(std::filebuf& in, unsigned char* room, std::size_t count) {
   std::size_t got = 0;
   try {
-    // Not by the stream, which keeps the lack of memory to itself.
+    // The buffer is read and not the stream, which would keep the lack of memory to itself.
     const auto wanted = static_cast<std::streamsize>(count);
     got = static_cast<std::size_t>(in.sgetn(reinterpret_cast<char*>(room), wanted));
   } catch (const std::ios_base::failure&) {
@@ -37,7 +37,7 @@ bool fill(std::filebuf& in, unsigned char* room, std::size_t count) {
   return got == count;
 }
 
-/// To be asked for right after the failure.
+/// The system's reason; to be asked for right after the failure.
 /// \throws std::bad_alloc for the lack of memory, which is no fault of a file
 QString reasonOfFailure() {
   const Platform::SystemError error = Platform::lastError();
@@ -64,23 +64,40 @@ ZippedTarWriter::ZippedTarWriter(StructVector<unsigned char>* out)
     : _target(TarTarget::inMemory(out)) {}
 
 ZippedTarWriter::ZippedTarWriter(const QString& fileName) : _target(TarTarget::inFile(fileName)) {
+  _traced.setDetail(fileName);
   leaveOut(fileName);
 }
 
 ZippedTarWriter::ZippedTarWriter(std::ostream* target)
     : _target(TarTarget::onStream(target, "archive")) {}
 
+ZippedTarWriter::ZippedTarWriter(StructVector<unsigned char>* out, const ZipPieces& pieces)
+    : _target(TarTarget::inMemory(out, &pieces)) {}
+
+ZippedTarWriter::ZippedTarWriter(const QString& fileName, const ZipPieces& pieces)
+    : _target(TarTarget::inFile(fileName, &pieces)) {
+  _traced.setDetail(fileName);
+  leaveOut(fileName);
+}
+
+ZippedTarWriter::ZippedTarWriter(std::ostream* target, const ZipPieces& pieces)
+    : _target(TarTarget::onStream(target, "archive", &pieces)) {}
+
 ZippedTarWriter::~ZippedTarWriter() {
   try {
     _hasEnd ? flush() : _target->abandon();
   } catch (...) {
-    // Without its end the archive is visibly incomplete.
+    // An archive without its end is visibly incomplete.
   }
 }
 
+/// Writes an entry's header.
 /// \return why the entry does not fit; empty when it was written
 QString ZippedTarWriter::writeHeader(const QString& name, std::int64_t modified,
                                      std::int64_t size) {
+  if (_hasEnd) {
+    return "the archive has its end already";
+  }
   const Tar::Entry entry{name.toUtf8(), modified, size};
   if (name.contains(QChar::Null)) {
     return "its name in the archive holds a zero";
@@ -114,7 +131,7 @@ QString ZippedTarWriter::addStream(std::ifstream& in, const QString& name, std::
                "filled up with zeros";
 }
 
-/// Writes what the header has promised, whatever has become of the file.
+/// Writes as many bytes as the header has promised, whatever has become of the file.
 bool ZippedTarWriter::copyContent(std::ifstream& in, std::int64_t size) {
   bool complete = true;
   for (std::int64_t left = size; left > 0;) {
@@ -123,11 +140,15 @@ bool ZippedTarWriter::copyContent(std::ifstream& in, std::int64_t size) {
     complete = fill(*in.rdbuf(), _target->room(), portion) && complete;
     _target->added(portion);
     left -= std::int64_t(portion);
+    if (_watcher) {
+      _watcher(portion);
+    }
   }
   fillLastBlock(size);
   return complete;
 }
 
+/// Fills the last block of an entry with zeros.
 /// \param size of the content that has been written
 void ZippedTarWriter::fillLastBlock(std::int64_t size) {
   constexpr Tar::Block zeros{};
@@ -135,7 +156,8 @@ void ZippedTarWriter::fillLastBlock(std::int64_t size) {
   _target->write(zeros.data(), rest > 0 ? Tar::blockSize - rest : 0);
 }
 
-/// \return whether it was
+/// Notes the loss of an entry for a reason, if there is one; throws unless all is taken.
+/// \return whether the entry was added
 bool ZippedTarWriter::expectAdded(const QString& path, const QString& reason) {
   if (reason.isEmpty()) {
     return true;
@@ -155,15 +177,16 @@ void ZippedTarWriter::addFile(const QString& path, const QString& name) {
   }
 }
 
+/// Adds a file that can be opened.
 /// \return why it cannot be opened; empty otherwise
 /// \throws as addFile() what comes afterwards
 QString ZippedTarWriter::addIfReadable(const QString& path, const TarFiles::Facts& facts,
                                        const QString& name) {
   if (!facts.isFile) {
-    return reasonOf(facts);  // to open a pipe would be to wait for its writer
+    return reasonOf(facts);  // opening a pipe would wait for its writer
   }
   std::ifstream in;
-  // Not by OS, which would look once more whether it is a directory.
+  // OS would look once more whether it is a directory.
   if (!Platform::openBuffer(*in.rdbuf(), path, binaryInput, true)) {
     return reasonOfFailure();
   }
@@ -225,6 +248,7 @@ void ZippedTarWriter::addEof() {
 
 void ZippedTarWriter::flush() {
   _target->finish();
+  _traced.end();
 }
 
 void ZippedTarWriter::addContents(const QString& name, const QByteArray& contents,

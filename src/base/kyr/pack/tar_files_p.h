@@ -8,7 +8,7 @@
 
 namespace Kyr::TarFiles {
 
-/// What there is of a name, links followed.
+/// What a name leads to, links followed.
 struct Facts {
   bool isFile = false;  ///< a plain one
   bool isDirectory = false;
@@ -18,6 +18,7 @@ struct Facts {
   std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC
 };
 
+/// Finds out what a name leads to.
 /// \return false when there is nothing of this name, not even a link that leads nowhere, or it
 ///         cannot be examined; the reason is lastError()
 bool examine(const QString& name, Facts& facts);

@@ -18,7 +18,7 @@ constexpr unsigned blockSize = 512;
 using Block = std::array<unsigned char, blockSize>;
 
 /// What the type field of a header can mean here.
-enum Kind {
+enum Kind_t {
   File,
   LongName,    ///< its content is the name of the next entry (GNU)
   LongLink,    ///< its content is where the next entry leads (GNU)
@@ -50,7 +50,7 @@ struct Entry {
   std::int64_t size;
 };
 
-/// Makes the header of the oldest form.
+/// Makes a header of the oldest form.
 /// \return why the entry does not fit; null when it does
 const char* makeHeader(Block& block, const Entry& entry);
 
@@ -62,14 +62,15 @@ QByteArray makeHeaders(const Entry& entry);
 bool checksumFits(const Block& block);
 
 bool isZero(const Block& block);
-/// By the type alone; files of the oldest programs may be directories, by their names.
-Kind kindOf(const Block& block);
+/// What an entry is by its type field alone; by their names, files of the oldest programs may be
+/// directories.
+Kind_t kindOf(const Block& block);
 char typeOf(const Block& block);
 /// The name with its POSIX prefix.
 QByteArray nameIn(const Block& block);
 /// Where a link leads.
 QByteArray linkIn(const Block& block);
-/// \return nothing for what is no number or a negative one
+/// The size that a header tells; nothing for what is no number or a negative one.
 std::optional<std::int64_t> sizeIn(const Block& block);
 std::int64_t modifiedIn(const Block& block);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrStructVector.h>
+#include <kyr/pack/KyrZipPieces.h>
 
 #include <QString>
 
@@ -16,11 +17,14 @@ namespace Kyr {
 /// same archive, whatever the sizes of the writes, and small writes cost nothing.
 class TarTarget {
  public:
-  static std::unique_ptr<TarTarget> inMemory(StructVector<unsigned char>* out);
+  /// \param pieces who compresses; null when it is not done in pieces
+  static std::unique_ptr<TarTarget> inMemory(StructVector<unsigned char>* out,
+                                             const ZipPieces* pieces = nullptr);
   /// \param name how failures call it
-  static std::unique_ptr<TarTarget> onStream(std::ostream* target, const QString& name);
+  static std::unique_ptr<TarTarget> onStream(std::ostream* target, const QString& name,
+                                             const ZipPieces* pieces = nullptr);
   /// Opens a file.
-  static std::unique_ptr<TarTarget> inFile(const QString& name);
+  static std::unique_ptr<TarTarget> inFile(const QString& name, const ZipPieces* pieces = nullptr);
 
   TarTarget(const TarTarget&) = delete;
   TarTarget& operator=(const TarTarget&) = delete;

@@ -32,7 +32,8 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   return true;
 }
 
-// A directory that the system does not tell must not become the root.
+// The name stays relative where the system does not tell the current directory, instead of
+// beginning at the root.
 QString TarFiles::absolute(const QString& name) {
   const QString current = QDir::isAbsolutePath(name) ? QString() : OS::getCurrentDirectory();
   return current.isEmpty() ? name : current + "/" + name;

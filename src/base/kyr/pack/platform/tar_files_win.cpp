@@ -13,7 +13,7 @@ namespace Kyr {
 
 namespace {
 
-/// From 1601-01-01, in units of 100 nanoseconds.
+/// The system counts 100 nanoseconds from 1601-01-01 on.
 constexpr std::int64_t unitsPerSecond = 10000000;
 constexpr std::int64_t secondsTo1970 = 11644473600;
 
@@ -41,17 +41,17 @@ std::int64_t combine(DWORD high, DWORD low) {
   return std::int64_t(high) << 32 | low;
 }
 
-/// Rounded down, also before 1970.
+/// Seconds since 1970, rounded down, also before.
 std::int64_t secondsOf(const FILETIME& time) {
   return combine(time.dwHighDateTime, time.dwLowDateTime) / unitsPerSecond - secondsTo1970;
 }
 
-/// These characters are no part of a name; ":" begins the name of a stream within a file.
+/// Whether a character can be no part of a name; ":" begins the name of a stream within a file.
 bool isReserved(QChar character) {
   return character < ' ' || QString("<>:\"|?*").contains(character);
 }
 
-/// The names of devices, which stay theirs with any extension and in any directory.
+/// Whether a part names a device, which it does with any extension and in any directory.
 bool isDevice(const QString& part) {
   const QString name = part.section('.', 0, 0).trimmed().toUpper();
   const bool isNumbered = name.size() == 4 && (name.startsWith("COM") || name.startsWith("LPT"));
@@ -82,12 +82,13 @@ bool TarFiles::examine(const QString& name, Facts& facts) {
   return true;
 }
 
-// Names may begin at the root of the current drive or in the current directory of another one.
+// The system completes names, which may begin at the root of the current drive or in the current
+// directory of another one.
 QString TarFiles::absolute(const QString& name) {
   return QFileInfo(name).absoluteFilePath();
 }
 
-// Dots and blanks at the end are dropped.
+// The system drops dots and blanks at the end, so that two names would mean the same.
 bool TarFiles::canBeName(const QString& part) {
   return part.isEmpty() || part == "." ||
          (!part.endsWith('.') && !part.endsWith(' ') && !isDevice(part) &&
