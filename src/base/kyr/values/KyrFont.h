@@ -1,0 +1,78 @@
+/// \file
+/// Fonts as settings keep them.
+#pragma once
+
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/files/KyrFileParse.h>
+
+#include <QString>
+
+namespace Kyr {
+
+/// A font of a setting. A plain value that knows no screen: whether there is such a font shows
+/// when somebody draws with it. As text: docs/formats/values.md.
+/// \threadsafety as QString
+class KYR_EXPORT Font {
+ public:
+  /// What may be added to one another.
+  enum Style_t : unsigned {
+    StylePlain = 0,
+    StyleItalic = 1,
+    StyleUnderline = 2,
+    StyleStrikeOut = 4,
+    StyleFixed = 8,  ///< all characters are of one width; chooses the font where the family is
+                     ///< unknown
+  };
+
+  static constexpr double smallestSize = 0.1;  ///< points
+  static constexpr double largestSize = 10000;
+  static constexpr int lightest = 1;
+  static constexpr int normal = 400;
+  static constexpr int bold = 700;
+  static constexpr int heaviest = 1000;
+
+  /// The system's own font in 10 points.
+  Font() = default;
+  /// \param family empty for the system's own
+  /// \param size in points (1/72 inch), smallestSize to largestSize
+  /// \param weight lightest to heaviest
+  /// \param styles a sum of Style_t
+  /// \throws Exception for values outside these
+  Font(const QString& family, double size, int weight = normal, unsigned styles = StylePlain);
+
+  const QString& family() const { return _family; }
+  double size() const { return _size; }
+  int weight() const { return _weight; }
+  unsigned styles() const { return _styles; }
+  bool has(Style_t style) const { return (_styles & style) == style; }
+
+  /// The values of a line, as "DejaVu\_Sans 10.5 700 italic".
+  QString toText() const;
+  /// A line of a keyed text file, without line end; a very long one is continued.
+  /// \param key Latin-1, without white space
+  QString toLine(const char* key) const;
+
+  /// Reads what toText() writes; the weight and what follows may be missing.
+  /// \throws Exception for any other text
+  static Font fromText(const QString& text);
+  /// Reads the next line of a keyed text file.
+  /// \throws FileParse::EndOfFile as FileParse::File::getLine()
+  /// \throws FileParse::Error with line and reason, for people, when the line holds no font
+  static Font read(FileParse::File& file, const char* key);
+
+ private:
+  QString _family;
+  double _size = 10;
+  int _weight = normal;
+  unsigned _styles = StylePlain;
+};
+
+inline bool operator==(const Font& left, const Font& right) {
+  return left.family() == right.family() && left.size() == right.size() &&
+         left.weight() == right.weight() && left.styles() == right.styles();
+}
+inline bool operator!=(const Font& left, const Font& right) {
+  return !(left == right);
+}
+
+}  // namespace Kyr
