@@ -3,17 +3,7 @@
 
 #include "support/Support.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <utility>
-
 using namespace Kyr;
-
-namespace {
 
 TEST(DisplaysOnLinux, ReadsTheKernelsListsOfScreens) {
   const KyrTest::TempDir folder;
@@ -43,5 +33,3 @@ TEST(DisplaysOnLinux, ReadsTheKernelsListsOfScreens) {
             "  connector card0-HDMI-A-1    connected, 1920x1080 (preferred), 2 more modes\n\n"
             "None\n----\n  nothing found\n");
 }
-
-}  // namespace

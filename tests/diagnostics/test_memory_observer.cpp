@@ -1,14 +1,10 @@
 #include <kyr/diagnostics/KyrMemoryObserver.h>
 
-#include <kyr/app/KyrNewHandler.h>
+#include <kyr/crash/KyrNewHandler.h>
 
 #include "support/Support.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <stdexcept>
-#include <vector>
 
 using namespace Kyr;
 

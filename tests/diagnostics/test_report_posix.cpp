@@ -1,22 +1,12 @@
-#include <kyr/core/KyrPlatform.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
 
 #include "support/Support.h"
-
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-
-#include <cstdio>
-#include <iterator>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Kyr;
-
-namespace {
 
 TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
   const KyrTest::TempDir folder;
@@ -44,9 +34,7 @@ TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
 }
 
 TEST(ReportOnLinux, SaysWhatItCouldNotOpen) {
-#if defined(KYR_ADDRESS_SANITIZER)
-  GTEST_SKIP() << "UndefinedBehaviorSanitizer looks at memory through a pipe";
-#endif
+  KYR_SKIP_ADDRESS_SANITIZER("UndefinedBehaviorSanitizer looks at memory through a pipe");
   const KyrTest::TempDir folder;
   const KyrTest::ScopedEnvironment temporary("TMPDIR", folder.path().toUtf8());
   const auto ended = KyrTest::inChild([] {
@@ -73,5 +61,3 @@ TEST(ReportOnLinux, BlanksArgumentsToTheirEnds) {
   });
   EXPECT_EQ(ended.output, "--password [blanked] --api-key=[blanked] --token [blanked] --size 3");
 }
-
-}  // namespace

@@ -1,13 +1,10 @@
 #include <kyr/diagnostics/KyrSystemReport.h>
 
-#include <gtest/gtest.h>
+#include "support/Support.h"
 
-#include <QRegularExpression>
 #include <QSettings>
 
 using namespace Kyr;
-
-namespace {
 
 TEST(ReportOnWindows, ReadsKeysAndVersionsOfModules) {
   QSettings settings("HKEY_CURRENT_USER\\Software\\ORV", QSettings::NativeFormat);
@@ -23,5 +20,3 @@ TEST(ReportOnWindows, ReadsKeysAndVersionsOfModules) {
         << line << report.toText().toStdString();
   }
 }
-
-}  // namespace

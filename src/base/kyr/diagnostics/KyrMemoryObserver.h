@@ -28,6 +28,12 @@ struct MemoryUse {
 /// there is no thread behind this. A threshold calls back once when it is crossed, and again only
 /// after the quantity has gone back by more than a sixteenth of the threshold: a value that
 /// wavers around it does not call each time.
+/// \code
+/// MemoryObserver observer;
+/// const auto warn = [](const MemoryUse& use) { std::cerr << use.systemAvailable << " left\n"; };
+/// observer.watch(MemoryObserver::SystemLeft, 500000000, warn);
+/// observer.poll();  // now and then
+/// \endcode
 /// \threadsafety one thread at a time per object; the static members any thread
 class KYR_EXPORT MemoryObserver {
  public:
@@ -67,7 +73,8 @@ class KYR_EXPORT MemoryObserver {
   /// Asks the system.
   static MemoryUse measure();
   /// Asks the registered NewHandlers for memory as a failing operator new does: in their order,
-  /// until one has released something. For callbacks that want to be earlier than that.
+  /// until one has released something. For callbacks that give memory back before an
+  /// allocation fails.
   /// \return whether one did, or the handler returned that the process had before the library
   /// \throws what they throw, but for std::bad_alloc
   static bool freeMemory();

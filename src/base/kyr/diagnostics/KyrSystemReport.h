@@ -21,6 +21,13 @@ namespace Kyr {
 /// cannot be found out is a remark in its section; the report is never lost for it. Its texts are
 /// English, whoever writes it: support reads them. The format: docs/formats/support-archive.md.
 ///
+/// \code
+/// SystemReport report;
+/// report.collect();
+/// report.add("Licence", [](SystemReport::Section& section) { section.add("kind", "floating"); });
+/// report.write(report.name() + ".tar.gz");
+/// \endcode
+///
 /// Secrets are left out as far as names show them: see blankSecrets(). Files are packed as they
 /// are.
 /// \threadsafety one thread at a time per object
@@ -46,7 +53,7 @@ class KYR_EXPORT SystemReport {
     PartProcessor = 2,      ///< model, number, and the number that the suite uses
     PartMemory = 4,         ///< of the process and of the machine
     PartDisplays = 8,       ///< screens with their modes, and graphics cards
-    PartVersions = 16,      ///< of the application, the library and what it stands on
+    PartVersions = 16,      ///< of the application, of the library and of what it uses
     PartDirectories = 32,   ///< where the suite keeps what, and how much room is left there
     PartSettings = 64,      ///< the suite's settings in the registry or in ORV.conf
     PartEnvironment = 128,  ///< the environment variables

@@ -1,7 +1,7 @@
 #include <kyr/diagnostics/KyrMemoryObserver.h>
 
-#include <kyr/app/KyrNewHandler.h>
 #include <kyr/core/KyrProgError.h>
+#include <kyr/crash/KyrNewHandler.h>
 #include <kyr/diagnostics/memory_use_p.h>
 
 #include <algorithm>
@@ -93,7 +93,8 @@ MemoryUse MemoryObserver::poll() {
   return use;
 }
 
-/// The callback may add and remove watches: it runs as a copy. One before it may have polled.
+/// Calls a watch's callback, as a copy: it may remove its own watch. An earlier callback may have
+/// removed the watch, or polled and so called it already.
 void MemoryObserver::callBack(unsigned number, const MemoryUse& use) {
   const auto found = find(number);
   if (found != _watches.end() && found->armed) {

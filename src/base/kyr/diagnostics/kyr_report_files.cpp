@@ -1,5 +1,6 @@
 #include <kyr/diagnostics/report_p.h>
 
+#include <kyr/core/forever_p.h>
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
@@ -67,29 +68,29 @@ struct Candidate {
   bool isDump;
 };
 
-/// The newest first.
+/// The logs and dumps of a directory, the newest first.
 std::vector<Candidate> findCandidates(const QString& directory, Report::Section& section) {
-  static const QRegularExpression pattern =
-      Report::expression(R"(\AORV-[A-Za-z0-9_.\-]{1,40}\.(log|dmp)\z)");
+  static const Forever<QRegularExpression> pattern(
+      Report::expression(R"(\AORV-[A-Za-z0-9_.\-]{1,40}\.(log|dmp)\z)"));
   QStringList entries;
   if (!OS::readDirectory(directory, &entries)) {
     section.miss(directory + " cannot be read.");
   }
   std::vector<Candidate> found;
   for (const QString& entry : entries) {
-    if (!Report::search(pattern, entry).hasMatch()) {
+    if (!Report::search(pattern.object, entry).hasMatch()) {
       continue;
     }
     const QString path = QDir(directory).filePath(entry);
     Report::OwnFile file;
     switch (Report::readOwnFile(path, 0, file)) {
-      case Report::Reading::Done:
+      case Report::Reading_t::Done:
         found.push_back({entry, path, file.size, file.modified, entry.endsWith(".dmp")});
         break;
-      case Report::Reading::Foreign:
+      case Report::Reading_t::Foreign:
         section.remarks += path + " is not packed: it is no plain file of this user.";
         break;
-      case Report::Reading::Failed:
+      case Report::Reading_t::Failed:
         section.miss(path + " cannot be read.");
         break;
     }
@@ -104,9 +105,10 @@ std::vector<Candidate> findCandidates(const QString& directory, Report::Section&
 struct Quota {
   unsigned files;
   std::int64_t size;
-  bool whole;  ///< a part is worth nothing
+  bool whole;  ///< whether a file is of no use in part
 };
 
+/// Packs a log or a dump, if the quota allows.
 /// \return where it is packed, or why it is not
 QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport::File>& packed,
              Report::Section& section) {
@@ -117,7 +119,7 @@ QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport:
   if (quota.whole && candidate.size > quota.size) {
     return "not packed, too large";
   }
-  if (Report::readOwnFile(candidate.path, quota.size, file) != Report::Reading::Done) {
+  if (Report::readOwnFile(candidate.path, quota.size, file) != Report::Reading_t::Done) {
     section.miss(candidate.path + " cannot be read any more.");
     return "not packed, cannot be read any more";
   }

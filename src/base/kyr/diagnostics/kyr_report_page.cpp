@@ -12,7 +12,7 @@ namespace Kyr {
 
 namespace {
 
-/// Reads well on screens, dark ones too, and on paper.
+/// The style of the page, for screens, dark ones too, and for paper.
 constexpr const char* style = R"(
 :root { --ink: #1c2430; --faint: #5d6b7d; --line: #d8dee6; --paper: #fff; --ground: #f2f4f7;
   --accent: #1f5fa8; --warn: #8a4b00; --warn-ground: #fff3dc; }

@@ -2,7 +2,6 @@
 
 #include <kyr/core/KyrVersion.h>
 #include <kyr/diagnostics/KyrMemoryObserver.h>
-#include <kyr/env/KyrInit.h>
 #include <kyr/env/settings_p.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
@@ -23,7 +22,7 @@ namespace Kyr {
 
 namespace {
 
-constexpr int mostRows = 2000;  // of what other programs may fill without end
+constexpr int mostRows = 2000;  // other programs may fill settings and the environment without end
 
 QString durationText(std::int64_t seconds) {
   constexpr std::int64_t minutesOfDay = 1440;
@@ -59,10 +58,6 @@ void addProxies(Report::Section& section) {
 
 QString bitsOf(int wordSize) {
   return QString("%1 bits").arg(wordSize);
-}
-
-bool isStarted() {
-  return !KyrInit::getConfigDirectory(KyrInit::ConfigRoaming).isEmpty();
 }
 
 QString applicationText() {
@@ -158,7 +153,7 @@ void Report::describeMemory(Section& section) {
 }
 
 void Report::describeVersions(Section& section) {
-  section.add("application of the suite", isStarted() ? KyrInit::getApplicationName() : "");
+  section.add("application of the suite", Settings::isSettled() ? Settings::applicationName() : "");
   section.add("program", applicationText());
   section.add("arguments", argumentsText());
   section.add("file", OS::convertSeparatorsToUnix(OS::getExecutable()));
@@ -171,23 +166,20 @@ void Report::describeVersions(Section& section) {
 }
 
 std::vector<Report::Directory> Report::directories() {
-  const Settings::ConfigDirectories planned = Settings::configDirectories();
-  std::vector<Directory> all{
-      {"software", isStarted() ? KyrInit::getSoftwareDirectory() : Settings::softwareDirectory()},
-      {"settings", planned.roaming},
-      {"settings of this version", planned.roamingVersion},
-      {"settings of this machine", planned.nonRoaming},
-      {"profiles", KyrInit::getProfileDirectory(KyrInit::ProfileInUse)},
-      {"profiles as configured", KyrInit::getProfileDirectory(KyrInit::ProfileConfigured)},
+  const Settings::Settled& settled = Settings::settled();
+  const bool isSettled = Settings::isSettled();
+  const Settings::ConfigDirectories config =
+      isSettled ? settled.config : Settings::configDirectories();
+  return {
+      {"software", isSettled ? settled.software : Settings::softwareDirectory()},
+      {"settings", config.roaming},
+      {"settings of this version", config.roamingVersion},
+      {"settings of this machine", config.nonRoaming},
+      {"profiles", settled.profile.inUse},
+      {"profiles as configured", settled.profile.configured},
       {"temporary", OS::convertSeparatorsToUnix(OS::getTempDirectory())},
       {"current", OS::convertSeparatorsToUnix(OS::getCurrentDirectory())},
   };
-  if (isStarted()) {
-    all[1].path = KyrInit::getConfigDirectory(KyrInit::ConfigRoaming);
-    all[2].path = KyrInit::getConfigDirectory(KyrInit::ConfigRoamingVersion);
-    all[3].path = KyrInit::getConfigDirectory(KyrInit::ConfigNonRoaming);
-  }
-  return all;
 }
 
 void Report::describeDirectories(Section& section) {

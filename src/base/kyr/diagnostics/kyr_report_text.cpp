@@ -12,7 +12,8 @@ namespace {
 
 constexpr int widestColumn = 60;
 
-/// The widest cells of each column, as far as they do not push the others away.
+/// The widths of the columns: those of their widest cells, but for cells so wide that they would
+/// push the others away.
 std::vector<int> widthsOf(const std::vector<QStringList>& rows) {
   std::vector<int> widths;
   for (const QStringList& row : rows) {
@@ -25,7 +26,7 @@ std::vector<int> widthsOf(const std::vector<QStringList>& rows) {
   return widths;
 }
 
-/// Further lines of a cell stand below its first.
+/// A row as text; further lines of a cell stand below its first.
 QString lineOf(const QStringList& row, const std::vector<int>& widths) {
   QString line = "  ";
   int indent = 2;
@@ -48,7 +49,8 @@ QStringList visibleRow(const QStringList& row) {
   return shown;
 }
 
-/// The text, as long as it was, with another character for each half of one, which no search takes.
+/// The text with another character in the place of each half of a surrogate pair, at which searches
+/// fail. Its length stays.
 QString withoutHalves(QString text) {
   for (int i = 0; i < text.size(); ++i) {
     const bool isPair =

@@ -1,6 +1,7 @@
 #include <kyr/diagnostics/KyrSystemReport.h>
 
 #include <kyr/core/KyrException.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/diagnostics/report_p.h>
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
@@ -24,10 +25,11 @@ namespace Kyr {
 
 namespace {
 
-/// In UTF-8. The name of an archive's entry has 99 bytes, of which the report's own takes half.
+/// Bytes of a file's name in UTF-8: the name of an archive's entry has 99, of which the name of the
+/// report takes half.
 constexpr int longestName = 40;
 constexpr int longestTextName = 30;
-constexpr std::int64_t latestTime = 077777777777;   // that an archive's header can hold
+constexpr std::int64_t latestTime = 077777777777;   // seconds that an archive's header can hold
 constexpr std::int64_t mostOfKernelFile = 1 << 16;  // bytes
 
 struct Part {
@@ -53,11 +55,11 @@ constexpr Part knownParts[] = {
 /// Whether a name stays below the folder that somebody unpacks it in, on every system. Devices of
 /// Windows are in every folder, with every ending.
 bool isHarmless(const QString& name) {
-  static const QRegularExpression reserved =
+  static const Forever<QRegularExpression> reserved(
       Report::expression(R"([\\:*?"<>|\p{C}]|(?:^|/)(?:con|prn|aux|nul|(?:com|lpt)\d) *(?:[./]|$))",
-                         QRegularExpression::CaseInsensitiveOption);
+                         QRegularExpression::CaseInsensitiveOption));
   const QStringList elements = name.split('/');
-  return name.toUtf8().size() <= longestName && !Report::search(reserved, name).hasMatch() &&
+  return name.toUtf8().size() <= longestName && !Report::search(reserved.object, name).hasMatch() &&
          std::none_of(elements.begin(), elements.end(), [](const QString& each) {
            return each.isEmpty() || each.endsWith('.') || each.endsWith(' ');
          });
@@ -68,7 +70,8 @@ QString reasonOf(const std::exception& error) {
   return known ? known->getText() : QString::fromLocal8Bit(error.what());
 }
 
-/// Whether both cannot be in one folder: they are equal on Windows, or one is to hold the other.
+/// Whether two names cannot be in one folder: they are equal on Windows, or the one is a folder of
+/// the other.
 bool areInTheWay(const QString& left, const QString& right) {
   return (left + '/').startsWith(right + '/', Qt::CaseInsensitive) ||
          (right + '/').startsWith(left + '/', Qt::CaseInsensitive);
@@ -80,8 +83,8 @@ Exception cannotWrite(const QString& fileName, const QString& reason) {
 }
 
 /// An empty file of a free name beside another, for its owner alone; removed unless it was renamed.
-/// Of a process that was killed, the next SafeFile of the directory removes it. QTemporaryFile by
-/// itself keeps the file open, in the way of a new name on Windows.
+/// The file of a process that was killed is removed by the next SafeFile in the directory.
+/// QTemporaryFile keeps its file open, which Windows then does not rename.
 class TemporaryName {
  public:
   explicit TemporaryName(const QString& fileName) {
@@ -114,8 +117,8 @@ void SystemReport::Section::miss(const QString& what) {
   missing += what;
 }
 
-// Qt looks at the user's locale under a lock, and keeps that when memory runs out: then everybody
-// waits for ever who needs a locale, as files do. Once this look has succeeded, there is no other.
+// Asks Qt for the user's locale first. Qt does so under a lock that it keeps when memory runs out:
+// then whoever needs a locale, as files do, waits for ever. After one success Qt never asks again.
 SystemReport::SystemReport() : _seconds(Time::currentTime().wholeSeconds()) {
   QLocale::system();
 }
@@ -162,7 +165,8 @@ void SystemReport::addFile(const QString& path, const QString& name, std::int64_
                     .arg(path, Report::sizeText(std::uint64_t(file.size())));
     return;
   }
-  // Qt sets aside whatever it is asked for. The kernel's own files say that they are empty.
+  // Qt allocates as much as it is asked to read, so the size of the file is the bound. The kernel's
+  // own files say that they are empty.
   const std::int64_t wanted = file.size() > 0 ? file.size() : std::min(most, mostOfKernelFile);
   const QByteArray contents = isOpen ? file.read(wanted) : QByteArray();
   if (!isOpen || file.error() != QFileDevice::NoError) {
@@ -217,13 +221,13 @@ QString SystemReport::textName(std::size_t index) const {
       .arg(title.left(longestTextName));
 }
 
-/// Writes the archive into a file, whose permissions stay, and brings it to the disk. No folder
-/// gathers the parts first, which could lose some or keep them for others to read.
+/// Writes the archive into a file, whose permissions stay, and brings it to the disk. The parts
+/// come from memory: in a folder of their own they could be lost, or read by others.
 void SystemReport::pack(const QString& fileName) const {
   const QString folder = name() + "/";
   SafeFile file(fileName);
   ZippedTarWriter archive(&file.stream());
-  archive.setTaking(ZippedTarWriter::TakeAll);  // also names whose header no signed sum fits
+  archive.setTaking(ZippedTarWriter::TakeAll);  // names of any letters
   try {
     archive.addContents(folder + "index.html", toHtml().toUtf8(), _seconds);
     for (std::size_t i = 0; i < _sections.size(); ++i) {

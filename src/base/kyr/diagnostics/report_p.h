@@ -16,7 +16,7 @@ namespace Kyr::Report {
 
 using Section = SystemReport::Section;
 
-/// Of a file that is packed, whatever the caller wants: more does not fit into the memory.
+/// The most that is packed of one file, whatever the caller wants: more does not fit into memory.
 constexpr std::int64_t mostBytes = 1 << 30;
 
 // ---- the parts: kyr_report_parts.cpp, kyr_report_files.cpp --------------------------------------
@@ -30,7 +30,8 @@ void describeSettings(Section& section);
 void describeEnvironment(Section& section);
 void describeModules(Section& section);
 void describeFiles(Section& section);
-/// \param packed gets what is to be packed
+/// Lists logs and dumps of the suite's processes.
+/// \param packed gets what is to be packed of them
 void describeLogs(Section& section, const SystemReport::Limits& limits,
                   std::vector<SystemReport::File>& packed);
 
@@ -39,7 +40,7 @@ struct Directory {
   const char* name;
   QString path;  ///< may be empty
 };
-/// Those that KyrInit has settled, or would settle.
+/// The directories that KyrInit has settled, or would settle.
 std::vector<Directory> directories();
 
 // ---- texts: kyr_report_text.cpp -----------------------------------------------------------------
@@ -48,7 +49,7 @@ std::vector<Directory> directories();
 QString visible(const QString& text);
 /// The words of a command line as they may leave the machine.
 QStringList blankArguments(const QStringList& arguments);
-/// An expression that is good.
+/// A regular expression, of which the pattern is known to be good.
 /// \throws std::bad_alloc; Qt's own keeps such a failure, and finds nothing for ever
 QRegularExpression expression(const QString& pattern,
                               QRegularExpression::PatternOptions options = {});
@@ -65,6 +66,7 @@ QString textOf(const Section& section);
 
 // ---- the platform: platform/report_*.cpp --------------------------------------------------------
 
+/// How long the system has been running.
 /// \return seconds; negative when the system does not tell
 std::int64_t secondsSinceStart();
 /// The C library, or what stands in its place; empty when unknown.
@@ -97,13 +99,13 @@ struct OwnFile {
   std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC
 };
 /// What became of reading a file.
-enum class Reading {
+enum class Reading_t {
   Done,
   Foreign,  ///< it is no plain file with a single name that belongs to the user
-  Failed,   ///< it may be one
+  Failed,   ///< it cannot be known what it is, or it could not be read
 };
 /// Reads a plain file that belongs to the user. Links are not followed, pipes not waited for.
 /// \param most bytes from its end
-Reading readOwnFile(const QString& path, std::int64_t most, OwnFile& file);
+Reading_t readOwnFile(const QString& path, std::int64_t most, OwnFile& file);
 
 }  // namespace Kyr::Report

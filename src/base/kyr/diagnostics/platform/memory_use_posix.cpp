@@ -10,7 +10,7 @@ namespace Kyr {
 
 namespace {
 
-/// The text of a file of the system, which has no size before it is read.
+/// The text of one of the kernel's files, which have no size before they are read.
 QByteArray readSystemFile(const char* name) {
   QFile file(name);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -27,7 +27,7 @@ std::uint64_t field(const QByteArray& text, const char* name) {
 
 }  // namespace
 
-// A limit of the address space is rare, and matters as much as the 4 GiB of other systems.
+// A limit of the address space, which is rare, counts as the 4 GiB of 32-bit systems do.
 MemoryUse Platform::measureMemory() {
   const QByteArray process = readSystemFile("/proc/self/status");
   const QByteArray system = readSystemFile("/proc/meminfo");

@@ -34,7 +34,7 @@ QStringList entriesOf(const QString& folder, Report::Section& section) {
   return entries;
 }
 
-/// "connected, 1920x1080 (preferred), 14 more modes"
+/// The state of a connector, as "connected, 1920x1080 (preferred), 14 more modes".
 QString connectorText(const QString& path, Report::Section& section) {
   const QStringList modes = linesOf(path + "/modes", section);
   QStringList words{linesOf(path + "/status", section).value(0, "unknown")};

@@ -6,7 +6,7 @@ namespace Kyr {
 
 namespace {
 
-/// "1920 x 1080, 32 bits, 60 Hz, at 0, 0"
+/// The mode of a screen, as "1920 x 1080, 32 bits, 60 Hz, at 0, 0".
 QString modeOf(const wchar_t* device) {
   DEVMODEW mode{};
   mode.dmSize = sizeof mode;

@@ -68,7 +68,8 @@ void append(const dl_phdr_info* info, std::vector<Report::Module>& modules) {
   modules.push_back(module);
 }
 
-/// The system's lock, which is held meanwhile, does not survive an exception.
+/// Appends a module to a list. Called with a lock of the system held, which an exception would keep
+/// for ever: hence noexcept.
 int appendModule(dl_phdr_info* info, std::size_t /*size*/, void* list) noexcept {
   auto& found = *static_cast<ModuleList*>(list);
   try {
@@ -79,7 +80,8 @@ int appendModule(dl_phdr_info* info, std::size_t /*size*/, void* list) noexcept 
   return found.failure ? 1 : 0;
 }
 
-/// A second name of a file may be another file of the user's that somebody else wants packed.
+/// Whether a plain file belongs to the user and has this name only: a second name may be that of a
+/// private file, given by somebody who wants it packed.
 bool isOwn(const struct stat& found) {
   return S_ISREG(found.st_mode) && found.st_uid == ::geteuid() && found.st_nlink == 1;
 }
@@ -118,29 +120,30 @@ std::vector<Report::SettingsPlace> Report::settingsPlaces() {
   return places;
 }
 
-Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
+Report::Reading_t Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
   const std::string name = Platform::nativePath(path).native();
   const int descriptor =
       ::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   struct stat found {};
   QFile content;
   if (descriptor < 0) {
-    return ::lstat(name.c_str(), &found) == 0 && !isOwn(found) ? Reading::Foreign : Reading::Failed;
+    return ::lstat(name.c_str(), &found) == 0 && !isOwn(found) ? Reading_t::Foreign
+                                                               : Reading_t::Failed;
   }
   if (!content.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
                     QFileDevice::AutoCloseHandle)) {
     ::close(descriptor);
-    return Reading::Failed;
+    return Reading_t::Failed;
   }
   if (::fstat(descriptor, &found) != 0 || !isOwn(found)) {
-    return Reading::Foreign;
+    return Reading_t::Foreign;
   }
   file.size = found.st_size;
   file.modified = found.st_mtime;
   const std::int64_t wanted = std::min<std::int64_t>(most, file.size);
   content.seek(file.size - wanted);
   file.end = content.read(wanted);
-  return content.error() == QFileDevice::NoError ? Reading::Done : Reading::Failed;
+  return content.error() == QFileDevice::NoError ? Reading_t::Done : Reading_t::Failed;
 }
 
 }  // namespace Kyr

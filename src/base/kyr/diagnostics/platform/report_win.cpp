@@ -13,7 +13,7 @@ namespace Kyr {
 
 namespace {
 
-/// Closes what the system opened.
+/// A handle that closes itself.
 class Handle {
  public:
   explicit Handle(HANDLE handle) : _handle(handle) {}
@@ -31,7 +31,7 @@ class Handle {
   HANDLE _handle;
 };
 
-/// Rounded down.
+/// Whole seconds since 1970, rounded down.
 std::int64_t secondsOf(const FILETIME& time) {
   const std::int64_t units = std::int64_t(time.dwHighDateTime) << 32 | time.dwLowDateTime;
   return units / 10000000 - 11644473600;
@@ -117,8 +117,9 @@ std::vector<Report::SettingsPlace> Report::settingsPlaces() {
   return places;
 }
 
-// The temporary directory is the user's own. A program that still writes its log is not disturbed.
-Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
+// Whose file it is need not be asked: the temporary directory is the user's own. The file is opened
+// so that a program can go on writing its log.
+Report::Reading_t Report::readOwnFile(const QString& path, std::int64_t most, OwnFile& file) {
   const Handle handle(::CreateFileW(Platform::nativePath(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
@@ -127,10 +128,10 @@ Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnF
   if (!handle.isOpen() || !::GetFileInformationByHandle(handle.get(), &found)) {
     const DWORD attributes = ::GetFileAttributesW(Platform::nativePath(path).c_str());
     const bool isOther = attributes != INVALID_FILE_ATTRIBUTES && (attributes & refused) != 0;
-    return isOther ? Reading::Foreign : Reading::Failed;
+    return isOther ? Reading_t::Foreign : Reading_t::Failed;
   }
   if ((found.dwFileAttributes & refused) != 0 || found.nNumberOfLinks != 1) {
-    return Reading::Foreign;
+    return Reading_t::Foreign;
   }
   file.size = std::int64_t(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
   file.modified = secondsOf(found.ftLastWriteTime);
@@ -143,7 +144,7 @@ Report::Reading Report::readOwnFile(const QString& path, std::int64_t most, OwnF
       ::SetFilePointerEx(handle.get(), start, nullptr, FILE_BEGIN) &&
       ::ReadFile(handle.get(), file.end.data(), static_cast<DWORD>(wanted), &got, nullptr);
   file.end.resize(isRead ? static_cast<int>(got) : 0);
-  return isRead ? Reading::Done : Reading::Failed;
+  return isRead ? Reading_t::Done : Reading_t::Failed;
 }
 
 }  // namespace Kyr

@@ -1,4 +1,4 @@
-#include <kyr/services/performance_counter_p.h>
+#include <kyr/diagnostics/performance_counter_p.h>
 
 #include <windows.h>
 

@@ -16,7 +16,17 @@ namespace Kyr {
 /// Measures code by marks on a line of time and by named intervals, and prints both as tables.
 ///
 /// A plain value on the stack of the code that is measured; it runs from its construction on. All
-/// times are in milliseconds of the machine's performance counter.
+/// times are in milliseconds of the machine's performance counter. Traces show the marks and the
+/// intervals, too; see Trace.
+/// \code
+/// DebugTimer timer("reading");
+/// {
+///   const DebugTimer::Scope scope(timer, "points");
+///   in.read(room, sizeof room);
+/// }
+/// timer.mark("read");
+/// timer.print();
+/// \endcode
 /// \threadsafety one thread per object
 class KYR_EXPORT DebugTimer {
  public:
@@ -58,7 +68,7 @@ class KYR_EXPORT DebugTimer {
 
   /// Starts anew: forgets the marks, keeps the intervals and those that have begun.
   void start();
-  /// Records how long after the start the code is here.
+  /// Adds a mark with the time since the start.
   /// \throws ProgError "Timer not started"
   void mark(const QString& name);
   /// Begins an interval; intervals may stand inside each other.
@@ -83,7 +93,10 @@ class KYR_EXPORT DebugTimer {
   void print() const;
 
  private:
-  friend struct TestProbe;  // the tests' way to a timer that does not run
+  struct Begun {
+    std::int64_t count;   // of the counter
+    std::int64_t traced;  // of the trace; 0 without one
+  };
 
   double milliseconds(std::int64_t from, std::int64_t to) const;
   QString timeText(double time) const;
@@ -94,9 +107,9 @@ class KYR_EXPORT DebugTimer {
   int _precision = 2;
   bool _started = false;
   std::int64_t _startCount = 0;
-  std::int64_t _frequency;  // counts in a second
+  std::int64_t _frequency;  // counts of the machine's counter in a second
   std::vector<Mark> _marks;
-  std::vector<std::int64_t> _begun;
+  std::vector<Begun> _begun;
   std::map<std::string, Interval> _intervals;
 };
 

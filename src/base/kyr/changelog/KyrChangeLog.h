@@ -70,6 +70,16 @@ class KYR_EXPORT VersionNumber {
 /// protected functions and puts them into a Log, which keeps them without what the class adds.
 ///
 /// All texts are plain: markup characters in them appear on the page as they are here.
+/// \code
+/// struct Command : ChangeLog::LogEntry {
+///   static LogEntry added(const char* name) {
+///     return elementCreated("commands", ChangeLog::VersionNumber::version620(6), name, "");
+///   }
+/// };
+/// ChangeLog::Log log;
+/// log.addEntry(Command::added("align"));
+/// const QString page = log.transformToPage("Commands", ChangeLog::Log::ByVersion);
+/// \endcode
 /// \threadsafety one thread per object
 class KYR_EXPORT LogEntry {
  public:

@@ -1,16 +1,6 @@
 #include "support/Support.h"
 
-#include <kyr/services/KyrRecordManager.h>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <list>
-#include <optional>
-#include <thread>
-#include <vector>
+#include <kyr/undo/KyrRecordManager.h>
 
 using namespace Kyr;
 using KyrTest::inChild;

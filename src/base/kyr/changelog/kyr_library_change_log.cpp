@@ -1,4 +1,4 @@
-#include <kyr/services/KyrChangeLog.h>
+#include <kyr/changelog/KyrChangeLog.h>
 
 #include <kyr/core/KyrVersion.h>
 #include <kyr/i18n/KyrTranslate.h>
@@ -9,9 +9,9 @@ namespace Kyr::ChangeLog {
 
 namespace {
 
-constexpr const char* descriptions = "KyrLibraryHistory";  // their context in the catalogues
+constexpr const char* descriptions = "KyrLibraryHistory";  // the context of the descriptions
 
-/// The library's way to the functions that make entries.
+/// Makes the library's entries: the functions for that are for derived classes.
 class LibraryEntry : public LogEntry {
  public:
   static LogEntry created(const char* folder, const VersionNumber& version, const char* element,
@@ -23,15 +23,16 @@ class LibraryEntry : public LogEntry {
 
 /// An element that came with a version.
 struct NewElement {
-  const char* folder;  ///< of its header
+  const char* folder;  ///< the room of the element's header
   const char* name;    ///< in the namespace Kyr
   const char* description = nullptr;
 };
 
 /// This code base begins with the sixth package of 6.2.0. Elements stand in the order of the
-/// rooms; tests/services/test_own_log.py misses every exported class that is not here.
+/// rooms; tests/changelog/test_own_log.py misses every exported class that is not here.
 const NewElement firstElements[] = {
     {"core", "Exception"},
+    {"core", "FileParse::Place"},
     {"core", "FileParse::Error"},
     {"core", "FileParse::EndOfFile"},
     {"core", "ProgError",
@@ -56,10 +57,16 @@ const NewElement firstElements[] = {
     {"sync", "AutoMutex"},
     {"sync", "Condition"},
     {"sync", "MutexReadWrite"},
+    {"sync", "AutoMutexRead"},
+    {"sync", "AutoMutexWrite"},
     {"sync", "Thread"},
     {"sync", "SharedMemory", QT_TRANSLATE_NOOP("KyrLibraryHistory", "On Linux only.")},
     {"os", "OS"},
+    {"os", "OpenFile"},
     {"os", "Process"},
+    {"trace", "Trace"},
+    {"trace", "TraceSpan"},
+    {"trace", "TraceLife"},
     {"time", "Time"},
     {"log", "LogText"},
     {"log", "ErrorLog"},
@@ -67,6 +74,7 @@ const NewElement firstElements[] = {
     {"log", "SyncErrorLog"},
     {"log", "SyncOutputErrorLog"},
     {"log", "SyncSystemErrorLog"},
+    {"log", "Journal"},
     {"files", "FileParse::File"},
     {"files", "Filename::Name"},
     {"files", "Filename::NameWithNumber"},
@@ -76,6 +84,7 @@ const NewElement firstElements[] = {
     {"files", "ExclusiveLock",
      QT_TRANSLATE_NOOP("KyrLibraryHistory", "Gives way when its owner no longer lives.")},
     {"files", "SafeFile"},
+    {"files", "deleteDirectoryTree()"},
     {"units", "Unit"},
     {"units", "UnitLinear"},
     {"units", "UnitDiff"},
@@ -97,6 +106,10 @@ const NewElement firstElements[] = {
     {"units", "UnitCurvature"},
     {"units", "UnitAngleVelocity"},
     {"units", "UnitAngleAcceleration"},
+    {"units", "UnitTempDifference"},
+    {"units", "QuantityText",
+     QT_TRANSLATE_NOOP("KyrLibraryHistory", "Reads and writes quantities as people do.")},
+    {"units", "UnitSet"},
     {"jobs", "PoolThread"},
     {"jobs", "PoolForThreads"},
     {"jobs", "JobManager"},
@@ -104,35 +117,48 @@ const NewElement firstElements[] = {
     {"jobs", "CatchingWorker",
      QT_TRANSLATE_NOOP("KyrLibraryHistory",
                        "Hands an exception of its work to the thread that waits for it.")},
+    {"jobs", "parallelFor()"},
+    {"jobs", "parallelInvoke()"},
     {"jobs", "Progress"},
+    {"jobs", "ProgressScope"},
+    {"jobs", "StopToken"},
+    {"jobs", "StopScope"},
+    {"jobs", "StopCallback"},
+    {"jobs", "Stopped"},
     {"jobs", "GUIThreadEvent"},
     {"jobs", "GUIThreadEventCreator"},
-    {"env", "KyrInit"},
     {"i18n", "Translator"},
     {"i18n", "translate()"},
+    {"i18n", "userLocale()"},
+    {"terminal", "InterruptWatch"},
+    {"terminal", "TerminalProgress"},
     {"pack", "Compress"},
     {"pack", "Decompress"},
     {"pack", "ZipOutStream"},
     {"pack", "ZipOutStreamBuffer"},
+    {"pack", "ZipPieces"},
     {"pack", "ZipInStream",
      QT_TRANSLATE_NOOP("KyrLibraryHistory", "Tells at which byte a file is damaged or cut short.")},
     {"pack", "ZipInStreamBuffer"},
+    {"pack", "ZipSalvage"},
     {"pack", "ZippedTarWriter"},
     {"pack", "ZippedTarReader",
      QT_TRANSLATE_NOOP("KyrLibraryHistory", "Bounded in memory by ZippedTarLimits.")},
-    {"services", "ChangeLog::VersionNumber"},
-    {"services", "ChangeLog::LogEntry"},
-    {"services", "ChangeLog::Log"},
-    {"services", "ChangeLog::libraryChangeLog()"},
-    {"services", "RecordManagerBase"},
-    {"services", "StructRecordVectorBase"},
-    {"services", "DebugTimer"},
-    {"app", "NewHandler"},
+    {"values", "Font"},
+    {"values", "Colour"},
+    {"values", "Sound"},
+    {"changelog", "ChangeLog::VersionNumber"},
+    {"changelog", "ChangeLog::LogEntry"},
+    {"changelog", "ChangeLog::Log"},
+    {"changelog", "ChangeLog::libraryChangeLog()"},
+    {"undo", "RecordManagerBase"},
+    {"undo", "StructRecordVectorBase"},
+    {"crash", "NewHandler"},
     {"diagnostics", "SystemReport"},
     {"diagnostics", "MemoryObserver"},
-    {"diagnostics", "Font"},
-    {"diagnostics", "Colour"},
-    {"diagnostics", "Sound"},
+    {"diagnostics", "DebugTimer"},
+    {"app", "KyrInit"},
+    {"app", "StartOptions"},
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include <kyr/services/KyrChangeLog.h>
-#include <kyr/services/change_log_html_p.h>
+#include <kyr/changelog/KyrChangeLog.h>
+#include <kyr/changelog/change_log_html_p.h>
 
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/text/numeric_p.h>
@@ -16,7 +16,7 @@ static_assert(sizeof(unsigned) == 4, "the numbers of a version have 32 bits");
 
 namespace {
 
-constexpr int contextLevel = 2;  // of the headings; the first level is the page's title
+constexpr int contextLevel = 2;  // of headings of contexts; the page's title has the first level
 
 bool isDigit(char byte) {
   return byte >= '0' && byte <= '9';
@@ -54,7 +54,8 @@ QString token(const QString& element) {
   return "<code class=\"token\">" + htmlOf(element) + "</code>";
 }
 
-/// The texts are put in at once: what an element's name says is no place for another.
+/// The entry as a sentence. All texts are put in at once, so that no name of an element is taken
+/// for a place of another text.
 QString sentence(const LogEntry& entry) {
   const QString element = token(entry.getElement());
   switch (entry.getType()) {

@@ -1,5 +1,5 @@
-#include <kyr/services/KyrChangeLog.h>
-#include <kyr/services/change_log_html_p.h>
+#include <kyr/changelog/KyrChangeLog.h>
+#include <kyr/changelog/change_log_html_p.h>
 
 #include <kyr/i18n/KyrTranslator.h>
 
@@ -7,8 +7,8 @@ namespace Kyr::ChangeLog {
 
 namespace {
 
-/// Under a version's heading the lines need not repeat it. Wrapped lines keep clear of the version
-/// in front; long names break anywhere rather than leave the page.
+/// The style of the page. Lines do not repeat the version that their heading names; wrapped lines
+/// keep clear of the version in front, and long names break anywhere rather than leave the page.
 constexpr const char* style = R"(
 :root { color-scheme: light dark; --line: #d4d9de; --quiet: #5b6670; --chip: #eef1f4; }
 body {
@@ -49,7 +49,7 @@ li { margin: .3rem 0; padding-left: 6.5rem; text-indent: -6.5rem; break-inside: 
 }
 )";
 
-/// The language's name in HTML. Two of our shortcuts are those of countries.
+/// The language's name in HTML, which differs for the shortcuts that are those of countries.
 QString languageTag() {
   const Translator* const translator = Translator::instance();
   const QString shortcut = translator ? translator->getLanguageShortcut() : QString("en");

@@ -19,7 +19,8 @@ class KYR_EXPORT RecordManagerBase {
   /// Takes the place of the manager.
   /// \throws ProgError "only one manager allowed"
   RecordManagerBase();
-  /// Copies nothing; the copy does not take the manager's place, whoever has it.
+  /// Copies nothing; the copy does not take the manager's place, whoever has it. Given
+  /// (docs/decisions/0006).
   RecordManagerBase(const RecordManagerBase&) {}
   RecordManagerBase& operator=(const RecordManagerBase&) { return *this; }
   virtual ~RecordManagerBase();
@@ -47,11 +48,20 @@ class KYR_EXPORT RecordManagerBase {
 ///
 /// The registry is never destroyed: containers may live in static variables and may end as late
 /// in the process as they like.
+/// \code
+/// class Lengths : public StructRecordVectorBase {
+///   void resetRecordingMode() override { _isRecording = true; }
+///   bool _isRecording = true;
+/// };
+/// static Lengths lengths;
+/// StructRecordVectorBase::resetAllRecordingModes();  // as for a new project
+/// \endcode
 class KYR_EXPORT StructRecordVectorBase {
  public:
   /// \threadsafety any thread
   StructRecordVectorBase();
-  /// Copies nothing; the copy is not known, and resetAllRecordingModes() leaves it out.
+  /// Copies nothing; the copy is not known, and resetAllRecordingModes() leaves it out. Given
+  /// (docs/decisions/0006).
   StructRecordVectorBase(const StructRecordVectorBase&) {}
   StructRecordVectorBase& operator=(const StructRecordVectorBase&) { return *this; }
   /// \threadsafety any thread

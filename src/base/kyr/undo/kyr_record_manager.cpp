@@ -1,14 +1,13 @@
-#include <kyr/services/KyrRecordManager.h>
+#include <kyr/undo/KyrRecordManager.h>
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/forever_p.h>
-#include <kyr/sync/site_lock_p.h>
 
 namespace Kyr {
 
 /// Support matches reports by these numbers; they do not follow edits of this file.
 namespace site {
-constexpr unsigned Manager = 23, Registry = 61, Enter = 80, Leave = 88, ResetAll = 100;
+constexpr unsigned Manager = 23, Registry = 61;
 constexpr const char* File = "kyr_record_manager";
 }  // namespace site
 
@@ -64,8 +63,7 @@ StructRecordVectorBase::StructRecordVectorBase() {
   // Allocates before it locks: without memory, the handlers that are called then may well free
   // recorded containers.
   Instances entry{this};
-  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::StructRecordVectorBase", site::File,
-                        site::Enter);
+  const AutoMutex locked(&_lock);
   if (!_instances) {
     _instances = newInstances();
   }
@@ -73,16 +71,14 @@ StructRecordVectorBase::StructRecordVectorBase() {
 }
 
 StructRecordVectorBase::~StructRecordVectorBase() {
-  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::~StructRecordVectorBase", site::File,
-                        site::Leave);
+  const AutoMutex locked(&_lock);
   if (_instances) {  // null if there were only copies
     _instances->erase(this);
   }
 }
 
 void StructRecordVectorBase::resetAllRecordingModes() {
-  const SiteLock locked(_lock, "Kyr::StructRecordVectorBase::resetAllRecordingModes", site::File,
-                        site::ResetAll);
+  const AutoMutex locked(&_lock);
   if (_instances) {
     for (StructRecordVectorBase* const instance : *_instances) {
       instance->resetRecordingMode();

@@ -1,8 +1,9 @@
-#include <kyr/services/KyrDebugTimer.h>
-#include <kyr/services/performance_counter_p.h>
+#include <kyr/diagnostics/KyrDebugTimer.h>
+#include <kyr/diagnostics/performance_counter_p.h>
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/text/numeric_p.h>
+#include <kyr/trace/KyrTrace.h>
 
 #include <algorithm>
 #include <array>
@@ -45,7 +46,7 @@ class Table {
     _rows.push_back(row);
   }
   QString text() const {
-    int width = 8;  // the two separators, and two more
+    int width = 8;  // of the two separators, and two columns more
     for (const int column : _widths) {
       width += column;
     }
@@ -55,7 +56,7 @@ class Table {
     }
     return text;
   }
-  /// A line below the rows, which has no last column but the separator before it.
+  /// A line below the rows; it ends with the separator before the last column.
   QString totalLine(const QString& name, const QString& number) const {
     return name.leftJustified(_widths[0]) + separator + number.rightJustified(_widths[1]) +
            separator + '\n';
@@ -107,11 +108,15 @@ void DebugTimer::mark(const QString& name) {
     throw ProgError("Kyr::DebugTimer::mark", site::File, site::Mark, "Timer not started");
   }
   _marks.push_back({name, milliseconds(_startCount, now)});
+  if (Trace::isOn()) {
+    Trace::mark(name.toUtf8().constData());
+  }
 }
 
 void DebugTimer::begin() {
-  _begun.push_back(0);
-  _begun.back() = presentCount();  // after the storage is there: it is not what is measured
+  _begun.push_back({0, Trace::isOn() ? Trace::now() : 0});
+  _begun.back().count =
+      presentCount();  // now that there is memory, whose allocation does not count
 }
 
 void DebugTimer::end(const char* label) {
@@ -119,8 +124,9 @@ void DebugTimer::end(const char* label) {
   if (_begun.empty()) {
     throw ProgError("Kyr::DebugTimer::end", site::File, site::End, "end without begin");
   }
-  const double elapsed = milliseconds(_begun.back(), now);
-  _begun.pop_back();  // before a new label, for which there may be no memory
+  const double elapsed = milliseconds(_begun.back().count, now);
+  Trace::addSpan(label, "timer", _begun.back().traced);
+  _begun.pop_back();  // the interval ends even if there is no memory for a new label
   Interval& interval = _intervals[label ? label : ""];
   interval.total += elapsed;
   ++interval.count;

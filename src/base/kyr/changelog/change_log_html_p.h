@@ -8,8 +8,8 @@ namespace Kyr::ChangeLog {
 
 /// The text as content of an element, well-formed both as HTML and as XML.
 ///
-/// Not tokenizeRT(), whose "<br>" and "&nbsp;" XML does not know, and which lets pass the
-/// characters that neither may hold.
+/// tokenizeRT() would not do: XML does not know its "<br>" and "&nbsp;", and it lets characters
+/// pass that neither HTML nor XML may hold.
 QString htmlOf(const QString& text);
 
 }  // namespace Kyr::ChangeLog

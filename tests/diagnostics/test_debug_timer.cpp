@@ -1,24 +1,22 @@
 #include "support/Support.h"
 
-#include <kyr/services/KyrDebugTimer.h>
-#include <kyr/services/performance_counter_p.h>
-
-#include <gtest/gtest.h>
+#include <kyr/diagnostics/KyrDebugTimer.h>
+#include <kyr/diagnostics/performance_counter_p.h>
 
 #include <QElapsedTimer>
-
-namespace Kyr {
-
-struct TestProbe {
-  static void stop(DebugTimer& timer) { timer._started = false; }
-};
-
-}  // namespace Kyr
 
 using Kyr::DebugTimer;
 using KyrTest::inChild;
 
 namespace {
+
+/// A timer that does not run; no public way leads there.
+template <bool DebugTimer::*started>
+struct Stopper {
+  friend void stop(DebugTimer& timer) { timer.*started = false; }
+};
+template struct Stopper<&DebugTimer::_started>;  // names in an instantiation may be private
+void stop(DebugTimer& timer);
 
 std::int64_t testCount = (std::int64_t(1) << 53) + 1;  // a double would lose counts
 
@@ -142,7 +140,7 @@ TEST(DebugTimer, RefusesAndPrints) {
     const auto ended = inChild([&step = step] {
       DebugTimer timer("\u00e4");
       timer.print();
-      Kyr::TestProbe::stop(timer);
+      stop(timer);
       step(timer);
     });
     const std::string site = std::string("Kyr::DebugTimer::") + function;

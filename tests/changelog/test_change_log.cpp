@@ -1,8 +1,7 @@
-#include <kyr/services/KyrChangeLog.h>
+#include <kyr/changelog/KyrChangeLog.h>
 
-#include <gtest/gtest.h>
+#include "support/Support.h"
 
-#include <QRegularExpression>
 #include <QXmlStreamReader>
 
 using Kyr::ChangeLog::Log;
