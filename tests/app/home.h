@@ -4,14 +4,7 @@
 
 #include "support/Support.h"
 
-#include <kyr/env/KyrInit.h>
-#include <kyr/os/KyrOS.h>
-
-#include <QFile>
-
-#include <memory>
-#include <utility>
-#include <vector>
+#include <kyr/app/KyrInit.h>
 
 namespace KyrTest {
 
@@ -38,6 +31,19 @@ class Home {
   /// \return the arguments that are left
   QStringList start(const Variables& variables, QStringList arguments = {"app"},
                     Kyr::Application_t application = Kyr::ApplicationMotion) const {
+    setVariables(variables);
+    Kyr::KyrInit::InitLibrary(application, arguments);
+    return arguments;
+  }
+  /// As above, for a program of its own.
+  QStringList start(const Variables& variables, QStringList arguments,
+                    const Kyr::StartOptions& options) const {
+    setVariables(variables);
+    Kyr::KyrInit::InitLibrary(options, arguments);
+    return arguments;
+  }
+
+  void setVariables(const Variables& variables) const {
     Variables all{{"KYR_CONSOLE", "file:" + file("output")},
                   {"KYR_CONFIG_DIR", file("config")},
                   {"TMPDIR", _path},
@@ -46,8 +52,6 @@ class Home {
     for (const auto& [name, value] : all) {
       value.isNull() ? Kyr::OS::unsetEnv(name) : Kyr::OS::setEnv(name, value);
     }
-    Kyr::KyrInit::InitLibrary(application, arguments);
-    return arguments;
   }
 
   /// In a child: leaves a text for said().

@@ -6,15 +6,8 @@
 #include <kyr/jobs/KyrThreadPool.h>
 #include <kyr/units/KyrUnits.h>
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-
-#include <cstdio>
-
 using namespace Kyr;
-using KyrTest::Home;
-using KyrTest::inChild;
+using namespace KyrTest;
 
 namespace {
 
@@ -104,6 +97,34 @@ TEST(Start, GoesOnWithTheStreamsThatItHasWhenTheLogCannotBeOpened) {
   const QByteArray name = target.toLocal8Bit();
   EXPECT_EQ(ended.errors, "Could not redirect stdout to " + name + "\nerror\n");
   EXPECT_EQ(ended.output, "Could not redirect stderr to " + name + "\n" + announcement);
+}
+
+TEST(Start, LeavesAProgramOfItsOwnAsItIs) {
+  const Home home;
+  const auto ended = inChild([&] {
+    int count = 1;
+    char name[] = "app";
+    char* programArguments[] = {name, nullptr};
+    const QCoreApplication application(count, programArguments);
+    QCoreApplication::setLibraryPaths({home.path()});
+    const QString twice = home.start({{"KYR", QString()}}, {"app", "-start-app-socket", "5", "x"},
+                                     {QString::fromUtf8("Pr\xc3\xbc\x66ung"), "1.2"})
+                              .join(' ');
+    std::printf("seen\n");
+    std::fflush(stdout);
+    home.say(QStringList{twice, KyrInit::getApplicationName(),
+                         KyrInit::getTranslatedApplicationName(), KyrInit::getApplicationVersion(),
+                         QCoreApplication::applicationName(),
+                         QCoreApplication::applicationVersion(),
+                         QCoreApplication::libraryPaths().join("|").remove(home.path())}
+                 .join("|"));
+    home.start({});
+    home.say("|" + QString(KyrInit::getApplicationName()) + KyrInit::getApplicationVersion());
+  });
+  EXPECT_EQ(ended.output + ended.errors, "seen\n") << "redirected, or something else is printed";
+  const std::string own = "Pr\xc3\xbc\x66ung|";
+  EXPECT_EQ(home.said(), "app x|" + own + own + "1.2|" + own + "1.2||Motion6.2.0-6");
+  EXPECT_EQ(linesOf(home.file("output")), announcement) << "only the second start names itself";
 }
 
 TEST(Start, CountsProcessorsAsItIsTold) {

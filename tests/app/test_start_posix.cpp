@@ -1,15 +1,6 @@
 // What a user of Linux finds after the start.
 #include "app/home.h"
 
-#include <gtest/gtest.h>
-
-#include <QFileInfo>
-
-#include <array>
-#include <csignal>
-#include <cstdlib>
-#include <string>
-
 #include <pwd.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -17,8 +8,7 @@
 #include <unistd.h>
 
 using namespace Kyr;
-using KyrTest::Home;
-using KyrTest::inChild;
+using namespace KyrTest;
 
 namespace {
 
@@ -155,6 +145,9 @@ TEST(StartOnLinux, TakesTheNullDeviceForATemporaryDirectoryThatIsTooLong) {
 TEST(StartOnLinux, DISABLED_Nowhere) {
   const Home home;
   ASSERT_EQ(::rmdir(home.file("current").toLocal8Bit()), 0);
+  home.start({{"KYR", QString()}}, {}, StartOptions());
+  home.say(OS::stat(KyrInit::getSoftwareDirectory() + "/messages/Kyr_de.qm") ? "texts " : "none ");
+  home.say(OS::stat(home.file("config")) ? "traces" : "");
   home.start({{"KYR", QString()}, {"KYR_CONSOLE", "terminal"}});
 }
 
@@ -171,6 +164,7 @@ TEST(StartOnLinux, NeedsAPlaceOfTheSoftware) {
   EXPECT_TRUE(
       ended.errors.startsWith("\nInternal program error: Unable to determine KYR root dir\n\n"))
       << ended.errors.toStdString();
+  EXPECT_EQ(home.said(), "texts ") << "those beside the library, and no directories made";
 }
 
 int listenAs(const QString& path) {
@@ -197,12 +191,16 @@ TEST(StartOnLinux, TellsTheLauncherOnce) {
       {"5x", home.path(), "00", "no number"},
       {"5", home.path() + QString(100, '/'), "00", "a name that is too long"},
       {"5", QString(), "00", "no session"},
+      {"5", QDir::current().relativeFilePath(home.path()), "00", "a folder of whoever starts it"},
   };
+  const auto openFiles = [] { return QDir("/proc/self/fd").count(); };
   for (const auto& row : rows) {
     inChild([&] {
       home.start({{"XDG_RUNTIME_DIR", row.folder}}, {"app", "-start-app-socket", row.number});
+      const unsigned before = openFiles();
       home.say(KyrInit::signalMainWindowStarted() ? "1" : "0");
       home.say(KyrInit::signalMainWindowStarted() ? "1" : "0");
+      home.say(openFiles() == before ? "" : " a socket stays open");
     });
     EXPECT_EQ(home.said(), row.expected) << row.catches;
   }

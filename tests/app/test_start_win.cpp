@@ -2,15 +2,10 @@
 #include "app/home.h"
 #include "app/registry.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include <windows.h>
 
 using namespace Kyr;
-using KyrTest::Home;
-using KyrTest::inChild;
+using namespace KyrTest;
 
 namespace {
 

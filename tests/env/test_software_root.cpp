@@ -2,15 +2,8 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(SoftwareRoot, StandsBeforeTheLastBin) {
-  const struct {
-    const char* executable;
-    const char* current;
-    const char* root;
-    const char* catches;
-  } rows[] = {
+  const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
       {"C:\\Prog\\BIN\\app.exe", "/c", "C:/Prog", "case of the letters; separators"},
       {"/a/bin/B\"\"\xc3\x84/bin/x/app", "/c", "/a/bin/B\xc3\x84", "the first one; quotes stay"},
       {"/\xc4\xb0\xc4\xb0/Bin/app", "/c", "/\xc4\xb0\xc4\xb0", "letters that grow in lower case"},
@@ -19,11 +12,9 @@ TEST(SoftwareRoot, StandsBeforeTheLastBin) {
       {"/a/bin", "/c", "/c", "a program of that name"},
       {"", "/c", "/c", "no name of the program"},
   };
-  for (const auto& row : rows) {
-    const QString root = Kyr::Settings::softwareRoot(row.executable, row.current);
-    EXPECT_TRUE(root == row.root && !root.isNull()) << row.catches << ": " << root.toStdString();
+  for (const auto& [executable, current, expected, catches] : rows) {
+    const QString root = Kyr::Settings::softwareRoot(executable, current);
+    EXPECT_TRUE(root == expected && !root.isNull()) << catches << ": " << root.toStdString();
   }
   EXPECT_TRUE(Kyr::Settings::softwareRoot("/opt/app", {}).isNull());
 }
-
-}  // namespace

@@ -5,10 +5,10 @@
 ///
 /// The arguments are numbers of open descriptors: the socket of the conversation, the memory of
 /// the process, the list of what is mapped in it and its program's file, which may have lost its
-/// name. Each request on the socket is the registers
-/// of a thread that stands still: 17 numbers of 64 bits in the numbering of the debug
-/// information, the last of them the instruction pointer. The backtrace goes to standard error;
-/// then one byte answers. The conversation ends with the socket.
+/// name. Each request on the socket is a Crash::BacktraceRequest. The backtrace goes to standard
+/// error; then one byte answers. The conversation ends with the socket.
+
+#include <kyr/crash/backtrace_request_p.h>
 
 #include <elfutils/libdw.h>
 #include <elfutils/libdwfl.h>
@@ -23,6 +23,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -33,22 +34,20 @@
 
 namespace {
 
-constexpr std::size_t stackPointer = 7;
-constexpr std::size_t instructionPointer = 16;
-constexpr unsigned registerCount = 17;
-using Registers = std::array<Dwarf_Word, registerCount>;
+using Kyr::Crash::registerCount;
+using Kyr::Crash::Registers;
+using Request = Kyr::Crash::BacktraceRequest;
+static_assert(sizeof(Dwarf_Word) == sizeof(Registers::value_type));
 
-/// Of an endless recursion these many frames are printed: the innermost, which show who calls
-/// whom, and the outermost, which show who began.
+constexpr std::size_t stackPointer = 7;
+constexpr std::size_t instructionPointer = registerCount - 1;
+
+/// How many frames of an endless recursion are printed: of the innermost, which show who calls
+/// whom, and of the outermost, which show who began.
 constexpr std::size_t mostInnermost = 50;
 constexpr std::size_t mostOutermost = 50;
-/// Walking on from the innermost takes no longer; the outermost frames are not known then.
+/// The walk behind the innermost frames ends after this time; the outermost are not known then.
 constexpr std::chrono::seconds patience{8};
-
-struct Request {
-  Dwarf_Word count;
-  Registers numbers;
-};
 
 /// A range of addresses.
 struct Range {
@@ -67,8 +66,8 @@ struct Process {
 
 /// A function of a stack that was called or interrupted.
 struct Frame {
-  Dwarf_Addr shown = 0;   ///< where it goes on
-  Dwarf_Addr looked = 0;  ///< inside the instruction that is meant
+  Dwarf_Addr shown = 0;   ///< where the function goes on
+  Dwarf_Addr looked = 0;  ///< an address inside the call or the instruction that was interrupted
 };
 
 struct Freed {
@@ -88,7 +87,7 @@ std::string plainName(const char* name) {
   return plain ? plain.get() : name;
 }
 
-/// Symbols of libraries may end with the version of the interface, as "@@GLIBC_2.34".
+/// A symbol without the version of the interface at its end, as "@@GLIBC_2.34".
 std::string withoutVersion(const char* name) {
   const std::string whole = name;
   return whole.substr(0, whole.find('@'));
@@ -146,6 +145,7 @@ Dwarf_Die* unitOf(Dwfl_Module* module, Dwarf_Addr address, Dwarf_Addr& bias) {
   return nullptr;
 }
 
+/// The place in the source that belongs to an address.
 /// \param address as the unit counts
 Place placeOf(Dwarf_Die& unit, Dwarf_Addr address) {
   Place place;
@@ -321,7 +321,7 @@ bool setRegisters(Dwfl_Thread* thread, void* given) {
   return dwfl_thread_state_registers(thread, 0, registerCount, registers.data());
 }
 
-/// One thread at a time, under a number that means nothing.
+/// Tells the unwinder of threads: always of one, under a number that means nothing.
 pid_t nextThread(Dwfl*, void* given, void** argument) {
   if (*argument) {
     return 0;
@@ -357,11 +357,12 @@ int findFile(Dwfl_Module* module, void** data, const char* name, Dwarf_Addr base
   return file;
 }
 
-char* debugFolders = nullptr;  // the usual ones
+char* debugFolders = nullptr;  // null means the usual folders
 const Dwfl_Callbacks moduleCallbacks = {&findFile, &dwfl_standard_find_debuginfo, nullptr,
                                         &debugFolders};
 
-/// A call to where no code is has left nothing but the return address on the stack.
+/// Puts the registers back to the caller, where the thread has called an address without code: such
+/// a call leaves nothing but the return address on the stack.
 /// \return whether the registers are the caller's now
 bool returnFromNowhere(Process& process) {
   Registers& registers = process.registers;
@@ -379,14 +380,14 @@ bool returnFromNowhere(Process& process) {
 }
 
 void printCalls(Process& process, const Request& request) {
-  for (std::size_t i = 0; i < request.count && i < request.numbers.size(); ++i) {
+  for (std::size_t i = 0; i < request.calls && i < request.numbers.size(); ++i) {
     printFrame(process, {request.numbers[i], request.numbers[i] - 1});
   }
 }
 
 void printBacktrace(Process& process, const Request& request) {
   process.frames = 0;
-  if (request.count > 0) {
+  if (request.calls > 0) {
     printCalls(process, request);
     return;
   }
@@ -400,7 +401,7 @@ void printBacktrace(Process& process, const Request& request) {
   }
 }
 
-/// A line reads "begin-end rwxp offset device inode path".
+/// Adds the range of a line of the form "begin-end rwxp offset device inode path", if it is code.
 void addRange(std::vector<Range>& code, const char* line) {
   char* next = nullptr;
   Range range;
@@ -435,9 +436,7 @@ bool open(Process& process, int maps) {
          dwfl_attach_state(process.modules, nullptr, 1, &threadCallbacks, &process);
 }
 
-bool receive(int socket, Request& request) {
-  auto* next = reinterpret_cast<char*>(&request);
-  std::size_t missing = sizeof request;
+bool receive(int socket, char* next, std::size_t missing) {
   while (missing > 0) {
     const ssize_t count = ::read(socket, next, missing);
     if (count <= 0) {
@@ -447,6 +446,21 @@ bool receive(int socket, Request& request) {
     missing -= static_cast<std::size_t>(count);
   }
   return true;
+}
+
+/// What another version sends may be shorter: its first eight bytes are judged before there is
+/// any waiting for the others.
+bool receive(int socket, Request& request) {
+  constexpr std::size_t head = offsetof(Request, calls);
+  auto* const bytes = reinterpret_cast<char*>(&request);
+  if (!receive(socket, bytes, head)) {
+    return false;
+  }
+  if (request.version != Request::currentVersion || request.size != sizeof request) {
+    std::fputs("kyr-backtrace: the library is of another version\n", stderr);
+    return false;
+  }
+  return receive(socket, bytes + head, sizeof request - head);
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
-#include <kyr/env/KyrInit.h>
+#include <kyr/app/KyrInit.h>
 
-#include <kyr/app/KyrNewHandler.h>
-#include <kyr/app/crash_handler_p.h>
 #include <kyr/app/start_p.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/crash/KyrNewHandler.h>
+#include <kyr/crash/crash_handler_p.h>
+#include <kyr/env/settings_p.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrThreadPool.h>
@@ -14,6 +15,7 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <cstdio>
 #include <iostream>
 
@@ -28,10 +30,14 @@ constexpr const char* filePrefix = "file:";
 constexpr int filePrefixLength = 5;
 constexpr const char* socketOption = "-start-app-socket";
 
-/// The process whose own file takes standard output. A second start must not empty that file.
+/// The process whose own file takes standard output; 0 without such a file. A second start does not
+/// empty it.
 unsigned ownFileOfProcess = 0;
 
-void redirectStreams(const QString& path, Start::Target target) {
+int launcherSocket = -1;  // negative without a launcher
+bool mainWindowStarted = false;
+
+void redirectStreams(const QString& path, Start::Target_t target) {
   const bool redirected = Start::redirectOutput(path, target);
   if (!redirected) {
     std::fprintf(stderr, "Could not redirect stdout to %s\n", path.toLocal8Bit().constData());
@@ -41,20 +47,21 @@ void redirectStreams(const QString& path, Start::Target target) {
   }
 }
 
-// The null device must not be removed to make it anew, which some users could.
+// Without a temporary directory the file is the null device, which is not removed and made anew, as
+// root could do.
 void redirectToOwnFile() {
   const unsigned pid = OS::getPID();
   if (ownFileOfProcess != pid) {
     ownFileOfProcess = pid;
     const QString path = KyrInit::getProgramLogfile(pid);
     const bool isFile = path != OS::nullDevice();
-    redirectStreams(path, isFile ? Start::Target::Own : Start::Target::Named);
+    redirectStreams(path, isFile ? Start::Target_t::Own : Start::Target_t::Named);
   }
 }
 
 void redirectToNamedFile(const QString& path) {
   ownFileOfProcess = 0;
-  redirectStreams(path, Start::Target::Named);
+  redirectStreams(path, Start::Target_t::Named);
 }
 
 void openConsole() {
@@ -87,6 +94,14 @@ void announce(const char* application) {
   std::fflush(stdout);
 }
 
+/// In UTF-8; empty when the temporary directory has no name that fits.
+QByteArray crashDumpFile() {
+  constexpr unsigned size = 1024;
+  std::array<wchar_t, size> path;
+  const bool isNamed = KyrInit::getProgramCrashdumpfile(OS::getPID(), path.data(), size);
+  return isNamed ? QString::fromWCharArray(path.data()).toUtf8() : QByteArray();
+}
+
 void applyNumberOfCPUs() {
   bool ok = false;
   const unsigned count = qstringToUInt(OS::getEnv("KYR_NUMBER_OF_CPUS"), &ok);
@@ -95,27 +110,64 @@ void applyNumberOfCPUs() {
   }
 }
 
+// The launcher puts its option in front of what the user gave; the last argument has no number.
+void takeLauncherSocket(QStringList& arguments) {
+  launcherSocket = -1;
+  mainWindowStarted = false;
+  const int option = arguments.indexOf(socketOption, 1);
+  if (option < 0 || option + 1 >= arguments.size()) {
+    return;
+  }
+  bool ok = false;
+  const int socket = qstringToInt(arguments.at(option + 1), &ok);
+  launcherSocket = ok ? socket : -1;
+  arguments.erase(arguments.begin() + option, arguments.begin() + option + 2);
+}
+
+void tellQt(const StartOptions& options) {
+  if (!options.name.isEmpty()) {
+    QCoreApplication::setApplicationName(options.name);
+  }
+  if (!options.version.isEmpty()) {
+    QCoreApplication::setApplicationVersion(options.version);
+  }
+}
+
+/// The start of an application of the suite.
+StartOptions optionsOfSuite(Application_t application) {
+  StartOptions options;
+  options.application = application;
+  options.keepStreams = options.keepPluginPaths = false;
+  options.announce = options.makeDirectories = options.trustCurrentDirectory = true;
+  return options;
+}
+
 }  // namespace
 
 void KyrInit::InitLibrary(Application_t app, QStringList& arguments) {
+  InitLibrary(optionsOfSuite(app), arguments);
+}
+
+void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
   Start::setSmallBlockThreshold();
   Platform::surviveFileLimit();
-  openStandardStreams();
-  unbufferStandardStreams();
-  Crash::install();
-  NewHandler::install();
-  _app = app;
-  _process_id = OS::getPID();
-  announce(getApplicationName());
-  applyNumberOfCPUs();
-  initConfigDirectories();
-  createConfigDirectories();
-  initProfileDirectory();
-  initSoftwareDirectory();
-  if (QCoreApplication::instance()) {
-    QCoreApplication::setLibraryPaths({_software_dir + "/lib"});
+  if (!options.keepStreams) {
+    openStandardStreams();
+    unbufferStandardStreams();
   }
-  parseStartAppSocket(arguments);
+  Crash::install(crashDumpFile().constData());
+  NewHandler::install();
+  Settings::setApplication(options.application, options.name, options.version);
+  if (options.announce) {
+    announce(getApplicationName());
+  }
+  applyNumberOfCPUs();
+  Settings::settle({options.makeDirectories, options.trustCurrentDirectory});
+  if (!options.keepPluginPaths && QCoreApplication::instance()) {
+    QCoreApplication::setLibraryPaths({getSoftwareDirectory() + "/lib"});
+  }
+  tellQt(options);
+  takeLauncherSocket(arguments);
 }
 
 void KyrInit::CloseLibrary() {
@@ -129,26 +181,12 @@ QString KyrInit::getTranslatedApplicationName() {
   return translate("KyrApplication", getApplicationName());
 }
 
-// The launcher puts its option in front of what the user gave; the last argument has no number.
-void KyrInit::parseStartAppSocket(QStringList& arguments) {
-  _start_app_socket = -1;
-  _main_window_started = false;
-  const int option = arguments.indexOf(socketOption, 1);
-  if (option < 0 || option + 1 >= arguments.size()) {
-    return;
-  }
-  bool ok = false;
-  const int socket = qstringToInt(arguments.at(option + 1), &ok);
-  _start_app_socket = ok ? socket : -1;
-  arguments.erase(arguments.begin() + option, arguments.begin() + option + 2);
-}
-
 bool KyrInit::signalMainWindowStarted() {
-  if (_start_app_socket < 0 || _main_window_started) {
+  if (launcherSocket < 0 || mainWindowStarted) {
     return false;
   }
-  _main_window_started = Start::tellLauncher("start_app-" + QString::number(_start_app_socket));
-  return _main_window_started;
+  mainWindowStarted = Start::tellLauncher("start_app-" + QString::number(launcherSocket));
+  return mainWindowStarted;
 }
 
 }  // namespace Kyr

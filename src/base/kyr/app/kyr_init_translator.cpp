@@ -1,4 +1,4 @@
-#include <kyr/env/KyrInit.h>
+#include <kyr/app/KyrInit.h>
 
 #include <kyr/i18n/KyrTranslator.h>
 

@@ -10,14 +10,14 @@ namespace Kyr::Start {
 void setSmallBlockThreshold() noexcept;
 
 /// What is done about a file of the name before standard output goes to it.
-enum class Target {
+enum class Target_t {
   Named,  ///< the user's file: written to its end
   Own,    ///< the process's own: removed and made anew, so that nobody else reads or plants it
 };
 
 /// Sends standard output to the end of a file.
 /// \return false when the file cannot be opened; standard output then stays as it is
-bool redirectOutput(const QString& path, Target target);
+bool redirectOutput(const QString& path, Target_t target);
 /// Sends standard error to the file that redirectOutput() has just opened.
 bool redirectErrors(const QString& path);
 

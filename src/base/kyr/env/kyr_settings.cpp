@@ -1,34 +1,23 @@
-#include <kyr/env/KyrInit.h>
 #include <kyr/env/settings_p.h>
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/core/forever_p.h>
+#include <kyr/env/library_place_p.h>
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
-
-#include <array>
-#include <cwchar>
-#include <iterator>
 
 namespace Kyr {
 
 namespace {
 
-constexpr int longestTempDirectory = 260;
+/// Never destroyed: a crash while the process ends still asks for it.
+Forever<Settings::Settled> settledRoom;
+Settings::Settled& current = settledRoom.object;
 
-struct Texts {
-  QString configVersion;
-  QString roamingDirectory;
-  QString roamingVersionDirectory;
-  QString nonRoamingDirectory;
-  QString softwareDirectory;
-  QString profileDirectory;
-  QString versionProfileDirectory;
-  QString configuredProfileDirectory;
-};
-Forever<Texts> textsRoom;
+/// The directory of this version's settings was made by this process and is not filled yet.
+bool versionDirectoryIsNew = false;
 
 QString folder(OS::SpecialFolder_t which, const char* below) {
   return OS::convertSeparatorsToUnix(OS::getSpecialFolder(which) + below);
@@ -63,58 +52,77 @@ bool copyFiles(const QString& from, const QString& to) {
   return complete;
 }
 
-/// Writes a text's decimal digits in front of \a end, without the heap.
-/// \return where they begin
-wchar_t* writeDigits(wchar_t* end, unsigned number) {
-  do {
-    *--end = static_cast<wchar_t>(L'0' + number % 10);
-    number /= 10;
-  } while (number > 0);
-  return end;
+// What cannot be made is passed over: a program starts also without a home that it may write.
+void createConfigDirectories() {
+  const Settings::ConfigDirectories& config = current.config;
+  for (const QString& directory : {config.roaming, config.roamingVersion, config.nonRoaming,
+                                   config.roaming + "/log", config.nonRoaming + "/tmp"}) {
+    OS::mkdir(directory, true);
+  }
 }
 
-/// Appends as much as fits.
-class Appender {
- public:
-  Appender(wchar_t* buffer, unsigned size)
-      : _start(buffer), _at(buffer + std::wcslen(buffer)), _end(buffer + size) {}
+Settings::ProfileDirectories profileDirectories() {
+  Settings::ProfileDirectories settled;
+  const QString registered = OS::getRegistryValue(OS::RegistryMachine, "ProfileDirectory");
+  settled.inUse = OS::convertSeparatorsToUnix(registered);
+  settled.configured = settled.inUse;
+  if (settled.inUse.isEmpty()) {
+    settled.configured = folder(OS::FolderCommonData, "/ORV-Profile");
+    settled.inUse = OS::stat(settled.configured) ? settled.configured : QString();
+  }
+  if (settled.inUse.isEmpty()) {
+    settled.inUse = OS::convertSeparatorsToUnix(OS::getEnv("KYR_PROFILE_DIR"));
+  }
+  if (!settled.inUse.isEmpty()) {
+    settled.ofVersion = settled.inUse + "/" + current.config.version;
+  }
+  return settled;
+}
 
-  void append(const wchar_t* text, std::size_t length) {
-    _fits = _fits && length < static_cast<std::size_t>(_end - _at);
-    if (_fits) {
-      _at = std::wmemcpy(_at, text, length) + length;
+/// The root that the environment names, or the program's path, or else this one.
+QString softwareDirectoryOr(const QString& elsewhere) {
+  const QString set = plainPath(OS::getEnv("KYR"));
+  return set.isEmpty() ? Settings::softwareRoot(OS::getExecutable(), elsewhere) : set;
+}
+
+/// Where the library is installed: the folder with its catalogues, which it lies in or one or two
+/// below, as in lib of it.
+QString libraryRoot() {
+  QString library = Platform::libraryDirectory();
+  for (const char* way : {"", "/..", "/../.."}) {
+    QString root = QDir::cleanPath(library + way);
+    if (OS::stat(root + "/messages")) {
+      return root;
     }
   }
-  /// \return whether all of it did; otherwise there is no text any more
-  bool finish() {
-    (_fits ? _at : _start)[0] = L'\0';
-    return _fits;
-  }
-
- private:
-  wchar_t* _start;
-  wchar_t* _at;
-  wchar_t* _end;
-  bool _fits = true;
-};
+  return library;
+}
 
 }  // namespace
 
-Application_t KyrInit::_app = ApplicationSheetForming;
-unsigned KyrInit::_process_id = 0;
-int KyrInit::_start_app_socket = -1;
-bool KyrInit::_main_window_started = false;
-bool KyrInit::_version_cfg_dir_is_new = false;
-QString& KyrInit::_config_version = textsRoom.object.configVersion;
-QString& KyrInit::_roaming_cfg_dir = textsRoom.object.roamingDirectory;
-QString& KyrInit::_roaming_version_cfg_dir = textsRoom.object.roamingVersionDirectory;
-QString& KyrInit::_nonroaming_cfg_dir = textsRoom.object.nonRoamingDirectory;
-QString& KyrInit::_software_dir = textsRoom.object.softwareDirectory;
-QString& KyrInit::_profile_dir = textsRoom.object.profileDirectory;
-QString& KyrInit::_version_profile_dir = textsRoom.object.versionProfileDirectory;
-QString& KyrInit::_configured_profile_dir = textsRoom.object.configuredProfileDirectory;
-
 // ---- the start ----
+
+void Settings::setApplication(Application_t application, const QString& name,
+                              const QString& version) {
+  current.application = application;
+  current.name = name.toUtf8();
+  current.version = version;
+}
+
+void Settings::settle(Directories directories) {
+  current.config = configDirectories();
+  versionDirectoryIsNew = !OS::stat(current.config.roamingVersion);
+  if (directories.areMade) {
+    createConfigDirectories();
+  }
+  const bool usesProfile = applicationProperties(current.application).usesProfile;
+  current.profile = usesProfile ? profileDirectories() : ProfileDirectories();
+  current.software = softwareDirectoryOr(
+      directories.currentMayBeSoftware ? OS::getCurrentDirectory() : libraryRoot());
+  if (current.software.isNull()) {
+    throw ProgError("Unable to determine KYR root dir", true);
+  }
+}
 
 Settings::ConfigDirectories Settings::configDirectories() {
   const QString version = libraryVersion();
@@ -127,158 +135,58 @@ Settings::ConfigDirectories Settings::configDirectories() {
   return settled;
 }
 
-void KyrInit::initConfigDirectories() {
-  const Settings::ConfigDirectories settled = Settings::configDirectories();
-  _config_version = settled.version;
-  _roaming_cfg_dir = settled.roaming;
-  _nonroaming_cfg_dir = settled.nonRoaming;
-  _roaming_version_cfg_dir = settled.roamingVersion;
-}
-
-// A home that cannot be written is no reason not to start.
-void KyrInit::createConfigDirectories() {
-  _version_cfg_dir_is_new = !OS::stat(_roaming_version_cfg_dir);
-  for (const QString& directory : {_roaming_cfg_dir, _roaming_version_cfg_dir, _nonroaming_cfg_dir,
-                                   _roaming_cfg_dir + "/log", _nonroaming_cfg_dir + "/tmp"}) {
-    OS::mkdir(directory, true);
-  }
-}
-
-void KyrInit::initProfileDirectory() {
-  for (QString* const directory :
-       {&_profile_dir, &_version_profile_dir, &_configured_profile_dir}) {
-    directory->clear();
-  }
-  if (applicationProperties(_app).usesProfile) {
-    settleProfileDirectory();
-  }
-}
-
-void KyrInit::settleProfileDirectory() {
-  const QString registered = OS::getRegistryValue(OS::RegistryMachine, "ProfileDirectory");
-  _profile_dir = OS::convertSeparatorsToUnix(registered);
-  _configured_profile_dir = _profile_dir;
-  if (_profile_dir.isEmpty()) {
-    _configured_profile_dir = folder(OS::FolderCommonData, "/ORV-Profile");
-    _profile_dir = OS::stat(_configured_profile_dir) ? _configured_profile_dir : QString();
-  }
-  if (_profile_dir.isEmpty()) {
-    _profile_dir = OS::convertSeparatorsToUnix(OS::getEnv("KYR_PROFILE_DIR"));
-  }
-  if (!_profile_dir.isEmpty()) {
-    _version_profile_dir = _profile_dir + "/" + _config_version;
-  }
-}
-
-QString Settings::softwareRoot(const QString& executable, const QString& currentDirectory) {
+QString Settings::softwareRoot(const QString& executable, const QString& elsewhere) {
   const QString path = OS::convertSeparatorsToUnix(executable);
   const int end = path.lastIndexOf("/bin/", -1, Qt::CaseInsensitive);
-  const QString root = end >= 0 ? path.left(end) : currentDirectory;
+  const QString root = end >= 0 ? path.left(end) : elsewhere;
   return end < 0 && root.isEmpty() ? QString() : plainPath(root);
 }
 
 QString Settings::softwareDirectory() {
-  const QString set = plainPath(OS::getEnv("KYR"));
-  return set.isEmpty() ? softwareRoot(OS::getExecutable(), OS::getCurrentDirectory()) : set;
-}
-
-void KyrInit::initSoftwareDirectory() {
-  _software_dir = Settings::softwareDirectory();
-  if (_software_dir.isNull()) {
-    throw ProgError("Unable to determine KYR root dir", true);
-  }
+  return softwareDirectoryOr(OS::getCurrentDirectory());
 }
 
 // ---- afterwards ----
 
-Application_t KyrInit::getApplication() {
-  return _app;
+const Settings::Settled& Settings::settled() {
+  return current;
 }
 
-const char* KyrInit::getApplicationName() {
-  return applicationProperties(_app).name;
+bool Settings::isSettled() {
+  return !current.config.version.isEmpty();
 }
 
-const QString& KyrInit::getConfigDirectory(ConfigDirectory which) {
-  switch (which) {
-    case ConfigRoaming:
-      return _roaming_cfg_dir;
-    case ConfigRoamingVersion:
-      return _roaming_version_cfg_dir;
-    case ConfigNonRoaming:
-      return _nonroaming_cfg_dir;
-  }
-  throw ProgError("unknown directory", true);
+const char* Settings::applicationName() {
+  return current.name.isEmpty() ? applicationProperties(current.application).name
+                                : current.name.constData();
 }
 
-const QString& KyrInit::getProfileDirectory(ProfileDirectory_t which) {
-  switch (which) {
-    case ProfileInUse:
-      return _profile_dir;
-    case ProfileOfVersion:
-      return _version_profile_dir;
-    case ProfileConfigured:
-      return _configured_profile_dir;
-  }
-  throw ProgError("unknown directory", true);
+QString Settings::createVersionFileName(const QString& name) {
+  OS::mkdir(current.config.roamingVersion, true);
+  return current.config.roamingVersion + "/" + name;
 }
 
-const QString& KyrInit::getSoftwareDirectory() {
-  return _software_dir;
+QString Settings::versionFileName(const QString& name) {
+  return ifThere(current.config.roamingVersion, name);
 }
 
-QString KyrInit::getConfigVersionString() {
-  return _config_version;
+QString Settings::profileFileName(const QString& name) {
+  return ifThere(current.profile.inUse, name);
 }
 
-QString KyrInit::getProgramLogfile(unsigned pid) {
-  const QString directory = OS::getTempDirectory();
-  if (pid == 0 || directory.isEmpty() || directory.size() > longestTempDirectory) {
-    return OS::nullDevice();
-  }
-  return directory + QDir::separator() + "ORV-" + QString::number(pid) + ".log";
-}
-
-bool KyrInit::getProgramCrashdumpfile(unsigned pid, wchar_t* buffer, unsigned size) {
-  if (!OS::getTempDirectory(buffer, size)) {
-    return false;
-  }
-  std::array<wchar_t, 16> number;
-  const wchar_t* const digits = writeDigits(number.data() + number.size(), pid);
-  const auto separator = static_cast<wchar_t>(QDir::separator().unicode());
-  Appender path(buffer, size);
-  path.append(&separator, 1);
-  path.append(L"ORV-", 4);
-  path.append(digits, static_cast<std::size_t>(number.data() + number.size() - digits));
-  path.append(L".dmp", 4);
-  return path.finish();
-}
-
-QString KyrInit::createVersionConfigName(const QString& name) {
-  OS::mkdir(_roaming_version_cfg_dir, true);
-  return _roaming_version_cfg_dir + "/" + name;
-}
-
-QString KyrInit::getVersionConfigName(const QString& name) {
-  return ifThere(_roaming_version_cfg_dir, name);
-}
-
-QString KyrInit::getProfileConfigName(const QString& name) {
-  return ifThere(_profile_dir, name);
-}
-
-bool KyrInit::updateConfigDirectory(const QString& earlier, const QString& directory) {
+bool Settings::updateVersionDirectory(const QString& earlier, const QString& directory) {
+  QString& own = current.config.roamingVersion;
   if (!directory.isEmpty()) {
-    _roaming_version_cfg_dir = OS::convertSeparatorsToUnix(directory);
-    _version_cfg_dir_is_new = false;
+    own = OS::convertSeparatorsToUnix(directory);
+    versionDirectoryIsNew = false;
   }
-  const bool isNew = _version_cfg_dir_is_new || !OS::stat(_roaming_version_cfg_dir);
-  if (!OS::mkdir(_roaming_version_cfg_dir, true)) {
+  const bool isNew = versionDirectoryIsNew || !OS::stat(own);
+  if (!OS::mkdir(own, true)) {
     return false;
   }
-  // What could not be copied now may be copied by another call.
-  _version_cfg_dir_is_new = isNew && !copyFiles(earlier, _roaming_version_cfg_dir);
-  return !_version_cfg_dir_is_new;
+  // After a failure the directory still counts as new, so that another call copies what is missing.
+  versionDirectoryIsNew = isNew && !copyFiles(earlier, own);
+  return !versionDirectoryIsNew;
 }
 
 }  // namespace Kyr

@@ -21,8 +21,8 @@ namespace {
 /// 1024, the first message that the system leaves to programs, with its lowest byte first.
 constexpr std::array<unsigned char, 4> mainWindowStarted{0x00, 0x04, 0x00, 0x00};
 
-/// The temporary directory belongs to everybody. Another user's link or file of this name cannot
-/// be removed there, and then nothing is opened.
+/// Removes what has the name, and creates a file anew. In the temporary directory, which belongs to
+/// everybody, the link or file of another user cannot be removed, and then nothing is opened.
 int createOwnFile(const char* path) {
   ::unlink(path);
   return ::open(path, O_WRONLY | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
@@ -32,6 +32,7 @@ int openNamedFile(const char* path) {
   return ::open(path, O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_CLOEXEC, 0666);
 }
 
+/// Sets the address of a socket.
 /// \return false for a name that does not fit
 bool setAddress(sockaddr_un& address, const std::string& path) {
   address.sun_family = AF_UNIX;
@@ -40,7 +41,8 @@ bool setAddress(sockaddr_un& address, const std::string& path) {
   return fits;
 }
 
-/// A launcher that does not read must not hold up the application.
+/// Sends the message without waiting: a launcher that does not read must not hold up the
+/// application.
 bool sendMessage(const sockaddr_un& address) {
   const int sender = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   const ssize_t sent = ::sendto(sender, mainWindowStarted.data(), mainWindowStarted.size(),
@@ -57,13 +59,14 @@ bool sendMessage(const sockaddr_un& address) {
 void Start::setSmallBlockThreshold() noexcept {}
 
 // The descriptor is exchanged below the stream, which so keeps its old target on failure.
-bool Start::redirectOutput(const QString& path, Target target) {
+bool Start::redirectOutput(const QString& path, Target_t target) {
   const std::string name = Platform::nativePath(path).native();
   const int file =
-      target == Target::Own ? createOwnFile(name.c_str()) : openNamedFile(name.c_str());
+      target == Target_t::Own ? createOwnFile(name.c_str()) : openNamedFile(name.c_str());
   std::cout.flush();
   std::fflush(stdout);
-  // Where standard output was closed, the file is it already, but would be closed for children.
+  // Where standard output was closed, the file has got its number; dup2() does nothing then, and
+  // the mark that would close it for children is taken away.
   const bool redirected = file >= 0 && ::dup2(file, STDOUT_FILENO) == STDOUT_FILENO &&
                           ::fcntl(STDOUT_FILENO, F_SETFD, 0) == 0;
   if (file > STDERR_FILENO) {
@@ -72,8 +75,8 @@ bool Start::redirectOutput(const QString& path, Target target) {
   return redirected;
 }
 
-// Not opened by its name a second time, which may lead elsewhere by now; and two writers that
-// share one open file never overwrite each other, whatever it is.
+// Standard error shares the open file of standard output. The name may lead elsewhere by now, and
+// two writers of one open file never overwrite each other.
 bool Start::redirectErrors(const QString& /*path*/) {
   std::cerr.flush();
   std::fflush(stderr);
@@ -84,7 +87,7 @@ bool Start::openConsole() {
   return false;
 }
 
-// The session's folder keeps other users from listening in the launcher's place.
+// The socket lies in the session's folder, where no other user can listen in the launcher's place.
 bool Start::tellLauncher(const QString& name) {
   const QString folder = OS::getEnv("XDG_RUNTIME_DIR");
   sockaddr_un address = {};

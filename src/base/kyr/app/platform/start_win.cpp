@@ -17,13 +17,15 @@ constexpr SHORT consoleLines = 1000;
 constexpr UINT mainWindowStarted = WM_USER;
 static_assert(mainWindowStarted == 1024, "launchers of every version expect this number");
 
-/// Reopening closes a stream even if it then fails: so the name is tried before.
+/// Whether a file can be opened for appending. Asked before a stream is reopened, which closes it
+/// even if it then fails.
 bool canAppend(const wchar_t* path) {
   std::FILE* const tried = _wfopen(path, L"a");
   return tried != nullptr && std::fclose(tried) == 0;
 }
 
-/// Asks the console itself: the process's standard handles may still be what it inherited.
+/// Gives the console a long memory of lines. Asks the console itself, as the process's standard
+/// handles may still be what it inherited.
 void makeLong() {
   const HANDLE console =
       ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
@@ -37,7 +39,8 @@ void makeLong() {
 
 }  // namespace
 
-// By its name: the runtime's headers do not declare it, and its later versions do not have it.
+// The function is found by its name: the runtime's headers do not declare it, and its later
+// versions do not have it.
 void Start::setSmallBlockThreshold() noexcept {
   using Function = int (*)(std::size_t);
   const HMODULE runtime = ::GetModuleHandleW(L"msvcrt.dll");
@@ -47,9 +50,9 @@ void Start::setSmallBlockThreshold() noexcept {
   }
 }
 
-bool Start::redirectOutput(const QString& path, Target target) {
+bool Start::redirectOutput(const QString& path, Target_t target) {
   const std::wstring name = Platform::nativePath(path).native();
-  if (target == Target::Own) {
+  if (target == Target_t::Own) {
     ::DeleteFileW(name.c_str());
   }
   return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stdout) != nullptr;

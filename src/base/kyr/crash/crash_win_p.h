@@ -1,0 +1,101 @@
+/// \file
+/// How the parts of the crash handler work together where a fault arrives as an exception of the
+/// system.
+///
+/// All of them run in a process that has just broken, on one thread. None of them uses the
+/// runtime's heap, its locale or its streams, whose locks another thread may hold for ever.
+#pragma once
+
+#include <kyr/crash/crash_text_p.h>
+
+#include <cstdint>
+
+// The system's names of EXCEPTION_POINTERS and EXCEPTION_RECORD.
+struct _EXCEPTION_POINTERS;
+struct _EXCEPTION_RECORD;
+
+namespace Kyr::Crash {
+
+/// The fault and the thread that it has broken.
+struct Break {
+  _EXCEPTION_POINTERS* fault;  ///< with the registers
+  unsigned long thread;        ///< number of the crashing thread
+};
+
+// ---- output: platform/crash_output_win.cpp ----------------------------------------------------
+
+/// Writes to the handle behind standard error, at the end of a file.
+void write(const char* bytes, std::size_t length) noexcept;
+inline void write(const Text& text) noexcept {
+  write(text.data(), text.length());
+}
+
+/// "message: the system's words for the error", on standard error.
+/// \param error its number, 0 when the system has none
+void printSystemError(const char* message, unsigned long error) noexcept;
+
+/// Returns when the user presses the space key in the console window, or there is no console.
+void waitForSpace() noexcept;
+
+// ---- fault: platform/crash_fault_win.cpp ------------------------------------------------------
+
+/// Prints the first two lines of a report.
+/// \param words instead of the fault's name; null for the name
+void describe(const _EXCEPTION_RECORD& fault, const char* words) noexcept;
+
+// ---- dump: platform/crash_dump_win.cpp --------------------------------------------------------
+
+/// Loads the library that knows dumps, symbols and stacks, and says on standard error if it cannot.
+void loadDebugHelp() noexcept;
+
+/// Looks up a function of that library.
+/// \return null when it is missing
+void* findDebugHelp(const char* name) noexcept;
+
+/// Remembers where the dump goes; for the time before a crash.
+/// \param name whole path, in UTF-8; empty for none
+void setDumpFile(const char* name) noexcept;
+/// \return the path as the system takes it; empty for none
+const wchar_t* dumpFile() noexcept;
+
+/// Writes the minidump, and says on standard error if it cannot.
+void writeDump(const Break& broken) noexcept;
+
+/// Removes the oldest dumps of this user beyond the bound, but none that is being written.
+void removeOldDumps() noexcept;
+
+// ---- backtraces: platform/crash_backtrace_win.cpp ---------------------------------------------
+
+/// Prints the backtraces of all threads with their headings.
+/// \param helper number of a thread that only helps to report; is left out
+void printBacktraces(const Break& broken, unsigned long helper) noexcept;
+
+// ---- frames: platform/crash_frame_win.cpp -----------------------------------------------------
+
+/// What is known of addresses in code; a process has one such object.
+class Symbols {
+ public:
+  Symbols() noexcept;
+  ~Symbols();
+  Symbols(const Symbols&) = delete;
+  Symbols& operator=(const Symbols&) = delete;
+
+  /// Why only modules are known, and no functions and lines.
+  /// \return the number of the error; 0 when all is known
+  unsigned long error() const noexcept { return _error; }
+
+  /// Prints a line of a backtrace.
+  /// \param number of the frame; in all but frame 0 the address is behind a call
+  void printFrame(unsigned number, std::uint32_t address) const noexcept;
+
+ private:
+  unsigned long _error = 0;
+};
+
+// ---- stacks: platform/crash_stack_win.cpp -----------------------------------------------------
+
+/// Makes the calling thread, and each thread that starts from now on, keep some of its stack for
+/// the handler, so that it can report an overflow of the rest.
+void prepareStacks() noexcept;
+
+}  // namespace Kyr::Crash

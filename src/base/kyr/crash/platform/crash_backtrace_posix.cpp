@@ -1,0 +1,207 @@
+#include <kyr/crash/crash_posix_p.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Kyr {
+
+namespace {
+
+using Crash::BacktraceRequest;
+using Crash::Memory;
+using Crash::Text;
+
+constexpr int patienceInMilliseconds = 20'000;  // for the backtrace of one thread
+
+std::array<char, PATH_MAX> programPath;
+
+/// The conversation with kyr-backtrace, a process with a heap and locks that are not broken.
+class BacktraceProgram {
+ public:
+  explicit BacktraceProgram(const Memory& memory) noexcept { start(memory); }
+  ~BacktraceProgram() { end(0); }
+  BacktraceProgram(const BacktraceProgram&) = delete;
+  BacktraceProgram& operator=(const BacktraceProgram&) = delete;
+
+  /// Has kyr-backtrace print the backtrace of a thread.
+  /// \return false when it could not; then it is not asked again
+  bool print(const ucontext_t& context) noexcept {
+    BacktraceRequest request;
+    request.numbers = Crash::registersOf(context);
+    return ask(request);
+  }
+
+  /// Has kyr-backtrace print the functions that these calls return to.
+  bool print(const Crash::CallChain& chain) noexcept {
+    static_assert(sizeof(Crash::CallChain::addresses) <= sizeof(Crash::Registers));
+    BacktraceRequest request;
+    request.calls = chain.count;
+    std::memcpy(request.numbers.data(), chain.addresses.data(), sizeof chain.addresses);
+    return ask(request);
+  }
+
+ private:
+  bool ask(const BacktraceRequest& request) noexcept {
+    if (_socket < 0) {
+      return false;
+    }
+    char answer = 0;
+    pollfd waiting = {_socket, POLLIN, 0};
+    if (::send(_socket, &request, sizeof request, MSG_NOSIGNAL) == sizeof request &&
+        ::poll(&waiting, 1, patienceInMilliseconds) == 1 && ::read(_socket, &answer, 1) == 1) {
+      return true;
+    }
+    Crash::print("error: kyr-backtrace gave up\n");
+    end(SIGKILL);
+    return false;
+  }
+
+  void start(const Memory& memory) noexcept {
+    std::array<int, 2> ends{};
+    // NOLINTBEGIN(android-cloexec-open): kyr-backtrace inherits them
+    const int maps = ::open("/proc/self/maps", O_RDONLY);
+    const int program = ::open("/proc/self/exe", O_RDONLY);
+    // NOLINTEND(android-cloexec-open)
+    if (::access(programPath.data(), X_OK) != 0 ||
+        ::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) {
+      Crash::printSystemError("error starting kyr-backtrace", errno);
+      return;
+    }
+    // Unlike fork(), _Fork() runs nobody's handlers and takes no lock of the heap.
+    _process = ::_Fork();
+    if (_process == 0) {
+      ::close(ends[0]);
+      become({ends[1], memory.descriptor(), maps, program});
+    }
+    if (_process < 0) {
+      Crash::printSystemError("error starting kyr-backtrace", errno);
+      return;
+    }
+    ::close(ends[1]);
+    _socket = ends[0];
+  }
+
+  /// The descriptors that kyr-backtrace gets, in the order of its arguments.
+  using Descriptors = std::array<int, 4>;
+
+  [[noreturn]] static void become(const Descriptors& descriptors) noexcept {
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    std::array<Text, std::tuple_size_v<Descriptors>> numbers;
+    std::array<const char*, numbers.size() + 2> arguments = {"kyr-backtrace"};
+    for (std::size_t i = 0; i < descriptors.size(); ++i) {
+      arguments[i + 1] = numbers[i].decimal(descriptors[i]).data();
+    }
+    // kyr-backtrace does not get the application's environment, which could push libraries under it
+    // or name servers to be asked.
+    char* const environment[] = {nullptr};
+    ::execve(programPath.data(), const_cast<char* const*>(arguments.data()), environment);
+    ::_exit(127);
+  }
+
+  void end(int signal) noexcept {
+    if (_socket < 0) {
+      return;
+    }
+    if (signal != 0) {
+      ::kill(_process, signal);
+    }
+    ::close(_socket);
+    ::waitpid(_process, nullptr, 0);
+    _socket = -1;
+  }
+
+  int _socket = -1;
+  pid_t _process = 0;
+};
+
+/// Prints what can be said without debug information: the module and how far into it.
+void printPlace(const ucontext_t& context, const Memory& memory) noexcept {
+  const std::uint64_t address = Crash::instructionPointer(context);
+  Text text;
+  text << "#0  ";
+  text.hexadecimal(address) << " ";
+  std::uint64_t base = 0;
+  Crash::Mapping mapping{};
+  for (std::size_t position = 0; memory.next(position, mapping);) {
+    base = mapping.offset == 0 ? mapping.begin : base;
+    if (address >= mapping.begin && address < mapping.end && mapping.pathLength > 0) {
+      const char* end = mapping.path + mapping.pathLength;
+      const void* slash = ::memrchr(mapping.path, '/', mapping.pathLength);
+      const char* name = slash ? static_cast<const char*>(slash) + 1 : mapping.path;
+      text.append(name, static_cast<std::size_t>(end - name)) << "+";
+      text.hexadecimal(address - base) << "\n";
+      text.print();
+      return;
+    }
+  }
+  text << "?\n";
+  text.print();
+}
+
+void printHeading(const Crash::FoundThread& thread, bool crashing) noexcept {
+  Text heading;
+  const auto id = static_cast<std::uint64_t>(thread.id);
+  if (crashing) {
+    heading << "\nbacktrace of the crashing thread ";
+    heading.hexadecimal(id) << ":\n";
+  } else {
+    heading << "\n\nnext thread: ";
+    heading.hexadecimal(id) << ", priority ";
+    heading.decimal(thread.priority) << "\n";
+  }
+  heading.print();
+}
+
+}  // namespace
+
+// kyr-backtrace lies in the folder "kyr" beside the library, in every installation and in the
+// build.
+void Crash::findBacktraceProgram() noexcept {
+  Dl_info library = {};
+  std::array<char, PATH_MAX> path{};
+  if (::dladdr(reinterpret_cast<void*>(&Crash::findBacktraceProgram), &library) == 0 ||
+      !::realpath(library.dli_fname, path.data())) {
+    return;
+  }
+  Text program;
+  const char* slash = std::strrchr(path.data(), '/');
+  program.append(path.data(), static_cast<std::size_t>(slash - path.data()));
+  program << "/kyr/kyr-backtrace";
+  std::memcpy(programPath.data(), program.data(), program.length() + 1);
+}
+
+void Crash::printBacktraces(const Threads& threads, const Memory& memory,
+                            const CallChain& thrown) noexcept {
+  BacktraceProgram program(memory);
+  for (const FoundThread& thread : threads) {
+    if (thread.id == 0) {
+      continue;
+    }
+    printHeading(thread, &thread == threads.begin());
+    const ucontext_t* context = thread.context;
+    if (!context) {
+      Crash::print("error getting the thread context\n");
+    } else if (!program.print(*context)) {
+      printPlace(*context, memory);
+    }
+    if (&thread == threads.begin() && thrown.count > 0) {
+      Crash::print("the exception was thrown by:\n");
+      program.print(thrown);
+    }
+  }
+  if (!threads.complete()) {
+    Crash::print("\nerror while enumerating threads\n");
+  }
+}
+
+}  // namespace Kyr

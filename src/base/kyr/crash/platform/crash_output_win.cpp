@@ -1,0 +1,89 @@
+#include <kyr/crash/crash_win_p.h>
+
+#include <array>
+#include <cstdio>
+
+#include <io.h>
+#include <windows.h>
+
+namespace Kyr {
+
+namespace {
+
+/// The handle behind standard error; the runtime's own functions would wait for the stream's lock.
+HANDLE standardError() noexcept {
+  const int descriptor = ::_fileno(stderr);
+  const intptr_t handle = descriptor >= 0 ? ::_get_osfhandle(descriptor) : -1;
+  return handle != -1 && handle != -2 ? reinterpret_cast<HANDLE>(handle)
+                                      : ::GetStdHandle(STD_ERROR_HANDLE);
+}
+
+/// The system's text for an error, without the end of line that it comes with.
+/// \return its length; 0 where the system knows none
+template <std::size_t Size>
+std::size_t systemText(DWORD error, std::array<char, Size>& text) noexcept {
+  constexpr DWORD flags = FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+  constexpr std::array<DWORD, 2> languages = {MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US),
+                                              MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)};
+  DWORD length = 0;
+  for (const DWORD language : languages) {
+    length = length > 0
+                 ? length
+                 : ::FormatMessageA(flags, nullptr, error, language, text.data(), Size, nullptr);
+  }
+  while (length > 0 && static_cast<unsigned char>(text[length - 1]) <= ' ') {
+    --length;
+  }
+  return length;
+}
+
+bool isSpace(const INPUT_RECORD& record) noexcept {
+  const KEY_EVENT_RECORD& key = record.Event.KeyEvent;
+  return record.EventType == KEY_EVENT && key.bKeyDown && key.uChar.UnicodeChar == L' ';
+}
+
+}  // namespace
+
+// Each write goes to the end of the file: standard output may share it, with a position of its own.
+void Crash::write(const char* bytes, std::size_t length) noexcept {
+  const HANDLE target = standardError();
+  if (::GetFileType(target) == FILE_TYPE_DISK) {
+    ::SetFilePointer(target, 0, nullptr, FILE_END);
+  }
+  while (length > 0) {
+    DWORD written = 0;
+    if (!::WriteFile(target, bytes, static_cast<DWORD>(length), &written, nullptr) ||
+        written == 0) {
+      return;
+    }
+    bytes += written;
+    length -= written;
+  }
+}
+
+void Crash::printSystemError(const char* message, unsigned long error) noexcept {
+  std::array<char, 512> reason{};
+  const std::size_t length = error != 0 ? systemText(error, reason) : 0;
+  Text text;
+  text << message << ": ";
+  if (length > 0) {
+    text.append(reason.data(), length);
+  } else {
+    text << "<unknown reason>";
+  }
+  write(text << "\n");
+}
+
+// Asks the console itself, as standard input may be another file by now.
+void Crash::waitForSpace() noexcept {
+  write(Text() << "\n<press space to close this window>");
+  const HANDLE console =
+      ::CreateFileW(L"CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+  INPUT_RECORD record{};
+  DWORD count = 0;
+  while (::ReadConsoleInputW(console, &record, 1, &count) && count == 1 && !isSpace(record)) {
+  }
+}
+
+}  // namespace Kyr

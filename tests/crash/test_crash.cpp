@@ -1,0 +1,138 @@
+// What a crash leaves behind, of a program that dies as it is told.
+#include "crash/death.h"
+
+namespace {
+
+using namespace KyrTest;
+
+/// The line of the example on which it makes its mistake, as a backtrace shows it.
+QString lineOf(const QByteArray& statement) {
+  const QByteArray source = readFile(KYR_CRASH_SOURCE);
+  const int at = source.indexOf(statement);
+  EXPECT_GE(at, 0) << statement.toStdString();
+  return QString("faults.cpp:%1)").arg(source.left(at).count('\n') + 1);
+}
+
+bool begins(const QString& text, const QString& pattern) {
+  return QRegularExpression("\\A" + pattern).match(text).hasMatch();
+}
+
+}  // namespace
+
+class Crash : public testing::Test {
+ protected:
+  void SetUp() override { KYR_SKIP_SANITIZERS("they report faults in the place of the library"); }
+};
+
+/// Crashes in a thread that an option of the program chooses.
+class CrashIn : public Crash, public testing::WithParamInterface<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Threads, CrashIn,
+                         testing::Values("", "--in-thread", "--in-foreign-thread"));
+
+TEST_P(CrashIn, AnyKindIsNamedWithItsLineAndAllThreads) {
+  const QString where = GetParam();
+  const QString address = "at address 0x[0-9a-f]+\n";
+  const QString violation = "EXCEPTION_ACCESS_VIOLATION ";
+  const struct {
+    const char* kind;
+    QString first;
+    QString then;
+    const char* function;
+    const char* statement;
+    const char* catches;
+  } rows[] = {
+      {"null-read", violation + "\\(read from address 0x0\\)", address, "readNull",
+       "sink = *nowhere", "a read called a write"},
+      {"null-write", violation + "\\(write to address 0x0\\)", address, "writeNull", "*nowhere = 1",
+       "a write called a read"},
+      {"execute", violation + "\\(" KYR_EXECUTES " address 0x0\\)", "at address 0x0\n",
+       "executeNull", "noFunction();\n", "a caller lost behind a jump to nowhere"},
+      {"execute-data", violation + "\\(" KYR_EXECUTES " address 0x[0-9a-f]+\\)", address,
+       "executeData", "dataAsFunction();\n", "data of a program taken for its code"},
+      {"divide", "EXCEPTION_INT_DIVIDE_BY_ZERO", address, "divideByZero", "sink = 100 / zero",
+       "a division taken for floating point"},
+      {"illegal", "EXCEPTION_ILLEGAL_INSTRUCTION", address, "executeIllegal", "__builtin_trap();",
+       "a signal left out"},
+      {"overflow", "EXCEPTION_STACK_OVERFLOW", address, "overflowStack", "sink = overflowStack(0)",
+       "a handler on the stack that is used up; who began is left out"},
+      {"abort", "0x40000015 \\(abort\\(\\) was called\\)", address, "abortProcess", "std::abort();",
+       "a silent abort"},
+      {"exception", "0x20474343 \\(Kyr::Exception: the measurement is gone\\)", address,
+       "throwUncaught", "throw Kyr::Exception", "an exception without its text"},
+      {"exception-number", "0x20474343 \\(int\\)", address, "throwNumber", "throw 42",
+       "an exception without a text that is asked for one"},
+      {"memory",
+       QString("0x20474343 \\(std::bad_alloc: bad allocation\\), %1 bytes were asked for")
+           .arg(SIZE_MAX / 2),
+       address, "askForTooMuch", "new unsigned char[tooMuch]", "a class that nobody knows"},
+      {"prog-error", violation + "\\(write to address 0x0\\)", address, "raiseProgError",
+       "throw Kyr::ProgError", "an internal error that ends without a report"},
+  };
+  const QString problem =
+      "\nInternal program error: raised on purpose\nin function Crash::raiseProgError\n"
+      "in file faults line 94\n\n";
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.kind) + " " + where.toStdString() + ": " + row.catches);
+    const TempDir folder;
+    QStringList words{"--kind", row.kind, "--threads", "8"};
+    const Death death = die(folder, where.isEmpty() ? words : words << where);
+    const QString ahead = row.kind == QString("prog-error") ? problem : QString();
+    EXPECT_TRUE(death.exited && death.code == 1) << death.code;
+    EXPECT_TRUE(begins(death.report, ahead + "caught exception: " + row.first + "\n" + row.then +
+                                         "(error loading dbghelp.dll, .+\n)?\nbacktrace of the "
+                                         "crashing thread 0x[0-9a-f]+:\n#0"))
+        << death.report.toStdString();
+    const QStringList threads = death.report.split("\n\nnext thread: ");
+    EXPECT_EQ(threads.size(), where.isEmpty() ? 9 : 10) << death.report.toStdString();
+    EXPECT_TRUE(threads[0].contains(row.function) && threads[0].contains(lineOf(row.statement)))
+        << lineOf(row.statement).toStdString() << '\n'
+        << threads[0].toStdString();
+    EXPECT_EQ(death.report.count("Crash::Crew::waitForWork"), 8);
+    EXPECT_EQ(death.dumps.size(), 1) << death.report.toStdString();
+  }
+}
+
+TEST_F(Crash, CountsWhatItLeavesOutOfAStack) {
+  const TempDir folder;
+  const QString report = die(folder, {"--kind", "overflow"}).report;
+  const auto gap =
+      QRegularExpression("#(\\d+) +0x.+\n(\\d+) frames are left out\n#(\\d+) +0x").match(report);
+  EXPECT_EQ(gap.captured(1), "49") << report.toStdString();
+  EXPECT_EQ(gap.captured(3).toInt(), 50 + gap.captured(2).toInt());
+  EXPECT_TRUE(report.contains(QString("\n#%1 ").arg(gap.captured(3).toInt() + 49)));
+}
+
+TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"say", "\nthe hook was here\n", "a hook that is not called, or called too early"},
+      {"crash", "", "a crash in the hook that is reported for ever"},
+  };
+  for (const auto& [hook, end, catches] : rows) {
+    const TempDir folder;
+    const Death death = die(folder, {"--kind", "null-read", "--hook", hook});
+    EXPECT_TRUE(death.exited && death.code == 1) << catches;
+    EXPECT_TRUE(death.report.endsWith(end)) << catches << death.report.toStdString();
+    EXPECT_EQ(death.report.count("caught exception"), 1) << catches;
+  }
+}
+
+TEST_F(Crash, LeavesTheNewestDumpsOfManyCrashes) {
+  const TempDir folder;
+  for (int i = 1; i <= 30; ++i) {
+    KyrTest::plantDump(folder, KyrTest::numberedDump(i * 7 % 31), i * 7 % 31);
+  }
+  const QStringList others{"ORV-07.dmp", "ORV-7.dmp.gz", "ORV-4294967296.dmp", "ORV-.dmp"};
+  for (const QString& name : others) {
+    KyrTest::plantDump(folder, name, 1000);
+  }
+  EXPECT_TRUE(QDir(folder.path()).mkdir("ORV-7.dmp"));
+  QFile written(KyrTest::plantDump(folder, "ORV-8.dmp", 1000));
+  EXPECT_TRUE(written.open(QIODevice::ReadWrite));
+  KyrTest::lockDump(written);
+  die(folder, {"--kind", "null-read"});
+  const QStringList left = QDir(folder.path()).entryList({"ORV-*"});
+  for (int i = 1; i <= 30; ++i) {
+    EXPECT_EQ(left.contains(KyrTest::numberedDump(i)), i < 20) << i << " hours old";
+  }
+  EXPECT_EQ(left.size(), 20 + others.size() + 2) << "the new one; what is none, or being written";
+}
