@@ -3,14 +3,6 @@
 
 #include <kyr/i18n/catalogue_p.h>
 
-#include <gtest/gtest.h>
-
-#include <QRegularExpression>
-
-#include <algorithm>
-#include <cstdio>
-#include <vector>
-
 #include <sys/mman.h>
 
 namespace {

@@ -3,11 +3,7 @@
 
 #include <kyr/i18n/KyrTranslator.h>
 
-#include <gtest/gtest.h>
-
 using namespace Kyr;
-
-namespace {
 
 TEST(Language, ComesFromTheInstallationOrTheSystem) {
   const struct {
@@ -23,28 +19,23 @@ TEST(Language, ComesFromTheInstallationOrTheSystem) {
       {"", {"ja_JP.utf8", "pt", "", "de"}, 63, "jp", "LC_ALL behind LC_MESSAGES or LANG"},
       {"", {"", "pt_BR", "", "de"}, 63, "pt", "LC_MESSAGES behind LANG"},
       {"", {"C", "", "de", "zh@x"}, 63, "en", "LANGUAGE, or another locale, in spite of C"},
-      {"", {"", "POSIX", "de", "zh@x"}, 63, "en", "the other name of C"},
       {"", {"de", "", "nl:POSIX:de", ""}, 63, "en", "an entry behind POSIX"},
       {"", {"de", "", "nl", "fr"}, 63, "en", "the locale where LANGUAGE has no known language"},
       {"", {"", "", "de", ""}, 63, "de", "no locale at all is C"},
       {"", {"", "", "", "zh@x"}, 63, "cn", "a modifier"},
       {"", {"", "", "", "der_XX"}, 63, "en", "another language that begins the same"},
-      {"", {"", "", "", ""}, 63, "en", "no language at all"},
       {"1031", {"fr", "", "", ""}, 63, "de", "the installer's language"},
       {"3084", {"de", "", "", ""}, 63, "fr", "a variety of a language"},
-      {"2052", {"de", "", "", ""}, 63, "cn", "Chinese"},
-      {"2070", {"de", "", "", ""}, 63, "pt", "Portuguese"},
       {"1043", {"de", "", "", ""}, 63, "en", "a language that is not known"},
       {"0", {"de", "", "", ""}, 63, "de", "0 is a language"},
       {"0x407", {"fr", "", "", ""}, 63, "fr", "no decimal number"},
   };
   const KyrTest::Home home;
   for (const auto& row : rows) {
-    QFile file(home.file("ORV.conf"));
-    file.open(QIODevice::WriteOnly);
-    file.write("[General]\n" +
-               (row.installed.isEmpty() ? "" : "InstallerLanguage=" + row.installed));
-    file.close();
+    KyrTest::writeFile(
+        home.file("ORV.conf"),
+        "[General]\n" +
+            (row.installed.isEmpty() ? QByteArray() : "InstallerLanguage=" + row.installed));
     KyrTest::inChild([&] {
       home.start({{"XDG_CONFIG_HOME", home.path()},
                   {"LC_ALL", row.variables[0]},
@@ -57,5 +48,3 @@ TEST(Language, ComesFromTheInstallationOrTheSystem) {
     EXPECT_EQ(home.said(), row.language) << row.catches;
   }
 }
-
-}  // namespace

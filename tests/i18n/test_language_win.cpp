@@ -4,8 +4,6 @@
 
 #include <kyr/i18n/KyrTranslator.h>
 
-#include <gtest/gtest.h>
-
 #include <windows.h>
 
 using namespace Kyr;

@@ -5,18 +5,8 @@
 #include <kyr/i18n/KyrTranslator.h>
 #include <kyr/pack/KyrZipStream.h>
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-#include <QDir>
-
-#include <algorithm>
-#include <thread>
-#include <vector>
-
 using namespace Kyr;
-using KyrTest::Home;
-using KyrTest::inChild;
+using namespace KyrTest;
 
 namespace {
 
@@ -34,46 +24,33 @@ QString shortcuts(unsigned mask, const QString& application = "Motion") {
 }
 
 TEST(Language, IsReadFromTheFile) {
-  const struct {
-    QByteArray file;
-    unsigned mask;
-    const char* chosen;
-    const char* catches;
-  } rows[] = {
+  const std::tuple<QByteArray, unsigned, const char*, const char*> rows[] = {
       {"language=french \t\n", 63, "fr 2", "blanks behind the name"},
       {"language=jp\n", 63, "jp 3", "a shortcut, as setLanguage() writes it"},
       {"language=chinese\r\nx", 8 | 16, "cn 4", "an end of line from another system"},
       {"language=portuguese\nlanguage=german\n", 63, "pt 5", "a line behind the first"},
       {"language=" + QByteArray(1000, ' ') + "german\n", 63, "en 0", "over 1000 bytes are read"},
       {"language=french\n", 2 | 32, "en 0", "a language that is not offered"},
-      {"language=english\n", 0, "en 0", "English needs its bit"},
       {"language= german\n", 63, "en 0", "blanks before the name"},
-      {"\nlanguage=german\n", 63, "en 0", "not in the first line"},
       {"", 63, "en 0", "an empty file"},
   };
   const Home home;
   inChild([&] {
     home.start({{"LC_ALL", "en_US.UTF-8"}, {"KYR", home.path()}});
     const QString own = KyrInit::createVersionConfigName("Motion_language.dat");
-    for (const auto& row : rows) {
-      QFile file(own);
-      file.open(QIODevice::WriteOnly);
-      file.write(row.file);
-      file.close();
-      home.say(shortcuts(row.mask) + "\n");
+    for (const auto& [file, mask, chosen, catches] : rows) {
+      KyrTest::writeFile(own, file);
+      home.say(shortcuts(mask) + "\n");
     }
     QDir(home.path()).mkpath("config/v6.2.0");
-    QFile::rename(own, home.file("config/Other App_language.dat"));
-    QFile shared(home.file("config/Other App_language.dat"));
-    shared.open(QIODevice::WriteOnly);
-    shared.write("language=german");
-    shared.close();
+    QFile::remove(own);
+    KyrTest::writeFile(home.file("config/Other App_language.dat"), "language=german");
     home.say(shortcuts(63, "Other App") + shortcuts(63, "None"));
   });
   const QStringList said = QString::fromStdString(home.said()).split('\n');
   int line = 0;
-  for (const auto& row : rows) {
-    EXPECT_EQ(said.value(line++).toStdString(), row.chosen) << row.catches;
+  for (const auto& [file, mask, chosen, catches] : rows) {
+    EXPECT_EQ(said.value(line++).toStdString(), chosen) << catches;
   }
   EXPECT_EQ(said.value(line).toStdString(), "de 1en 0") << "the file of the software directory";
 }
@@ -98,7 +75,7 @@ TEST(Language, IsKeptForTheNextStart) {
     }
     home.say(QString::number(Translator::instance()->getDefaultLanguage()));
     QDir(home.file("config/v6.2.0")).removeRecursively();
-    QFile(home.file("config/v6.2.0")).open(QIODevice::WriteOnly);
+    KyrTest::writeFile(home.file("config/v6.2.0"), "");
     Translator::instance()->setLanguage(Translator::German);
   });
   EXPECT_EQ(home.said(),
@@ -177,7 +154,7 @@ TEST(Catalogues, OfTheUserComeFirst) {
     const QString messages = KyrInit::getSoftwareDirectory() + "/messages/";
     QFile::copy(messages + "Kyr_de.qm", home.file("config/Kyr_fr.qm"));
     QFile::copy(messages + "Kyr_de.qm", home.file("config/Kyr"));
-    QFile(home.file("config/Kyr_pt.qm")).open(QIODevice::WriteOnly);
+    KyrTest::writeFile(home.file("config/Kyr_pt.qm"), "");
     for (const char* language : {"fr", "pt"}) {
       KyrInit::InitTranslator(language);
       home.say(translate("Kyr_Translator", "language: german") + "|");
@@ -186,20 +163,20 @@ TEST(Catalogues, OfTheUserComeFirst) {
     home.start({{"KYR", home.path()}});
     KyrInit::InitTranslator("cn");
     home.say(translate("Kyr_Translator", "language: german") + "|");
-    QFile pointing(home.file("config/App_cn.qm"));
-    pointing.open(QIODevice::WriteOnly);
-    pointing.write(
-        QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd960000001000"
-                            "00000c004b00790072005f00660072"));  // continues in Kyr_fr
-    pointing.close();
+    KyrTest::writeFile(home.file("config/App_cn.qm"),
+                       QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd960000001000"
+                                           "00000c004b00790072005f00660072"));  // goes on in Kyr_fr
     installTranslator("App");
     home.say(QCoreApplication::translate("Kyr_Translator", "language: german"));
-    installTranslator("None");
+    KyrTest::writeFile(home.file("config/Ring_cn.qm"),
+                       QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd960000001200"
+                                           "00000e00520069006e0067005f0063006e"));  // and in itself
+    installTranslator("Ring");
   });
   EXPECT_EQ(home.said(), "Deutsch|Alem\xc3\xa3o|\xe5\xbe\xb7\xe8\xaf\xad|Deutsch")
       << "not the user's; a damaged one; a shorter name, or not beside the library; alone";
   const QByteArray output = KyrTest::readFile(home.file("output")).replace("\r\n", "\n");
-  const QByteArray warning = "Warning: Cannot load translator messages for 'None'.\n";
+  const QByteArray warning = "Warning: Cannot load translator messages for 'Ring'.\n";
   EXPECT_TRUE(output.endsWith(" management\n" + warning)) << output.toStdString();
   EXPECT_TRUE(output.count("Warning") == 1 && output.contains("config/Kyr_pt.qm' is not used"))
       << output.toStdString();

@@ -56,6 +56,7 @@ class KYR_EXPORT Translator {
   /// Takes its catalogues out of the Qt application.
   virtual ~Translator();
 
+  /// The process-wide translator.
   /// \return null while there is none
   /// \threadsafety any thread
   static Translator* instance() noexcept;
@@ -73,6 +74,7 @@ class KYR_EXPORT Translator {
   /// \threadsafety any thread; takes a lock only for a text that nobody asked for before
   QString translate(const char* context, const char* text);
 
+  /// The language of the texts.
   /// \threadsafety this and the three below: while no other thread calls setLanguage()
   Lang_t getLanguage() const;
   /// The language that the installation or the system asks for.
@@ -97,9 +99,9 @@ class KYR_EXPORT Translator {
   QString _default_language;
   const bool _changeable;
   std::vector<std::unique_ptr<QTranslator>> _translators;
-  Mutex _mutex;  // held by who stores into the cache; reading it needs no lock
+  Mutex _mutex;  // held by whoever stores into the cache; reading the cache needs no lock
   const std::unique_ptr<TranslationCache> _cache;
-  unsigned _languages = 0;  // a bit for each that is allowed
+  unsigned _languages = 0;  // a bit for each language that is allowed
 };
 
 /// Installs a catalogue with the process-wide translator; does nothing when there is none.

@@ -14,11 +14,11 @@ namespace Kyr {
 namespace {
 
 constexpr qint64 mostBytes = 64 << 20;
-constexpr int mostCatalogues = 64;  // that one may continue in; they may form a circle
+constexpr int mostCatalogues = 64;  // in a chain of dependencies, which may form a circle
 constexpr int mostParts = 32;       // of one message; no language has more than six plural forms
 
 /// The tables of a catalogue.
-enum Table : quint8 {
+enum Table_t : quint8 {
   Contexts = 0x2f,
   Hashes = 0x42,
   Messages = 0x69,
@@ -29,7 +29,7 @@ enum Table : quint8 {
 using Tables = std::map<quint8, QByteArray>;
 
 /// The parts of a message.
-enum Part : quint8 {
+enum Part_t : quint8 {
   End = 1,
   Translation = 3,
   Obsolete = 5,
@@ -42,8 +42,8 @@ QByteArray magic() {
   return QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd");
 }
 
-/// Takes numbers, most significant byte first, and pieces from the front of bytes. What is not
-/// there is 0 and empty, and leaves the reader not good.
+/// Takes numbers, most significant byte first, and pieces from the front of bytes. Beyond the end
+/// numbers are 0 and pieces empty, and isGood() is false from then on.
 class Reader {
  public:
   Reader(const QByteArray& bytes, quint32 start) : _bytes(bytes) { take(start); }
@@ -66,7 +66,7 @@ class Reader {
   template <class Number>
   Number number() {
     quint32 value = 0;
-    const QByteArray bytes = take(sizeof(Number));  // const: what is not const copies on reading
+    const QByteArray bytes = take(sizeof(Number));  // const, as reading another array would copy it
     for (const char byte : bytes) {
       value = value << 8 | static_cast<quint8>(byte);
     }
@@ -83,7 +83,8 @@ bool isTable(quint8 tag) {
          tag == Dependencies || tag == Language;
 }
 
-/// \return empty when the tables do not fill the file, or one is unknown or there twice
+/// The tables of a file.
+/// \return empty when they do not fill the file, or one is unknown or there twice
 Tables tablesOf(const QByteArray& file) {
   Tables tables;
   Reader reader(file, static_cast<quint32>(magic().size()));
@@ -97,7 +98,9 @@ Tables tablesOf(const QByteArray& file) {
   return reader.good() ? tables : Tables();
 }
 
-/// A text in UTF-16, or the length that stands for none, where Qt gives up on the message.
+/// Passes over a text in UTF-16.
+/// \return false for a bad length, and for the one that stands for no text, at which Qt gives up on
+///         the message
 bool skipTranslation(Reader& reader) {
   constexpr quint32 none = 0xffffffff;
   const quint32 length = reader.number32();
@@ -133,7 +136,7 @@ bool isSoundMessage(const QByteArray& messages, quint32 start) {
   return false;
 }
 
-/// Pairs of a text's hash, in ascending order, and where its message is.
+/// Whether the table has pairs of a text's hash, in ascending order, and the place of its message.
 bool areSoundHashes(const QByteArray& hashes, const QByteArray& messages) {
   Reader reader(hashes, 0);
   quint32 before = 0;
@@ -148,8 +151,9 @@ bool areSoundHashes(const QByteArray& hashes, const QByteArray& messages) {
   return true;
 }
 
-/// A chain of names with their lengths in front, which a 0 or the end of the table ends.
-/// \param budget bytes that all chains together may have; less afterwards
+/// Whether there is a chain of names with their lengths in front, ended by a 0 or by the table's
+/// end.
+/// \param budget the bytes that all chains together may still have; becomes less by this one
 bool isSoundChain(const QByteArray& contexts, quint32 start, int& budget) {
   Reader reader(contexts, start);
   while (reader.good() && !reader.atEnd()) {
@@ -166,8 +170,8 @@ bool isSoundChain(const QByteArray& contexts, quint32 start, int& budget) {
   return reader.good();
 }
 
-/// The number of places for hashes, for each where its chain begins, in pairs of bytes, and the
-/// chains.
+/// Whether the table has the number of places for hashes, for each place where its chain begins, in
+/// pairs of bytes, and the chains.
 bool areSoundContexts(const QByteArray& contexts) {
   Reader reader(contexts, 0);
   const quint32 size = reader.number16();
@@ -213,6 +217,7 @@ bool isPlainName(const QString& name) {
   return !name.isEmpty() && !name.contains('/') && !name.contains('\\');
 }
 
+/// Reads the names of catalogues.
 /// \return whether the table holds plain names and nothing else
 bool readNames(const QByteArray& table, QStringList* names) {
   QDataStream stream(table);
@@ -225,6 +230,7 @@ bool readNames(const QByteArray& table, QStringList* names) {
          std::all_of(names->cbegin(), names->cend(), isPlainName);
 }
 
+/// The bytes of a file.
 /// \return null for a file that cannot be read or is too large
 QByteArray contentOf(const QString& path) {
   QFile file(path);
@@ -236,8 +242,8 @@ struct HeldBytes {
   const QByteArray bytes;
 };
 
-/// Qt reads a catalogue where it lies. The bytes end after the translator: Qt may ask it until its
-/// last destructor has run.
+/// A translator with the bytes that it reads in place. They end after it: Qt may ask a translator
+/// until its last destructor has run.
 class HoldingTranslator : private HeldBytes, public QTranslator {
  public:
   explicit HoldingTranslator(const QByteArray& checked) : HeldBytes{checked} {}
@@ -263,7 +269,8 @@ class Loading {
                    path.toLocal8Bit().constData());
       return false;
     }
-    // Qt asks what was installed last first: a catalogue itself, then its first dependency.
+    // Qt asks first what was installed last. So a catalogue comes behind its dependencies, and
+    // these in reverse order.
     const QStringList& names = checked.dependencies;
     const bool complete = std::all_of(names.crbegin(), names.crend(),
                                       [this](const QString& name) { return add(name + ".qm"); });

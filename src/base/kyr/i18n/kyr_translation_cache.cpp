@@ -34,7 +34,7 @@ void TranslationCache::insert(Table& table, const Entry* entry) noexcept {
   table[place & (table.size() - 1)].store(entry, std::memory_order_release);
 }
 
-// Readers see the new table only when it holds all that the old one did.
+// The new table is shown to readers when it holds all that the old one did.
 void TranslationCache::grow() {
   auto larger = std::make_unique<Table>(2 * _tables.back()->size());
   for (const auto& entry : _entries) {

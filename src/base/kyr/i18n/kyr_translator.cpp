@@ -2,7 +2,9 @@
 
 #include <kyr/core/KyrApplication.h>
 #include <kyr/core/KyrProgError.h>
-#include <kyr/env/KyrInit.h>
+#include <kyr/core/file_parse_error_p.h>
+#include <kyr/env/library_place_p.h>
+#include <kyr/env/settings_p.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/catalogue_p.h>
 #include <kyr/i18n/language_p.h>
@@ -35,16 +37,21 @@ struct Language {
   const char* name;  ///< in language files
   const char* display;
   unsigned primaryIdentifier;  ///< the low 10 bits of Windows language identifiers
+  QLocale::Language numbers;
 };
 
-/// In the order of Translator::Lang_t.
+/// All languages, in the order of Translator::Lang_t.
 constexpr std::array<Language, 6> languages{{
-    {"en", "english", QT_TRANSLATE_NOOP("Kyr_Translator", "language: english"), 9},
-    {"de", "german", QT_TRANSLATE_NOOP("Kyr_Translator", "language: german"), 7},
-    {"fr", "french", QT_TRANSLATE_NOOP("Kyr_Translator", "language: french"), 12},
-    {"jp", "japanese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: japanese"), 17},
-    {"cn", "chinese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: chinese"), 4},
-    {"pt", "portuguese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: portuguese"), 22},
+    {"en", "english", QT_TRANSLATE_NOOP("Kyr_Translator", "language: english"), 9,
+     QLocale::English},
+    {"de", "german", QT_TRANSLATE_NOOP("Kyr_Translator", "language: german"), 7, QLocale::German},
+    {"fr", "french", QT_TRANSLATE_NOOP("Kyr_Translator", "language: french"), 12, QLocale::French},
+    {"jp", "japanese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: japanese"), 17,
+     QLocale::Japanese},
+    {"cn", "chinese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: chinese"), 4,
+     QLocale::Chinese},
+    {"pt", "portuguese", QT_TRANSLATE_NOOP("Kyr_Translator", "language: portuguese"), 22,
+     QLocale::Portuguese},
 }};
 
 std::atomic<Translator*> theInstance{nullptr};
@@ -53,7 +60,7 @@ bool isAllowed(std::size_t language, unsigned mask) {
   return language == Translator::English || (mask >> language & 1U) != 0;
 }
 
-/// \return English for a text that is no shortcut
+/// The language of a shortcut; English for any other text.
 Translator::Lang_t languageOf(const QString& shortcut) {
   std::size_t found = languages.size() - 1;
   while (found > 0 && shortcut != languages[found].shortcut) {
@@ -89,8 +96,8 @@ QString languageFileName(const QString& applicationName) {
 
 QString languageFileToRead(const QString& applicationName) {
   const QString name = languageFileName(applicationName);
-  const QString own = KyrInit::getVersionConfigName(name);
-  return own.isEmpty() ? KyrInit::getSoftwareDirectory() + "/config/" + name : own;
+  const QString own = Settings::versionFileName(name);
+  return own.isEmpty() ? Settings::settled().software + "/config/" + name : own;
 }
 
 QByteArray withoutEndBlanks(QByteArray text) {
@@ -100,7 +107,7 @@ QByteArray withoutEndBlanks(QByteArray text) {
   return text;
 }
 
-/// \param text a language's name, which becomes its shortcut; anything else stays as it is
+/// The shortcut of a language's name; any other text as it is.
 QString shortcutOfName(const QByteArray& text) {
   for (const Language& language : languages) {
     if (text == language.name) {
@@ -124,19 +131,19 @@ QString languageInFile(const QString& fileName, const QString& otherwise) {
                                  : otherwise;
 }
 
-/// Written whole or not at all: a language that is cut off would be no language.
+/// Writes a language file, whole or not at all: a name that is cut off would be no language.
 bool writeLanguageFile(const QString& fileName, const QString& shortcut) {
   QSaveFile file(fileName);
   return file.open(QIODevice::WriteOnly) &&
          file.write("language=" + shortcut.toUtf8() + "\n") > 0 && file.commit();
 }
 
-/// Where catalogues are looked for; the first one that has it counts.
+/// The directories in which a catalogue is searched, in this order.
 QStringList catalogueDirectories() {
-  QStringList directories = {KyrInit::getConfigDirectory(KyrInit::ConfigRoaming),
-                             KyrInit::getSoftwareDirectory() + "/messages"};
-  // Where the library is installed for programs that are installed elsewhere. The folder of
-  // libraries may be one of several below "lib".
+  QStringList directories = {Settings::settled().config.roaming,
+                             Settings::settled().software + "/messages"};
+  // The last ones serve programs that are not installed where the library is. It may lie in a
+  // folder below "lib".
   const QString library = Platform::libraryDirectory();
   for (const char* way : {"/messages", "/../messages", "/../../messages"}) {
     directories.append(library.isEmpty() ? QString() : QDir::cleanPath(library + way));
@@ -154,11 +161,11 @@ std::vector<std::unique_ptr<QTranslator>> loadCatalogue(const QString& file) {
   return catalogues;
 }
 
-/// Programs that never started the library have no interface in the suite's sense: its tools and
-/// tests. Before the start all texts of KyrInit are empty.
+/// Whether the application has a user interface in the suite's sense. Programs that never start the
+/// library, as tools and tests, have none.
 bool hasUserInterface() {
-  return !KyrInit::getConfigVersionString().isEmpty() &&
-         applicationProperties(KyrInit::getApplication()).hasUserInterface;
+  return Settings::isSettled() &&
+         applicationProperties(Settings::settled().application).hasUserInterface;
 }
 
 }  // namespace
@@ -231,7 +238,7 @@ void Translator::setLanguage(Lang_t language) {
     _language = languages[number].shortcut;
   }
   const QString file =
-      KyrInit::createVersionConfigName(languageFileName(KyrInit::getApplicationName()));
+      Settings::createVersionFileName(languageFileName(Settings::applicationName()));
   if (!writeLanguageFile(file, _language)) {
     std::fprintf(stderr, "Warning: Cannot write '%s'.\n", file.toLocal8Bit().constData());
   }
@@ -274,6 +281,18 @@ QString translate(const char* context, const char* text) {
     throw ProgError("No Translator instantiated", true);
   }
   return QString::fromUtf8(text);
+}
+
+QLocale userLocale() {
+  const Translator* const translator = Translator::instance();
+  return QLocale(languages[translator ? translator->getLanguage() : Translator::English].numbers);
+}
+
+QString translate(const FileParse::Error& error) {
+  const FileParse::Finding* const finding = FileParse::findingOf(error);
+  return finding == nullptr ? error.getText() : FileParse::sentence(*finding, [](const char* text) {
+    return translate(FileParse::findingContext, text);
+  });
 }
 
 void installTranslator(const char* name) {

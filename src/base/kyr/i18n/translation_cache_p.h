@@ -21,8 +21,8 @@ namespace Kyr {
 /// small is therefore kept: all of them together are no larger than the one in use.
 class TranslationCache {
  public:
-  /// A text that is looked for, not copied. Few texts stand in several contexts: these differ
-  /// enough by their lengths.
+  /// Names a text that is looked for, without a copy. Its hash takes the context's length only: few
+  /// texts stand in several contexts.
   struct Key {
     Key(std::string_view itsContext, std::string_view itsText) noexcept
         : context(itsContext),
@@ -65,7 +65,7 @@ class TranslationCache {
   void grow();
 
   std::atomic<const Table*> _table;
-  std::vector<std::unique_ptr<Table>> _tables;  // this and the next: for who stores
+  std::vector<std::unique_ptr<Table>> _tables;  // this and the next are used by who stores
   std::vector<std::unique_ptr<Entry>> _entries;
 };
 

@@ -2,10 +2,7 @@
 
 #include <kyr/os/KyrOS.h>
 
-#include <QFile>
-#include <QFileInfo>
-
-#include <dlfcn.h>
+#include <QStringList>
 
 namespace Kyr {
 
@@ -13,6 +10,7 @@ namespace {
 
 constexpr unsigned english = 0x09;
 
+/// The Windows identifier of a locale's language.
 /// \param locale as "de", "de_DE.UTF-8" or "de@euro"
 /// \return 0 for a language that the library does not know
 unsigned identifierOf(const QString& locale) {
@@ -30,7 +28,7 @@ unsigned identifierOf(const QString& locale) {
   return 0;
 }
 
-/// The locales that mean the texts as they stand in programs.
+/// Whether a locale means the texts as they stand in programs.
 bool isUntranslated(const QString& locale) {
   return locale == "C" || locale == "POSIX";
 }
@@ -45,7 +43,7 @@ unsigned firstKnown(const QStringList& locales) {
   return english;
 }
 
-/// \return empty when nobody sets it
+/// The locale that the environment sets for messages; empty when it sets none.
 QString localeOfMessages() {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     QString value = OS::getEnv(variable);
@@ -58,22 +56,13 @@ QString localeOfMessages() {
 
 }  // namespace
 
-// As GNU's gettext, so that one setting serves all programs; but LANGUAGE counts without a locale
-// too, where gettext sees the locale "C".
+// Follows the rules of GNU gettext, so that one setting serves all programs; but LANGUAGE counts
+// also where no locale is set, which gettext takes for the locale "C".
 unsigned Platform::userInterfaceLanguage() {
   const QString locale = localeOfMessages();
   const QString languages = OS::getEnv("LANGUAGE");
   return isUntranslated(locale) || languages.isEmpty() ? firstKnown({locale})
                                                        : firstKnown(languages.split(':'));
-}
-
-// Of a link to the library the target counts: catalogues lie with what was installed.
-QString Platform::libraryDirectory() {
-  Dl_info library = {};
-  const bool found = ::dladdr(reinterpret_cast<void*>(&Platform::libraryDirectory), &library) != 0;
-  const QString file = found ? QFile::decodeName(library.dli_fname) : QString();
-  const QString target = QFileInfo(file).canonicalFilePath();
-  return target.isEmpty() ? QString() : QFileInfo(target).path();
 }
 
 }  // namespace Kyr
