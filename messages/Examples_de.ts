@@ -2,6 +2,89 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Gauge</name>
+    <message>
+        <source>Gauge</source>
+        <translation>Anzeige</translation>
+    </message>
+    <message>
+        <source>&amp;Length</source>
+        <translation>&amp;Länge</translation>
+    </message>
+    <message>
+        <source>&amp;Temperature</source>
+        <translation>&amp;Temperatur</translation>
+    </message>
+    <message>
+        <source>&amp;Angle</source>
+        <translation>&amp;Winkel</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Einheit</translation>
+    </message>
+    <message>
+        <source>Any unit may follow the number.</source>
+        <translation>Hinter der Zahl darf jede Einheit stehen.</translation>
+    </message>
+    <message>
+        <source>Try gauge --help.</source>
+        <translation>Hilfe gibt gauge --help.</translation>
+    </message>
+    <message>
+        <source>there is no gauge for %1</source>
+        <translation>für %1 gibt es keine Anzeige</translation>
+    </message>
+    <message>
+        <source>Shows a quantity that is typed as people write it.</source>
+        <translation>Zeigt eine Größe, die eingetippt wird, wie man sie schreibt.</translation>
+    </message>
+    <message>
+        <source>quantity</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>what the field holds at first</source>
+        <translation>was zu Beginn im Feld steht</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>zeigt diese Hilfe</translation>
+    </message>
+    <message>
+        <source>kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>in which the quantity is shown</source>
+        <translation>in der die Größe gezeigt wird</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation>schreibt ein Bild des Fensters und endet</translation>
+    </message>
+    <message>
+        <source>give one quantity, in quotes</source>
+        <translation>geben Sie eine Größe an, in Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>the gauge has no unit %1</source>
+        <translation>die Anzeige hat keine Einheit %1</translation>
+    </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation>Es gibt keinen Bildschirm für ein Fenster; mit --screenshot braucht es keinen.</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
     <name>Surface</name>
     <message>
         <source>stopped by the user</source>
@@ -52,28 +135,12 @@
         <translation>%1 enthält keine Oberfläche</translation>
     </message>
     <message>
-        <source>cannot open %1</source>
-        <translation>%1 kann nicht geöffnet werden</translation>
-    </message>
-    <message>
-        <source>damaged line: %1</source>
-        <translation>beschädigte Zeile: %1</translation>
-    </message>
-    <message>
-        <source>cannot read %1 to its end</source>
-        <translation>%1 kann nicht bis zum Ende gelesen werden</translation>
-    </message>
-    <message>
         <source>lines with unknown keys, all told: %1</source>
         <translation>Zeilen mit unbekanntem Schlüsselwort insgesamt: %1</translation>
     </message>
     <message>
         <source>unknown key, line skipped: %1</source>
         <translation>unbekanntes Schlüsselwort, Zeile übergangen: %1</translation>
-    </message>
-    <message>
-        <source>%1, line %2: %3</source>
-        <translation>%1, Zeile %2: %3</translation>
     </message>
     <message>
         <source>in less than 2 ms</source>
@@ -142,6 +209,22 @@
     <message>
         <source>the system starts no threads for the analysis</source>
         <translation>das System startet keine Threads für die Auswertung</translation>
+    </message>
+    <message>
+        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
+        <translation>die Datei ist beschädigt: %1 von %2 Bytes ihres Inhalts sind verloren; die anderen wurden geprüft und sind gut</translation>
+    </message>
+    <message>
+        <source>a coordinate must be finite</source>
+        <translation>eine Koordinate muss endlich sein</translation>
+    </message>
+    <message>
+        <source>there is no such point</source>
+        <translation>diesen Punkt gibt es nicht</translation>
+    </message>
+    <message>
+        <source>missing are %1 and %2</source>
+        <translation>es fehlen %1 und %2</translation>
     </message>
 </context>
 <context>
@@ -477,6 +560,18 @@
     <message>
         <source>no unit of length is called %1</source>
         <translation>keine Längeneinheit heißt %1</translation>
+    </message>
+    <message>
+        <source>saved of it</source>
+        <translation>davon gerettet</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, equal to what was written</source>
+        <translation>%1 von %2 Stücken, gleich dem, was geschrieben wurde</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
+        <translation>%1 von %2 Stücken, NICHT DAS, WAS GESCHRIEBEN WURDE</translation>
     </message>
 </context>
 <context>

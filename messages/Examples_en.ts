@@ -2,6 +2,89 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Gauge</name>
+    <message>
+        <source>Gauge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Angle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Any unit may follow the number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Try gauge --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no gauge for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows a quantity that is typed as people write it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>what the field holds at first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>kind</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>in which the quantity is shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give one quantity, in quotes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the gauge has no unit %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Surface</name>
     <message>
         <source>stopped by the user</source>
@@ -52,27 +135,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>cannot open %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>damaged line: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>cannot read %1 to its end</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>lines with unknown keys, all told: %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>unknown key, line skipped: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1, line %2: %3</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -141,6 +208,22 @@
     </message>
     <message>
         <source>the system starts no threads for the analysis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a coordinate must be finite</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no such point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>missing are %1 and %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -476,6 +559,18 @@
     </message>
     <message>
         <source>no unit of length is called %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>saved of it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, equal to what was written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -2,6 +2,89 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>Gauge</name>
+    <message>
+        <source>Gauge</source>
+        <translation>Cadran</translation>
+    </message>
+    <message>
+        <source>&amp;Length</source>
+        <translation>&amp;Longueur</translation>
+    </message>
+    <message>
+        <source>&amp;Temperature</source>
+        <translation>&amp;Température</translation>
+    </message>
+    <message>
+        <source>&amp;Angle</source>
+        <translation>&amp;Angle</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Unité</translation>
+    </message>
+    <message>
+        <source>Any unit may follow the number.</source>
+        <translation>Toute unité peut suivre le nombre.</translation>
+    </message>
+    <message>
+        <source>Try gauge --help.</source>
+        <translation>Essayez gauge --help.</translation>
+    </message>
+    <message>
+        <source>there is no gauge for %1</source>
+        <translation>il n&apos;y a pas de cadran pour %1</translation>
+    </message>
+    <message>
+        <source>Shows a quantity that is typed as people write it.</source>
+        <translation>Affiche une grandeur saisie comme on l&apos;écrit.</translation>
+    </message>
+    <message>
+        <source>quantity</source>
+        <translation>grandeur</translation>
+    </message>
+    <message>
+        <source>what the field holds at first</source>
+        <translation>ce que le champ contient au début</translation>
+    </message>
+    <message>
+        <source>shows this</source>
+        <translation>affiche cette aide</translation>
+    </message>
+    <message>
+        <source>kind</source>
+        <translation>genre</translation>
+    </message>
+    <message>
+        <source>in which the quantity is shown</source>
+        <translation>dans laquelle la grandeur est affichée</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>writes a picture of the window and ends</source>
+        <translation>écrit une image de la fenêtre et se termine</translation>
+    </message>
+    <message>
+        <source>give one quantity, in quotes</source>
+        <translation>donnez une seule grandeur, entre guillemets</translation>
+    </message>
+    <message>
+        <source>the gauge has no unit %1</source>
+        <translation>le cadran n&apos;a pas d&apos;unité %1</translation>
+    </message>
+    <message>
+        <source>there is no display for a window; --screenshot needs none</source>
+        <translation>Il n&apos;y a pas d&apos;écran pour une fenêtre&#xa0;; avec --screenshot il n&apos;en faut pas.</translation>
+    </message>
+    <message>
+        <source>cannot write %1</source>
+        <translation>impossible d&apos;écrire %1</translation>
+    </message>
+</context>
+<context>
     <name>Surface</name>
     <message>
         <source>stopped by the user</source>
@@ -52,28 +135,12 @@
         <translation>%1 ne contient aucune surface</translation>
     </message>
     <message>
-        <source>cannot open %1</source>
-        <translation>impossible d&apos;ouvrir %1</translation>
-    </message>
-    <message>
-        <source>damaged line: %1</source>
-        <translation>ligne endommagée : %1</translation>
-    </message>
-    <message>
-        <source>cannot read %1 to its end</source>
-        <translation>impossible de lire %1 jusqu&apos;à la fin</translation>
-    </message>
-    <message>
         <source>lines with unknown keys, all told: %1</source>
         <translation>lignes à mot-clé inconnu, au total : %1</translation>
     </message>
     <message>
         <source>unknown key, line skipped: %1</source>
         <translation>mot-clé inconnu, ligne ignorée : %1</translation>
-    </message>
-    <message>
-        <source>%1, line %2: %3</source>
-        <translation>%1, ligne %2 : %3</translation>
     </message>
     <message>
         <source>in less than 2 ms</source>
@@ -142,6 +209,22 @@
     <message>
         <source>the system starts no threads for the analysis</source>
         <translation>le système ne lance aucun thread pour l&apos;analyse</translation>
+    </message>
+    <message>
+        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
+        <translation>le fichier est endommagé : %1 des %2 octets de son contenu sont perdus ; les autres ont été vérifiés et sont bons</translation>
+    </message>
+    <message>
+        <source>a coordinate must be finite</source>
+        <translation>une coordonnée doit être finie</translation>
+    </message>
+    <message>
+        <source>there is no such point</source>
+        <translation>ce point n&apos;existe pas</translation>
+    </message>
+    <message>
+        <source>missing are %1 and %2</source>
+        <translation>il manque %1 et %2</translation>
     </message>
 </context>
 <context>
@@ -477,6 +560,18 @@
     <message>
         <source>no unit of length is called %1</source>
         <translation>aucune unité de longueur ne s&apos;appelle %1</translation>
+    </message>
+    <message>
+        <source>saved of it</source>
+        <translation>sauvé</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, equal to what was written</source>
+        <translation>%1 morceaux sur %2, identiques à ce qui a été écrit</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
+        <translation>%1 morceaux sur %2, DIFFÉRENTS DE CE QUI A ÉTÉ ÉCRIT</translation>
     </message>
 </context>
 <context>

@@ -113,6 +113,160 @@
         <source>libKyr %1: changes of the interface</source>
         <translation>libKyr %1: Änderungen der Schnittstelle</translation>
     </message>
+    <message>
+        <source>Reads and writes quantities as people do.</source>
+        <translation>Liest und schreibt Größen, wie Menschen es tun.</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_FileParse</name>
+    <message>
+        <source>column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
+        <translation>„%1“ ist kein Paar %3=&quot;...&quot;</translation>
+    </message>
+    <message>
+        <source>the line ends too early</source>
+        <translation>die Zeile endet zu früh</translation>
+    </message>
+    <message>
+        <source>the line is too long</source>
+        <translation>die Zeile ist zu lang</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation>die Datei endet mitten in dieser Zeile</translation>
+    </message>
+    <message>
+        <source>the file ends</source>
+        <translation>die Datei endet</translation>
+    </message>
+    <message>
+        <source>the file ends where &quot;%2&quot; is expected</source>
+        <translation>die Datei endet, wo „%2“ erwartet wird</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
+        <translation>„%1“ steht, wo „%2“ erwartet wird</translation>
+    </message>
+    <message>
+        <source>the file cannot be read to its end</source>
+        <translation>die Datei kann nicht bis zum Ende gelesen werden</translation>
+    </message>
+    <message>
+        <source>a value is missing</source>
+        <translation>ein Wert fehlt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no integer</source>
+        <translation>„%1“ ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not within %3</source>
+        <translation>„%1“ liegt nicht innerhalb von %3</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Quantity</name>
+    <message>
+        <source>A number is missing.</source>
+        <translation>Eine Zahl fehlt.</translation>
+    </message>
+    <message>
+        <source>No number begins here.</source>
+        <translation>Hier beginnt keine Zahl.</translation>
+    </message>
+    <message>
+        <source>A digit is missing.</source>
+        <translation>Eine Ziffer fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 may be %2 or %3: write %4 or %5.</source>
+        <translation>%1 kann %2 oder %3 sein: Schreiben Sie %4 oder %5.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
+        <translation>„%1“ trennt hier keine Gruppen von drei Ziffern; das Dezimalzeichen ist „%2“.</translation>
+    </message>
+    <message>
+        <source>A number has only one decimal separator.</source>
+        <translation>Eine Zahl hat nur ein Dezimalzeichen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no fraction.</source>
+        <translation>„%1“ ist kein Bruch.</translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation>Die Zahl ist zu groß.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no unit here; known are %2.</source>
+        <translation>„%1“ ist hier keine Einheit; bekannt sind %2.</translation>
+    </message>
+    <message>
+        <source>A unit is missing.</source>
+        <translation>Eine Einheit fehlt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot follow here.</source>
+        <translation>„%1“ kann hier nicht folgen.</translation>
+    </message>
+    <message>
+        <source>The smallest value is %1.</source>
+        <translation>Der kleinste Wert ist %1.</translation>
+    </message>
+    <message>
+        <source>The largest value is %1.</source>
+        <translation>Der größte Wert ist %1.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no kind, unit and decimals.</source>
+        <translation>„%1“ nennt nicht Art, Einheit und Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>The number is too close to zero.</source>
+        <translation>Die Zahl ist zu nah an null.</translation>
+    </message>
+    <message>
+        <source>Either all parts of a sum have a unit or none has.</source>
+        <translation>Entweder haben alle Teile einer Summe eine Einheit oder keiner.</translation>
+    </message>
+    <message>
+        <source>Only one factor may have a unit.</source>
+        <translation>Nur ein Faktor darf eine Einheit haben.</translation>
+    </message>
+    <message>
+        <source>A divisor may not have a unit.</source>
+        <translation>Ein Teiler darf keine Einheit haben.</translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by zero.</source>
+        <translation>Durch null kann nichts geteilt werden.</translation>
+    </message>
+    <message>
+        <source>A closing parenthesis is missing.</source>
+        <translation>Eine schließende Klammer fehlt.</translation>
+    </message>
+    <message>
+        <source>There are too many parentheses in each other.</source>
+        <translation>Zu viele Klammern stecken ineinander.</translation>
+    </message>
 </context>
 <context>
     <name>Kyr_Translator</name>

@@ -113,6 +113,160 @@
         <source>libKyr %1: changes of the interface</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Reads and writes quantities as people do.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_FileParse</name>
+    <message>
+        <source>column %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the line ends too early</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the line is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file ends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file ends where &quot;%2&quot; is expected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file cannot be read to its end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a value is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no integer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not within %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Quantity</name>
+    <message>
+        <source>A number is missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No number begins here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A digit is missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 may be %2 or %3: write %4 or %5.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A number has only one decimal separator.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no fraction.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no unit here; known are %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A unit is missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot follow here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The smallest value is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The largest value is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no kind, unit and decimals.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number is too close to zero.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Either all parts of a sum have a unit or none has.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only one factor may have a unit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A divisor may not have a unit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by zero.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A closing parenthesis is missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There are too many parentheses in each other.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Kyr_Translator</name>

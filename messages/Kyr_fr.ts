@@ -113,6 +113,160 @@
         <source>libKyr %1: changes of the interface</source>
         <translation>libKyr %1 : changements de l’interface</translation>
     </message>
+    <message>
+        <source>Reads and writes quantities as people do.</source>
+        <translation>Lit et écrit les grandeurs comme on le fait à la main.</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_FileParse</name>
+    <message>
+        <source>column %1</source>
+        <translation>colonne %1</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>ligne %1</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>ligne %1, colonne %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
+        <translation>« %1 » n&apos;est pas un couple %3=&quot;...&quot;</translation>
+    </message>
+    <message>
+        <source>the line ends too early</source>
+        <translation>la ligne se termine trop tôt</translation>
+    </message>
+    <message>
+        <source>the line is too long</source>
+        <translation>la ligne est trop longue</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this line</source>
+        <translation>le fichier se termine au milieu de cette ligne</translation>
+    </message>
+    <message>
+        <source>the file ends</source>
+        <translation>le fichier se termine</translation>
+    </message>
+    <message>
+        <source>the file ends where &quot;%2&quot; is expected</source>
+        <translation>le fichier se termine où « %2 » est attendu</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
+        <translation>« %1 » se trouve où « %2 » est attendu</translation>
+    </message>
+    <message>
+        <source>the file cannot be read to its end</source>
+        <translation>le fichier ne peut pas être lu jusqu&apos;à la fin</translation>
+    </message>
+    <message>
+        <source>a value is missing</source>
+        <translation>il manque une valeur</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no integer</source>
+        <translation>« %1 » n&apos;est pas un entier</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>« %1 » n&apos;est pas un nombre</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not within %3</source>
+        <translation>« %1 » n&apos;est pas compris dans %3</translation>
+    </message>
+</context>
+<context>
+    <name>Kyr_Quantity</name>
+    <message>
+        <source>A number is missing.</source>
+        <translation>Il manque un nombre.</translation>
+    </message>
+    <message>
+        <source>No number begins here.</source>
+        <translation>Aucun nombre ne commence ici.</translation>
+    </message>
+    <message>
+        <source>A digit is missing.</source>
+        <translation>Il manque un chiffre.</translation>
+    </message>
+    <message>
+        <source>%1 may be %2 or %3: write %4 or %5.</source>
+        <translation>%1 peut être %2 ou %3 : écrivez %4 ou %5.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
+        <translation>« %1 » ne sépare pas ici des groupes de trois chiffres ; le séparateur décimal est « %2 ».</translation>
+    </message>
+    <message>
+        <source>A number has only one decimal separator.</source>
+        <translation>Un nombre n&apos;a qu&apos;un séparateur décimal.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no fraction.</source>
+        <translation>« %1 » n&apos;est pas une fraction.</translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation>Le nombre est trop grand.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no unit here; known are %2.</source>
+        <translation>« %1 » n&apos;est pas une unité ici ; sont connues %2.</translation>
+    </message>
+    <message>
+        <source>A unit is missing.</source>
+        <translation>Il manque une unité.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot follow here.</source>
+        <translation>« %1 » ne peut pas suivre ici.</translation>
+    </message>
+    <message>
+        <source>The smallest value is %1.</source>
+        <translation>La plus petite valeur est %1.</translation>
+    </message>
+    <message>
+        <source>The largest value is %1.</source>
+        <translation>La plus grande valeur est %1.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names no kind, unit and decimals.</source>
+        <translation>« %1 » ne nomme pas un genre, une unité et des décimales.</translation>
+    </message>
+    <message>
+        <source>The number is too close to zero.</source>
+        <translation>Le nombre est trop proche de zéro.</translation>
+    </message>
+    <message>
+        <source>Either all parts of a sum have a unit or none has.</source>
+        <translation>Soit tous les termes d’une somme ont une unité, soit aucun.</translation>
+    </message>
+    <message>
+        <source>Only one factor may have a unit.</source>
+        <translation>Un seul facteur peut avoir une unité.</translation>
+    </message>
+    <message>
+        <source>A divisor may not have a unit.</source>
+        <translation>Un diviseur ne peut pas avoir d’unité.</translation>
+    </message>
+    <message>
+        <source>Nothing can be divided by zero.</source>
+        <translation>Rien ne peut être divisé par zéro.</translation>
+    </message>
+    <message>
+        <source>A closing parenthesis is missing.</source>
+        <translation>Une parenthèse fermante manque.</translation>
+    </message>
+    <message>
+        <source>There are too many parentheses in each other.</source>
+        <translation>Trop de parenthèses sont imbriquées.</translation>
+    </message>
 </context>
 <context>
     <name>Kyr_Translator</name>

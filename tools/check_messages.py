@@ -3,7 +3,8 @@
 
 A text counts where the code says translate("context", "text") or QT_TRANSLATE_NOOP with both.
 Every catalogue must list every text of its part of the code, and no other; those of the languages
-named below must have it translated. A translation has the same places for arguments as its text.
+named below must have it translated. A translation has the same places for arguments as its text, and
+no entities of XML within.
 Prints one line for each breach and ends with 1 if there is any.
 
 With --update, Qt's lupdate first brings the catalogues up to date: it adds what is new and takes
@@ -18,7 +19,8 @@ import xml.etree.ElementTree as xml
 from pathlib import Path
 
 # A catalogue, and where the code is that uses it.
-PARTS = {"Kyr": ("src/base/kyr",), "Examples": ("examples/surface", "examples/tour", "examples/viewer")}
+PARTS = {"Kyr": ("src/base/kyr",), "KyrTool": ("tools/kyr",),
+         "Examples": ("examples/gauge", "examples/surface", "examples/tour", "examples/viewer")}
 LANGUAGES = ("en", "de", "fr", "jp", "cn", "pt")
 LOCALES = {"en": "en", "de": "de", "fr": "fr", "jp": "ja", "cn": "zh_CN", "pt": "pt_PT"}
 # Into these everything is translated; in the others everybody needs the following.
@@ -35,6 +37,8 @@ HIDDEN = re.compile(rf"\btranslate\(\s*{LITERALS}\s*,(?!\s*{LITERALS}\s*\))[^;()
 # What has quotes, or slashes, without being code for CALL.
 COMMENT = re.compile(rf"//[^\n]*|/\*.*?\*/|({LITERAL}|'(?:[^'\\\n]|\\.)')", re.DOTALL)
 PLACE = re.compile(r"%L?\d{1,2}")
+# What stands in the file for a character, and has become text.
+ENTITY = re.compile(r"&#|\b(?:amp|apos|gt|lt|quot);")
 
 
 def unquoted(literals):
@@ -89,6 +93,8 @@ def breaches_of(path, language, texts):
             yield f"{path}: no translation of {context}: {text!r}"
         if translation and sorted(PLACE.findall(text)) != sorted(PLACE.findall(translation)):
             yield f"{path}: other places for arguments than {context}: {text!r}"
+        if ENTITY.search(translation):
+            yield f"{path}: an entity in the translation of {context}: {text!r}"
 
 
 def hidden_texts(root, folders):
