@@ -1,31 +1,11 @@
-#include "support/Support.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
+#include "tool/answers.h"
 
 namespace {
 
-using KyrTest::readFile;
-using KyrTest::TempDir;
+using namespace KyrTest;
 
-struct Result {
-  int code = -1;
-  QString output;
-  QString errors;
-};
-
-Result run(const QString& words, const TempDir& folder, const QByteArray& input = {}) {
-  QProcess process;
-  process.setWorkingDirectory(folder.path());
-  process.start(KYR_TOOL, words.split(' '));
-  process.write(input);
-  process.closeWriteChannel();
-  EXPECT_TRUE(process.waitForFinished()) << process.errorString().toStdString();
-  return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+Ended run(const QString& words, const TempDir& folder, const QByteArray& input = {}) {
+  return KyrTest::runProgram(KYR_TOOL, words.split(' '), folder.path(), input);
 }
 
 TEST(ToolTar, PacksListsAndUnpacks) {
@@ -36,16 +16,9 @@ TEST(ToolTar, PacksListsAndUnpacks) {
   folder.write("empty", "");
   folder.write("garbage", "garbage");
   folder.write("a.tgz", "an older one");
-  const struct {
-    const char* words;
-    int code;
-    const char* output;  // a part
-    const char* error;   // a part
-    const char* fault;
-  } rows[] = {
+  const std::vector<KyrTest::Answer> rows = {
       {"tar create a.tgz missing", 1, "", "missing: cannot be read: there is no", "a missing file"},
       {"tar create new.tgz missing --force", 1, "", "nothing is left", "an archive of nothing"},
-      {"tar list new.tgz", 1, "", "new.tgz: no such file", "an archive of nothing"},
       {"tar create no/a.tgz empty", 1, "", "no/a.tgz: there is no such file", "nowhere to write"},
       {"tar create a.tgz ./tree/ ../empty", 1, "", "empty: cannot be read", "a file elsewhere"},
       {"tar create a.tgz . tree/../empty", 0, "", "", "a tree that holds the archive"},
@@ -54,13 +27,10 @@ TEST(ToolTar, PacksListsAndUnpacks) {
       {"tar list b.tgz", 0, "tree/a\n", "", "the older archive"},
       {"tar create b.tgz empty no --force", 1, "", "no: cannot be read", "one to be replaced"},
       {"tar list b.tgz", 0, "Z  empty\n", "", "the newer archive"},
-      {"tar create - no", 1, "", "no: cannot be read", "a failure to standard output"},
       {"tar list a.tgz", 0, "         5  20", "", "sizes and times"},
-      {"tar list a.tgz", 0, "Z  ./tree/a\n", "", "names"},
       {"tar list a.tgz", 0, "Z  ./tree/sub/\xc3\xa4\n", "", "letters"},
       {"tar list a.tgz", 0, "Z  empty\n", "", "parts that lead up"},
       {"tar list a.tgz --limit 0", 2, "", "from 1 to", "no limit"},
-      {"tar list garbage", 1, "", "garbage: no complete tar.gz", "no archive"},
       {"tar extract garbage out", 1, "", "garbage: no complete tar.gz", "no archive"},
       {"tar extract a.tgz out", 0, "", "", "a directory of its own"},
       {"tar extract a.tgz out", 1, "", "something of this name is there already: out/",
@@ -69,15 +39,10 @@ TEST(ToolTar, PacksListsAndUnpacks) {
       {"tar extract a.tgz empty", 1, "", "cannot make the directory: empty", "a file in the way"},
       {"tar", 2, "", "tar needs one of list, create, extract", "half a command"},
   };
-  for (const auto& row : rows) {
-    const Result result = run(row.words, folder);
-    EXPECT_EQ(result.code, row.code) << row.words << ": " << row.fault;
-    EXPECT_TRUE(result.output.contains(QString::fromUtf8(row.output)))
-        << row.fault << ": " << result.output.toStdString();
-    EXPECT_TRUE(*row.error ? result.errors.contains(row.error) : result.errors.isEmpty())
-        << row.fault << ": " << result.errors.toStdString();
-  }
+  KyrTest::expectAnswers(folder, rows);
   EXPECT_FALSE(run("tar list a.tgz", folder).output.contains("tgz")) << "it contains itself";
+  run("tar create up.tgz ../" + QDir(folder.path()).dirName() + "/empty", folder);
+  EXPECT_TRUE(run("tar list up.tgz", folder).output.contains("Z  kyr-test-")) << "it leads out";
   EXPECT_EQ(readFile(folder.file(QString::fromUtf8("out/tree/sub/\xc3\xa4"))), "second");
   EXPECT_EQ(run("tar list -", folder, readFile(folder.file("a.tgz"))).code, 0);
   EXPECT_TRUE(run("tar create - tree", folder).output.startsWith("\x1f")) << "to standard output";
@@ -99,26 +64,25 @@ TEST(ToolReport, WritesReportsAndShowsInfo) {
   } rows[] = {
       {"info", "0\n  libKyr ", "versions"},
       {"info", "0/settings/v6.2.0 ", "directories, without a start of the library"},
-      {"info x", "2too many: \"x\"", "it takes nothing"},
       {"report a.tgz", "0a.tgz: 11 sections, logs and dumps: 1, ", "a name"},
       {"report a.tgz", "1a.tgz exists already and is not replaced", "an older report"},
+      {"report a.tgz --force", "0a.tgz: 11 sections", "one to be replaced"},
       {"report no/a.tgz", "1a.tgz cannot be written: ", "nowhere to write"},
       {"report b.tgz --dumps 1", "0b.tgz: 11 sections, logs and dumps: 2, ", "dumps"},
       {"report c.tgz --dumps x", "2--dumps", "no number"},
       {"report -", "2not to standard output", "a file of this name"},
       {"report a%2.tgz", "0a%2.tgz: 11 sections, logs and dumps: 1", "places in the name"},
       {"tar list a.tgz", "0/index.html\n", "a page"},
-      {"tar list a.tgz", "0/logs/ORV-1.log\n", "logs"},
       {"tar list b.tgz", "0/logs/ORV-1.dmp\n", "the dump"},
   };
   for (const auto& row : rows) {
-    const Result result = run(row.words, folder);
-    const QString said = result.output + result.errors;
+    const Ended result = run(row.words, folder);
+    const QByteArray said = result.output + result.errors;
     EXPECT_TRUE(result.code == row.said[0] - '0' && said.contains(row.said + 1))
         << row.words << ": " << row.fault << ": " << said.toStdString();
   }
   const KyrTest::ScopedEnvironment persian("LC_ALL", "fa_IR.UTF-8");  // has digits of its own
-  EXPECT_TRUE(run("report", folder).output.contains(QRegularExpression(R"(\AORV-report-2\d+-)")));
+  EXPECT_TRUE(run("report", folder).output.startsWith("ORV-report-2"));
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 6)
       << "leftovers, or none";
   EXPECT_EQ(QDir(folder.path()).entryList({"settings"}).size(), 0) << "reports make directories";

@@ -2,6 +2,8 @@
 /// The words of a command line, sorted into arguments and options, and how commands fail.
 #pragma once
 
+#include "command_table.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -9,10 +11,11 @@
 namespace KyrTool {
 
 /// Exit codes of the tool; scripts rely on them.
-enum ExitCode {
+enum ExitCode_t {
   Fine = 0,
   FileAtFault = 1,  ///< a file is missing, damaged, foreign or cannot be written
   WrongUsage = 2,
+  EndedByUser = 130,  ///< what shells expect after Ctrl-C
 };
 
 /// Thrown for a command line that nobody can mean.
@@ -27,17 +30,14 @@ struct FileError {
 
 /// The words after a command's name.
 ///
-/// An option is a word that begins with "--", followed by its value; so "-" and "-40" are plain
-/// arguments. A flag is an option without value. After the word "--" everything is a plain
-/// argument.
+/// An option is a word that begins with "--", or with "-" and a letter; so "-" and "-40" are plain
+/// arguments. Its value is the next word, or stands in the same one behind "=". A flag is an option
+/// without value. After the word "--" everything is a plain argument.
 class Arguments {
  public:
-  /// \param options names of the known options, without "--"
-  /// \param flags names of the known flags, without "--"
-  /// \throws UsageError for unknown options, options without value, and fewer or more plain
-  ///         arguments than expected
-  Arguments(const QStringList& words, const QStringList& options, const QStringList& flags,
-            int fewest, int most);
+  /// \throws UsageError for unknown options, options without value, flags with one, and fewer or
+  ///         more plain arguments than the command has
+  Arguments(const QStringList& words, const Command& command);
 
   int count() const { return _plain.size(); }
   const QString& operator[](int index) const { return _plain[index]; }
@@ -49,7 +49,7 @@ class Arguments {
   unsigned number(const QString& name, unsigned lowest, unsigned highest, unsigned otherwise) const;
 
  private:
-  void takeOption(QStringList& words, const QStringList& known, const QStringList& flags);
+  void takeOption(QStringList& words, const std::vector<Option>& known);
 
   QStringList _plain;
   QMap<QString, QString> _options;

@@ -2,6 +2,7 @@
 #include "input.h"
 #include "output.h"
 
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/text/KyrBase64.h>
 
 #include <QtGlobal>
@@ -12,7 +13,7 @@ namespace {
 
 using Bytes = Kyr::StructVector<unsigned char>;
 
-constexpr std::size_t pieceSize = 3U << 16U;  // groups of three bytes, and of four characters
+constexpr std::size_t pieceSize = 3U << 16U;  // whole groups, of three bytes or four characters
 
 bool deliver(const Bytes& bytes) {
   return writeBytes(reinterpret_cast<const char*>(bytes.data()), bytes.size());
@@ -27,7 +28,7 @@ constexpr bool isLetter(unsigned char byte) {
          (byte >= '0' && byte <= '9') || byte == '+' || byte == '/';
 }
 
-/// Keeps from the decoder what it would take for padding.
+/// Gathers groups for the decoder, and refuses characters that it would take for padding.
 class Groups {
  public:
   /// Adds the characters of a piece without white space, up to the first that is wrong.
@@ -59,7 +60,7 @@ class Groups {
   }
 
   bool isWhole() const { return _text.size() % 4 == 0; }
-  /// Of the wrong character in the input, from 0.
+  /// The place of the wrong character in the input, counted from 0.
   quint64 position() const { return _position; }
 
  private:
@@ -69,7 +70,7 @@ class Groups {
   }
 
   Bytes _text;
-  bool _padded = false;  // the group that is not complete yet
+  bool _padded = false;  // whether the group that is not complete yet has padding
   quint64 _position = 0;
 };
 
@@ -101,10 +102,13 @@ int base64Decode(const Arguments& arguments) {
     }
   } while (good && piece.size() == pieceSize);
   if (!good) {
-    throw FileError{QString("%1: no Base64 at byte %2").arg(input.name()).arg(groups.position())};
+    throw FileError{Kyr::translate("Kyr_tool", "%1: no Base64 at byte %2")
+                        .arg(input.name())
+                        .arg(groups.position())};
   }
   if (!groups.isWhole()) {
-    throw FileError{QString("%1: ends within a group of four characters").arg(input.name())};
+    throw FileError{
+        Kyr::translate("Kyr_tool", "%1: ends within a group of four characters").arg(input.name())};
   }
   return Fine;
 }

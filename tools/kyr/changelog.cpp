@@ -1,10 +1,10 @@
 #include "commands.h"
+#include "language.h"
 #include "output.h"
 #include "target.h"
 
+#include <kyr/changelog/KyrChangeLog.h>
 #include <kyr/i18n/KyrTranslate.h>
-#include <kyr/i18n/KyrTranslator.h>
-#include <kyr/services/KyrChangeLog.h>
 
 namespace KyrTool {
 
@@ -16,30 +16,19 @@ Log::Grouping_t groupingOf(const QString& name) {
   const QStringList names = {"none", "context", "version"};  // in the order of the enumeration
   const int index = names.indexOf(name);
   if (index < 0) {
-    throw UsageError{QString("--group takes one of %1").arg(names.join(", "))};
+    throw UsageError{Kyr::translate("Kyr_tool", "--group takes one of %1").arg(names.join(", "))};
   }
   return static_cast<Log::Grouping_t>(index);
 }
 
-/// The language of what the library says. The tool starts without the library's directories; the
-/// library then finds the catalogues beside itself.
-class Language {
- public:
-  explicit Language(const QString& shortcut) : _translator(shortcut) {
-    if (_translator.getLanguageShortcut() != shortcut) {
-      throw UsageError{QString("--language takes one of en, de, fr, jp, cn, pt")};
-    }
-    _translator.installTranslator("Kyr");
-    // Every catalogue has a name for this key, the English one too.
-    const char* const key = "language: english";
-    if (shortcut != "en" && Kyr::translate("Kyr_Translator", key) == key) {
-      throw FileError{QString("Kyr_%1.qm: cannot be read").arg(shortcut)};
-    }
-  }
-
- private:
-  Kyr::Translator _translator;
-};
+/// The page in a language, which is that of the library's texts meanwhile.
+QString pageIn(const QString& language, Log::Grouping_t grouping) {
+  useLanguage(language);
+  QString page = Kyr::ChangeLog::libraryChangeLog().transformToPage(
+      Kyr::ChangeLog::libraryChangeLogTitle(), grouping);
+  useLanguageOfUser();
+  return page;
+}
 
 }  // namespace
 
@@ -47,9 +36,8 @@ int changelog(const Arguments& arguments) {
   const QString output = arguments.count() > 0 ? arguments[0] : QString("-");
   const Log::Grouping_t grouping =
       groupingOf(arguments.has("group") ? arguments.option("group") : "context");
-  const Language language(arguments.has("language") ? arguments.option("language") : "en");
-  const QString page = Kyr::ChangeLog::libraryChangeLog().transformToPage(
-      Kyr::ChangeLog::libraryChangeLogTitle(), grouping);
+  const QString page =
+      pageIn(arguments.has("language") ? arguments.option("language") : "en", grouping);
   if (output == "-") {
     print(page);
     return Fine;

@@ -6,7 +6,7 @@
 
 namespace KyrTool {
 
-/// Converts a value: VALUE FROM TO.
+/// Converts a value; the arguments are VALUE FROM TO, or QUANTITY TO as people type them.
 int convert(const Arguments& arguments);
 /// Lists the kinds of quantities, or the units of one.
 int units(const Arguments& arguments);
@@ -16,6 +16,8 @@ int zipInfo(const Arguments& arguments);
 int zipVerify(const Arguments& arguments);
 /// Writes the content of a zip stream to standard output.
 int zipCat(const Arguments& arguments);
+/// Writes what a damaged zip stream still holds.
+int zipSalvage(const Arguments& arguments);
 /// Makes a zip stream of a file.
 int zipPack(const Arguments& arguments);
 /// Lists the files of a tar.gz.
@@ -38,6 +40,8 @@ int nextName(const Arguments& arguments);
 int changelog(const Arguments& arguments);
 /// Writes an archive with what support wants to know about this machine.
 int writeReport(const Arguments& arguments);
+/// Shows where the time of a traced program went.
+int traceSummary(const Arguments& arguments);
 /// Shows versions, directories and the machine in short.
 int showInfo(const Arguments& arguments);
 

@@ -3,6 +3,7 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFilename.h>
+#include <kyr/i18n/KyrTranslate.h>
 
 #include <algorithm>
 #include <limits>
@@ -15,11 +16,13 @@ using Kyr::Filename::Name;
 using Kyr::Filename::NameWithNumber;
 using Kyr::Filename::Series;
 
+/// A name of a numbered series.
 /// \throws UsageError when a name does not end in a number that can be counted up
 NameWithNumber numbered(const QString& fullName) {
   NameWithNumber name(fullName, -1);
   if (!name.isFilenameCorrect() || name.getFileName() != Name::stripElementPath(fullName)) {
-    throw UsageError{QString("\"%1\" does not end in a number below 2^32").arg(fullName)};
+    throw UsageError{
+        Kyr::translate("Kyr_tool", "\"%1\" does not end in a number below 2^32").arg(fullName)};
   }
   return name;
 }
@@ -32,7 +35,7 @@ Series seriesOf(const NameWithNumber& name) {
   }
 }
 
-/// Moves on to the first number that is not below the own one and behind all of the series.
+/// Moves a name on to the first number that is not below its own and behind all of the series.
 /// \return false when there is none
 bool moveOn(NameWithNumber& name) {
   unsigned number = name.getNumber();
@@ -40,7 +43,7 @@ bool moveOn(NameWithNumber& name) {
     return false;
   }
   name.setNumber(std::max(name.getNumber(), number));
-  // Where case does not count in names, one may be taken by a file that is not of the series.
+  // Where case does not count in names, a file that is not of the series may have the name.
   while (name.exists() && name.getNumber() < std::numeric_limits<unsigned>::max()) {
     name.incrementNumber(1);
   }
@@ -53,7 +56,7 @@ int nextName(const Arguments& arguments) {
   const QString& given = arguments[0];
   NameWithNumber name = numbered(given);
   if (!moveOn(name)) {
-    throw FileError{QString("%1: no number is left").arg(given)};
+    throw FileError{Kyr::translate("Kyr_tool", "%1: no number is left").arg(given)};
   }
   const bool bare = Name::stripElementPath(given) == given;
   print((bare ? name.getFileName() : name.getFullName()) + "\n");

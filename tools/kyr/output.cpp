@@ -2,15 +2,26 @@
 
 #include "console_p.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <cerrno>
 #include <iostream>
 #include <streambuf>
+#include <utility>
 
 namespace KyrTool {
 
 namespace {
 
-/// What stands behind standard output: the standard library's own tries for ever where a device
+std::function<void()> beforeWriting;
+
+void makeRoom(Stream_t stream) {
+  if (beforeWriting && isTerminal(stream)) {
+    beforeWriting();
+  }
+}
+
+/// The buffer of standard output. The standard library's own would try for ever where a device
 /// takes nothing and calls that no failure.
 class OutputBuffer : public std::streambuf {
  public:
@@ -40,6 +51,7 @@ class OutputBuffer : public std::streambuf {
  private:
   static bool send(const char* bytes, std::streamsize count) {
     std::streamsize done = 0;
+    makeRoom(StandardOutput);
     while (done < count) {
       const std::ptrdiff_t written =
           writeToOutput(bytes + done, static_cast<std::size_t>(count - done));
@@ -54,17 +66,27 @@ class OutputBuffer : public std::streambuf {
   char _bytes[65536];
 };
 
-enum class Loss { None, ReaderLeft, NoSpace, Other };
-Loss loss = Loss::None;
+enum class Loss_t { None, ReaderLeft, NoSpace, Other };
+Loss_t loss = Loss_t::None;
 
-/// Has to come right after the write, as long as errno is that of the failure.
+/// Notes why output was lost, by errno: to be called right after the write that failed.
 void noteLoss() {
-  if (loss == Loss::None && !std::cout) {
-    loss = readerHasLeft() ? Loss::ReaderLeft : errno == ENOSPC ? Loss::NoSpace : Loss::Other;
+  if (loss == Loss_t::None && !std::cout) {
+    loss = readerHasLeft() ? Loss_t::ReaderLeft : errno == ENOSPC ? Loss_t::NoSpace : Loss_t::Other;
   }
 }
 
-/// A fault may quote an argument of any length; what is wrong with it stands at the end.
+bool usesColours(Stream_t stream) {
+  return qEnvironmentVariableIsEmpty("NO_COLOR") && showsColours(stream);
+}
+
+QString inColour(const QString& text, Style_t style) {
+  const char* const codes[] = {"1", "32", "1;31"};  // bold, green, bold and red
+  return QString("\x1b[%1m%2\x1b[0m").arg(codes[style], text);
+}
+
+/// A fault without its middle if it is very long: it may quote an argument of any length, and what
+/// is wrong with it stands at the end.
 QString shortened(const QString& fault) {
   constexpr int most = 600, head = 400, tail = 100;
   return fault.size() <= most ? fault : fault.left(head) + " ... " + fault.right(tail);
@@ -77,6 +99,10 @@ void prepareOutput() {
   std::cout.rdbuf(&buffer);
 }
 
+void setBeforeWriting(std::function<void()> function) {
+  beforeWriting = std::move(function);
+}
+
 void print(const QString& text) {
   const QByteArray bytes = text.toUtf8();
   writeBytes(bytes.constData(), static_cast<std::size_t>(bytes.size()));
@@ -85,24 +111,34 @@ void print(const QString& text) {
 void printError(const QString& fault) {
   std::cout.flush();
   noteLoss();
-  std::cerr << "kyr: " << printable(shortened(fault)).toUtf8().constData() << '\n';
+  makeRoom(StandardError);
+  const bool isColoured = usesColours(StandardError);
+  const QString start = isColoured ? inColour("kyr:", Bad) : QString("kyr:");
+  std::cerr << start.toUtf8().constData() << ' ' << printable(shortened(fault)).toUtf8().constData()
+            << '\n';
 }
 
 bool writeBytes(const char* bytes, std::size_t count) {
   std::cout.write(bytes, static_cast<std::streamsize>(count));
   noteLoss();
-  return loss == Loss::None;
+  return loss == Loss_t::None;
 }
 
 bool finishOutput() {
   std::cout.flush();
   noteLoss();
-  if (loss == Loss::None || loss == Loss::ReaderLeft) {
+  if (loss == Loss_t::None || loss == Loss_t::ReaderLeft) {
     return true;
   }
-  printError(loss == Loss::NoSpace ? "standard output: no space left"
-                                   : "standard output: cannot be written");
+  printError(loss == Loss_t::NoSpace
+                 ? Kyr::translate("Kyr_tool", "standard output: no space left")
+                 : Kyr::translate("Kyr_tool", "standard output: cannot be written"));
   return false;
+}
+
+QString styled(const QString& text, Style_t style) {
+  static const bool isColoured = usesColours(StandardOutput);
+  return isColoured ? inColour(text, style) : text;
 }
 
 QString printable(const QString& text) {

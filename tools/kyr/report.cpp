@@ -3,9 +3,12 @@
 
 #include <kyr/core/KyrException.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace KyrTool {
 
@@ -16,9 +19,24 @@ constexpr unsigned mostDumps = 1000;
 QString describe(const Kyr::SystemReport& report, const QString& fileName) {
   Kyr::OS::FileStatus status;
   Kyr::OS::stat(fileName, &status);
-  return QString("%1: %2 sections, logs and dumps: %3, %4 bytes\n")
-      .arg(printable(QDir::toNativeSeparators(fileName)), QString::number(report.sections().size()),
-           QString::number(report.files().size()), QString::number(status.size));
+  return Kyr::translate("Kyr_tool", "%1: %2 sections, logs and dumps: %3, %4 bytes")
+             .arg(printable(QDir::toNativeSeparators(fileName)),
+                  QString::number(report.sections().size()), QString::number(report.files().size()),
+                  QString::number(status.size)) +
+         '\n';
+}
+
+/// Puts the report in the place of an older one, which stays until the new one is whole.
+/// \throws FileError, Kyr::Exception
+void replace(const Kyr::SystemReport& report, const QString& fileName) {
+  const QFileInfo place(fileName);
+  const QTemporaryDir beside(place.absolutePath() + "/.kyr-report-XXXXXX");
+  if (!beside.isValid()) {
+    throw FileError{QString("%1: %2").arg(fileName, beside.errorString())};
+  }
+  const QString finished = beside.filePath("report");
+  report.write(finished);
+  Kyr::OS::rename(finished, fileName, Kyr::OS::ReplaceExisting);
 }
 
 }  // namespace
@@ -26,25 +44,32 @@ QString describe(const Kyr::SystemReport& report, const QString& fileName) {
 int writeReport(const Arguments& arguments) {
   Kyr::SystemReport::Limits limits;
   if (arguments.count() > 0 && arguments[0] == "-") {
-    throw UsageError{"a report goes into a file, not to standard output"};
+    throw UsageError{
+        Kyr::translate("Kyr_tool", "a report goes into a file, not to standard output")};
   }
   limits.dumps = arguments.number("dumps", 0, mostDumps, limits.dumps);
   Kyr::SystemReport report;
   const QString fileName = arguments.count() > 0 ? arguments[0] : report.name() + ".tar.gz";
   report.collect(Kyr::SystemReport::AllParts, limits);
   try {
-    report.write(fileName);
+    if (arguments.has("force") && QFileInfo::exists(fileName)) {
+      replace(report, fileName);
+    } else {
+      report.write(fileName);
+    }
   } catch (const Kyr::Exception& error) {
     throw FileError{error.getText()};
   }
   print(describe(report, fileName));
   const QStringList missing = report.missing();
   for (const QString& each : missing) {
-    printError("the report is not complete: " + each);
+    printError(Kyr::translate("Kyr_tool", "the report is not complete: %1").arg(each));
   }
-  print(
-      "It names this machine, its user and what is set; secrets are blanked as far as their\n"
-      "names tell. Unpack it and look at index.html before you pass it on.\n");
+  print(Kyr::translate(
+            "Kyr_tool",
+            "It names this machine, its user and what is set; secrets are blanked as far as their\n"
+            "names tell. Unpack it and look at index.html before you pass it on.") +
+        '\n');
   return missing.isEmpty() ? Fine : FileAtFault;
 }
 

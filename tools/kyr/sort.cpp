@@ -2,6 +2,8 @@
 #include "input.h"
 #include "output.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QString>
 #include <QStringView>
 
@@ -22,7 +24,7 @@ struct Line {
   std::string_view bytes;
 };
 
-/// Takes the digits at the front away, or what else is there up to the next digit.
+/// Takes the digits at the front of a text, or its characters up to the next digit.
 QStringView takePart(QStringView* text) {
   const bool isNumber = text->front().isDigit();
   const auto end = std::find_if(text->begin(), text->end(),
@@ -32,7 +34,7 @@ QStringView takePart(QStringView* text) {
   return part;
 }
 
-/// By value, and those with more leading zeros first.
+/// Compares numbers by value; of equal ones, those with more leading zeros come first.
 int compareNumbers(QStringView left, QStringView right) {
   const auto value = [](QStringView digits) {
     const auto isZero = [](QChar digit) { return digit.digitValue() == 0; };
@@ -90,7 +92,7 @@ std::vector<Line> linesOf(std::string_view text, const QString& name) {
   while (!text.empty()) {
     const std::size_t size = std::min(text.find('\n'), text.size());
     if (size > longestLine) {
-      throw FileError{QString("%1: a line is too long").arg(name)};
+      throw FileError{Kyr::translate("Kyr_tool", "%1: a line is too long").arg(name)};
     }
     lines.push_back(lineOf(text.substr(0, size)));
     text.remove_prefix(std::min(size + 1, text.size()));

@@ -1,17 +1,27 @@
 #include "commands.h"
 #include "input.h"
+#include "json.h"
 #include "output.h"
+#include "pieces.h"
 #include "target.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/jobs/KyrProgressScope.h>
+#include <kyr/jobs/KyrStopToken.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/pack/KyrZippedTar.h>
 
 #include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QJsonArray>
 
 #include <iostream>
+#include <memory>
 #include <new>
+#include <streambuf>
 #include <vector>
 
 namespace KyrTool {
@@ -41,17 +51,36 @@ Kyr::ZippedTarReader read(const Arguments& arguments) {
 }
 
 FileError damaged(const QString& name) {
-  return {QString("%1: no complete tar.gz, or larger than --limit allows").arg(printable(name))};
+  return {Kyr::translate("Kyr_tool", "%1: no complete tar.gz, or larger than --limit allows")
+              .arg(printable(name))};
+}
+
+QString timeOf(const Kyr::ZippedTarReader& reader, unsigned index) {
+  // The years 1 to 9999 are shown; an archive may claim any.
+  constexpr qint64 earliest = -62135596800, latest = 253402300799;
+  const qint64 seconds = qBound(earliest, qint64(reader.getModificationTime(index)), latest);
+  return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(Qt::ISODate);
 }
 
 void showFile(const Kyr::ZippedTarReader& reader, unsigned index) {
-  // From the year 1 to 9999: an archive may claim anything.
-  constexpr qint64 earliest = -62135596800, latest = 253402300799;
-  const qint64 seconds = qBound(earliest, qint64(reader.getModificationTime(index)), latest);
-  const QString time = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(Qt::ISODate);
   print(QString("%1  %2  %3\n")
             .arg(reader.getContents(index).size(), 10)
-            .arg(time, printable(reader.getName(index))));
+            .arg(timeOf(reader, index), printable(reader.getName(index))));
+}
+
+QJsonObject jsonOf(const QString& archive, const Kyr::ZippedTarReader& reader) {
+  QJsonArray files;
+  for (unsigned i = 0; i < reader.size(); ++i) {
+    files += QJsonObject{{"name", reader.getName(i)},
+                         {"size", jsonNumber(reader.getContents(i).size())},
+                         {"modified", timeOf(reader, i)}};
+  }
+  QJsonArray leftOut;
+  for (const Kyr::ZippedTarLoss& loss : reader.getLosses()) {
+    leftOut += QJsonObject{{"name", loss.name}, {"reason", loss.reason}};
+  }
+  return {
+      {"file", archive}, {"complete", reader.isValid()}, {"files", files}, {"leftOut", leftOut}};
 }
 
 /// What a file or directory is called in the archive: never by a name that leads out of the
@@ -75,11 +104,36 @@ void add(Kyr::ZippedTarWriter& writer, const QString& path) {
   }
 }
 
-/// What an archive is without, on standard error.
+/// Names on standard error what an archive is without.
 void report(const std::vector<Kyr::ZippedTarLoss>& losses) {
   for (const Kyr::ZippedTarLoss& loss : losses) {
     printError(loss.name + ": " + loss.reason);
   }
+}
+
+std::unique_ptr<Kyr::ZippedTarWriter> makeWriter(std::ostream& output, const Arguments& arguments) {
+  return wantsPieces(arguments)
+             ? std::make_unique<Kyr::ZippedTarWriter>(&output, piecesOf(arguments))
+             : std::make_unique<Kyr::ZippedTarWriter>(&output);
+}
+
+/// How many bytes the files below a path have; of files that grow or go meanwhile, about.
+std::uint64_t sizeOf(const QString& path) {
+  std::uint64_t size = static_cast<std::uint64_t>(QFileInfo(path).size());
+  QDirIterator below(path, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (below.hasNext() && !Kyr::isStopped()) {
+    below.next();
+    size += static_cast<std::uint64_t>(below.fileInfo().size());
+  }
+  return size;
+}
+
+std::uint64_t sizeOfAll(const Arguments& arguments) {
+  std::uint64_t size = 0;
+  for (int i = 1; i < arguments.count(); ++i) {
+    size += sizeOf(arguments[i]);
+  }
+  return size;
 }
 
 /// Writes an archive of whatever can be read, and names the rest.
@@ -87,17 +141,22 @@ void report(const std::vector<Kyr::ZippedTarLoss>& losses) {
 /// \return whether nothing is missing
 /// \throws FileError when there is no memory, or nothing for the archive
 bool create(const Arguments& arguments, std::ostream& output, const QStringList& leftOut) {
-  Kyr::ZippedTarWriter writer(&output);
+  const std::unique_ptr<Kyr::ZippedTarWriter> made = makeWriter(output, arguments);
+  Kyr::ZippedTarWriter& writer = *made;
   writer.setTaking(Kyr::ZippedTarWriter::TakeAll);
   for (const QString& name : leftOut) {
     writer.leaveOut(name);
   }
+  Kyr::ProgressScope progress("pack", sizeOfAll(arguments));
+  writer.setWatcher([&](std::uint64_t bytes) { progress.step(bytes); });
   for (int i = 1; i < arguments.count(); ++i) {
+    Kyr::ProgressScope::setText(arguments[i]);
     add(writer, arguments[i]);
   }
   report(writer.getLosses());
   if (writer.getFileCount() == 0 && !writer.getLosses().empty()) {
-    throw FileError{QString("%1: not written, as nothing is left for it").arg(arguments[0])};
+    throw FileError{
+        Kyr::translate("Kyr_tool", "%1: not written, as nothing is left for it").arg(arguments[0])};
   }
   writer.addEof();
   writer.flush();
@@ -110,7 +169,8 @@ bool tryToCreate(const Arguments& arguments, std::ostream& output, const QString
     return create(arguments, output, leftOut);
   } catch (const std::bad_alloc&) {
     if (output) {
-      throw FileError{QString("%1: there is not enough memory").arg(arguments[0])};
+      throw FileError{
+          Kyr::translate("Kyr_tool", "%1: there is not enough memory").arg(arguments[0])};
     }
   } catch (const Kyr::Exception& error) {
     if (output) {
@@ -118,6 +178,36 @@ bool tryToCreate(const Arguments& arguments, std::ostream& output, const QString
     }
   }
   return true;
+}
+
+/// Passes bytes on to another buffer, until work is to stop: then it fails.
+class StoppableBuffer : public std::streambuf {
+ public:
+  explicit StoppableBuffer(std::streambuf* target) : _target(target) {}
+
+ protected:
+  int_type overflow(int_type character) override {
+    return Kyr::isStopped() ? traits_type::eof()
+                            : _target->sputc(traits_type::to_char_type(character));
+  }
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    return Kyr::isStopped() ? 0 : _target->sputn(bytes, count);
+  }
+  int sync() override { return _target->pubsync(); }
+
+ private:
+  std::streambuf* const _target;
+};
+
+/// \throws Kyr::Stopped
+bool createUntilStopped(const Arguments& arguments, std::ostream& target,
+                        const QStringList& leftOut) {
+  StoppableBuffer buffer(target.rdbuf());
+  std::ostream output(&buffer);
+  const bool isWhole = tryToCreate(arguments, output, leftOut);
+  Kyr::throwIfStopped();
+  target.setstate(output.rdstate());
+  return isWhole;
 }
 
 int createFile(const Arguments& arguments) {
@@ -128,13 +218,15 @@ int createFile(const Arguments& arguments) {
   const bool isThere = Kyr::OS::stat(arguments[0], &older) && older.size > 0;
   Target target(arguments[0]);
   const bool isFile = !target.temporaryName().isEmpty();
-  const bool isWhole =
-      tryToCreate(arguments, target.stream(),
-                  isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
+  const bool isWhole = createUntilStopped(
+      arguments, target.stream(),
+      isFile ? QStringList{arguments[0], target.temporaryName()} : QStringList());
   if (!isWhole && isThere && !arguments.has("force")) {
-    throw FileError{QString("%1: stays as it was, as the new archive misses what is named above; "
-                            "--force replaces it")
-                        .arg(arguments[0])};
+    throw FileError{
+        Kyr::translate("Kyr_tool",
+                       "%1: stays as it was, as the new archive misses what is named above; "
+                       "--force replaces it")
+            .arg(arguments[0])};
   }
   target.complete();
   return isWhole ? Fine : FileAtFault;
@@ -144,8 +236,12 @@ int createFile(const Arguments& arguments) {
 
 int tarList(const Arguments& arguments) {
   const Kyr::ZippedTarReader reader = read(arguments);
-  for (unsigned i = 0; i < reader.size(); ++i) {
-    showFile(reader, i);
+  if (arguments.has("json")) {
+    printJson(jsonOf(arguments[0], reader));
+  } else {
+    for (unsigned i = 0; i < reader.size(); ++i) {
+      showFile(reader, i);
+    }
   }
   report(reader.getLosses());
   if (!reader.isValid()) {
@@ -155,11 +251,12 @@ int tarList(const Arguments& arguments) {
 }
 
 int tarCreate(const Arguments& arguments) {
+  piecesOf(arguments);  // wrong usage shows before a file is touched
   if (arguments[0] != "-") {
     return createFile(arguments);
   }
-  // Its own failure is standard output's.
-  return tryToCreate(arguments, std::cout, {}) ? Fine : FileAtFault;
+  // Failures of standard output are reported when the tool ends.
+  return createUntilStopped(arguments, std::cout, {}) ? Fine : FileAtFault;
 }
 
 int tarExtract(const Arguments& arguments) {
@@ -168,6 +265,7 @@ int tarExtract(const Arguments& arguments) {
     throw damaged(arguments[0]);
   }
   const bool replaces = arguments.has("force");
+  Kyr::throwIfStopped();
   try {
     reader.extractTo(arguments.count() > 1 ? arguments[1] : QString("."),
                      replaces ? Kyr::OS::ReplaceExisting : Kyr::OS::KeepExisting);

@@ -4,6 +4,8 @@
 #include "same_file_p.h"
 
 #include <kyr/core/KyrException.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/jobs/KyrStopToken.h>
 #include <kyr/os/KyrOS.h>
 
 namespace KyrTool {
@@ -11,8 +13,9 @@ namespace KyrTool {
 void expectOtherFile(const QString& input, const QString& output) {
   if (isSameFile(input, output)) {
     throw FileError{
-        QString("%1: is the input as well and would be lost; give the output another name")
-            .arg(output == "-" ? "standard output" : output)};
+        Kyr::translate("Kyr_tool",
+                       "%1: is the input as well and would be lost; give the output another name")
+            .arg(output == "-" ? Kyr::translate("Kyr_tool", "standard output") : output)};
   }
 }
 
@@ -30,8 +33,11 @@ Target::Target(const QString& name) : _name(name) {
 }
 
 void Target::complete() {
+  Kyr::throwIfStopped();
   if (!_saved && !_device.flush()) {
-    throw FileError{QString("%1: cannot be written to the end (is the disk full?)").arg(_name)};
+    throw FileError{
+        Kyr::translate("Kyr_tool", "%1: cannot be written to the end (is the disk full?)")
+            .arg(_name)};
   }
   try {
     if (_saved) {

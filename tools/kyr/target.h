@@ -12,7 +12,7 @@
 
 namespace KyrTool {
 
-/// For commands whose input would be lost under what they make of it.
+/// Refuses an output that would replace the input before it is read.
 /// \param input may be "-" for standard input
 /// \param output may be "-" for standard output
 /// \throws FileError when both are the same file, by whatever names and links
@@ -31,7 +31,8 @@ class Target {
   /// The name of the unfinished file; empty when there is none.
   QString temporaryName() const { return _saved ? _saved->getTemporaryName() : QString(); }
 
-  /// \throws FileError when the stream did not take everything, or does not now
+  /// Puts the finished file in its place.
+  /// \throws FileError when not everything has been written, Kyr::Stopped when work is to stop
   void complete();
 
  private:

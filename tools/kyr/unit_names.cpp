@@ -2,11 +2,14 @@
 
 #include "arguments.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 namespace KyrTool {
 
 namespace {
 
-/// Both spellings of a name lead to the same text; so do "mm^2", "1/mm" and the Greek letter.
+/// The text to which all spellings of a unit's name lead, "mm^2" and "1/mm" and the Greek letter
+/// included.
 QString reduced(QString name) {
   const struct {
     QChar from;
@@ -24,11 +27,7 @@ QString reduced(QString name) {
 }  // namespace
 
 const std::vector<Kyr::Unit*>& allKinds() {
-  using namespace Kyr;
-  static const std::vector<Unit*> kinds{
-      &uLength,  &uTemp,   &uAngle,    &uTime,      &uStrain,         &uPress,
-      &uShutter, &uFigure, &uVelocity, &uAccel,     &uStrainVelocity, &uStrainAccel,
-      &uArea,    &uVolume, &uFraction, &uCurvature, &uAngleVelocity,  &uAngleAccel};
+  static const std::vector<Kyr::Unit*> kinds = Kyr::Unit::getCatalogue();
   return kinds;
 }
 
@@ -38,32 +37,19 @@ Kyr::Unit* kindOfName(const QString& name) {
       return kind;
     }
   }
-  throw UsageError{QString("there is no kind \"%1\"; kyr units lists them").arg(name)};
+  throw UsageError{
+      Kyr::translate("Kyr_tool", "there is no kind \"%1\"; kyr units lists them").arg(name)};
 }
 
 QString asciiSpelling(const QString& unitName) {
   return reduced(unitName);
 }
 
-bool findUnit(const Kyr::Unit& kind, const QString& name, Kyr::Unit::Units_t* unit) {
-  if (kind.getUnitByName(name, unit)) {
-    return true;
-  }
-  const QString wanted = reduced(name);
-  for (const Kyr::Unit::Units_t candidate : kind.getUnits()) {
-    if (reduced(kind.getUName(candidate)) == wanted) {
-      *unit = candidate;
-      return true;
-    }
-  }
-  return false;
-}
-
 QStringList kindsWith(const QString& unitName) {
   QStringList kinds;
   for (const Kyr::Unit* const kind : allKinds()) {
-    Kyr::Unit::Units_t unit;
-    if (findUnit(*kind, unitName, &unit)) {
+    Kyr::UnitName unit;
+    if (Kyr::QuantityText::findUnit(*kind, unitName, &unit)) {
       kinds += Kyr::Unit::getID(kind);
     }
   }

@@ -2,6 +2,7 @@
 /// Kinds and units by the names that people type.
 #pragma once
 
+#include <kyr/units/KyrQuantityText.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QString>
@@ -20,10 +21,6 @@ Kyr::Unit* kindOfName(const QString& name);
 
 /// The spelling of a unit's name with the characters of every keyboard: "um", "degC", "mm2".
 QString asciiSpelling(const QString& unitName);
-
-/// Finds a unit by its display name or by its ASCII spelling.
-/// \return whether the kind has it
-bool findUnit(const Kyr::Unit& kind, const QString& name, Kyr::Unit::Units_t* unit);
 
 /// The identifiers of the kinds that have a unit of this name.
 QStringList kindsWith(const QString& unitName);

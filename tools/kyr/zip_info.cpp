@@ -1,20 +1,34 @@
 #include "commands.h"
+#include "json.h"
 #include "output.h"
+#include "zip_pieces.h"
 #include "zip_state.h"
 
+#include <kyr/i18n/KyrTranslate.h>
+
 #include <QDateTime>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace KyrTool {
 
 namespace {
 
-void row(const char* title, const QString& text) {
-  constexpr int width = 17;
-  print(QString(title).leftJustified(width) + text + "\n");
-}
+using Kyr::translate;
 
-QString bytesText(std::uint64_t count) {
-  return QString("%1 bytes").arg(count);
+/// Titles with what they are about.
+using Rows = std::vector<std::pair<QString, QString>>;
+
+void show(const Rows& rows) {
+  int width = 17;
+  for (const auto& row : rows) {
+    width = std::max(width, row.first.size() + 2);
+  }
+  for (const auto& row : rows) {
+    print(row.first.leftJustified(width) + row.second + '\n');
+  }
 }
 
 QString ratioText(const Kyr::ZipStatistics& statistics) {
@@ -26,19 +40,44 @@ QString ratioText(const Kyr::ZipStatistics& statistics) {
       'f', 2);
 }
 
-void showHeader(const Kyr::ZipHeaderInfo& header) {
-  row("file version", QString::number(header.fileVersion));
-  row("library version", printable(header.libraryVersion));
-  row("written", QDateTime::fromSecsSinceEpoch(header.time, Qt::UTC).toString(Qt::ISODate));
-  row("header size", bytesText(header.headerSize));
+QString timeText(unsigned seconds) {
+  return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(Qt::ISODate);
 }
 
-void showBlocks(const Kyr::ZipStatistics& statistics) {
-  row("blocks", QString::number(statistics.blocks));
-  row("compressed", bytesText(statistics.compressedBytes));
-  row("content", bytesText(statistics.plainBytes));
-  row("ratio", ratioText(statistics));
-  row("stream size", bytesText(statistics.offset));
+void addHeader(Rows& rows, const Kyr::ZipHeaderInfo& header) {
+  rows.insert(rows.end(),
+              {{translate("Kyr_tool", "file version"), QString::number(header.fileVersion)},
+               {translate("Kyr_tool", "library version"), printable(header.libraryVersion)},
+               {translate("Kyr_tool", "written"), timeText(header.time)},
+               {translate("Kyr_tool", "header size"), counted(header.headerSize, Byte)}});
+}
+
+void addBlocks(Rows& rows, const Kyr::ZipStatistics& statistics) {
+  rows.insert(rows.end(),
+              {{translate("Kyr_tool", "blocks"), QString::number(statistics.blocks)},
+               {translate("Kyr_tool", "compressed"), counted(statistics.compressedBytes, Byte)},
+               {translate("Kyr_tool", "content"), counted(statistics.plainBytes, Byte)},
+               {translate("Kyr_tool", "ratio"), ratioText(statistics)}});
+  if (statistics.hasIndex) {
+    rows.emplace_back(translate("Kyr_tool", "pieces"), QString::number(statistics.pieces));
+  }
+  rows.emplace_back(translate("Kyr_tool", "stream size"), counted(statistics.offset, Byte));
+}
+
+QJsonObject jsonOf(const QString& file, const Kyr::ZipInStream& zip) {
+  const Kyr::ZipHeaderInfo header = zip.getHeaderInfo();
+  const Kyr::ZipStatistics statistics = zip.getStatistics();
+  return {{"file", file},
+          {"state", stateName(zip)},
+          {"fileVersion", jsonNumber(header.fileVersion)},
+          {"libraryVersion", header.libraryVersion},
+          {"written", timeText(header.time)},
+          {"headerSize", jsonNumber(header.headerSize)},
+          {"blocks", jsonNumber(statistics.blocks)},
+          {"compressedBytes", jsonNumber(statistics.compressedBytes)},
+          {"contentBytes", jsonNumber(statistics.plainBytes)},
+          {"pieces", jsonNumber(statistics.pieces)},
+          {"streamSize", jsonNumber(statistics.offset)}};
 }
 
 }  // namespace
@@ -51,13 +90,29 @@ int zipInfo(const Arguments& arguments) {
   if (zip.getHeaderError() != Kyr::ZipInStream::HeaderGood) {
     throw FileError{QString("%1: %2").arg(input.name(), stateText(zip))};
   }
-  row("file", printable(input.name()));
-  row("state", stateText(zip));
-  showHeader(zip.getHeaderInfo());
-  showBlocks(zip.getStatistics());
-  if (codeOf(zip) == Fine) {
-    row("behind the end", bytesText(countRest(input)));
+  if (arguments.has("json")) {
+    QJsonObject facts = jsonOf(arguments[0], zip);
+    if (codeOf(zip) == Fine) {
+      facts["bytesBehind"] = jsonNumber(countRest(input));
+    }
+    if (arguments.has("all")) {
+      facts["pieceList"] = jsonOfPieces(zip);
+    }
+    printJson(facts);
+    return codeOf(zip);
   }
+  Rows rows = {
+      {translate("Kyr_tool", "file"), printable(input.name())},
+      {translate("Kyr_tool", "state"), styled(stateText(zip), codeOf(zip) == Fine ? Good : Bad)}};
+  addHeader(rows, zip.getHeaderInfo());
+  addBlocks(rows, zip.getStatistics());
+  if (codeOf(zip) == Fine) {
+    const QString title = zip.getStatistics().hasIndex ? translate("Kyr_tool", "index")
+                                                       : translate("Kyr_tool", "behind the end");
+    rows.emplace_back(title, counted(countRest(input), Byte));
+  }
+  show(rows);
+  showPieces(zip, arguments.has("all"));
   return codeOf(zip);
 }
 

@@ -11,7 +11,7 @@ namespace KyrTool {
 
 namespace {
 
-/// A file that is opened for a look at it, or a standard stream, which stays open.
+/// A file that is open for asking about it only, or a standard stream, which stays open.
 class File {
  public:
   File(const QString& name, std::FILE* standardStream)
