@@ -12,7 +12,7 @@ namespace Crash {
 
 namespace {
 
-// Read at run time: what the optimiser could see, it would replace by a trap.
+// The null pointer is read at run time: one that the optimiser can see becomes a trap.
 int* volatile nowhere = nullptr;
 void (*volatile noFunction)() = nullptr;
 int data = 0;
@@ -59,7 +59,7 @@ volatile int sink = 0;
   sink = overflowStack(0);
 }
 
-/// One call takes more than there is.
+/// One call takes more than the whole stack.
 [[gnu::noinline]] void takeBigFrame() {
   volatile int frame[16U << 20U];
   frame[zero] = 1;
@@ -75,7 +75,7 @@ volatile int sink = 0;
 }
 
 [[gnu::noinline]] void throwNumber() {
-  throw 42;  // NOLINT(misc-throw-by-value-catch-by-reference): it has no text
+  throw 42;  // NOLINT(misc-throw-by-value-catch-by-reference): shows a throw without a text
 }
 
 [[gnu::noinline]] void askForTooMuch() {

@@ -9,8 +9,8 @@
 #include "crew.h"
 #include "faults.h"
 
+#include <kyr/app/KyrInit.h>
 #include <kyr/core/KyrProgError.h>
-#include <kyr/env/KyrInit.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -37,7 +37,7 @@ struct Options {
   std::exit(2);
 }
 
-/// The parser asks the application object for the program's name; nothing else here wants one.
+/// Shows the help, for which the parser wants an application object with the program's name.
 [[noreturn]] void showHelp(const QCommandLineParser& parser, const QString& program) {
   QByteArray name = program.toLocal8Bit();
   int count = 1;

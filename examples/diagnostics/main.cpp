@@ -7,19 +7,20 @@
 /// Exit codes: 0 all is well, 1 a file is at fault, 2 wrong usage.
 
 #include <kyr/core/KyrException.h>
-#include <kyr/diagnostics/KyrColour.h>
-#include <kyr/diagnostics/KyrFont.h>
 #include <kyr/diagnostics/KyrMemoryObserver.h>
-#include <kyr/diagnostics/KyrSound.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/files/KyrFileParse.h>
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrTextCodec.h>
+#include <kyr/trace/KyrTrace.h>
+#include <kyr/values/KyrColour.h>
+#include <kyr/values/KyrFont.h>
+#include <kyr/values/KyrSound.h>
 
 #include <QCoreApplication>
 
 #include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -40,22 +41,13 @@ void save(const Look& look, const QString& name) {
 }
 
 Look load(const QString& name) {
-  using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-  const Stream stream(Kyr::OS::openFile(name, Kyr::OS::OpenRead), &std::fclose);
-  if (!stream) {
-    throw Kyr::Exception(QString("cannot open %1").arg(name));
-  }
-  Kyr::FileParse::File file(stream.get());
-  try {
-    return {Kyr::Font::read(file, "LEGEND_FONT"), Kyr::Colour::read(file, "LEGEND_BACKGROUND"),
-            Kyr::Sound::read(file, "DONE_SOUND")};
-  } catch (const Kyr::FileParse::Error&) {  // has no text of its own
-    throw Kyr::Exception(
-        QString("%1, line %2: no look of a legend").arg(name).arg(file.getPhysicalLineNumber()));
-  }
+  Kyr::FileParse::File file(name);  // its failures name the file, the line and the column
+  return {Kyr::Font::read(file, "LEGEND_FONT"), Kyr::Colour::read(file, "LEGEND_BACKGROUND"),
+          Kyr::Sound::read(file, "DONE_SOUND")};
 }
 
-/// An application polls from a timer; nothing here runs by itself.
+/// Shows a warning for want of memory. An application polls from a timer; the observer does not run
+/// by itself.
 void watchMemory() {
   Kyr::MemoryObserver observer;
   observer.watch(Kyr::MemoryObserver::ProcessSize, 1 << 20, [](const Kyr::MemoryUse& use) {
@@ -63,10 +55,11 @@ void watchMemory() {
     Kyr::MemoryObserver::freeMemory();
   });
   observer.poll();
-  observer.poll();  // has been said
+  observer.poll();  // calls nobody a second time
 }
 
 void writeReport(const Look& look, const QString& settings, const QString& folder) {
+  const Kyr::TraceSpan span("write the report");  // seen when KYR_TRACE names a file
   Kyr::SystemReport report;
   report.collect();
   report.add("Legend", [&](Kyr::SystemReport::Section& section) {

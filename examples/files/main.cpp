@@ -20,7 +20,7 @@ using namespace Kyr;
 
 namespace {
 
-/// A damaged file must not take the place of a good one.
+/// Reads the new project before it takes the place of the old one: a damaged file must not.
 void readBack(const QString& project) {
   ZipInStream in(project, 1);
   while (in.ignore(65536)) {
@@ -30,7 +30,7 @@ void readBack(const QString& project) {
   }
 }
 
-/// A measurement cannot be repeated: until the new project is complete, the old one stays.
+/// Saves a measurement, which cannot be repeated: until the new project is complete, the old stays.
 void save(const QString& project, const std::string& measurement) {
   SafeFile file(project);
   ZipOutStream zip(&file.stream(), 1);
@@ -48,6 +48,7 @@ void list(const QString& directory) {
   }
 }
 
+/// Keeps a measurement in a directory, and removes that again.
 /// \return whether nothing is left
 bool run(const QString& directory) {
   const QString project = directory + "/part.kyr";

@@ -3,7 +3,7 @@
 ///
 ///   history >page.html
 
-#include <kyr/services/KyrChangeLog.h>
+#include <kyr/changelog/KyrChangeLog.h>
 
 #include <cstdio>
 
@@ -12,7 +12,7 @@ namespace {
 using Kyr::ChangeLog::Log;
 using Version = Kyr::ChangeLog::VersionNumber;
 
-/// The way to the functions that make entries.
+/// Makes entries: their functions are for derived classes.
 struct Command : Kyr::ChangeLog::LogEntry {
   using LogEntry::elementCreated, LogEntry::elementRemoved, LogEntry::elementRenamed,
       LogEntry::elementSemantics;

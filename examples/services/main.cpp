@@ -6,8 +6,8 @@
 /// A container hands every change to the manager as a record of how to take it back and how to
 /// make it again. Applications may have many containers; their manager is the only one.
 
-#include <kyr/services/KyrDebugTimer.h>
-#include <kyr/services/KyrRecordManager.h>
+#include <kyr/diagnostics/KyrDebugTimer.h>
+#include <kyr/undo/KyrRecordManager.h>
 
 #include <cstdint>
 #include <cstdio>

@@ -22,7 +22,7 @@ using namespace Kyr;
 
 namespace {
 
-/// There is none on Windows.
+/// Whether processes can share memory; those of Windows cannot.
 bool hasSharedMemory() {
   return QOperatingSystemVersion::currentType() != QOperatingSystemVersion::Windows;
 }

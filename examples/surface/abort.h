@@ -15,7 +15,7 @@ class Aborted : public Kyr::Exception {
   Aborted();
 };
 
-/// Looks at the abort flag; cheap enough for every few thousand elements of a loop.
+/// Ends a step when the user wants that; cheap enough for every few thousand elements of a loop.
 /// \throws Aborted when the flag is set
 void stopIfAborted();
 

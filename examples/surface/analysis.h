@@ -32,8 +32,9 @@ unsigned numberOfWorkers(const AnalysisOptions& options);
 /// Computes normals and curvatures chunk by chunk in workers, and waits for them.
 ///
 /// Kyr::Progress gets a forced text for each kind of work and moves from the lower to the upper
-/// end of the range, never backwards; the caller resets it before and after. The workers look
-/// at its abort flag all the time and end within some hundredths of a second.
+/// end of the range, never backwards, and to that end also when it is stopped; inside of a
+/// Kyr::ProgressScope the analysis is a step of that. The caller resets it before and after. The
+/// workers look at its abort flag all the time and end within some hundredths of a second.
 ///
 /// Takes any triangles: those without area or with coordinates that are not finite count for
 /// nothing, edges may have any number of sides. The cost is linear in points and triangles.

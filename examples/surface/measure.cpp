@@ -50,8 +50,8 @@ std::size_t countSingles(std::uint32_t* begin, std::uint32_t* end) {
   return singles;
 }
 
-/// An edge inside the surface is the side of two triangles. Sides are put together by their
-/// smaller end: the few of each point are then quickly compared.
+/// Counts the edges that are the side of one triangle only. Sides are put together by their smaller
+/// end: the few of each point are then quickly compared.
 std::size_t countOpenEdges(const Mesh& mesh) {
   std::vector<std::size_t> next(mesh.points.size() + 1);
   forEachSide(mesh.triangles,
@@ -60,7 +60,7 @@ std::size_t countOpenEdges(const Mesh& mesh) {
   std::vector<std::uint32_t> ends(next.back());
   forEachSide(mesh.triangles,
               [&](std::uint32_t smaller, std::uint32_t larger) { ends[next[smaller]++] = larger; });
-  // Each number has gone on to the beginning of the point after it.
+  // By now next[i] is where the sides of the point behind i begin.
   std::size_t open = 0;
   std::size_t begin = 0;
   forEachIndex(mesh.points.size(), [&](std::size_t point) {

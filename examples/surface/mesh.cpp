@@ -12,7 +12,7 @@ namespace Surface {
 
 namespace {
 
-/// From the left of one copy to the left of the next.
+/// The distance from the left of one copy to the left of the next.
 double stride(const std::vector<Point>& points) {
   constexpr double gap = 0.05;
   double left = points.front()[0];

@@ -7,6 +7,8 @@
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/KyrOpenFile.h>
+#include <kyr/pack/KyrZipSalvage.h>
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/time/KyrTime.h>
 
@@ -15,7 +17,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <ostream>
+#include <utility>
 
 namespace Surface {
 
@@ -27,7 +31,7 @@ constexpr std::size_t countsSize = 16;
 constexpr std::size_t pointSize = 24;
 constexpr std::size_t triangleSize = 12;
 
-/// What is read or written between two looks at the abort flag.
+/// The bytes that are read or written between two looks at the abort flag.
 constexpr std::size_t piece = std::size_t{256} * 1024;
 
 /// Appends the lowest bytes of a number, the least significant first.
@@ -44,11 +48,41 @@ void put(std::vector<char>& bytes, double number) {
   put(bytes, bits, 8);
 }
 
+/// A message with the place that a reader has come to.
 /// \param text with %1 for the byte of the file and %2 for the bytes of content before it
 QString placed(const QString& text, const ZipInStream& in) {
   const Kyr::ZipStatistics statistics = in.getStatistics();
   return text.arg(counted(static_cast<qint64>(statistics.offset)),
                   counted(static_cast<qint64>(statistics.plainBytes)));
+}
+
+Kyr::ZipPieces allProcessors() {
+  Kyr::ZipPieces pieces;
+  pieces.workers = Kyr::OS::getNumberOfCPUs();
+  return pieces;
+}
+
+/// Reads all pieces of a damaged file that are good.
+void readRest(const QString& fileName, Reading& reading) {
+  Kyr::ZipSalvage salvage(fileName);
+  salvage.setWorkers(allProcessors());
+  std::size_t lost = 0;
+  reading.content.clear();
+  for (Kyr::ZipPart part; salvage.next(&part);) {
+    stopIfAborted();
+    const std::size_t begin = reading.content.size();
+    reading.content.insert(reading.content.end(), part.bytes.begin(), part.bytes.end());
+    if (part.state == Kyr::ZipPart::Lost) {
+      reading.content.resize(begin + static_cast<std::size_t>(part.plainSize));
+      reading.gaps.push_back({begin, reading.content.size()});
+      lost += static_cast<std::size_t>(part.plainSize);
+    }
+  }
+  reading.problem = Kyr::translate("Surface",
+                                   "the file is damaged: %1 of its %2 bytes of content are lost; "
+                                   "the others were checked and are good")
+                        .arg(counted(static_cast<qint64>(lost)),
+                             counted(static_cast<qint64>(reading.content.size())));
 }
 
 QString problemOf(const ZipInStream& in) {
@@ -67,17 +101,19 @@ QString problemOf(const ZipInStream& in) {
                                    "the file ends too early, at byte %1; "
                                    "the first %2 bytes of content are good"),
                     in);
+    case ZipInStream::StreamUnreadable:
     case ZipInStream::StreamOpen:
       break;
   }
   return Kyr::translate("Surface", "reading stopped early");
 }
 
-/// Takes the bytes of a mesh apart; does not believe them.
+/// Takes the bytes of a mesh apart, and checks all that they say.
 class Bytes {
  public:
-  explicit Bytes(const std::vector<char>& content) : _next(content.data()) {
-    if (content.size() < countsSize) {
+  Bytes(const std::vector<char>& content, const std::vector<Gap>& gaps)
+      : _content(content), _next(content.data()), _gap(gaps.begin()), _gapsEnd(gaps.end()) {
+    if (content.size() < countsSize || isLost(countsSize)) {
       refuse();
     }
     _points = number(8);
@@ -89,9 +125,20 @@ class Bytes {
     }
   }
 
-  // Both fit: that many elements are in memory.
+  // Both numbers fit: so many elements are in memory.
   std::size_t pointCount() const { return static_cast<std::size_t>(_points); }
   std::size_t triangleCount() const { return static_cast<std::size_t>(_triangles); }
+
+  /// Whether some of the next bytes are.
+  bool isLost(std::size_t count) {
+    const auto place = static_cast<std::size_t>(_next - _content.data());
+    while (_gap != _gapsEnd && _gap->end <= place) {
+      ++_gap;
+    }
+    return _gap != _gapsEnd && _gap->begin < place + count;
+  }
+
+  void skip(std::size_t count) { _next += count; }
 
   Point nextPoint() {
     Point point{};
@@ -129,15 +176,19 @@ class Bytes {
     return result;
   }
 
+  const std::vector<char>& _content;
   const char* _next;
+  std::vector<Gap>::const_iterator _gap;  // the first that does not lie before the next byte
+  const std::vector<Gap>::const_iterator _gapsEnd;
   std::uint64_t _points = 0;
   std::uint64_t _triangles = 0;
 };
 
-/// A damaged project must not be taken for a scan: its name counts as well as its bytes.
+/// Whether a file is a project, by its bytes or by its name: a damaged project must not be taken
+/// for a scan.
 bool isProject(const QString& fileName) {
-  std::ifstream file;
-  Kyr::OS::openStdStream(file, fileName, Kyr::OS::OpenRead, true);
+  Kyr::OpenFile opened(fileName);
+  std::istream& file = opened.stream();
   std::vector<char> beginning(128);
   file.read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
   beginning.resize(static_cast<std::size_t>(file.gcount()));
@@ -145,9 +196,9 @@ bool isProject(const QString& fileName) {
          QFileInfo(fileName).suffix().compare("kyr", Qt::CaseInsensitive) == 0;
 }
 
-/// A failure of the compression alone marks the file's stream as bad, too.
+/// Writes the content compressed; a failure of the compression marks the file's stream as bad.
 void writeContent(std::ostream& file, const std::vector<char>& content) {
-  Kyr::ZipOutStream out(&file, projectVersion);
+  Kyr::ZipOutStream out(&file, projectVersion, allProcessors());
   for (std::size_t done = 0; done < content.size(); done += piece) {
     stopIfAborted();
     const std::size_t size = std::min(piece, content.size() - done);
@@ -159,18 +210,29 @@ void writeContent(std::ostream& file, const std::vector<char>& content) {
   }
 }
 
-Mesh readMesh(const QString& fileName) {
-  const Reading reading = readProject(fileName);
-  if (!reading.problem.isEmpty()) {
-    throw Kyr::Exception(QString("%1: %2").arg(fileName, reading.problem));
-  }
+/// What is left of a mesh.
+/// \throws Kyr::Exception that names the damage, if there is one, and not what follows from it
+Rest restOf(const QString& fileName, const Reading& reading) {
   try {
-    return fromBytes(reading.content);
+    return restFromBytes(reading.content, reading.gaps);
   } catch (const Aborted&) {
     throw;
   } catch (const Kyr::Exception& refusal) {
-    throw Kyr::Exception(QString("%1: %2").arg(fileName, refusal.getText()));
+    const QString& problem = reading.problem.isEmpty() ? refusal.getText() : reading.problem;
+    throw Kyr::Exception(QString("%1: %2").arg(fileName, problem));
   }
+}
+
+Mesh readMesh(const QString& fileName, Kyr::ErrorLog& log) {
+  const Reading reading = readProject(fileName);
+  if (!reading.isChecked) {
+    throw Kyr::Exception(QString("%1: %2").arg(fileName, reading.problem));
+  }
+  Rest rest = restOf(fileName, reading);
+  if (!reading.problem.isEmpty()) {
+    log << QString("%1: %2; %3").arg(fileName, reading.problem, missingOf(rest)) << Kyr::END_LOG;
+  }
+  return std::move(rest.mesh);
 }
 
 }  // namespace
@@ -194,15 +256,44 @@ std::vector<char> toBytes(const Mesh& mesh) {
 }
 
 Mesh fromBytes(const std::vector<char>& content) {
-  Bytes bytes(content);
-  Mesh mesh;
-  mesh.points.resize(bytes.pointCount());
-  mesh.triangles.resize(bytes.triangleCount());
-  forEachIndex(mesh.points.size(),
-               [&](std::size_t index) { mesh.points[index] = bytes.nextPoint(); });
-  forEachIndex(mesh.triangles.size(),
-               [&](std::size_t index) { mesh.triangles[index] = bytes.nextTriangle(); });
-  return mesh;
+  return restFromBytes(content, {}).mesh;
+}
+
+Rest restFromBytes(const std::vector<char>& content, const std::vector<Gap>& gaps) {
+  constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+  Bytes bytes(content, gaps);
+  Rest rest;
+  Mesh& mesh = rest.mesh;
+  mesh.points.reserve(bytes.pointCount());
+  mesh.triangles.reserve(bytes.triangleCount());
+  std::vector<std::uint32_t> numbers(bytes.pointCount(), none);  // among the points that are left
+  forEachIndex(numbers.size(), [&](std::size_t index) {
+    if (bytes.isLost(pointSize)) {
+      bytes.skip(pointSize);
+    } else {
+      numbers[index] = static_cast<std::uint32_t>(mesh.points.size());
+      mesh.points.push_back(bytes.nextPoint());
+    }
+  });
+  forEachIndex(bytes.triangleCount(), [&](std::size_t) {
+    if (bytes.isLost(triangleSize)) {
+      return bytes.skip(triangleSize);
+    }
+    const Triangle old = bytes.nextTriangle();
+    const Triangle triangle{numbers[old[0]], numbers[old[1]], numbers[old[2]]};
+    if (std::count(triangle.begin(), triangle.end(), none) == 0) {
+      mesh.triangles.push_back(triangle);
+    }
+  });
+  rest.lostPoints = numbers.size() - mesh.points.size();
+  rest.lostTriangles = bytes.triangleCount() - mesh.triangles.size();
+  return rest;
+}
+
+QString missingOf(const Rest& rest) {
+  return Kyr::translate("Surface", "missing are %1 and %2")
+      .arg(counted(static_cast<qint64>(rest.lostPoints), Things::point),
+           counted(static_cast<qint64>(rest.lostTriangles), Things::triangle));
 }
 
 void writeProject(const QString& fileName, const std::vector<char>& content) {
@@ -220,15 +311,22 @@ void writeProject(const QString& fileName, const std::vector<char>& content) {
 Reading readProject(const QString& fileName, unsigned newestVersion) {
   Reading reading;
   ZipInStream in(fileName, newestVersion);
+  in.setWorkers(allProcessors());
   do {
     stopIfAborted();
     const std::size_t before = reading.content.size();
     reading.content.resize(before + piece);
-    in.clear();  // also what stands before a damage is shown
+    in.clear();  // what stands before a damage is read as well
     in.read(reading.content.data() + before, static_cast<std::streamsize>(piece));
     reading.content.resize(before + static_cast<std::size_t>(in.gcount()));
   } while (!in.eof());
-  reading.problem = problemOf(in);
+  const bool hasLoss = in.getState() == ZipInStream::StreamDamaged && in.getStatistics().pieces > 0;
+  if (hasLoss) {
+    readRest(fileName, reading);
+  } else {
+    reading.problem = problemOf(in);
+  }
+  reading.isChecked = hasLoss || reading.problem.isEmpty();
   if (in.getHeaderError() == ZipInStream::HeaderGood) {
     reading.written = Kyr::Time(in.getHeaderInfo().time, 0).getTimeString(false);
   }
@@ -237,8 +335,8 @@ Reading readProject(const QString& fileName, unsigned newestVersion) {
 
 Mesh readSurface(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,
                  ReadingNotes& notes) {
-  Mesh mesh =
-      isProject(fileName) ? readMesh(fileName) : readScan(fileName, millimetresPerUnit, log, notes);
+  Mesh mesh = isProject(fileName) ? readMesh(fileName, log)
+                                  : readScan(fileName, millimetresPerUnit, log, notes);
   if (mesh.triangles.empty()) {
     throw Kyr::Exception(Kyr::translate("Surface", "%1 holds no surface").arg(fileName));
   }

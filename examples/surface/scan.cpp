@@ -5,59 +5,30 @@
 #include <kyr/core/KyrException.h>
 #include <kyr/files/KyrFileParse.h>
 #include <kyr/i18n/KyrTranslate.h>
-#include <kyr/os/KyrOS.h>
 #include <kyr/text/KyrParse.h>
 
-#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <memory>
 
 namespace Surface {
 
 namespace {
 
-struct CloseFile {
-  void operator()(FILE* file) const { std::fclose(file); }
-};
-using OpenFile = std::unique_ptr<FILE, CloseFile>;
-
-OpenFile openScan(const QString& fileName) {
-  OpenFile file(Kyr::OS::openFile(fileName, Kyr::OS::OpenRead));
-  if (!file) {
-    throw Kyr::Exception(Kyr::translate("Surface", "cannot open %1").arg(fileName));
-  }
-  return file;
-}
-
 /// Walks over the lines of one file and turns them into a mesh.
 class Reader {
  public:
-  Reader(const QString& fileName, FILE* file, double scale, Kyr::ErrorLog& log, ReadingNotes& notes)
-      : _name(QFileInfo(fileName).fileName()),
-        _stream(file),
-        _file(file),
-        _scale(scale),
-        _log(log),
-        _notes(notes) {
-    _file.setStrict(true);
-  }
+  Reader(const QString& fileName, double scale, Kyr::ErrorLog& log, ReadingNotes& notes)
+      : _file(fileName), _scale(scale), _log(log), _notes(notes) {}
 
   Mesh read() {
     try {
       while (nextLine()) {
         readLine();
       }
-    } catch (const Kyr::FileParse::Error&) {
-      if (std::ferror(_stream) == 0) {
-        throw Kyr::Exception(Kyr::translate("Surface", "damaged line: %1").arg(place()));
-      }
-    }
-    if (std::ferror(_stream) != 0) {
-      throw Kyr::Exception(Kyr::translate("Surface", "cannot read %1 to its end").arg(_name));
+    } catch (const Kyr::FileParse::Error& error) {
+      throw Kyr::Exception(Kyr::translate(error));
     }
     if (_unknownKeys > shownUnknownKeys) {
       _log << Kyr::translate("Surface", "lines with unknown keys, all told: %1").arg(_unknownKeys)
@@ -96,7 +67,7 @@ class Reader {
       _file.nextDouble(coordinate);
       coordinate *= _scale;
       if (!std::isfinite(coordinate)) {
-        throw Kyr::FileParse::Error();
+        _file.fail(Kyr::translate("Surface", "a coordinate must be finite"));
       }
     }
     _mesh.points.push_back(point);
@@ -121,7 +92,7 @@ class Reader {
     const auto count = static_cast<qint64>(_mesh.points.size());
     const qint64 index = number < 0 ? count + number : qint64(number) - 1;
     if (!wellFormed || index < 0 || index >= count) {
-      throw Kyr::FileParse::Error();
+      _file.fail(Kyr::translate("Surface", "there is no such point"));
     }
     return static_cast<std::uint32_t>(index);
   }
@@ -138,19 +109,16 @@ class Reader {
 
   QString place() const {
     QString text = _file.getDataLine();
-    // A file of another kind must not steer the terminal.
+    // Control characters are replaced, so that a file of another kind does not steer the terminal.
     std::replace_if(
         text.begin(), text.end(), [](QChar c) { return !c.isPrint() && c != '\t'; }, QChar('?'));
     const QString shown = text.size() > 40 ? text.left(37) + "..." : text;
-    return Kyr::translate("Surface", "%1, line %2: %3")
-        .arg(_name, QString::number(_file.getPhysicalLineNumber()), shown);
+    return _file.getPlace().toText() + ": " + shown;
   }
 
   static constexpr int shownUnknownKeys = 10;
   static constexpr int linesBetweenLooks = 1024;
 
-  QString _name;
-  FILE* _stream;
   Kyr::FileParse::File _file;
   double _scale;
   Kyr::ErrorLog& _log;
@@ -165,8 +133,7 @@ class Reader {
 
 Mesh readScan(const QString& fileName, double millimetresPerUnit, Kyr::ErrorLog& log,
               ReadingNotes& notes) {
-  const OpenFile file = openScan(fileName);
-  return Reader(fileName, file.get(), millimetresPerUnit, log, notes).read();
+  return Reader(fileName, millimetresPerUnit, log, notes).read();
 }
 
 }  // namespace Surface

@@ -2,7 +2,7 @@
 
 #include "surface/session_p.h"
 
-#include <kyr/env/KyrInit.h>
+#include <kyr/app/KyrInit.h>
 #include <kyr/i18n/KyrTranslator.h>
 #include <kyr/os/KyrOS.h>
 
@@ -10,21 +10,13 @@
 
 namespace Surface {
 
-namespace {
-
-void keepTerminal() {
-  if (Kyr::OS::getEnv("KYR_CONSOLE").isNull()) {
-    Kyr::OS::setEnv("KYR_CONSOLE", "terminal");
-  }
-}
-
-}  // namespace
-
 Session::Session(Kyr::Application_t application) {
-  keepTerminal();
   assumeUtf8();
   _arguments = QCoreApplication::arguments();
-  Kyr::KyrInit::InitLibrary(application, _arguments);
+  Kyr::StartOptions options;
+  options.application = application;
+  options.keepStreams = Kyr::OS::getEnv("KYR_CONSOLE").isNull();
+  Kyr::KyrInit::InitLibrary(options, _arguments);
   Kyr::KyrInit::InitTranslator(Kyr::Translator::allLanguages, {});
   Kyr::installTranslator("Examples");
 }

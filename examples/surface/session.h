@@ -19,7 +19,7 @@ class Session {
   /// Starts the library, its translator and the texts of the examples.
   ///
   /// The output of most programs of the suite goes to a file, since they have windows; that of the
-  /// examples stays in the terminal, unless KYR_CONSOLE is set.
+  /// examples stays where it is, unless KYR_CONSOLE is set.
   explicit Session(Kyr::Application_t application);
   ~Session();
   Session(const Session&) = delete;

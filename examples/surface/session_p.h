@@ -4,7 +4,7 @@
 
 namespace Surface {
 
-/// Has names and texts read and printed as UTF-8 where the system's locale knows nothing but
+/// Makes Qt read and print names and texts as UTF-8 where the system's locale knows nothing but
 /// ASCII, because none is set or the one that is set is not installed.
 void assumeUtf8();
 

@@ -7,7 +7,7 @@ namespace Surface {
 
 namespace {
 
-/// The value below which a part of all values lie; leaves them partly sorted.
+/// The value below which a part of all values lies; leaves the values partly sorted.
 double quantile(std::vector<double>& values, double part) {
   const auto last = static_cast<double>(values.size() - 1);
   const auto place = values.begin() + static_cast<std::ptrdiff_t>(part * last);

@@ -1,5 +1,7 @@
 #include "surface/survey_p.h"
 
+#include <kyr/jobs/KyrStopToken.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -19,26 +21,22 @@ unsigned shiftFor(std::size_t elements) {
   return shift;
 }
 
-/// Calls action for each index of a chunk.
-/// \return false when it was to stop before the end
+/// Calls action for each index of a chunk, and looks now and then whether to stop.
 template <class Action>
-bool forEachIn(const Chunks& chunks, unsigned chunk, const GoOn& goOn, Action action) {
+void forEachIn(const Chunks& chunks, unsigned chunk, Action action) {
   constexpr std::size_t between = 1024;
   const std::size_t begin = chunks.begin(chunk);
   const std::size_t end = chunks.end(chunk);
   for (std::size_t block = begin; block < end; block += between) {
-    if (!goOn(block - begin, end - begin)) {
-      return false;
-    }
+    Kyr::throwIfStopped();
     const std::size_t blockEnd = std::min(block + between, end);
     for (std::size_t index = block; index < blockEnd; ++index) {
       action(index);
     }
   }
-  return true;
 }
 
-/// \return zero for what has no direction
+/// The vector of length 1 with the same direction; zero for one without a direction.
 Point unit(const Point& vector) {
   const double length = std::sqrt(dot(vector, vector));
   return length > 0 && std::isfinite(length) ? scaled(vector, 1 / length) : Point{};
@@ -97,7 +95,7 @@ Point Survey::weightedNormal(const Triangle& triangle) const {
   return scaled(cross(one, other), 1 / (dot(one, one) * dot(other, other)));
 }
 
-/// The normal of a triangle much thinner than long is nothing but rounding.
+/// Whether a triangle has a normal: that of one much thinner than long is nothing but rounding.
 bool Survey::hasArea(const Triangle& triangle) const {
   constexpr double thinnest = 1e-10;
   const Point& origin = _mesh.points[triangle[0]];
@@ -108,11 +106,11 @@ bool Survey::hasArea(const Triangle& triangle) const {
   return std::isfinite(doubleArea) && doubleArea > thinnest * (dot(one, one) + dot(other, other));
 }
 
-bool Survey::sortCorners(unsigned triangleChunk, const GoOn& goOn) {
+void Survey::sortCorners(unsigned triangleChunk) {
   SortedCorners& sorted = _corners[triangleChunk];
   sorted.first.assign(_pointChunks.count() + 1, 0);
   std::vector<std::uint32_t> kept;
-  const bool whole = forEachIn(_triangleChunks, triangleChunk, goOn, [&](std::size_t index) {
+  forEachIn(_triangleChunks, triangleChunk, [&](std::size_t index) {
     const Triangle& triangle = _mesh.triangles[index];
     if (hasArea(triangle)) {
       kept.push_back(static_cast<std::uint32_t>(index));
@@ -129,7 +127,6 @@ bool Survey::sortCorners(unsigned triangleChunk, const GoOn& goOn) {
       sorted.corners[next[_pointChunks.of(point)]++] = {point, triangle};
     }
   }
-  return whole;
 }
 
 /// Calls action with the corners that lie in a chunk of points, in the order of triangles.
@@ -180,10 +177,10 @@ void Survey::forEachTriangleAround(std::size_t point, Action action) const {
   }
 }
 
-bool Survey::findStars(unsigned chunk, const GoOn& goOn) {
+void Survey::findStars(unsigned chunk) {
   listTriangles(chunk);
   findNeighbours(chunk);
-  return forEachIn(_pointChunks, chunk, goOn, [&](std::size_t point) {
+  forEachIn(_pointChunks, chunk, [&](std::size_t point) {
     Point total{};
     forEachTriangleAround(
         point, [&](const Triangle& triangle) { total = sum(total, weightedNormal(triangle)); });
@@ -214,16 +211,16 @@ Point Survey::meanAround(std::size_t point, const std::vector<Point>& normals) c
   return weights > 0 && std::isfinite(weights) ? scaled(total, 1 / weights) : Point{};
 }
 
-bool Survey::smooth(unsigned chunk, unsigned pass, const GoOn& goOn) {
+void Survey::smooth(unsigned chunk, unsigned pass) {
   const std::vector<Point>& before = _normals[pass % 2];
   std::vector<Point>& after = _normals[(pass + 1) % 2];
-  return forEachIn(_pointChunks, chunk, goOn, [&](std::size_t point) {
+  forEachIn(_pointChunks, chunk, [&](std::size_t point) {
     after[point] = unit(sum(before[point], meanAround(point, before)));
   });
 }
 
 double Survey::curvatureAt(std::size_t point, const std::vector<Point>& normals) const {
-  double divergence = 0;  // of all triangles, times twice their areas
+  double divergence = 0;  // sum over the triangles, each weighted with twice its area
   double doubleArea = 0;
   forEachTriangleAround(point, [&](const Triangle& triangle) {
     const Point total = areaNormal(triangle);
@@ -239,9 +236,9 @@ double Survey::curvatureAt(std::size_t point, const std::vector<Point>& normals)
   return divergence / doubleArea / 2;
 }
 
-bool Survey::bend(unsigned chunk, unsigned passes, const GoOn& goOn) {
+void Survey::bend(unsigned chunk, unsigned passes) {
   const std::vector<Point>& normals = _normals[passes % 2];
-  return forEachIn(_pointChunks, chunk, goOn, [&](std::size_t point) {
+  forEachIn(_pointChunks, chunk, [&](std::size_t point) {
     const double curvature = curvatureAt(point, normals);
     if (normals[point] != Point{} && std::isfinite(curvature)) {
       _curvature[point] = curvature;

@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace Surface {
@@ -17,7 +16,7 @@ namespace Surface {
 class Chunks {
  public:
   explicit Chunks(std::size_t elements);
-  /// At least 1: a chunk without elements costs less than a special case.
+  /// The number of chunks, at least 1: a chunk without elements costs less than a special case.
   unsigned count() const { return _count; }
   unsigned of(std::size_t element) const { return static_cast<unsigned>(element >> _shift); }
   std::size_t begin(unsigned chunk) const { return std::size_t{chunk} << _shift; }
@@ -29,16 +28,13 @@ class Chunks {
   unsigned _count;
 };
 
-/// Asked again and again within a pass; the pass ends early when the answer is false.
-using GoOn = std::function<bool(std::size_t done, std::size_t all)>;
-
 /// What is found out about a mesh, in passes over chunks of triangles and points.
 ///
 /// A pass on one chunk of points needs the pass before it on all neighbours() of the chunk, and
 /// the first one, findStars(), needs sortCorners() on all chunks of triangles. Whoever keeps to
 /// that may run passes at the same time; the result is the same to the last bit.
 ///
-/// Every pass returns whether it came to its end; its chunk is worth nothing otherwise.
+/// Every pass throws Kyr::Stopped when its thread is to stop; its chunk is worth nothing then.
 class Survey {
  public:
   /// \param mesh must outlive this object
@@ -48,17 +44,17 @@ class Survey {
   const Chunks& pointChunks() const { return _pointChunks; }
 
   /// Leaves out triangles without area and sorts the corners of the others by chunks of points.
-  bool sortCorners(unsigned triangleChunk, const GoOn& goOn);
+  void sortCorners(unsigned triangleChunk);
   /// Lists the triangles around each point and sums up their normals.
-  bool findStars(unsigned chunk, const GoOn& goOn);
+  void findStars(unsigned chunk);
   /// The chunks, itself included, that share a triangle with this one; known after findStars().
   /// Chunks are neighbours of each other or not at all.
   const std::vector<unsigned>& neighbours(unsigned chunk) const { return _stars[chunk].neighbours; }
   /// Turns each normal into the mean of its neighbourhood.
   /// \param pass counts from 0
-  bool smooth(unsigned chunk, unsigned pass, const GoOn& goOn);
+  void smooth(unsigned chunk, unsigned pass);
   /// Computes curvatures from the normals after so many passes of smoothing.
-  bool bend(unsigned chunk, unsigned passes, const GoOn& goOn);
+  void bend(unsigned chunk, unsigned passes);
 
   /// Gives the results away.
   Analysis take(unsigned passes);
@@ -98,8 +94,8 @@ class Survey {
   const Chunks _pointChunks;
   std::vector<SortedCorners> _corners;
   std::vector<Stars> _stars;
-  /// Even and odd passes of smoothing write one each. A chunk is a pass ahead of its neighbours
-  /// at most, and then writes where they have finished reading.
+  /// The normals after even and after odd passes of smoothing. A chunk is one pass ahead of its
+  /// neighbours at most, and then writes where they have finished reading.
   std::vector<Point> _normals[2];
   std::vector<double> _curvature;
 };

@@ -6,16 +6,15 @@
 
 namespace Surface {
 
-namespace {
-
 QString fixed(double value, int decimals) {
-  return QString::number(value, 'f', decimals);
+  return QString::number(value, 'f', decimals).replace('.', Kyr::userLocale().decimalPoint());
 }
 
-}  // namespace
-
 QString counted(qint64 number) {
-  return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+  constexpr ushort noBreakSpace = 0xA0;
+  const bool commaIsDecimal = Kyr::userLocale().decimalPoint() == ',';
+  const QString text = QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+  return commaIsDecimal ? QString(text).replace(',', QChar(noBreakSpace)) : text;
 }
 
 QString counted(qint64 number, const Thing& thing) {

@@ -1,12 +1,15 @@
 /// \file
-/// Numbers in words; the numbers are the same in every locale.
+/// Numbers for people, as the user's language has them.
 #pragma once
 
 #include <QString>
 
 namespace Surface {
 
-/// A whole number with separators, "34,835".
+/// A number with some decimals: "0.25", in German "0,25".
+QString fixed(double value, int decimals);
+/// A whole number with separators: "34,835". Where a comma separates decimals, nobody is sure what
+/// "34.835" is: no-break spaces stand between the groups there.
 QString counted(qint64 number);
 /// A word for things that are counted, as texts of the context "Surface".
 struct Thing {
@@ -30,7 +33,7 @@ constexpr Thing worker{QT_TRANSLATE_NOOP("Surface", "worker"),
 
 /// A whole number of things in the language of the user, "1 point", "34,835 points".
 QString counted(qint64 number, const Thing& thing);
-/// A number of bytes in words, "2.29 MiB".
+/// A number of bytes in a fitting unit, "2.29 MiB".
 QString bytes(qint64 count);
 /// How fast bytes went, "at 200 MB/s"; the clock knows milliseconds, so short times have no speed.
 QString speed(qint64 count, double seconds);

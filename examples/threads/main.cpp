@@ -1,12 +1,16 @@
 /// \file
-/// Threads that share a table and a log, and a cache that gives way when memory runs short.
+/// Threads that share a table and a log, a loop that threads share, and a cache that gives way when
+/// memory runs short.
 ///
 ///   threads
 
-#include <kyr/app/KyrNewHandler.h>
+#include <kyr/crash/KyrNewHandler.h>
+#include <kyr/jobs/KyrParallel.h>
+#include <kyr/jobs/KyrProgressScope.h>
 #include <kyr/jobs/KyrThreadPool.h>
 #include <kyr/log/KyrSyncErrorLog.h>
 #include <kyr/sync/KyrMutex.h>
+#include <kyr/terminal/KyrTerminalProgress.h>
 
 #include <cstddef>
 #include <cstdio>
@@ -18,46 +22,20 @@ namespace {
 
 constexpr std::size_t passes = 3, crewSize = 2;
 
-/// Keeps writers out as long as it lives; an exception in between ends that, too.
-class KYR_SCOPED_CAPABILITY Reading {
- public:
-  explicit Reading(MutexReadWrite& lock) KYR_ACQUIRE_SHARED(lock) : _lock(lock) {
-    _lock.lockRead();
-  }
-  ~Reading() KYR_RELEASE() { _lock.unlockRead("Reading", "main", 2); }
-  Reading(const Reading&) = delete;
-  Reading& operator=(const Reading&) = delete;
-
- private:
-  MutexReadWrite& _lock;
-};
-
-/// Keeps everybody else out as long as it lives.
-class KYR_SCOPED_CAPABILITY Writing {
- public:
-  explicit Writing(MutexReadWrite& lock) KYR_ACQUIRE(lock) : _lock(lock) { _lock.lockWrite(); }
-  ~Writing() KYR_RELEASE() { _lock.unlockWrite("Writing", "main", 1); }
-  Writing(const Writing&) = delete;
-  Writing& operator=(const Writing&) = delete;
-
- private:
-  MutexReadWrite& _lock;
-};
-
 /// Measured points: many look at them, one at a time adds to them.
 class Points {
  public:
   void add(double point) {
-    const Writing adding(_lock);
+    const AutoMutexWrite adding(&_lock);
     _points.push_back(point);  // may throw std::bad_alloc, which must not leave the lock taken
   }
   std::size_t count() const {
-    const Reading looking(_lock);
+    const AutoMutexRead looking(&_lock);
     return _points.size();
   }
 
  private:
-  mutable MutexReadWrite _lock{"Points", "main", 3};
+  mutable MutexReadWrite _lock{"Points", "main", 1};
   std::vector<double> _points KYR_GUARDED_BY(_lock);
 };
 
@@ -65,7 +43,7 @@ class Points {
 class Prober : public PoolThread {
  public:
   Prober(Points& points, SyncErrorLog& log)
-      : PoolThread(NoLockGUI, "Prober", "main", 4), _points(points), _log(log) {}
+      : PoolThread(NoLockGUI, "Prober", "main", 2), _points(points), _log(log) {}
 
  private:
   void work() override {
@@ -79,7 +57,7 @@ class Prober : public PoolThread {
   SyncErrorLog& _log;
 };
 
-Mutex Prober::_building("Prober", "main", 5);
+Mutex Prober::_building("Prober", "main", 3);
 
 void measure(Points& points, SyncErrorLog& log) {
   const std::vector<PoolThread*> crew{new Prober(points, log), new Prober(points, log)};
@@ -98,7 +76,18 @@ void measure(Points& points, SyncErrorLog& log) {
   PoolForThreads::getPool()->destroyThreads("probers");
 }
 
-/// Can be computed again.
+/// What one processor need not do alone: no turn of the loop needs another one.
+std::vector<double> circumferences(const std::vector<double>& radii) {
+  const ProgressScope scope("circumferences", 1);  // which the loop fills
+  std::vector<double> results(radii.size());
+  ParallelOptions options;
+  options.grain = 100;  // for a thread at once; left out, the loop finds it by the clock
+  const auto turn = [&](std::size_t i) { results[i] = radii[i] * 6.283185307179586; };
+  parallelFor(IndexRange(radii.size()), turn, options);
+  return results;
+}
+
+/// Pictures that can be computed again, and so can be given up when memory runs short.
 class Cache : public NewHandler {
  public:
   Cache() { registerThisNewHandler(); }
@@ -119,11 +108,13 @@ int main() {
   Points points;
   SyncErrorLog log(true);
   measure(points, log);
+  const TerminalProgress bar;  // seen if it takes longer than half a second
+  const std::vector<double> circles = circumferences(std::vector<double>(1000, 25.4));
   PoolForThreads::deinitialize();  // KyrInit::CloseLibrary() does that for applications
-  LogText summary;                 // what logs of one's own keep their messages in
+  LogText summary;                 // keeps the messages of logs that one writes oneself
   summary.add(QString("%1 messages").arg(log.getLog().count('\n') + 1), true);
   summary.add(QString("%1 points").arg(points.count()), false);  // in front
-  std::printf("%s\n", qPrintable(summary.text()));
+  std::printf("%s, %zu circles\n", qPrintable(summary.text()), circles.size());
 
   const Cache cache;
   NewHandler::freeMemory();  // as an allocation does that fails

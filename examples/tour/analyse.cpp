@@ -57,7 +57,7 @@ class Receiver : public QObject {
   }
 };
 
-/// While it lives, events of the progress reach the page.
+/// Lets events of the progress reach the page for as long as it lives.
 class ProgressDisplay {
  public:
   explicit ProgressDisplay(Page& page) : _page(page), _creator(page) {

@@ -23,7 +23,7 @@ namespace {
 using namespace Surface;
 using Kyr::translate;
 
-/// Passes bytes on until the user wants to stop; then it is as if the disk were full.
+/// Passes bytes on until the user wants to stop; then it fails as on a full disk.
 class UntilAborted : public std::streambuf {
  public:
   explicit UntilAborted(std::streambuf* target) : _target(target) {}
@@ -46,7 +46,7 @@ Kyr::Exception cannotWrite(const QString& fileName) {
   return Kyr::Exception(translate("Tour", "cannot write %1").arg(fileName));
 }
 
-/// The tool for archives takes files only.
+/// Writes a text into a file, as archives are made of files.
 void fill(QTemporaryFile& file, const QString& text) {
   const QByteArray bytes = text.toUtf8();
   if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {

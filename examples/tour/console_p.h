@@ -5,9 +5,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <functional>
-#include <memory>
-
 namespace Tour {
 
 /// Whether somebody watches standard output, so that a line may be drawn over and over.
@@ -22,25 +19,5 @@ QByteArray encoded(const QString& text);
 
 /// The time that all threads of this process have spent computing for it, in seconds.
 double userSeconds();
-
-/// Turns the user's wish to interrupt the program (Ctrl-C) into calls of a function, instead of
-/// the end of the process.
-///
-/// Create the only one before any other thread exists; it lives as long as the program has work
-/// to do. Later wishes are ignored: the process is about to end and to say how its work went.
-class InterruptWatch {
- public:
-  /// \param interrupted called for each wish, on a thread of the watch or of the system; it may do
-  ///        what any thread may, but not end the watch
-  explicit InterruptWatch(std::function<void()> interrupted);
-  /// Afterwards the function is not called any more.
-  ~InterruptWatch();
-  InterruptWatch(const InterruptWatch&) = delete;
-  InterruptWatch& operator=(const InterruptWatch&) = delete;
-
- private:
-  struct Implementation;
-  const std::unique_ptr<Implementation> _implementation;
-};
 
 }  // namespace Tour

@@ -2,14 +2,19 @@
 
 #include "surface/abort.h"
 #include "surface/project.h"
+#include "surface/words.h"
 
 #include <kyr/core/KyrException.h>
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/pack/KyrZipSalvage.h>
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstddef>
 
 namespace Tour {
 
@@ -36,12 +41,13 @@ QByteArray cutShort(const QByteArray& whole) {
   return whole.left(headerSize + (whole.size() - headerSize) * 3 / 5);
 }
 
-/// What a transfer in text mode from one kind of system to another makes of a file.
+/// A file as a transfer in text mode between different systems leaves it.
 QByteArray asTextTransfer(QByteArray whole) {
   return whole.replace("\r\n", "\n");
 }
 
-/// The version of the content stands at byte 48, that of the writing library at byte 72.
+/// A file with newer versions in its header: that of the content stands at byte 48, that of the
+/// writing library at byte 72.
 QByteArray fromNewerProgram(QByteArray whole) {
   whole[48] = static_cast<char>(projectVersion + 1);
   whole.replace(72, 8, QByteArray("7.0.0-1").append('\0'));
@@ -74,6 +80,9 @@ class Damages {
     write(copy, bytes);
     const Reading reading = readProject(copy);
     _page.row(what, verdict(reading));
+    if (!reading.gaps.empty()) {
+      _page.row(translate("Tour", "saved of it"), savedOf(copy) + "; " + restOf(reading));
+    }
   }
 
  private:
@@ -93,6 +102,30 @@ class Damages {
     }
     _noneTaken = false;
     return translate("Tour", "TAKEN FOR GOOD DATA");
+  }
+
+  /// Takes the pieces of a copy that are good, and compares them with what was written.
+  QString savedOf(const QString& copy) {
+    Kyr::ZipSalvage salvage(copy);
+    qint64 saved = 0;
+    for (Kyr::ZipPart part; salvage.next(&part);) {
+      const auto begin = _content.begin() + static_cast<std::ptrdiff_t>(part.plainOffset);
+      saved += part.state == Kyr::ZipPart::Checked ? 1 : 0;
+      _noneTaken = _noneTaken && std::equal(part.bytes.begin(), part.bytes.end(), begin);
+    }
+    return (_noneTaken ? translate("Tour", "%1 of %2 pieces, equal to what was written")
+                       : translate("Tour", "%1 of %2 pieces, NOT WHAT WAS WRITTEN"))
+        .arg(counted(saved), counted(static_cast<qint64>(salvage.getPieceCount())));
+  }
+
+  static QString restOf(const Reading& reading) {
+    try {
+      return missingOf(restFromBytes(reading.content, reading.gaps));
+    } catch (const Aborted&) {
+      throw;
+    } catch (const Kyr::Exception& refusal) {
+      return refusal.getText();  // the counts were in the piece that is lost
+    }
   }
 
   const QByteArray _whole;

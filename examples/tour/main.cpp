@@ -22,9 +22,10 @@
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/i18n/KyrTranslate.h>
-#include <kyr/jobs/KyrProgress.h>
 #include <kyr/log/KyrErrorLog.h>
+#include <kyr/terminal/KyrInterruptWatch.h>
 #include <kyr/time/KyrTime.h>
+#include <kyr/units/KyrQuantityText.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QCoreApplication>
@@ -43,7 +44,7 @@ using Kyr::Time;
 using Kyr::translate;
 using Kyr::Unit;
 
-constexpr unsigned decimals = 3;  // of a millimetre, and of its square and cube
+constexpr int decimals = 3;  // shown of millimetres, square and cubic millimetres
 
 struct Shown {
   QString name;
@@ -55,8 +56,12 @@ struct Shown {
 void showUnits(Page& page, const Shown& shown) {
   QStringList cells;
   for (const Unit::Units_t unit : shown.units) {
-    cells << shown.kind->toString(shown.value, decimals, unit) + " " +
-                 shown.kind->getUName(unit).leftJustified(3);
+    constexpr double rounding = 1e-10;
+    const double power = std::ceil(std::log10(shown.kind->getFactor(unit)) - rounding);
+    const int digits = std::max(0, decimals + static_cast<int>(power));
+    Kyr::QuantityText text(*shown.kind);
+    text.setUnit(unit).setDecimals(static_cast<unsigned>(digits));
+    cells << text.number(shown.value) + " " + shown.kind->getUName(unit).leftJustified(3);
   }
   page.cells(shown.name, cells);
 }
@@ -123,9 +128,8 @@ void showCost(Page& page, const Analysis& analysis, const Cost& cost) {
   page.row(translate("Tour", "jobs"), counted(static_cast<qint64>(analysis.jobs)));
   page.row(translate("Tour", "time"),
            translate("Tour", "%1 s of computing in %2 s: %3 processors busy")
-               .arg(cost.userSeconds, 0, 'f', 3)
-               .arg(cost.wallSeconds, 0, 'f', 3)
-               .arg(cost.userSeconds / std::max(cost.wallSeconds, 0.001), 0, 'f', 1));
+               .arg(fixed(cost.userSeconds, 3), fixed(cost.wallSeconds, 3),
+                    fixed(cost.userSeconds / std::max(cost.wallSeconds, 0.001), 1)));
 }
 
 void showCurvature(Page& page, const CurvatureStatistics& statistics) {
@@ -174,8 +178,8 @@ bool store(const Options& options, const QString& project, const Mesh& mesh, Pag
   page.row(translate("Tour", "content"), bytes(size));
   page.row(translate("Tour", "packed"),
            translate("Tour", "%1, %2% of the content")
-               .arg(bytes(packed))
-               .arg(100.0 * static_cast<double>(packed) / static_cast<double>(size), 0, 'f', 1));
+               .arg(bytes(packed),
+                    fixed(100.0 * static_cast<double>(packed) / static_cast<double>(size), 1)));
   page.row(
       translate("Tour", "speed"),
       translate("Tour", "written %1, read %2").arg(speed(size, writing), speed(size, reading)));
@@ -210,7 +214,7 @@ bool tour(const Options& options, Kyr::ErrorLog& log) {
   return same && refused;
 }
 
-/// The tour with its end: what went wrong stands on standard error, behind the log so far.
+/// Runs the tour to its end; a failure comes on standard error, behind the log so far.
 int run(const Options& options) {
   Kyr::ErrorLog log(true);
   const auto fail = [&log](int code, const QString& problem) {
@@ -242,6 +246,6 @@ int main(int argc, char** argv) {
   prepareStandardStreams();
   const Session session(Kyr::ApplicationInspection);
   const Options options = parseArguments(session.arguments());
-  const InterruptWatch watch([] { Kyr::Progress::setAbortFlag(true); });
+  const Kyr::InterruptWatch watch;  // sets the abort flag of the progress
   return run(options);
 }

@@ -45,7 +45,7 @@ unsigned number(const QCommandLineParser& parser, const QCommandLineOption& opti
   return value;
 }
 
-/// One file must not be written in the place of another.
+/// Ends the program if a file would be written over another one of its files.
 void refuseBadOptions(const Options& options) {
   const QFileInfo scan(options.scan);
   const QFileInfo project(options.project());

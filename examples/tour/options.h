@@ -25,7 +25,7 @@ struct Options {
 };
 
 /// Reads the arguments of the program, its name first. Wrong ones end the process with code 2 and a
-/// message, a call for help ends it with code 0.
+/// message; asking for help ends it with code 0.
 Options parseArguments(const QStringList& arguments);
 
 }  // namespace Tour

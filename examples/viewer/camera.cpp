@@ -16,7 +16,7 @@ float radians(float degrees) {
   return degrees * 3.14159265F / 180;
 }
 
-/// Pixels of something as wide as it is far away.
+/// How many pixels something takes that is as wide as it is far away.
 float focalOf(const QSizeF& size) {
   const auto smaller = static_cast<float>(std::min(size.width(), size.height()));
   return smaller / 2 / std::tan(radians(openingAngle / 2));
@@ -28,8 +28,8 @@ void add(Vector& sum, const Vector& direction, float factor) {
   sum.z += direction.z * factor;
 }
 
-/// What points seen by an eye at a distance take of each direction of the picture: the slopes
-/// of the outermost rays.
+/// How much of a direction of the picture the points take: the slopes of the outermost rays from
+/// the eye to them.
 struct Span {
   float least = 0;
   float most = 0;

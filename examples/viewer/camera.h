@@ -33,13 +33,13 @@ enum class Standpoint { Oblique, Front, Back, Left, Right, Top, Bottom };
 /// An eye that turns about a point of the scan, with the model's y axis always upright.
 class Camera {
  public:
-  /// Looks from there, at the same point from the same distance.
+  /// Goes to a standpoint; the point that is looked at and the distance stay.
   void look(Standpoint from);
-  /// Comes as near as the whole model can be seen, its middle in the middle.
+  /// Comes so near that the whole model is just seen, its middle in the middle.
   /// \param size of the picture in pixels
   /// \param frame the size of the part of the picture that it shall fill
   void fit(const Model& model, const QSizeF& size, const QSizeF& frame);
-  /// Turns the model, as the fingers that push it from left to right and downwards.
+  /// Turns the model as a finger does that pushes it to the right and downwards.
   void turn(double degreesRight, double degreesDown);
   /// \param factor above 1 comes nearer
   void zoom(double factor);

@@ -7,7 +7,7 @@ namespace Viewer {
 
 namespace {
 
-/// Nearer than this part of the distance to the target nothing is drawn.
+/// Nothing is drawn that is nearer to the eye than this part of the distance to the target.
 constexpr float nearest = 0.01F;
 /// How far outside of a triangle a sample may lie that still counts, in shares: neighbours
 /// round differently, and no hole may come of it.
@@ -148,7 +148,7 @@ Hit Canvas::hitAt(const Model& model, int x, int y) const {
   const Seen here = {static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F, 0};
   const float area = doubleArea(a, b, c);
   hit.back = area < 0;
-  // Shares of the picture become shares of the surface with the nearness of each corner.
+  // Weighting with the nearness of each corner makes shares of the picture shares of the surface.
   const float shareA = doubleArea(here, b, c) / area * a.nearness;
   const float shareB = doubleArea(a, here, c) / area * b.nearness;
   const float shareC = doubleArea(a, b, here) / area * c.nearness;

@@ -50,7 +50,7 @@ class Canvas {
  private:
   struct Band {
     int top;
-    int bottom;  // behind the last
+    int bottom;  // behind the last line
   };
 
   std::size_t index(int x, int y) const {
@@ -66,7 +66,7 @@ class Canvas {
 
   int _width = 0;
   int _height = 0;
-  std::vector<Seen> _seen;  // by point
+  std::vector<Seen> _seen;  // one for each point of the model
   std::vector<float> _nearness;
   std::vector<std::uint32_t> _triangles;
 };

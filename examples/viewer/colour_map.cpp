@@ -40,7 +40,7 @@ Perceived perceived(float position) {
   }
   const float distance = std::min(std::abs(position), 1.0F);
   const Perceived& end = position < 0 ? below : above;
-  // A blunt peak, so that zero is not seen as a line.
+  // The peak of lightness is blunt, so that zero is not seen as a line.
   const float fall = distance * (0.3F + 0.7F * distance);
   const float saturation = distance * (1.35F - 0.35F * distance);
   return {lightest + (end.lightness - lightest) * fall, end.redGreen * saturation,

@@ -20,7 +20,7 @@ using Light = std::array<float, 3>;
 /// \threadsafety any thread
 Light lightOf(float position);
 
-/// The same colour for the screen.
+/// The colour of a value for the screen; as lightOf().
 QColor colourOf(float position);
 
 /// What a part of a picture in linear light is on the screen, 0 to 255.

@@ -27,7 +27,7 @@ class Hand : public Kyr::PoolThread {
 };
 
 Crew::Crew(unsigned size) {
-  constexpr unsigned most = 256;  // of those that nobody asked for by their number
+  constexpr unsigned most = 256;  // threads, where nobody has asked for a number
   const unsigned count = size > 0 ? size : std::min(Kyr::OS::getNumberOfCPUs(), most);
   for (unsigned part = 1; part < count; ++part) {
     auto hand = std::make_unique<Hand>(part);

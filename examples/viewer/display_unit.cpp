@@ -2,8 +2,9 @@
 
 #include "surface/words.h"
 
+#include <kyr/units/KyrQuantityText.h>
+
 #include <algorithm>
-#include <cmath>
 
 namespace Viewer {
 
@@ -27,15 +28,6 @@ constexpr Family families[] = {
     {Unit::Mil, Unit::SquareMil, Unit::CubicInch, Unit::PerMil},  // nobody counts cubic mils
 };
 
-/// Decimals of the internal unit that show about four digits of a value.
-unsigned decimalsFor(double value) {
-  const double size = std::abs(value);
-  if (!(size > 0) || !std::isfinite(size)) {
-    return 3;
-  }
-  return static_cast<unsigned>(std::clamp(3 - std::floor(std::log10(size)), 0.0, 12.0));
-}
-
 }  // namespace
 
 std::vector<Unit::Units_t> displayUnits() {
@@ -58,7 +50,8 @@ void setDisplayUnit(Unit::Units_t length) {
 }
 
 QString shownValue(const Unit& kind, double value) {
-  return kind.toString(value, decimalsFor(value)) + ' ' + kind.getName();
+  constexpr unsigned digits = 4;
+  return Kyr::QuantityText(kind).setSignificantDigits(digits).text(value);
 }
 
 QString shownCount(std::size_t count) {

@@ -18,8 +18,9 @@ std::vector<Kyr::Unit::Units_t> displayUnits();
 /// \threadsafety the thread of the user interface
 void setDisplayUnit(Kyr::Unit::Units_t length);
 
-/// Text of a value in the default unit of its kind, with the unit's name.
-/// \param value in the internal unit; about four digits of it are shown
+/// Text of a value in the default unit of its kind, with the unit's name, as the user's language
+/// has it.
+/// \param value in the internal unit; four digits of it are shown
 QString shownValue(const Kyr::Unit& kind, double value);
 
 /// A whole number with separators.

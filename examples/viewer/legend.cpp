@@ -5,6 +5,7 @@
 #include "theme.h"
 
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/units/KyrQuantityText.h>
 #include <kyr/units/KyrUnits.h>
 
 #include <QPainter>
@@ -36,7 +37,7 @@ double roundStep(double range, int steps) {
   return digit >= 2 ? 2 * power : power;
 }
 
-/// Without the spikes that few points leave.
+/// The counts without the spikes that few points leave.
 std::vector<double> smoothed(const std::vector<std::size_t>& counts) {
   std::vector<double> smooth(counts.begin(), counts.end());
   for (int pass = 0; pass < 3; ++pass) {
@@ -72,15 +73,15 @@ void Legend::setMark(float value) {
 void Legend::changeUnit() {
   _ticks.clear();
   if (_scan) {
-    const auto unit = Kyr::uCurvature.getDefault();
     const double end = Kyr::uCurvature.to(_scan->range);
     const double step = roundStep(end, 3);
     const double decimals = std::clamp(-std::floor(std::log10(step) + 1e-9), 0.0, 15.0);
+    const Kyr::QuantityText text =
+        Kyr::QuantityText(Kyr::uCurvature).setDecimals(static_cast<unsigned>(decimals));
     const int most = static_cast<int>(std::floor(end / step * (1 + 1e-9)));
     for (int number = -most; number <= most; ++number) {
       const double value = number * step;
-      _ticks.push_back({value / end, Kyr::uCurvature.toString(
-                                         value, static_cast<unsigned>(decimals), unit, unit)});
+      _ticks.push_back({value / end, text.number(Kyr::uCurvature.from(value))});
     }
     setAccessibleDescription(
         translate("Viewer", "Mean curvature, %1: %2").arg(unitText(), numbers().join(' ')));
@@ -106,7 +107,8 @@ QString Legend::titleText() const {
 }
 
 QString Legend::unitText() const {
-  return "1 " + Kyr::uCurvature.getName();
+  // What stands behind a number, as "/ in", stands alone here.
+  return Kyr::uCurvature.getName().replace("/ ", "1/");
 }
 
 int Legend::numbersWidth() const {

@@ -4,6 +4,7 @@
 /// Exit codes: 0 closed, or the screenshot is written; 1 no screenshot, or no display; 2 wrong
 /// usage.
 
+#include "display.h"
 #include "display_unit.h"
 #include "main_window.h"
 #include "message_bar.h"
@@ -12,7 +13,7 @@
 
 #include "surface/session.h"
 
-#include <kyr/env/KyrInit.h>
+#include <kyr/app/KyrInit.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/text/KyrParse.h>
 #include <kyr/units/KyrUnits.h>
@@ -101,7 +102,7 @@ Options parseArguments(const QStringList& arguments) {
   return options;
 }
 
-/// Ends the program when the picture stands, with a copy of the window in a file.
+/// Writes a copy of the window into a file when the picture is complete, and ends the program.
 void takeScreenshot(Viewer::MainWindow& window, const QString& fileName) {
   const auto end = [&window, fileName] {
     const bool written = window.grab().save(fileName, "PNG");
@@ -120,37 +121,11 @@ void takeScreenshot(Viewer::MainWindow& window, const QString& fileName) {
   });
 }
 
-/// Whether an argument begins with a text.
-bool isGiven(const char* start, int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    if (QByteArray(argv[i]).startsWith(start)) {
-      return true;
-    }
-  }
-  return false;
-}
-
-/// Whether nobody says where a window could be shown; Qt would abort the process.
-bool isHeadless(int argc, char** argv) {
-  for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
-    if (!qEnvironmentVariableIsEmpty(variable)) {
-      return false;
-    }
-  }
-  return !isGiven("-platform", argc, argv);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   Surface::keepStandardStreams();
-  const bool headless = isHeadless(argc, argv);
-  if (headless ||
-      (isGiven("--screenshot", argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");  // needs no display, and nothing flashes up
-  }
-  QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-  QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+  const bool headless = !Viewer::prepareDisplay(argc, argv);
   QApplication application(argc, argv);
   QCoreApplication::setApplicationName("viewer");
   const Surface::Session session(Kyr::ApplicationViewer);

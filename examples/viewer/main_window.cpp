@@ -1,5 +1,6 @@
 #include "main_window.h"
 
+#include "file_dialog.h"
 #include "message_bar.h"
 #include "progress_bridge.h"
 #include "side_panel.h"
@@ -12,7 +13,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
@@ -29,7 +29,7 @@ namespace {
 using Kyr::Progress;
 using Kyr::translate;
 
-/// The one file that is dragged; empty for anything else.
+/// The name of the file that is dragged; empty for several files and anything else.
 QString draggedFile(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
@@ -51,7 +51,7 @@ MainWindow::MainWindow(double millimetresPerUnit, unsigned copies)
       _bridge(std::make_unique<ProgressBridge>()) {
   setWindowTitle(translate("Viewer", "Scan viewer"));
   setAcceptDrops(true);
-  setMinimumSize(660, 400);  // the buttons beside the legend, in every language
+  setMinimumSize(660, 400);  // the buttons have room beside the legend, in every language
   resize(1280, 800);
 
   auto* const middle = new QWidget;
@@ -190,15 +190,15 @@ void MainWindow::chooseFile() {
   const QString filters = translate("Viewer", "Scans and projects") + " (*.obj *.OBJ *.kyr);;" +
                           translate("Viewer", "All files") + " (*)";
   const QString path =
-      QFileDialog::getOpenFileName(this, translate("Viewer", "Open a scan"), QString(), filters);
+      askForFile(*this, translate("Viewer", "Open a scan"), filters, QFileDialog::AcceptOpen);
   if (!path.isEmpty()) {
     open(path);
   }
 }
 
 void MainWindow::savePicture() {
-  const QString path = QFileDialog::getSaveFileName(this, translate("Viewer", "Save the picture"),
-                                                    QString(), "PNG (*.png)");
+  const QString path = askForFile(*this, translate("Viewer", "Save the picture"), "PNG (*.png)",
+                                  QFileDialog::AcceptSave);
   if (!path.isEmpty() && !_view->grab().save(path, "PNG")) {
     _messages->showProblem(translate("Viewer", "%1 could not be written.").arg(path));
   }
@@ -232,7 +232,7 @@ void MainWindow::begin(const QString& path) {
 
 void MainWindow::end() {
   if (!_loading || _loading->isRunning()) {
-    return;  // the news of one that was given up when the window closed came late
+    return;  // a file that was given up as the window closed has ended late
   }
   _loading->wait();
   const std::unique_ptr<Loading> loading = std::move(_loading);

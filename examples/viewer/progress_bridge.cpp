@@ -12,7 +12,7 @@ class ProgressEvent : public Kyr::GUIThreadEvent {
   void process() override { Q_EMIT _bridge.progressed(_state.overall, _state.text); }
 
  private:
-  ProgressBridge& _bridge;  // lives: Qt drops the events of a receiver that dies
+  ProgressBridge& _bridge;  // outlives the event: Qt drops those of a receiver that dies
   const Progress::State _state;
 };
 
@@ -40,7 +40,7 @@ ProgressBridge::~ProgressBridge() {
 }
 
 void ProgressBridge::customEvent(QEvent* event) {
-  // Nothing else sends this object events of the applications' kind.
+  // Only Progress sends this object events of the kinds that applications have for themselves.
   static_cast<Kyr::GUIThreadEvent*>(event)->process();
 }
 

@@ -21,7 +21,7 @@ class ProgressBridge : public QObject {
   ~ProgressBridge() override;
 
  Q_SIGNALS:
-  /// In the thread of the user interface; the state at the moment of the change.
+  /// The progress has changed: its state at that moment. Sent in the thread of the user interface.
   void progressed(int percent, const QString& text);
 
  protected:

@@ -60,7 +60,8 @@ class Painter {
     return {sum[0] / all, sum[1] / all, sum[2] / all};
   }
 
-  /// Samples of one pixel that lie at one depth share it, as it costs more than all else.
+  /// How open a place is to the light. Samples of one pixel at one depth share it, as computing it
+  /// costs more than all else.
   struct Openness {
     float nearness = 0;
     float value = 1;
@@ -92,7 +93,7 @@ class Painter {
     return shaded(towardsEye(_projection.turned(normal), hit.back), paint);
   }
 
-  /// Of length 1, and never away from the eye: a smoothed normal may be, near an outline.
+  /// A normal of length 1 that points towards the eye: near an outline, a smoothed one may not.
   static Vector towardsEye(Vector normal, bool back) {
     const float sign = back ? -1.0F : 1.0F;
     normal = {sign * normal.x, sign * normal.y, std::max(sign * normal.z, 0.0F)};
@@ -108,7 +109,8 @@ class Painter {
                         (static_cast<float>(y) + 0.5F) / static_cast<float>(_height));
   }
 
-  /// With a fine pattern, without which the background would show its steps as rings.
+  /// The pixel for a light, with a fine pattern, without which the steps of the background would be
+  /// seen as rings.
   static QRgb onScreen(const Light& light, int x, int y) {
     static constexpr float pattern[4][4] = {{-0.47F, 0.03F, -0.34F, 0.16F},
                                             {0.28F, -0.22F, 0.41F, -0.09F},
@@ -166,7 +168,7 @@ Picture Renderer::draw(const Order& order) {
                  order.cancelled);
   }
   Painter painter(order, projection, _canvas, samples, picture);
-  // Lines in turn: what costs most lies together.
+  // The parts take lines in turn, as those that cost most lie together.
   _crew.share([&](unsigned part) {
     for (int y = static_cast<int>(part); y < picture.image.height();
          y += static_cast<int>(_crew.size())) {

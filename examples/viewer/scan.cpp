@@ -26,7 +26,7 @@ using Surface::Analysis;
 using Surface::Mesh;
 using Surface::Point;
 
-// Where the steps end on the scale of the progress.
+// Where the steps of loading end on the scale of the progress.
 constexpr int afterReading = 25;
 constexpr int afterMeasuring = 35;
 constexpr int afterAnalysis = 90;
@@ -34,7 +34,7 @@ constexpr int afterAnalysis = 90;
 constexpr std::size_t histogramParts = 64;
 constexpr std::size_t stride = 65536;  // elements between two looks at the abort flag
 
-/// Single precision; what is beyond it gets its ends.
+/// A value in single precision; one beyond its range becomes the end of the range.
 float single(double value) {
   constexpr double most = std::numeric_limits<float>::max();
   return static_cast<float>(std::isnan(value) ? value : std::clamp(value, -most, most));
@@ -99,8 +99,9 @@ double quantile(std::vector<double>& values, double part) {
   return values[static_cast<std::size_t>(place)];
 }
 
-/// As far from zero as 2 of 100 points on the farther side lie; sharp edges and noise would
-/// otherwise leave everything else without a colour.
+/// The curvature that gets the last colour: 2 of 100 points on the side with the larger values lie
+/// beyond it. With the very largest, which sharp edges and noise make, all else would be
+/// colourless.
 double rangeOf(std::vector<double> values, double size) {
   constexpr double ignored = 0.02;
   const double flat = size > 0 ? 1e-3 / size : 1;

@@ -33,7 +33,7 @@ struct Scan {
   QString remarks;  ///< what the reader met besides the mesh; empty for nothing
 };
 
-/// What a file is read as.
+/// A file and how it is read.
 struct Source {
   QString path;
   double millimetresPerUnit = 1;  ///< of an OBJ file

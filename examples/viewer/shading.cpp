@@ -74,8 +74,8 @@ Light paintOfBacks() {
 }
 
 float openness(const Canvas& canvas, int x, int y, float focal, float reach) {
-  // Half of a ring of directions; the other half is opposite. A pair of neighbours that both
-  // come nearer than the sample makes a hollow, and a slope makes none.
+  // Half of a ring of directions; the other half is opposite to these. A pair of neighbours that
+  // both come nearer than the sample makes a hollow, and a slope makes none.
   static constexpr float directions[][2] = {
       {1, 0}, {0.924F, 0.383F},  {0.707F, 0.707F},  {0.383F, 0.924F},
       {0, 1}, {-0.383F, 0.924F}, {-0.707F, 0.707F}, {-0.924F, 0.383F}};
@@ -96,10 +96,10 @@ float openness(const Canvas& canvas, int x, int y, float focal, float reach) {
       const float one = nearnessAt(dx, dy);
       const float other = nearnessAt(-dx, -dy);
       if (!(one > 0 && other > 0)) {
-        continue;  // beyond the outline it is open
+        continue;  // light comes from beyond the model's outline
       }
       const float rise = depth - 0.5F * (1 / one + 1 / other);
-      // What stands far in front hides the sample from the eye, not from the light.
+      // A part of the model far in front hides the sample from the eye, not from the light.
       const float steepness = rise / width;
       closed += steepness > 3 ? 0.25F : std::clamp(steepness * 1.1F, 0.0F, 1.0F);
     }

@@ -32,7 +32,7 @@ QLabel* label(const QString& text, const QString& role) {
   return made;
 }
 
-/// Zero stands for what does not exist as well; such numbers are left out.
+/// The text of a curvature; none without any curvatures, for which the numbers are zero too.
 QString curvature(const Scan& scan, double value) {
   return scan.curvature.defined > 0 ? shownValue(Kyr::uCurvature, value) : none;
 }

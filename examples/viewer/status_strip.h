@@ -19,7 +19,7 @@ class StatusStrip : public QStackedWidget {
   explicit StatusStrip(QWidget* parent = nullptr);
 
   void setBusy(bool busy);
-  /// Whether there is a picture to be turned.
+  /// Shows how the mouse is used, when there is a picture to be turned.
   void setHintShown(bool shown);
   void setProgress(int percent, const QString& text);
   /// \param curvature in 1/mm; no number for none

@@ -1,8 +1,9 @@
 #include "theme.h"
 
+#include "style.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
 
 namespace Viewer::Theme {
 
@@ -38,9 +39,27 @@ QProgressBar::chunk { background: #4d8df6; border-radius: 4px; }
 QFrame#messages { background: #4a2529; border: none; border-bottom: 1px solid #7a3a41; }
 QFrame#messages[kind="note"] { background: #2b3442; border-bottom: 1px solid #43536b; }
 QFrame#messages QToolButton { background: transparent; border: none; padding: 2px 8px; }
-QScrollBar:vertical { background: transparent; width: 8px; }
-QScrollBar::handle:vertical { background: #3d444e; border-radius: 4px; min-height: 24px; }
-QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
+QScrollBar { background: transparent; border: none; }
+QScrollBar:vertical { width: 8px; }
+QScrollBar:horizontal { height: 8px; }
+QScrollBar::handle { background: #3d444e; border-radius: 4px; min-height: 24px; min-width: 24px; }
+QScrollBar::add-line, QScrollBar::sub-line { height: 0; width: 0; }
+QComboBox QAbstractItemView { background: #25292f; border: 1px solid #4a525d; padding: 3px; }
+QFileDialog QToolButton { background: transparent; border-color: transparent; padding: 4px; }
+QFileDialog QToolButton:hover { background: #31373f; }
+QFileDialog QToolButton:checked { background: #31373f; border-color: #424a55; }
+QFileDialog QListView, QFileDialog QTreeView { background: #16191d; border: 1px solid #2b3037; border-radius: 5px;
+  padding: 2px; outline: none; }
+QFileDialog QListView::item, QFileDialog QTreeView::item { padding: 3px 4px; border: none; }
+QFileDialog QListView::item:selected, QFileDialog QTreeView::item:selected { background: #2f5fb3;
+  color: #ffffff; }
+QHeaderView { background: transparent; border: none; }
+QHeaderView::section { background: transparent; color: #949ca7; padding: 5px 8px; border: none;
+  border-bottom: 1px solid #2b3037; }
+QLineEdit { background: #16191d; color: #e7eaee; border: 1px solid #424a55; border-radius: 5px;
+  padding: 4px 7px; }
+QLineEdit:focus { border-color: #5b97ff; }
+QSplitter::handle { background: transparent; }
 QToolTip { background: #2a2f36; color: #e7eaee; border: 1px solid #424a55; padding: 3px; }
 )";
 
@@ -75,10 +94,10 @@ QFont resized(QFont font, double factor) {
 }  // namespace
 
 void apply(QApplication& application) {
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(new Style);
   QApplication::setPalette(palette());
   if (QGuiApplication::platformName() == "offscreen") {
-    // It knows no desktop that would have chosen a size.
+    // Without a desktop nobody has chosen the size of the font.
     QFont font = QApplication::font();
     font.setPointSizeF(10);
     QApplication::setFont(font);
@@ -97,6 +116,12 @@ QColor quiet() {
 }
 QColor accent() {
   return {0x5b, 0x97, 0xff};
+}
+QColor control() {
+  return {0x30, 0x36, 0x3f};
+}
+QColor controlEdge() {
+  return {0x42, 0x4a, 0x55};
 }
 QColor glass() {
   return {0x17, 0x1a, 0x1f, 190};

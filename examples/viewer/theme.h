@@ -14,9 +14,11 @@ void apply(QApplication& application);
 
 QColor text();
 QColor dimText();
-QColor quiet();   ///< shapes that say little
-QColor accent();  ///< what can be acted on
-QColor glass();   ///< ground of what lies on the picture
+QColor quiet();    ///< shapes that say little
+QColor accent();   ///< what can be acted on
+QColor control();  ///< ground of what is clicked
+QColor controlEdge();
+QColor glass();  ///< ground of what lies on the picture
 QColor glassEdge();
 
 QFont strong(QFont font);

@@ -101,7 +101,7 @@ void View::placeLegend() {
   _legend->setGeometry(width() - hint.width() - edge, edge, hint.width(), std::max(height, 120));
 }
 
-/// Something has moved: quickly a new picture, and a thorough one when it rests.
+/// Draws after a movement: quickly at once, and thoroughly when nothing moves any more.
 void View::refresh() {
   _changed = true;
   _rest.stop();
@@ -133,7 +133,7 @@ void View::begin(bool thorough) {
 
 void View::take(std::shared_ptr<Picture> picture) {
   if (picture->number != _number || !_drawing) {
-    return;  // cancelled when it was on its way already
+    return;  // the picture was cancelled after it had been sent
   }
   _drawing = false;
   _picture = std::move(picture);

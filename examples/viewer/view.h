@@ -29,7 +29,7 @@ class View : public QWidget {
   /// \param scan null for none
   void setScan(std::shared_ptr<const Scan> scan);
   void look(Standpoint from);
-  /// Comes as near as all of the scan can be seen.
+  /// Comes so near that the whole scan is just seen.
   void fit();
   /// To be called when the user's unit has changed.
   void changeUnit();
@@ -75,10 +75,10 @@ class View : public QWidget {
   std::unique_ptr<Artist> _artist;
   std::shared_ptr<Picture> _picture;
   QTimer _rest;            // from the last movement to the thorough picture
-  bool _drawing = false;   // the artist is at work
-  bool _changed = true;    // since the artist began
+  bool _drawing = false;   // whether the artist is at work
+  bool _changed = true;    // whether there is something new since the artist began
   unsigned _number = 0;    // of the order in work
-  bool _thorough = false;  // the order in work is
+  bool _thorough = false;  // whether the order in work is thorough
   bool _fitted = true;     // nobody has moved the scan since fit()
   int _coarseness = 1;
   bool _dropMark = false;

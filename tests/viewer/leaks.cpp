@@ -2,7 +2,6 @@
 #include <kyr/core/KyrPlatform.h>
 
 // The library that finds fonts keeps what it has read of its settings until the process ends.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is LeakSanitizer's
 extern "C" KYR_EXPORT const char* __lsan_default_suppressions() {
   return "leak:libfontconfig\n";
 }

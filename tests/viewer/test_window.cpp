@@ -1,5 +1,4 @@
 #include "Shapes.h"
-#include "Threads.h"
 
 #include "support/Support.h"
 #include "surface/project.h"
@@ -10,37 +9,27 @@
 #include "viewer/theme.h"
 #include "viewer/view.h"
 
-#include <kyr/env/KyrInit.h>
+#include <kyr/app/KyrInit.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/KyrTranslator.h>
-#include <kyr/jobs/KyrProgress.h>
 #include <kyr/units/KyrUnits.h>
-
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
-#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
-
-#include <algorithm>
-#include <cmath>
-#include <cstdio>
-#include <memory>
 
 namespace {
 
 using namespace Viewer;
-using KyrTest::curvedSquare;
-using KyrTest::objOf;
+using namespace KyrTest;
 
 constexpr int patience = 60000;  // ms
 
@@ -68,7 +57,7 @@ class Window : public MainWindow {
  public:
   explicit Window(unsigned copies = 1) : MainWindow(1, copies) {
     setDisplayUnit(Kyr::Unit::Millimetre);
-    resize(900, 600);
+    resize(1, 1);  // as small as it goes: every picture takes its time
     show();
   }
 
@@ -111,41 +100,29 @@ class Viewing : public ::testing::Test {
 };
 
 TEST_F(Viewing, ScansAreShownWithTheirColours) {
-  struct Row {
-    double bend;
-    int redness;  // sign of red above blue in the middle
-    const char* fault;
-  };
-  const Row rows[] = {
+  const std::tuple<double, int, const char*> rows[] = {
       {-1, 1, "a ridge without the colour of ridges"},
       {1, -1, "a hollow without the colour of hollows"},
       {0, 0, "a plane with a colour"},
   };
-  for (const Row& row : rows) {
+  for (const auto& [bend, expected, fault] : rows) {
     Window window;
-    ASSERT_EQ(window.load(write("scan.obj", curvedSquare(row.bend))), Outcome::Loaded);
+    ASSERT_EQ(window.load(write("scan.obj", curvedSquare(bend))), Outcome::Loaded);
     const QImage image = window.settledPicture();
-    const Picture& picture = *window.view().picture();
-    int covered = 0;
+    const std::vector<float>& values = window.view().picture()->values;
     int redness = 0;
-    QSet<QRgb> colours;
+    int covered = 0;
     for (int i = 0; i < image.width() * image.height(); ++i) {
-      if (!std::isnan(picture.values[static_cast<std::size_t>(i)])) {
-        const QRgb seen = image.pixel(i % image.width(), i / image.width());
-        colours.insert(seen);
-        redness += qRed(seen) - qBlue(seen);
+      const QPoint place(i % image.width(), i / image.width());
+      if (!std::isnan(values[std::size_t(i)])) {
+        EXPECT_TRUE(image.rect().adjusted(1, 1, -1, -1).contains(place)) << "a part is cut off";
+        redness += qRed(image.pixel(place)) - qBlue(image.pixel(place));
         ++covered;
       }
     }
-    const double share = static_cast<double>(covered) / (image.width() * image.height());
-    EXPECT_GT(share, 0.15) << row.fault;
-    EXPECT_LT(share, 0.9) << row.fault;
-    EXPECT_GT(colours.size(), row.bend != 0 ? 200 : 3) << row.fault;
     const int mean = redness / std::max(covered, 1);
-    EXPECT_EQ(mean > 25 ? 1 : mean < -25 ? -1 : 0, row.redness) << row.fault << ": " << mean;
-    const Surface::CurvatureStatistics& curvature = window.scan()->curvature;
-    const double extreme = row.bend < 0 ? curvature.highest : curvature.lowest;
-    EXPECT_NEAR(extreme, -row.bend, 0.15) << row.fault;
+    EXPECT_EQ(mean > 25 ? 1 : mean < -25 ? -1 : 0, expected) << fault << ": " << mean;
+    EXPECT_GT(covered, image.width() * image.height() / 7);
     EXPECT_EQ(window.number("triangles"), "1,152");
   }
 }
@@ -154,48 +131,34 @@ TEST_F(Viewing, TheUnitChangesEveryNumber) {
   Window window;
   ASSERT_EQ(window.load(write("scan.obj", curvedSquare(-1))), Outcome::Loaded);
   const Surface::Measures& measures = window.scan()->measures;
-  struct Row {
-    const char* label;
-    const Kyr::Unit* kind;
-    double value;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, const Kyr::Unit*, double> rows[] = {
       {"width", &Kyr::uLength, measures.extent[0]},
-      {"height", &Kyr::uLength, measures.extent[1]},
       {"depth", &Kyr::uLength, measures.extent[2]},
       {"area", &Kyr::uArea, measures.area},
       {"volume", &Kyr::uVolume, measures.volume},
       {"median", &Kyr::uCurvature, window.scan()->curvature.median},
-      {"lowest", &Kyr::uCurvature, window.scan()->curvature.lowest},
-      {"highest", &Kyr::uCurvature, window.scan()->curvature.highest},
-      {"low", &Kyr::uCurvature, window.scan()->curvature.low},
       {"high", &Kyr::uCurvature, window.scan()->curvature.high},
   };
   const char* const widths[] = {"2000 µm", "0.002000 m", "0.07874 in", "0.006562 ft", "78.74 mil"};
   auto& units = window.get<QComboBox>("unit");
   for (const char* const width : widths) {
-    QMap<QString, QString> before;
-    for (const Row& row : rows) {
-      before[row.label] = window.number(row.label);
-    }
     const QStringList legend = window.view().legend().numbers();
     QTest::keyClick(&units, Qt::Key_Down);
-    EXPECT_EQ(window.number("width"), QString(width));
+    EXPECT_FALSE(window.view().legend().accessibleDescription().contains("/ "))
+        << width << ": a fraction with a hole before its unit";
+    EXPECT_EQ(window.number("width"), QString(width).replace(' ', QChar(0xA0)));
     EXPECT_NE(window.view().legend().numbers(), legend) << width << ": the legend stays";
-    for (const Row& row : rows) {
-      const QString text = window.number(row.label);
-      const QString unit = ' ' + row.kind->getName();
-      const bool sameUnit = before[row.label].endsWith(unit);  // both volumes in cubic inches
-      EXPECT_TRUE(text != before[row.label] || sameUnit) << row.label << " stays";
-      ASSERT_TRUE(text.endsWith(unit)) << row.label << ": " << text.toStdString();
-      const double shown = text.chopped(unit.size()).toDouble();
-      const double expected = row.kind->to(row.value);
-      EXPECT_NEAR(shown, expected, std::abs(expected) * 2e-3) << row.label;
+    for (const auto& [label, kind, value] : rows) {
+      const QString text = window.number(label);
+      const QString unit = QString(' ' + kind->getName()).replace(' ', QChar(0xA0));
+      ASSERT_TRUE(text.endsWith(unit)) << label << ": " << text.toStdString();
+      EXPECT_TRUE(unit.contains(QString(width).section(' ', 1)) || kind == &Kyr::uVolume) << label;
+      const double expected = kind->to(value);
+      EXPECT_NEAR(text.chopped(unit.size()).toDouble(), expected, std::abs(expected) * 2e-3);
     }
     const double last = window.view().legend().numbers().last().toDouble();
     const double range = Kyr::uCurvature.to(window.scan()->range);
-    EXPECT_LE(last, range * 1.001) << "the legend goes beyond its colours";
-    EXPECT_GT(last, range / 2) << "the legend is not of this unit";
+    EXPECT_TRUE(last <= range * 1.001 && last > range / 2) << "the legend is of another unit";
   }
 }
 
@@ -204,17 +167,10 @@ TEST_F(Viewing, ADamagedFileLeavesTheScanAlone) {
   const QString good = _directory.file("good.kyr");
   Surface::writeProject(good, Surface::toBytes(mesh));
   const QByteArray whole = KyrTest::readFile(good);
-  struct Row {
-    QString path;
-    QString says;
-    const char* fault;
-  };
-  const Row rows[] = {
-      {_directory.write("a.obj", "v 0 0 0\nv 1 0 0\nv 1 2\n"), "line 3", "a point is missing"},
+  const std::tuple<QString, QString, const char*> rows[] = {
+      {_directory.write("a.obj", "v 0 0 0\nv 1 0 0\nv 1 2\n"), "a.obj:3:6: ", "a point is missing"},
       {_directory.write("b.kyr", whole.left(whole.size() / 2)), "too early", "half a project"},
-      {_directory.write("c.kyr", whole.left(60)), "c.kyr was not opened", "half a header"},
       {_directory.write("d.obj", "v 0 0 0\n"), "d.obj was not opened", "no surface"},
-      {_directory.write("e.obj", ""), "e.obj was not opened", "an empty file"},
       {_directory.file("f.obj"), "f.obj was not opened", "a missing file"},
       {_directory.path(), "was not opened", "a folder"},
   };
@@ -223,23 +179,23 @@ TEST_F(Viewing, ADamagedFileLeavesTheScanAlone) {
   const auto scan = window.scan();
   EXPECT_EQ(scan->points, mesh.points.size());
   const QImage picture = window.settledPicture();
-  for (const Row& row : rows) {
-    EXPECT_EQ(window.load(row.path), Outcome::Failed) << row.fault;
-    EXPECT_TRUE(window.messages().text().contains(row.says))
-        << row.fault << ": " << window.messages().text().toStdString();
-    EXPECT_EQ(window.scan(), scan) << row.fault;
-    EXPECT_EQ(window.number("name"), "good.kyr") << row.fault;
-    EXPECT_FALSE(window.isBusy()) << row.fault;
+  for (const auto& [path, says, fault] : rows) {
+    EXPECT_EQ(window.load(path), Outcome::Failed) << fault;
+    EXPECT_TRUE(window.messages().text().contains(says))
+        << fault << ": " << window.messages().text().toStdString();
+    EXPECT_EQ(window.scan(), scan) << fault;
+    EXPECT_EQ(window.number("name"), "good.kyr") << fault;
+    EXPECT_FALSE(window.isBusy()) << fault;
     window.click("dismiss");
     EXPECT_EQ(window.messages().text(), "") << "the message cannot be put away";
-    EXPECT_EQ(window.settledPicture(), picture) << row.fault;
   }
+  EXPECT_EQ(window.settledPicture(), picture);
 }
 
 TEST_F(Viewing, AbortKeepsTheScanAndNothingElse) {
   const QString small = write("small.obj", curvedSquare(1));
   const QString large = write("large.obj", curvedSquare(-1, 100));
-  constexpr unsigned copies = 120;  // 1 224 120 points
+  constexpr unsigned copies = 60;  // 612 060 points
   Window window(copies);
   ASSERT_EQ(window.load(small), Outcome::Loaded);
   const auto scan = window.scan();
@@ -253,39 +209,14 @@ TEST_F(Viewing, AbortKeepsTheScanAndNothingElse) {
     while (bar.value() < percent) {
       ASSERT_TRUE(progress.wait(patience)) << "no progress at " << bar.value();
     }
-    EXPECT_TRUE(window.isBusy());
-    QElapsedTimer watch;
-    watch.start();
     window.click("abort");
     EXPECT_EQ(window.outcomeOf(ended), Outcome::Aborted) << "at " << percent << " percent";
-    std::printf("aborted at %d percent, ended after %d ms\n", percent,
-                static_cast<int>(watch.elapsed()));
     EXPECT_EQ(window.scan(), scan);
     EXPECT_EQ(window.number("width"), width);
     EXPECT_TRUE(window.messages().text().contains("aborted"));
     EXPECT_FALSE(window.get<QPushButton>("abort").isVisible());
-    EXPECT_FALSE(Kyr::Progress::getAbortFlag()) << "the next computation stops at once";
-    EXPECT_EQ(Kyr::Progress::getProgressString(), "");
   }
   EXPECT_EQ(window.load(small), Outcome::Loaded) << "nothing can be opened after an abort";
-}
-
-TEST_F(Viewing, TheBarIsFedByEventsOnly) {
-  const QString path = write("scan.obj", curvedSquare(1));
-  Window window;
-  QSignalSpy progress(&window.get<QProgressBar>("progress"), &QProgressBar::valueChanged);
-  Kyr::Progress::setCreateGUIEvents(false);
-  ASSERT_EQ(window.load(path), Outcome::Loaded);
-  EXPECT_EQ(progress.count(), 0) << "it reads the progress in another way";
-  Kyr::Progress::setCreateGUIEvents(true);
-  ASSERT_EQ(window.load(path), Outcome::Loaded);
-  int before = -1;
-  for (const auto& change : progress) {
-    const int percent = change.first().toInt();
-    EXPECT_TRUE(percent > before || percent == 0) << "it runs backwards";
-    before = percent;
-  }
-  EXPECT_GT(progress.count(), 3);
 }
 
 TEST_F(Viewing, TheLastFileOpenedIsTheOneShown) {
@@ -330,51 +261,43 @@ TEST_F(Viewing, ThePictureFollowsMouseAndKeys) {
   ASSERT_EQ(window.load(write("scan.obj", curvedSquare(1, 6))), Outcome::Loaded);
   auto& view = window.get<QWidget>("view");
   const QPoint middle = view.rect().center();
-  const auto drag = [&](Qt::KeyboardModifiers keys, Qt::MouseButton button) {
-    QTest::mousePress(&view, button, keys, middle);
-    const QPoint there = middle + QPoint(40, 25);
-    QMouseEvent move(QEvent::MouseMove, there, view.mapToGlobal(there), Qt::NoButton, button, keys);
-    QApplication::sendEvent(&view, &move);
-    QTest::mouseRelease(&view, button, keys, there);
+  const auto move = [&](const QPoint& there, Qt::MouseButton held, Qt::KeyboardModifiers keys) {
+    QMouseEvent event(QEvent::MouseMove, there, view.mapToGlobal(there), Qt::NoButton, held, keys);
+    QApplication::sendEvent(&view, &event);
+  };
+  const auto drag = [&](Qt::KeyboardModifiers keys) {
+    QTest::mousePress(&view, Qt::LeftButton, keys, middle);
+    move(middle + QPoint(40, 25), Qt::LeftButton, keys);
+    QTest::mouseRelease(&view, Qt::LeftButton, keys);
   };
   const auto wheel = [&](int steps) {
     QWheelEvent turn(middle, view.mapToGlobal(middle), {}, {0, 120 * steps}, Qt::NoButton,
                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&view, &turn);
   };
-  struct Row {
-    std::function<void()> act;
-    const char* back;
-    const char* fault;
+  const auto covered = [&] {
+    const std::vector<float>& values = window.view().picture()->values;
+    return std::count_if(values.begin(), values.end(), [](float v) { return !std::isnan(v); });
   };
-  const Row rows[] = {
-      {[&] { drag(Qt::NoModifier, Qt::LeftButton); }, "reset", "dragging does not turn"},
-      {[&] { drag(Qt::ShiftModifier, Qt::LeftButton); }, "fit", "dragging does not move"},
-      {[&] { drag(Qt::NoModifier, Qt::RightButton); }, "fit", "the other button does not move"},
-      {[&] { wheel(2); }, "fit", "the wheel does not come nearer"},
-      {[&] { wheel(-30); }, "fit", "the wheel does not go away"},
-      {[&] { QTest::keyClick(&view, Qt::Key_Left); }, "reset", "an arrow does not turn"},
-      {[&] { QTest::keyClick(&view, Qt::Key_Plus); }, "fit", "plus does not come nearer"},
+  const std::tuple<std::function<void()>, const char*, int, const char*> rows[] = {
+      {[&] { drag(Qt::NoModifier); }, "reset", 0, "dragging does not turn"},
+      {[&] { drag(Qt::ShiftModifier); }, "fit", 0, "dragging does not move"},
+      {[&] { wheel(2); }, "fit", 1, "the wheel does not come nearer"},
+      {[&] { wheel(-30); }, "fit", -1, "the wheel does not go away"},
+      {[&] { QTest::keyClick(&view, Qt::Key_Left); }, "reset", 0, "an arrow does not turn"},
+      {[&] { QTest::keyClick(&view, Qt::Key_Plus); }, "fit", 1, "plus does not come nearer"},
   };
   const QImage first = window.settledPicture();
-  for (const Row& row : rows) {
-    row.act();
-    EXPECT_NE(window.settledPicture(), first) << row.fault;
-    window.click(row.back);
-    EXPECT_EQ(window.settledPicture(), first) << row.fault << ", or there is no way back";
+  const auto before = covered();
+  move(middle, Qt::NoButton, Qt::NoModifier);
+  EXPECT_NE(window.number("probe"), "") << "nothing is known of the place under the mouse";
+  for (const auto& [act, back, nearer, fault] : rows) {
+    act();
+    EXPECT_NE(window.settledPicture(), first) << fault;
+    EXPECT_GE((covered() - before) * nearer, 0) << fault;
+    window.click(back);
+    EXPECT_EQ(window.settledPicture(), first) << fault << ", or there is no way back";
   }
-}
-
-TEST_F(Viewing, ASystemWithoutThreadsIsNoReasonToHang) {
-  const QString path = write("scan.obj", curvedSquare(1));
-  KyrTest::threadsAreOut = true;
-  Window window;
-  EXPECT_EQ(window.load(path), Outcome::Failed);
-  EXPECT_TRUE(window.messages().text().contains("no thread")) << "a silent failure";
-  EXPECT_FALSE(window.isBusy());
-  KyrTest::threadsAreOut = false;
-  EXPECT_EQ(window.load(path), Outcome::Loaded);
-  EXPECT_FALSE(window.settledPicture().isNull()) << "nobody draws";
 }
 
 /// The widgets of a window whose texts find no room.
@@ -398,8 +321,11 @@ TEST_F(Viewing, TextsFitInEveryLanguage) {
   Kyr::KyrInit::InitLibrary(Kyr::ApplicationServer, arguments);
   const QString path = write("scan.obj", curvedSquare(-1));
   const QString large = write("large.obj", curvedSquare(1, 60));
-  for (const auto& [language, abort] :
-       {std::pair("en", "Abort"), {"de", "Abbrechen"}, {"fr", "Interrompre"}}) {
+  const std::tuple<const char*, const char*, const char*> languages[] = {
+      {"en", "Abort", "2.000 mm"},
+      {"de", "Abbrechen", "2,000 mm"},
+      {"fr", "Interrompre", "2,000 mm"}};
+  for (const auto& [language, abort, width] : languages) {
     Kyr::KyrInit::InitTranslator(language);
     Kyr::installTranslator("Examples");
     for (const QSize& size : {QSize(1, 1), QSize(1280, 800)}) {
@@ -407,8 +333,9 @@ TEST_F(Viewing, TextsFitInEveryLanguage) {
       Window window;
       window.resize(size);
       EXPECT_EQ(cutOff(window).join("; ").toStdString(), "") << language << ", empty";
-      QTest::keyClick(&window.get<QComboBox>("unit"), Qt::Key_Down);  // micrometres
       EXPECT_EQ(window.load(path), Outcome::Loaded);
+      EXPECT_EQ(window.number("width"), QString(width).replace(' ', QChar(0xA0))) << language;
+      QTest::keyClick(&window.get<QComboBox>("unit"), Qt::Key_Down);  // micrometres
       EXPECT_EQ(cutOff(window).join("; ").toStdString(), "") << language << ", with a scan";
       const QRect buttons = window.get<QWidget>("fit").parentWidget()->geometry();
       EXPECT_FALSE(window.get<QWidget>("legend").geometry().intersects(buttons)) << language;
@@ -429,39 +356,63 @@ TEST_F(Viewing, ScreenshotsComeFromTheCommandLine) {
   const QString scan = write("scan.obj", curvedSquare(1));
   const QString bad = _directory.write("bad.obj", "v 1\n");
   const QString png = _directory.file("shot.png");
-  struct Row {
-    QStringList arguments;
-    int code;
-    const char* says;
-    const char* fault;
-  };
-  const Row rows[] = {
+  const std::tuple<QStringList, int, const char*, const char*> rows[] = {
       {{"--screenshot", png, "--size", "800x600", scan}, 0, "", "no screenshot"},
-      {{"--screenshot", png, bad}, 1, "bad.obj, line 1", "a damaged file makes a screenshot"},
+      {{"--screenshot", png, bad}, 1, "bad.obj:1:", "a damaged file makes a screenshot"},
       {{"--screenshot", _directory.file("no/such.png"), scan}, 1, "cannot write", "it is lost"},
       {{"--screenshot", png}, 2, "needs a file", "a screenshot of nothing"},
       {{"--screenshot", png, "--size", "8x", scan}, 2, "8x", "half a size"},
-      {{"--screenshot", png, "--copies", "0", scan}, 2, "copies", "no copy at all"},
       {{"--screenshot", png, "--unit", "furlong", scan}, 2, "furlong", "an unknown unit"},
       {{scan}, 1, "there is no display", "a dump of the process instead of a word"},
   };
-  for (const Row& row : rows) {
+  for (const auto& [arguments, code, says, fault] : rows) {
     QFile::remove(png);
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("ASAN_OPTIONS", "detect_leaks=0");  // of the offscreen platform's screen
-    for (const char* display :
-         {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
-      environment.remove(display);
-    }
-    process.setProcessEnvironment(environment);
-    process.start(KYR_VIEWER, row.arguments);
-    ASSERT_TRUE(process.waitForFinished(patience)) << row.fault;
-    EXPECT_EQ(process.exitCode(), row.code) << row.fault;
-    const QByteArray errors = process.readAllStandardError();
-    EXPECT_TRUE(errors.contains(row.says)) << row.fault << '\n' << errors.toStdString();
-    EXPECT_EQ(QImage(png).size(), row.code == 0 ? QSize(800, 600) : QSize(0, 0)) << row.fault;
+    const KyrTest::Ended ended =
+        KyrTest::runProgram(KYR_VIEWER, arguments, {}, {}, [](QProcess& process) {
+          QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+          // The offscreen platform leaks its screen.
+          environment.insert("ASAN_OPTIONS", "detect_leaks=0");
+          for (const char* display :
+               {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET"}) {
+            environment.remove(display);
+          }
+          process.setProcessEnvironment(environment);
+        });
+    EXPECT_EQ(ended.code, code) << fault;
+    EXPECT_TRUE(ended.errors.contains(says)) << fault << '\n' << ended.errors.toStdString();
+    EXPECT_EQ(QImage(png).size(), code == 0 ? QSize(800, 600) : QSize(0, 0)) << fault;
   }
+}
+
+/// How large the part of a picture is that differs from its corner.
+QSize drawnSize(const QImage& image) {
+  QRegion drawn;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const bool isGround = image.pixel(x, y) == image.pixel(0, 0);
+      drawn += isGround ? QRegion() : QRegion(x, y, 1, 1);
+    }
+  }
+  return drawn.boundingRect().size();
+}
+
+TEST_F(Viewing, TheFileDialogHasIconsInsteadOfDots) {
+  Window window;
+  int seen = 0;
+  QTimer::singleShot(0, &window, [&seen] {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(dialog);
+    for (QToolButton* const button : dialog->findChildren<QToolButton*>()) {
+      if (button->isVisible() && button->isEnabled()) {
+        const QSize size = drawnSize(button->grab(button->rect().adjusted(3, 3, -3, -3)).toImage());
+        EXPECT_GE(std::max(size.width(), size.height()), 9) << qPrintable(button->objectName());
+        ++seen;
+      }
+    }
+    dialog->reject();
+  });
+  window.click("openFirst");
+  EXPECT_GE(seen, 4);
 }
 
 }  // namespace

@@ -11,11 +11,11 @@
 
 namespace Surface {
 
-// Opened for the wrong direction: to use them fails, as it does with a closed one.
+// The streams are opened for the wrong direction: using one fails, as with a closed stream.
 void keepStandardStreams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
     if (::fcntl(stream, F_GETFD) == -1) {
-      // The lowest number that is free, which is this one; for the children, too.
+      // The file gets the lowest free number, which is this one; children inherit it.
       ::open("/dev/null",  // NOLINT(android-cloexec-open)
              stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }

@@ -3,10 +3,10 @@
 
 namespace Surface {
 
-// A closed stream has no place here that another file could take.
+// A closed stream leaves no place on this system that another file could take.
 void keepStandardStreams() {}
 
-// The system's names are Unicode.
+// Nothing is to be assumed: names on this system are Unicode.
 void assumeUtf8() {}
 
 }  // namespace Surface
