@@ -20,13 +20,23 @@ endfunction()
 kyr_compiler_dll(KYR_GCC_DLL libgcc_s_dw2-1.dll)
 kyr_compiler_dll(KYR_STDCXX_DLL libstdc++-6.dll)
 kyr_compiler_dll(KYR_THREADS_DLL libwinpthread-1.dll)
-set(KYR_RUNTIME_DLLS $<TARGET_FILE:Qt5::Core>
-  "${KYR_ZLIB_DLL}" "${KYR_GCC_DLL}" "${KYR_STDCXX_DLL}" "${KYR_THREADS_DLL}")
+# The compiler's DLLs are five times as large with the debug information that Debian leaves in them.
+set(KYR_STRIPPED "${PROJECT_BINARY_DIR}/runtime")
+set(KYR_RUNTIME_DLLS $<TARGET_FILE:Qt5::Core> "${KYR_ZLIB_DLL}")
+foreach(dll IN ITEMS "${KYR_GCC_DLL}" "${KYR_STDCXX_DLL}" "${KYR_THREADS_DLL}")
+  cmake_path(GET dll FILENAME name)
+  add_custom_command(OUTPUT "${KYR_STRIPPED}/${name}"
+    COMMAND "${CMAKE_COMMAND}" -E make_directory "${KYR_STRIPPED}"
+    COMMAND "${CMAKE_STRIP}" --strip-debug -o "${KYR_STRIPPED}/${name}" "${dll}"
+    DEPENDS "${dll}" VERBATIM)
+  list(APPEND KYR_RUNTIME_DLLS "${KYR_STRIPPED}/${name}")
+endforeach()
 
 add_custom_target(kyr_runtime_dlls ALL
   COMMAND "${CMAKE_COMMAND}" -E make_directory "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
   COMMAND "${CMAKE_COMMAND}" -E copy_if_different
           ${KYR_RUNTIME_DLLS} "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+  DEPENDS ${KYR_RUNTIME_DLLS}
   COMMENT "Putting the runtime's DLLs beside the programs" VERBATIM)
 add_dependencies(Kyr kyr_runtime_dlls)
 install(FILES ${KYR_RUNTIME_DLLS} DESTINATION "${CMAKE_INSTALL_BINDIR}")

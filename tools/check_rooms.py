@@ -1,17 +1,18 @@
 #!/usr/bin/env python3
 """Holds the includes of the library against the rooms that it declares.
 
-Each room's CMakeLists.txt says with kyr_room(NAME ... NEEDS ... TAKES ...) what it is made of, and
-which rooms and single headers it may include. A public header includes what its functions are
-called with, and kyr/Kyr.h includes all public headers. Prints one line for each breach and ends
-with 1 if there is any.
+Each room's CMakeLists.txt says with kyr_room(NAME ... NEEDS ... OFFERS ...) what it is made of,
+which rooms it may include, and which of its private headers others may; what is declared is used,
+and the table of rooms in docs/ARCHITECTURE.md tells the same needs.
+A public header includes what its functions are called with, where its room may, and kyr/Kyr.h
+includes all public headers. Prints one line for each breach and ends with 1 if there is any.
 """
 import argparse
 import re
 import sys
 from pathlib import Path
 
-LISTS = ("SOURCES", "POSIX", "WINDOWS", "NEEDS", "TAKES")
+LISTS = ("SOURCES", "POSIX", "WINDOWS", "ENGINES", "NEEDS", "OFFERS")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 CLASS = r"^(?:class|struct) (?:KYR_\w+(?:\(.*?\))? )*(\w+)"
 DEFINED = re.compile(CLASS + r"(?: : .*)?\s*\{", re.M)
@@ -33,7 +34,9 @@ class Room:
                 part.append(word)
 
     def listed(self):
-        return self.parts["SOURCES"] + self.parts["POSIX"] + self.parts["WINDOWS"]
+        engines = [f"engines/{start}{name}_pieces.cpp"
+                   for name in self.parts["ENGINES"] for start in ("", "no_")]
+        return self.parts["SOURCES"] + self.parts["POSIX"] + self.parts["WINDOWS"] + engines
 
 
 def read_rooms(library):
@@ -115,37 +118,62 @@ def check_library_include(place, room, allowed, path, bracket, name, library):
         yield f'{place}: includes "{name}"; write <kyr/room/...>'
     elif parts[0] == "kyr" and not (library / "/".join(parts[1:])).is_file():
         yield f"{place}: includes {name}, which does not exist"
-    elif (parts[0] == "kyr" and parts[1] != room.name and parts[1] not in allowed
-          and "/".join(parts[1:]) not in room.parts["TAKES"]):
+    elif parts[0] == "kyr" and parts[1] != room.name and parts[1] not in allowed:
         yield f"{place}: includes room {parts[1]}, which {room.name} does not need"
     if name.endswith("_p.h") and path.suffix == ".h" and not path.name.endswith("_p.h"):
         yield f"{place}: a public header includes the private {name}"
 
 
-def check_takes(rooms, library):
-    """What a room takes is public and leads to no other room than the room's own includes do."""
+def includes_between_rooms(rooms):
+    """Room, place, room and header of each include of another room's header."""
     for room in rooms.values():
-        allowed = {room.name, *reach(rooms, room.name)}
-        for name in room.parts["TAKES"]:
-            path = library / name
-            if not path.is_file() or path.name.endswith("_p.h"):
-                yield f"{room.folder}/CMakeLists.txt: takes {name}, which is no public header"
-                continue
-            for number, _, included in includes(path):
-                parts = included.split("/")
-                if parts[0] == "kyr" and parts[1] not in allowed:
-                    yield (f"{path}:{number}: includes room {parts[1]}, though {room.name}, "
-                           "which takes this header, may not")
+        for path in sorted([*room.folder.rglob("*.h"), *room.folder.rglob("*.cpp")]):
+            for number, _, name in includes(path):
+                parts = name.split("/")
+                if parts[0] == "kyr" and parts[1] in rooms and parts[1] != room.name:
+                    yield room, f"{path}:{number}", rooms[parts[1]], "/".join(parts[2:])
 
 
-def check_public_headers(library):
-    """Whoever includes one can call all that it offers; whoever includes kyr/Kyr.h has them all."""
+def check_use(rooms):
+    """Other rooms see the private headers that are offered; what is needed or offered is used."""
+    needed, taken = set(), set()
+    for room, place, other, header in includes_between_rooms(rooms):
+        needed.add((room.name, other.name))
+        taken.add((other.name, header))
+        if header.endswith("_p.h") and header not in other.parts["OFFERS"]:
+            yield f"{place}: includes {header}, which {other.name} does not offer"
+    for room in rooms.values():
+        place = room.folder / "CMakeLists.txt"
+        for need in room.parts["NEEDS"]:
+            if (room.name, need) not in needed:
+                yield f"{place}: {room.name} needs {need}, but includes none of its headers"
+        for header in room.parts["OFFERS"]:
+            if not header.endswith("_p.h"):
+                yield f"{place}: {room.name} offers {header}, which is no private header"
+            elif (room.name, header) not in taken:
+                yield f"{place}: {room.name} offers {header}, which no other room includes"
+
+
+def check_table(rooms, table):
+    """The table of rooms in the architecture says the same needs."""
+    told = dict(re.findall(r"^\| `(\w+)` \| .* \| ([\w, –]+) \|$", table.read_text(), re.M))
+    for room in rooms.values():
+        needs = ", ".join(room.parts["NEEDS"]) or "–"
+        if told.get(room.name) != needs:
+            yield f"{table}: the row of {room.name} does not end with its needs: {needs}"
+
+
+def check_public_headers(rooms, library):
+    """Whoever includes one can call all that it offers, except with a class of a room further up;
+    whoever includes kyr/Kyr.h has them all."""
     headers = [path for path in sorted(library.glob("*/*.h")) if not path.name.endswith("_p.h")]
     texts = {path.relative_to(library).as_posix(): path.read_text() for path in headers}
     places = {name: header for header, text in texts.items() for name in DEFINED.findall(text)}
     for header, text in texts.items():
+        room = header.split("/")[0]
+        visible = {room, *reach(rooms, room)} if room in rooms else set()
         for name in DECLARED.findall(text):
-            if places.get(name, header) != header:
+            if places.get(name, header) != header and places[name].split("/")[0] in visible:
                 yield f"{library / header}: only declares {name}; include <kyr/{places[name]}>"
     everything = library / "Kyr.h"
     if everything.is_file():
@@ -171,12 +199,17 @@ def check_library(rooms, library):
         yield f"headers include each other in a circle: {' -> '.join(loop)}"
 
 
+# A program that a process of the library starts and talks to, and the header of what they say.
+PARTNERS = {"tools/kyr-backtrace": "kyr/crash/backtrace_request_p.h"}
+
+
 def check_users(root):
     """Programs on top of the library see its public headers only."""
     for folder in ("examples", "tools"):
         for path in sorted([*(root / folder).rglob("*.h"), *(root / folder).rglob("*.cpp")]):
             for number, _, name in includes(path):
-                if name.startswith("kyr/") and name.endswith("_p.h"):
+                shared = PARTNERS.get(path.parent.relative_to(root).as_posix())
+                if name.startswith("kyr/") and name.endswith("_p.h") and name != shared:
                     yield f"{path}:{number}: includes the library's private {name}"
 
 
@@ -186,8 +219,9 @@ def main():
     root = arguments.parse_args().root
     library = root / "src/base/kyr"
     rooms = read_rooms(library)
-    breaches = [*check_declarations(rooms), *check_takes(rooms, library),
-                *check_library(rooms, library), *check_public_headers(library), *check_users(root)]
+    breaches = [*check_declarations(rooms), *check_use(rooms), *check_library(rooms, library),
+                *check_table(rooms, root / "docs/ARCHITECTURE.md"),
+                *check_public_headers(rooms, library), *check_users(root)]
     if not rooms:
         breaches.append(f"{library}: there are no rooms")
     for breach in breaches:

@@ -50,6 +50,10 @@ if(system STREQUAL Windows)
   list(APPEND files bin/libKyr.dll bin/Qt5Core.dll ${libdir}/libKyr.dll.a)
 else()
   list(APPEND files ${libdir}/libKyr.so ${libdir}/libKyr.so.6)
+  if(tool)
+    list(APPEND files share/man/man1/kyr.1 share/bash-completion/completions/kyr
+      share/zsh/site-functions/_kyr)
+  endif()
 endif()
 foreach(file IN LISTS files)
   if(NOT EXISTS "${root}/${file}")
@@ -84,6 +88,7 @@ file(GLOB_RECURSE documents "${root}/share/*.md")
 foreach(document IN LISTS documents)
   cmake_path(GET document PARENT_PATH folder)
   file(READ "${document}" text)
+  string(REGEX REPLACE "\n```[^`]+\n```" "" text "${text}")  # in code, arguments may follow brackets
   string(REPLACE "](" "\n@" text "${text}")  # a single bracket would confuse lists
   string(REGEX MATCHALL "\n@[^#)\n]+" links "${text}")
   foreach(link IN LISTS links)

@@ -1,20 +1,83 @@
 /// \file
-/// What tests of several rooms share.
+/// What tests of several rooms share, with GoogleTest and what many of them need of the standard
+/// library, of Qt and of this one: tests have all of it compiled in advance.
 #pragma once
 
+#include <kyr/core/KyrException.h>
+#include <kyr/core/KyrPlatform.h>
+#include <kyr/core/KyrProgError.h>
+#include <kyr/core/KyrStructVector.h>
+#include <kyr/os/KyrOS.h>
 #include <kyr/sync/KyrMutex.h>
 
-#include <QByteArray>
-#include <QString>
+#include <gtest/gtest.h>
 
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cmath>
 #include <condition_variable>
+#include <csignal>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
 #include <functional>
+#include <iostream>
+#include <limits>
+#include <list>
+#include <map>
 #include <memory>
 #include <mutex>
+#include <new>
+#include <optional>
+#include <random>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <thread>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+/// Leaves a test out where a sanitizer does the opposite of what it is about.
+#if defined(KYR_ADDRESS_SANITIZER)
+#define KYR_SKIP_ADDRESS_SANITIZER(reason) GTEST_SKIP() << (reason)
+#else
+#define KYR_SKIP_ADDRESS_SANITIZER(reason) static_cast<void>(0)
+#endif
+#if defined(KYR_THREAD_SANITIZER)
+#define KYR_SKIP_SANITIZERS(reason) GTEST_SKIP() << (reason)
+#else
+#define KYR_SKIP_SANITIZERS(reason) KYR_SKIP_ADDRESS_SANITIZER(reason)
+#endif
 
 namespace KyrTest {
+
+using Bytes = Kyr::StructVector<unsigned char>;
+
+/// The bytes of an array, as the library's packers take them.
+Bytes bytesOf(const QByteArray& array);
+
+/// The bytes of a vector as an array.
+template <class Vector>
+QByteArray arrayOf(const Vector& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size())};
+}
 
 /// A directory of the test's own, removed with its contents at the end.
 class TempDir {
@@ -32,6 +95,10 @@ class TempDir {
  private:
   QString _path;
 };
+
+/// Makes a file of these bytes and gives its path; fails the running test when it cannot be
+/// written.
+QString writeFile(const QString& path, const QByteArray& bytes);
 
 /// The whole content of a file; fails the running test when it cannot be read.
 QByteArray readFile(const QString& path);
@@ -52,12 +119,13 @@ Stream pipeStream(const QByteArray& bytes);
 /// The path of a device that can be opened but has no space; empty where there is none.
 QString fullDevice();
 
-/// From now on writes of this process, and of programs that it becomes, take nothing and call that
-/// no failure; but for up to 1000 bytes to a standard stream.
+/// Makes all later writes of this process, and of programs that it becomes, take nothing without a
+/// failure; up to 1000 bytes to a standard stream are taken.
 /// \return false where the system has no such thing
 bool takeNothing();
 
-/// A moment for which one thread waits and which another opens. Never a sleep.
+/// A moment for which one thread waits and which another opens; a test waits by it, never by a
+/// sleep.
 class Gate {
  public:
   void open();
@@ -70,6 +138,11 @@ class Gate {
   std::condition_variable _opened;
   bool _open = false;
 };
+
+/// Whether \a action waits for what does not come: it runs in a thread of its own, which stays
+/// behind when the action has not ended after a fifth of a second. A machine that is too busy says
+/// yes as well, so expect yes.
+bool hangs(std::function<void()> action);
 
 /// How a child process ended.
 struct Ended {
@@ -89,8 +162,15 @@ struct Ended {
 /// every run; and nothing that it changes, captured or global, comes back.
 Ended inChild(const std::function<void()>& action);
 
-/// Leaves the process without another large block of memory, until it is called with false. For
-/// processes that end soon.
+/// Runs a program to its end; fails the running test when it does not come within a minute.
+/// \param folder where it runs, if not here
+/// \param input what its standard input holds
+/// \param prepare changes the process before it is started
+Ended runProgram(const QString& program, const QStringList& words, const QString& folder = {},
+                 const QByteArray& input = {}, const std::function<void(QProcess&)>& prepare = {});
+
+/// Takes care that the process gets no further large block of memory, until it is called with
+/// false. For processes that end soon.
 void limitMemory(bool limited);
 
 /// Whether the child ended by the deliberate fault of an internal program error, with exactly

@@ -1,16 +1,10 @@
 #include "support/Support.h"
 #include "support/support_p.h"
 
-#include <kyr/core/KyrException.h>
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <clocale>
+#include <future>
 
 namespace KyrTest {
 
@@ -26,7 +20,11 @@ TempDir::~TempDir() {
 }
 
 QString TempDir::write(const QString& name, const QByteArray& bytes) const {
-  QFile created(file(name));
+  return writeFile(file(name), bytes);
+}
+
+QString writeFile(const QString& path, const QByteArray& bytes) {
+  QFile created(path);
   EXPECT_TRUE(created.open(QIODevice::WriteOnly)) << created.errorString().toStdString();
   EXPECT_EQ(created.write(bytes), bytes.size());
   return created.fileName();
@@ -38,6 +36,13 @@ QByteArray readFile(const QString& path) {
   return opened.readAll();
 }
 
+Bytes bytesOf(const QByteArray& array) {
+  Bytes bytes;
+  bytes.append(reinterpret_cast<const unsigned char*>(array.constData()),
+               static_cast<std::size_t>(array.size()));
+  return bytes;
+}
+
 std::string failure(const std::function<void()>& action) {
   try {
     action();
@@ -45,6 +50,16 @@ std::string failure(const std::function<void()>& action) {
     return error.what();
   }
   return {};
+}
+
+bool hangs(std::function<void()> action) {
+  const auto ended = std::make_shared<std::promise<void>>();
+  std::thread([ended, action = std::move(action)] {
+    action();
+    ended->set_value();
+  }).detach();
+  return ended->get_future().wait_for(std::chrono::milliseconds(200)) ==
+         std::future_status::timeout;
 }
 
 void Gate::open() {
@@ -58,6 +73,22 @@ bool Gate::await(const char* moment) {
   const bool opened = _opened.wait_for(lock, std::chrono::seconds(30), [this] { return _open; });
   EXPECT_TRUE(opened) << "never came: " << moment;
   return opened;
+}
+
+Ended runProgram(const QString& program, const QStringList& words, const QString& folder,
+                 const QByteArray& input, const std::function<void(QProcess&)>& prepare) {
+  QProcess process;
+  process.setWorkingDirectory(folder);
+  if (prepare) {
+    prepare(process);
+  }
+  process.start(program, words);
+  process.write(input);
+  process.closeWriteChannel();
+  EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
+  const bool exited = process.exitStatus() == QProcess::NormalExit;
+  return {exited, exited ? process.exitCode() : -1, !exited, process.readAllStandardOutput(),
+          process.readAllStandardError()};
 }
 
 std::string reportProblem(const Ended& ended, const std::string& report) {

@@ -1,9 +1,9 @@
 #!/bin/sh
 # Debian's packages: what is missing and its installation. Read by ./dev.
 
-build_packages='g++ ccache cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n zlib1g-dev libdw-dev'
-test_packages="$build_packages libgtest-dev glmark2-data libarchive-tools lldb-14 locales pkg-config python3"
-bench_packages="$build_packages libarchive-dev libbenchmark-dev libboost-dev libboost-iostreams-dev libssl-dev libtbb-dev glmark2-data"
+build_packages='g++ ccache cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n zlib1g-dev libdw-dev libisal-dev libdeflate-dev'
+test_packages="$build_packages libgtest-dev glmark2-data libarchive-tools lldb-14 locales pkg-config python3 units"
+bench_packages="$build_packages libarchive-dev libbenchmark-dev libboost-dev libboost-iostreams-dev libspdlog-dev libssl-dev libtbb-dev glmark2-data"
 lint_packages='clang-14 clang-tidy-14 clang-format-14 shellcheck'
 
 # missing PACKAGE...: those that are not installed, each with a space before it.
@@ -53,4 +53,16 @@ need() {
     fail "the packages above could not be installed. Is there a network? Once it is mended:
   apt-get install$absent"
   fi
+}
+
+# What the verbs for Windows need of packages.
+windows_packages() {
+  printf 'googletest '
+  "$top/tools/windows/build_qt.sh" --packages
+  "$top/tools/windows/prepare_wine.sh" --packages
+}
+
+verb_packages() {
+  # shellcheck disable=SC2046,SC2086
+  need $test_packages $bench_packages $lint_packages $(windows_packages)
 }

@@ -29,7 +29,7 @@ verb_demo() {
 
 verb_viewer() {
   # shellcheck disable=SC2086
-  need $build_packages glmark2-data
+  need $build_packages fonts-vlgothic glmark2-data
   build 'the library and the viewer' demo --target viewer
   [ $# -gt 0 ] || set -- /usr/share/glmark2/models/bunny.obj
   exec "$top/build/demo/bin/viewer" "$@"

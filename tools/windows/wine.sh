@@ -60,6 +60,17 @@ running() {
   [ -d "$WINEPREFIX" ] && with_libraries "$WINESERVER" -k0
 }
 
+# All that a program starts inherits its error stream, consoles as well, and may outlive it: it gets
+# a file in the stream's place, so that whoever reads the stream waits for the program alone.
+run() {
+  errors=$(mktemp "$WINEPREFIX.errors.XXXXXX")
+  status=0
+  "$WINELOADER" "$@" 2>"$errors" || status=$?
+  cat "$errors" >&2
+  rm -f "$errors"
+  exit "$status"
+}
+
 # Only one of several programs that come at once starts it.
 ensure_started() {
   ! running || return 0
@@ -81,6 +92,6 @@ case ${1-} in
   *)
     ensure_started
     export LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu"
-    exec "$WINELOADER" "$@"
+    run "$@"
     ;;
 esac

@@ -1,13 +1,5 @@
 #include "support/Support.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <csignal>
-#include <cstdio>
-#include <iostream>
-#include <thread>
-
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -1,15 +1,5 @@
 #include "support/Support.h"
 
-#include <gtest/gtest.h>
-
-#include <QString>
-
-#include <array>
-#include <cstdint>
-#include <iostream>
-#include <string>
-#include <thread>
-
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
@@ -78,13 +68,13 @@ class Calls : public testing::EmptyTestEventListener {
 
 // ---- in the child ---------------------------------------------------------------------------
 
-/// What the action makes the system start lives on; were it to inherit the pipes, the parent would
-/// read for ever.
+/// Keeps a handle from processes that the action makes the system start: these live on, and if they
+/// held the pipes, the parent would read for ever.
 void keepFromOthers(HANDLE handle) {
   ::SetHandleInformation(handle, HANDLE_FLAG_INHERIT, 0);
 }
 
-// Binary: tests compare what was written, not how the runtime ends its lines.
+// The stream becomes binary: tests compare what was written, not how the runtime ends its lines.
 void redirect(int descriptor, HANDLE pipe) {
   const int opened =
       ::_open_osfhandle(reinterpret_cast<std::intptr_t>(pipe), _O_BINARY | _O_NOINHERIT);
@@ -94,8 +84,8 @@ void redirect(int descriptor, HANDLE pipe) {
   keepFromOthers(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor)));
 }
 
-/// The system would start a debugger or show a window, and Wine describes the fault at length on
-/// standard error, which is being compared.
+/// Ends the process at a fault. Otherwise the system would start a debugger or show a window, and
+/// Wine would describe the fault on standard error, which the test compares.
 LONG CALLBACK endAtOnce(EXCEPTION_POINTERS* fault) {
   ::TerminateProcess(::GetCurrentProcess(), fault->ExceptionRecord->ExceptionCode);
   return EXCEPTION_EXECUTE_HANDLER;
@@ -109,7 +99,8 @@ LONG CALLBACK endAtOnce(EXCEPTION_POINTERS* fault) {
   // Wine hands the process's standard error, inherited or not, to the desktop that it starts for
   // the first window, and the desktop stays for as long as the parent, which reads to its end.
   ::SetStdHandle(STD_ERROR_HANDLE, nullptr);
-  // This runtime buffers what is no console, and a process that faults would lose it.
+  // This runtime buffers a stream that is no console, and a process that faults would lose the
+  // rest.
   std::setvbuf(stderr, nullptr, _IONBF, 0);
   ::SetUnhandledExceptionFilter(&endAtOnce);
   ::SetEvent(order.reached);
@@ -117,7 +108,7 @@ LONG CALLBACK endAtOnce(EXCEPTION_POINTERS* fault) {
   action();
   std::cout.flush();
   std::fflush(nullptr);
-  // Not ExitProcess(): the library would still destroy its static objects.
+  // ExitProcess() would let the library destroy its static objects.
   ::TerminateProcess(::GetCurrentProcess(), 0);
   std::abort();
 }
@@ -157,7 +148,7 @@ std::wstring commandLine() {
          std::wstring(name.begin(), name.end());
 }
 
-/// Starts this program again for the running test, with what it says before the call unheard.
+/// Starts this program again for the running test; what it prints before the call is dropped.
 /// \return the process; null when it cannot be started
 HANDLE startAgain(const Order& order, SECURITY_ATTRIBUTES* inherited) {
   STARTUPINFOW startup{};
@@ -183,7 +174,7 @@ Ended describe(HANDLE process) {
   ::GetExitCodeProcess(process, &code);
   ::CloseHandle(process);
   Ended ended;
-  ended.exited = code < STATUS_GUARD_PAGE_VIOLATION;  // the first of the codes of exceptions
+  ended.exited = code < STATUS_GUARD_PAGE_VIOLATION;  // exceptions have this code or a higher one
   ended.code = ended.exited ? static_cast<int>(code) : -1;
   ended.faulted = code == STATUS_ACCESS_VIOLATION;
   return ended;

@@ -1,14 +1,6 @@
 #include "support/Support.h"
 #include "support/support_p.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-
-#include <array>
-#include <cstddef>
-#include <iterator>
-
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>

@@ -1,14 +1,6 @@
 #include "support/Support.h"
 #include "support/support_p.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
-
-#include <array>
-#include <cstring>
-#include <vector>
-
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
@@ -17,7 +9,7 @@ namespace KyrTest {
 
 namespace {
 
-/// Streams that nobody uses now: a new file takes milliseconds, and some tests want thousands.
+/// Streams for the next use: a new file takes milliseconds, and some tests want thousands.
 std::vector<std::FILE*> idle;
 
 int recycle(std::FILE* stream) {
@@ -27,7 +19,7 @@ int recycle(std::FILE* stream) {
   return 0;
 }
 
-// Not tmpfile(), which wants to write to the root of the drive.
+// tmpfile() would want to write to the root of the drive.
 std::FILE* newFile() {
   static int count = 0;
   const QString name = QString("/kyr-test-%1-%2").arg(::GetCurrentProcessId()).arg(++count);
@@ -61,8 +53,8 @@ bool takeNothing() {
   return false;
 }
 
-// There is no limit to lower. But an address space of 32 bits is soon taken, and no memory
-// stands behind what is only reserved.
+// This system has no limit to lower. An address space of 32 bits is soon reserved whole, for which
+// the system sets no memory aside.
 void limitMemory(bool limited) {
   static std::vector<void*> taken;
   for (void* const block : taken) {
