@@ -134,12 +134,14 @@ void behindFork(bool inChild) noexcept {
   listMutex.unlock();
 }
 
-bool prepareProcess() {
+/// Done when the library is loaded: a fork beside the first journal would leave this half done in
+/// the child, whose own first journal would wait for it for ever.
+[[maybe_unused]] const bool isPrepared = [] {
   std::atexit(&Journals::flushForEnd);
   Platform::callAroundForks(
       &beforeFork, [] { behindFork(false); }, [] { behindFork(true); });
   return true;
-}
+}();
 
 }  // namespace
 
@@ -153,8 +155,7 @@ void Journals::flushForEnd() noexcept {
 
 JournalWriter::JournalWriter(const QString& fileName, const JournalOptions& options)
     : _fileName(fileName), _file(fileName, options) {
-  static const bool isPrepared = prepareProcess();
-  _isListed = isPrepared && enlist(this);
+  _isListed = enlist(this);
 }
 
 JournalWriter::~JournalWriter() {

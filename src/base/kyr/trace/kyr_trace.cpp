@@ -147,16 +147,16 @@ class TraceWriter {
   static bool send(const char* bytes, std::size_t count) KYR_REQUIRES(fileMutex);
   static void giveUp() noexcept KYR_REQUIRES(fileMutex);
   static void complete(int wait) noexcept;
-  static void watch();
   static void beforeFork() noexcept;
   static void afterFork() noexcept;
   static void inChild() noexcept;
+
+  static const bool isPrepared;
 };
 
 void TraceWriter::begin(const QString& pattern) {
   const QString name = QString(pattern).replace("%p", QString::number(OS::getPID()));
   Platform::expectName(cannotWrite, name);
-  watch();
   const QByteArray program =
       OS::convertSeparatorsToUnix(OS::getExecutable()).section('/', -1).toUtf8();
   asked.object = pattern;
@@ -301,13 +301,12 @@ void TraceWriter::add(const TraceLine& line) noexcept {
   writeAllIfDue();
 }
 
-void TraceWriter::watch() {
-  static const bool watches = [] {
-    Platform::callAroundForks(&beforeFork, &afterFork, &inChild);
-    return std::atexit(&finishAtExit) == 0;
-  }();
-  static_cast<void>(watches);
-}
+// When the library is loaded: a fork beside the start of the first trace would leave the child a
+// lock that nobody frees.
+const bool TraceWriter::isPrepared = [] {
+  Platform::callAroundForks(&beforeFork, &afterFork, &inChild);
+  return std::atexit(&finishAtExit) == 0;
+}();
 
 // A child gets the locks free, and none of what its parent is still to write.
 void TraceWriter::beforeFork() noexcept KYR_NO_THREAD_SAFETY_ANALYSIS {
