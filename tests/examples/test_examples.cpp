@@ -60,7 +60,7 @@ TEST(Examples, TheBatchSavesAllOrNothing) {
     writeSeries(folder, 2, row.point);
     const KyrTest::Ended ended =
         KyrTest::runProgram(KYR_EXAMPLES "/batch", {"p1.txt", "project", "in"}, folder.path());
-    EXPECT_EQ(ended.code, row.code) << row.errors;
+    EXPECT_EQ(ended.code, row.code) << ended.errors.toStdString();
     EXPECT_TRUE(ended.output.contains(row.output)) << ended.output.toStdString();
     EXPECT_TRUE(ended.errors.contains(row.errors)) << ended.errors.toStdString();
     ZipInStream in(folder.file("project"), 1);

@@ -1,10 +1,9 @@
-// What test and example programs tell the sanitizers; other builds never call it.
-#include <kyr/core/KyrPlatform.h>
+// What every program of a build with sanitizers tells them.
 
 // The end of a QThread wakes its waiters and the destructor then deletes the condition that it
 // woke them through. Qt orders the two by a mutex that ThreadSanitizer cannot see, and so it does
 // with changes of its lists of posted events.
-extern "C" KYR_EXPORT const char* __tsan_default_suppressions() {
+extern "C" __attribute__((visibility("default"))) const char* __tsan_default_suppressions() {
   return "race:^QWaitCondition::~QWaitCondition\n"
          "called_from_lib:libQt5Core.so\n";
 }
@@ -12,6 +11,6 @@ extern "C" KYR_EXPORT const char* __tsan_default_suppressions() {
 // Threads may be alive at a fork: a repeated test forks its child while those of its last run may
 // not be quite gone. The heap answers as the C heap does when there is no memory, instead of ending
 // the process.
-extern "C" KYR_EXPORT const char* __tsan_default_options() {
+extern "C" __attribute__((visibility("default"))) const char* __tsan_default_options() {
   return "die_after_fork=0:allocator_may_return_null=1";
 }
