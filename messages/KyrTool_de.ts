@@ -577,5 +577,9 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
         <source># the trace has no end: its process died, or writes it still</source>
         <translation># die Aufzeichnung hat kein Ende: ihr Prozess starb, oder er schreibt sie noch</translation>
     </message>
+    <message>
+        <source>%1: files that are written: %2 of %3</source>
+        <translation>%1: geschriebene Dateien: %2 von %3</translation>
+    </message>
 </context>
 </TS>

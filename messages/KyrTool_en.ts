@@ -576,5 +576,9 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
         <source># the trace has no end: its process died, or writes it still</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1: files that are written: %2 of %3</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

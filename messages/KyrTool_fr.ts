@@ -577,5 +577,9 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
         <source># the trace has no end: its process died, or writes it still</source>
         <translation># la trace n&apos;a pas de fin : son processus est mort, ou l&apos;écrit encore</translation>
     </message>
+    <message>
+        <source>%1: files that are written: %2 of %3</source>
+        <translation>%1 : fichiers écrits : %2 sur %3</translation>
+    </message>
 </context>
 </TS>

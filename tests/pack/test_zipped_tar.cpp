@@ -516,4 +516,67 @@ TEST(ZippedTar, ExtractsNothingOutsideTheDirectory) {
   EXPECT_EQ(QDir(dir.path()).entryList({".kyr-save*"}, QDir::Files | QDir::Hidden).size(), 0);
 }
 
+/// What a watcher was told, until it ended the work by an exception.
+struct Watched {
+  std::uint64_t bytes = 0;
+  unsigned files = 0;
+  unsigned calls = 0;
+  QString failure;
+};
+
+Watched watch(unsigned callsUntilEnd,
+              const std::function<void(const ZippedTarReader::Watcher&)>& work) {
+  Watched told;
+  told.failure = failureOf([&] {
+    work([&](std::uint64_t bytes, unsigned files) {
+      told.bytes += bytes;
+      told.files = files;
+      if (++told.calls == callsUntilEnd) {
+        throw Kyr::Exception("enough");
+      }
+    });
+  });
+  return told;
+}
+
+TEST(ZippedTar, TellsWatchersAndEndsAtTheirWish) {
+  const QByteArray large(5000000, 'x');
+  const Bytes packed =
+      zip(entry("first", '0', "1") + entry("large", '0', large) + entry("empty", '0', "") + mark);
+  const auto read = [&](const ZippedTarReader::Watcher& watcher) {
+    EXPECT_TRUE(ZippedTarReader(packed, {}, watcher).isValid());
+  };
+  const Watched whole = watch(0, read);
+  EXPECT_EQ(whole.bytes, packed.size());
+  EXPECT_EQ(whole.files, 3U);
+  EXPECT_GT(whole.calls, 10U) << "a large file in one part";
+  const Watched ended = watch(4, read);
+  EXPECT_EQ(ended.calls, 4U) << "it went on";
+  EXPECT_EQ(ended.failure, "enough");
+  EXPECT_TRUE(ended.bytes < packed.size() && ended.files == 1);
+
+  const ZippedTarReader reader(packed);
+  const struct {
+    unsigned calls;
+    QStringList there;
+    const char* catches;
+  } rows[] = {
+      {1, {}, "a file that is written, but not in its place"},
+      {2, {"first"}, "the end of a file"},
+      {5, {"first"}, "the middle of one"},
+      {0, {"empty", "first", "large"}, "no end"},
+  };
+  for (const auto& row : rows) {
+    const TempDir dir;
+    const Watched told = watch(row.calls, [&](const ZippedTarReader::Watcher& watcher) {
+      reader.extractTo(dir.path(), OS::KeepExisting, watcher);
+    });
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name), row.there)
+        << row.catches;
+    EXPECT_EQ(told.files, static_cast<unsigned>(row.there.size())) << row.catches;
+    EXPECT_EQ(told.failure.isEmpty(), row.calls == 0) << row.catches;
+    EXPECT_TRUE(row.calls != 0 || told.bytes == 1U + static_cast<unsigned>(large.size()));
+  }
+}
+
 }  // namespace

@@ -47,7 +47,7 @@ class Terminal(unittest.TestCase):
 
     def test_ctrl_c_ends_it_and_leaves_nothing(self):
         for words in ("zip pack - new", "zip salvage - new", "zip verify -", "tar list -", "sort",
-                      "base64 encode -", "crc16 large -", "tar create new large"):
+                      "base64 encode -", "tar extract - new", "crc16 large -", "tar create new large"):
             with self.subTest(words):
                 screen = Screen(80, TOOL, *words.split(), control=True)
                 for _ in range(3000):
@@ -58,6 +58,25 @@ class Terminal(unittest.TestCase):
                 self.assertEqual(screen.end(), 130)
                 self.assertRegex(screen.text, r" ended by the user before all was done\r\n\Z")
                 self.assertEqual(os.listdir(), ["large"])
+
+    def test_ctrl_c_ends_an_extraction_between_files(self):
+        names = [f"{number:02}" for number in range(20)]
+        for name in names:
+            Path(name).touch()
+            os.truncate(name, 10**7)
+        Screen(80, TOOL, "tar", "create", "--engine=fastest", "archive", *names).end()
+        for folder in "abcd":  # the first may be quicker than the wish
+            screen = Screen(80, TOOL, "tar", "extract", "archive", folder, control=True)
+            while screen.program.poll() is None and not Path(folder, "00").exists():
+                time.sleep(0.0001)
+            os.write(screen.ours, b"\x03")
+            if screen.end() == 130:
+                break
+        written = sorted(os.listdir(folder))
+        self.assertEqual(written, names[:len(written)], "half-written files")
+        self.assertTrue(0 < len(written) < 20)
+        self.assertIn(f"archive: files that are written: {len(written)} of 20\r\n", screen.text)
+        self.assertTrue(all(os.path.getsize(f"{folder}/{name}") == 10**7 for name in written))
 
     def test_a_second_wish_to_end_leaves_nothing_hidden(self):
         os.truncate("large", 2 * 10**8)

@@ -30,7 +30,12 @@ namespace {
 
 using Bytes = Kyr::StructVector<unsigned char>;
 
-Bytes readAll(Input& input) {
+/// How long the steps take beside each other, of an archive like most; to read it is 1.
+constexpr std::uint64_t unpackWeight = 8, extractWeight = 4;
+
+/// \throws FileError, Kyr::Stopped
+Bytes readAll(const QString& name) {
+  Input input(name);
   constexpr std::size_t pieceSize = 1U << 20U;
   Bytes all;
   Bytes piece;
@@ -41,13 +46,48 @@ Bytes readAll(Input& input) {
   return all;
 }
 
+/// Reads and unpacks the archive.
+/// \throws FileError, Kyr::Stopped
 Kyr::ZippedTarReader read(const Arguments& arguments) {
   constexpr unsigned mebibyte = 1U << 20U;
   Kyr::ZippedTarLimits limits;
   const auto byDefault = static_cast<unsigned>(limits.totalSize / mebibyte);
   limits.totalSize = std::uint64_t(arguments.number("limit", 1, 1U << 20U, byDefault)) * mebibyte;
-  Input input(arguments[0]);
-  return Kyr::ZippedTarReader(readAll(input), limits);
+  const Bytes packed = readAll(arguments[0]);
+  Kyr::ProgressScope progress("unpack", packed.size(), unpackWeight);
+  return Kyr::ZippedTarReader(packed, limits, [&](std::uint64_t bytes, unsigned) {
+    progress.step(bytes);
+    Kyr::throwIfStopped();
+  });
+}
+
+std::uint64_t sizeOf(const Kyr::ZippedTarReader& reader) {
+  std::uint64_t size = 0;
+  for (unsigned i = 0; i < reader.size(); ++i) {
+    size += reader.getContents(i).size();
+  }
+  return size;
+}
+
+/// \throws FileError, Kyr::Stopped
+void extract(const Kyr::ZippedTarReader& reader, const Arguments& arguments) {
+  Kyr::ProgressScope progress("extract", sizeOf(reader), extractWeight);
+  unsigned filesDone = 0;
+  try {
+    reader.extractTo(arguments.count() > 1 ? arguments[1] : QString("."),
+                     arguments.has("force") ? Kyr::OS::ReplaceExisting : Kyr::OS::KeepExisting,
+                     [&](std::uint64_t bytes, unsigned files) {
+                       filesDone = files;
+                       progress.step(bytes);
+                       Kyr::throwIfStopped();
+                     });
+  } catch (const Kyr::Stopped&) {
+    printError(Kyr::translate("Kyr_tool", "%1: files that are written: %2 of %3")
+                   .arg(arguments[0], QString::number(filesDone), QString::number(reader.size())));
+    throw;
+  } catch (const Kyr::Exception& error) {
+    throw FileError{printable(error.getText())};
+  }
 }
 
 FileError damaged(const QString& name) {
@@ -235,6 +275,7 @@ int createFile(const Arguments& arguments) {
 }  // namespace
 
 int tarList(const Arguments& arguments) {
+  const Kyr::ProgressScope progress("list", 1 + unpackWeight);
   const Kyr::ZippedTarReader reader = read(arguments);
   if (arguments.has("json")) {
     printJson(jsonOf(arguments[0], reader));
@@ -260,18 +301,12 @@ int tarCreate(const Arguments& arguments) {
 }
 
 int tarExtract(const Arguments& arguments) {
+  const Kyr::ProgressScope progress("extract", 1 + unpackWeight + extractWeight);
   const Kyr::ZippedTarReader reader = read(arguments);
   if (!reader.isValid()) {
     throw damaged(arguments[0]);
   }
-  const bool replaces = arguments.has("force");
-  Kyr::throwIfStopped();
-  try {
-    reader.extractTo(arguments.count() > 1 ? arguments[1] : QString("."),
-                     replaces ? Kyr::OS::ReplaceExisting : Kyr::OS::KeepExisting);
-  } catch (const Kyr::Exception& error) {
-    throw FileError{printable(error.getText())};
-  }
+  extract(reader, arguments);
   report(reader.getLosses());
   return reader.getLosses().empty() ? Fine : FileAtFault;
 }

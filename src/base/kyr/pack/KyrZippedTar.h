@@ -191,12 +191,32 @@ struct ZippedTarLimits {
 ///   archive.extractTo(name);
 /// }
 /// \endcode
+///
+/// What takes long can be watched, and stopped by an exception:
+/// \code
+/// ProgressScope progress("unpack", packed.size());
+/// const ZippedTarReader watched(packed, ZippedTarLimits(), [&](std::uint64_t bytes, unsigned) {
+///   progress.step(bytes);
+///   throwIfStopped();
+/// });
+/// \endcode
 /// \threadsafety one thread at a time; any number while nobody assigns
 class KYR_EXPORT ZippedTarReader {
  public:
+  /// Is told how far a function is, on the thread that called it, several times for a large file.
+  /// An exception of it ends the function and comes out of it.
+  /// \param bytes since the last call; may be 0
+  /// \param files that are whole by now
+  using Watcher = std::function<void(std::uint64_t bytes, unsigned files)>;
+
   /// Reads all of \a data, which is not needed afterwards. Damage shows in isValid().
   explicit ZippedTarReader(const StructVector<unsigned char>& data,
                            const ZippedTarLimits& limits = ZippedTarLimits());
+  /// Reads all of \a data, as above.
+  /// \param watcher told the bytes of \a data and the files that are read; not empty
+  /// \throws what \a watcher throws, but std::bad_alloc counts as want of memory
+  ZippedTarReader(const StructVector<unsigned char>& data, const ZippedTarLimits& limits,
+                  const Watcher& watcher);
   ~ZippedTarReader();
 
   /// Whether the archive was read to the mark of its end. False when it is damaged, cut short,
@@ -241,6 +261,11 @@ class KYR_EXPORT ZippedTarReader {
   /// \param existing KeepExisting: nothing is written if one of the names is taken already
   /// \throws Exception also, and with that path at the end of its text, for a name that is taken
   void extractTo(const QString& directory, OS::Existing_t existing) const;
+  /// Writes all files, as above.
+  /// \param watcher told the bytes of content and the files that are written; not empty
+  /// \throws what \a watcher throws also; the files that it was told of are there then, as are the
+  ///         directories, and nothing of any other
+  void extractTo(const QString& directory, OS::Existing_t existing, const Watcher& watcher) const;
 
  private:
   struct File {

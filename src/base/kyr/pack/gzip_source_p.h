@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace Kyr {
@@ -17,7 +18,9 @@ class GzipSource {
  public:
   /// \param in stays the caller's and unchanged
   /// \param limit of the unpacked bytes; to reach beyond is a failure
-  GzipSource(const StructVector<unsigned char>& in, std::uint64_t limit);
+  /// \param used called with the bytes of \a in that were used, and may throw
+  GzipSource(const StructVector<unsigned char>& in, std::uint64_t limit,
+             std::function<void(std::size_t)> used);
 
   /// Reads as many bytes as there are, up to \a count.
   /// \return how many; fewer only at the end or after a failure
@@ -44,6 +47,7 @@ class GzipSource {
   const unsigned char* _rest;
   std::size_t _restSize;
   std::uint64_t _left;
+  const std::function<void(std::size_t)> _used;
   std::unique_ptr<InflateEngine> _engine;
   bool _ended = false;
   bool _failed = false;

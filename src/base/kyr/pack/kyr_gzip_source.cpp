@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace Kyr {
 
@@ -10,23 +11,28 @@ namespace {
 /// As much of a size as an engine takes at once, and a signed 32-bit number holds.
 constexpr std::size_t largestPortion = 1U << 30U;
 
-unsigned portionOf(std::uint64_t size) {
-  return static_cast<unsigned>(std::min<std::uint64_t>(size, largestPortion));
+/// So much is unpacked between two calls of who watches, a matter of milliseconds.
+constexpr std::size_t largestOutput = 1U << 20U;
+
+unsigned portionOf(std::uint64_t size, std::size_t largest) {
+  return static_cast<unsigned>(std::min<std::uint64_t>(size, largest));
 }
 
 }  // namespace
 
-GzipSource::GzipSource(const StructVector<unsigned char>& in, std::uint64_t limit)
+GzipSource::GzipSource(const StructVector<unsigned char>& in, std::uint64_t limit,
+                       std::function<void(std::size_t)> used)
     : _rest(in.data()),
       _restSize(in.size()),
       _left(limit),
+      _used(std::move(used)),
       _engine(InflateEngine::make(Container_t::Gzip)) {}
 
 std::size_t GzipSource::read(void* room, std::size_t count) {
   auto* const start = static_cast<unsigned char*>(room);
   std::size_t done = 0;
   while (done < count && !_ended && !_failed) {
-    done += readPortion(start + done, portionOf(count - done));
+    done += readPortion(start + done, portionOf(count - done, largestOutput));
   }
   return done;
 }
@@ -34,7 +40,7 @@ std::size_t GzipSource::read(void* room, std::size_t count) {
 /// Reads the next bytes. At the limit it asks for one more, which alone tells an end there from a
 /// failure.
 unsigned GzipSource::readPortion(unsigned char* room, unsigned count) {
-  const unsigned allowed = portionOf(std::min<std::uint64_t>(count, _left));
+  const unsigned allowed = portionOf(_left, count);
   unsigned char beyond = 0;
   const unsigned produced = allowed > 0 ? unpack(room, allowed) : unpack(&beyond, 1);
   if (produced > allowed) {
@@ -46,7 +52,7 @@ unsigned GzipSource::readPortion(unsigned char* room, unsigned count) {
 }
 
 unsigned GzipSource::unpack(unsigned char* room, unsigned count) {
-  const unsigned portion = portionOf(_restSize);
+  const unsigned portion = portionOf(_restSize, largestPortion);
   _engine->setOutput(room, count);
   _engine->setInput(_rest, portion);
   const Step_t step = _engine->run();
@@ -54,6 +60,7 @@ unsigned GzipSource::unpack(unsigned char* room, unsigned count) {
   const unsigned produced = count - _engine->outputLeft();
   _rest += used;
   _restSize -= used;
+  _used(used);
   if (step == Step_t::Ended) {
     endMember();
   } else if (step != Step_t::Progressed) {

@@ -14,6 +14,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <functional>
 
 namespace Kyr {
 
@@ -107,12 +108,23 @@ class NewFile {
 
   /// Writes the file under its own name.
   /// \param keepsPermissions whether it gets those of the plain file that has its place
-  bool write(const std::vector<unsigned char>& contents, bool keepsPermissions) {
-    const bool isMade = _file.create(_nativeTemporary, keepsPermissions ? _path : _temporary);
+  /// \param written called with the bytes of each part; what it throws comes out of this
+  bool write(const std::vector<unsigned char>& contents, bool keepsPermissions,
+             const std::function<void(std::size_t)>& written) {
+    constexpr std::size_t partSize = 1U << 20U;
+    bool isGood = _file.create(_nativeTemporary, keepsPermissions ? _path : _temporary);
     _live.tried();
-    const auto* const bytes = reinterpret_cast<const char*>(contents.data());
     _isThere = _file.isOpen();
-    return isMade && _file.write(bytes, contents.size()) && _file.close();
+    const auto* const bytes = reinterpret_cast<const char*>(contents.data());
+    for (std::size_t done = 0; isGood && done < contents.size();) {
+      const std::size_t part = std::min(partSize, contents.size() - done);
+      isGood = _file.write(bytes + done, part);
+      done += part;
+      if (isGood) {
+        written(part);
+      }
+    }
+    return isGood && _file.close();
   }
 
   /// Puts the file in its place.
@@ -148,10 +160,12 @@ class NewFile {
 };
 
 void writeFile(const QString& path, const std::vector<unsigned char>& contents,
-               std::int64_t modified, OS::Existing_t existing) {
+               std::int64_t modified, OS::Existing_t existing,
+               const std::function<void(std::size_t)>& written) {
   NewFile file(path);
   makeDirectory(path.left(path.lastIndexOf('/')));
-  if (!file.write(contents, existing == OS::ReplaceExisting && isPlainFile(path))) {
+  const bool keepsPermissions = existing == OS::ReplaceExisting && isPlainFile(path);
+  if (!file.write(contents, keepsPermissions, written)) {
     refuseToWrite(path);
   }
   TarFiles::setModified(file.temporary(), modified);
@@ -167,6 +181,11 @@ void ZippedTarReader::extractTo(const QString& directory) const {
 }
 
 void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existing) const {
+  extractTo(directory, existing, [](std::uint64_t, unsigned) {});
+}
+
+void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existing,
+                                const Watcher& watcher) const {
   const TraceSpan span("ZippedTarReader::extractTo", "save");
   if (!isValid()) {
     throw Exception("the archive is damaged or larger than allowed");
@@ -189,9 +208,12 @@ void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existin
     std::for_each(paths.begin(), paths.end(), expectFree);
   }
   std::for_each(directories.begin(), directories.end(), makeDirectory);
+  unsigned whole = 0;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     if (last[QDir::cleanPath(paths[i])] == i) {
-      writeFile(paths[i], _files[i].contents, _files[i].modified, existing);
+      writeFile(paths[i], _files[i].contents, _files[i].modified, existing,
+                [&](std::size_t bytes) { watcher(bytes, whole); });
+      watcher(0, ++whole);
     }
   }
 }

@@ -22,8 +22,9 @@ constexpr const char* File = "kyr_zipped_tar_reader";
 class TarParser {
  public:
   TarParser(const StructVector<unsigned char>& data, const ZippedTarLimits& limits,
-            ZippedTarReader& reader)
-      : _source(data, limits.totalSize),
+            ZippedTarReader& reader, const ZippedTarReader::Watcher& watcher)
+      : _source(data, limits.totalSize,
+                [&reader, &watcher](std::size_t bytes) { watcher(bytes, reader.size()); }),
         _entriesLeft(limits.entries),
         _recordsLeft(limits.records),
         _reader(reader) {}
@@ -280,10 +281,14 @@ class TarParser {
 };
 
 ZippedTarReader::ZippedTarReader(const StructVector<unsigned char>& data,
-                                 const ZippedTarLimits& limits) {
+                                 const ZippedTarLimits& limits)
+    : ZippedTarReader(data, limits, [](std::uint64_t, unsigned) {}) {}
+
+ZippedTarReader::ZippedTarReader(const StructVector<unsigned char>& data,
+                                 const ZippedTarLimits& limits, const Watcher& watcher) {
   const TraceSpan span("ZippedTarReader", "read");
   try {
-    _valid = TarParser(data, limits, *this).run();
+    _valid = TarParser(data, limits, *this, watcher).run();
   } catch (const std::bad_alloc&) {
     _valid = false;
   }
