@@ -68,7 +68,9 @@ Options parse(const QStringList& arguments) {
                                      "dies in a thread that is not one of the library's");
   const QCommandLineOption threads("threads", "how many threads wait meanwhile", "number", "0");
   const QCommandLineOption hook("hook", "a last act: say something, or crash again", "say|crash");
-  parser.addOptions({help, kind, inThread, inForeign, threads, hook});
+  const QCommandLineOption note("note", "does nothing, but stands in the report", "text");
+  const QCommandLineOption password("password", "does nothing, and stands in no report", "text");
+  parser.addOptions({help, kind, inThread, inForeign, threads, hook, note, password});
   if (!parser.parse(arguments)) {
     refuseUsage(parser.errorText());
   }

@@ -102,6 +102,89 @@ TEST_F(Crash, CountsWhatItLeavesOutOfAStack) {
   EXPECT_TRUE(report.contains(QString("\n#%1 ").arg(gap.captured(3).toInt() + 49)));
 }
 
+/// The modules of a report's last section, each as its four words behind "module".
+std::vector<QStringList> modulesOf(const QString& report) {
+  std::vector<QStringList> modules;
+  auto lines = QRegularExpression("^module (0x[0-9a-f]+) (0x[0-9a-f]+) (\\S+) (.+)$",
+                                  QRegularExpression::MultilineOption)
+                   .globalMatch(report);
+  while (lines.hasNext()) {
+    modules.push_back(lines.next().capturedTexts().mid(1));
+  }
+  return modules;
+}
+
+/// Whether a frame with an address lies in a module.
+bool liesIn(const QStringList& module, const QRegularExpressionMatch& frame) {
+  const quint64 address = frame.captured(1).toULongLong(nullptr, 16);
+  return address >= module[0].toULongLong(nullptr, 16) &&
+         address <= module[1].toULongLong(nullptr, 16) &&
+         frame.captured(2) == module[3].section('/', -1);
+}
+
+TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
+  const TempDir folder;
+  const QString home = folder.path();
+  const Death death = die(folder,
+                          {"--kind", "null-write", "--in-thread", "--threads", "1", "--note",
+                           home + "/part.g3d", "--note", "line\nfeed", "--password", "moon river"},
+                          {"HOME=" + home, "USERPROFILE=" + QDir::toNativeSeparators(home)});
+  const int section = death.report.lastIndexOf("\n\n\nabout this crash:\n");
+  ASSERT_GE(section, death.report.lastIndexOf("\n#0 ")) << death.report.toStdString();
+  const QString about = death.report.mid(section);
+  const QString name = death.dumps.value(0);
+  EXPECT_TRUE(begins(
+      about,
+      "\n\n\nabout this crash:\nfault: EXCEPTION_ACCESS_VIOLATION \\(write to address 0x0\\)\n"
+      "time: \\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ\nprocess: " +
+          name.mid(4).remove(".dmp") +
+          "\nprogram: Viewer \\S+\nlibrary: libKyr \\S+\ncommand line: \\S*crash\\S* --kind "
+          "null-write --in-thread --threads 1 --note ~/part.g3d --note line\\?feed --password "
+          "\\[blanked\\]\nsystem: (Linux|Windows) .+, \\d+ processors\ndump: .*" +
+          name + "\n\nthreads:\n"))
+      << about.toStdString();
+  const QString time = about.section("\ntime: ", 1).section('\n', 0, 0);
+  EXPECT_LT(std::abs(QDateTime::fromString(time, Qt::ISODate).secsTo(QDateTime::currentDateTime())),
+            100)
+      << time.toStdString();
+}
+
+TEST_F(Crash, NamesEachThreadThatWasMadeSomewhere) {
+  const TempDir folder;
+  const QString report = die(folder, {"--kind", "divide", "--in-thread", "--threads", "2"}).report;
+  const QString crashing = report.section("crashing thread ", 1).section(':', 0, 0);
+  EXPECT_TRUE(QRegularExpression("\nthread " + crashing +
+                                 " .*made at Crash::Worker::Worker \\(crew:10\\)\n")
+                  .match(report)
+                  .hasMatch())
+      << report.toStdString();
+  EXPECT_EQ(report.count("made at Crash::Worker::Worker (crew:10)\n"), 3) << "the main thread too";
+}
+
+TEST_F(Crash, NamesTheBuildOfEachModuleThatAFrameLiesIn) {
+  const TempDir folder;
+  const QString report = die(folder, {"--kind", "null-read", "--in-thread"}).report;
+  const std::vector<QStringList> modules = modulesOf(report);
+  auto frames = QRegularExpression("^#\\d+ +(0x[0-9a-f]+) ([^!+\\s]+)[!+]",
+                                   QRegularExpression::MultilineOption)
+                    .globalMatch(report);
+  for (int count = 0; frames.hasNext() || count < 3; ++count) {
+    ASSERT_TRUE(frames.hasNext()) << report.toStdString();
+    const QRegularExpressionMatch frame = frames.next();
+    EXPECT_EQ(std::count_if(modules.begin(), modules.end(),
+                            [&](const QStringList& module) { return liesIn(module, frame); }),
+              1)
+        << frame.captured().toStdString() << '\n'
+        << report.toStdString();
+  }
+  for (const QStringList& module : modules) {
+    EXPECT_TRUE(QRegularExpression("\\A([0-9a-f]{16,}|[0-9a-f]{32}-\\d+|no-build-id)\\z")
+                    .match(module[2])
+                    .hasMatch())
+        << module.join(' ').toStdString();
+  }
+}
+
 TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"say", "\nthe hook was here\n", "a hook that is not called, or called too early"},

@@ -124,6 +124,16 @@ TEST(CrashFromOutside, NamesTheSender) {
   }
 }
 
+TEST(CrashInTheWay, NamesTheBuildAsTheFileHasIt) {
+  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+  const TempDir folder;
+  const QString report = die(folder, {"--kind", "null-read"}).report;
+  const QByteArray notes = runProgram("readelf", {"-n", KYR_CRASH}).output;
+  const QString id = QString(notes).section("Build ID: ", 1).section('\n', 0, 0);
+  EXPECT_GT(id.size(), 16) << notes.toStdString();
+  EXPECT_TRUE(report.contains(" " + id + " ")) << report.toStdString();
+}
+
 TEST(CrashInTheWay, LeavesTheDumpsOfOthers) {
   KYR_SKIP_SANITIZERS("they report faults in the place of the library");
   if (::geteuid() != 0) {

@@ -6,7 +6,7 @@
 /// The arguments are numbers of open descriptors: the socket of the conversation, the memory of
 /// the process, the list of what is mapped in it and its program's file, which may have lost its
 /// name. Each request on the socket is a Crash::BacktraceRequest. The backtrace goes to standard
-/// error; then one byte answers. The conversation ends with the socket.
+/// error; then a Crash::BacktraceAnswer follows. The conversation ends with the socket.
 
 #include <kyr/crash/backtrace_request_p.h>
 
@@ -37,6 +37,7 @@ namespace {
 using Kyr::Crash::registerCount;
 using Kyr::Crash::Registers;
 using Request = Kyr::Crash::BacktraceRequest;
+using Answer = Kyr::Crash::BacktraceAnswer;
 static_assert(sizeof(Dwarf_Word) == sizeof(Registers::value_type));
 
 constexpr std::size_t stackPointer = 7;
@@ -62,6 +63,8 @@ struct Process {
   std::vector<Range> code;  ///< what may be executed
   Registers registers{};
   std::size_t frames = 0;  ///< lines printed of this thread, and frames of it that are left out
+  std::vector<const Dwfl_Module*> met;  ///< modules that frames of any thread lie in
+  Answer answer{};                      ///< to the present request
 };
 
 /// A function of a stack that was called or interrupted.
@@ -205,6 +208,17 @@ Place printInlined(Process& process, Dwfl_Module* module, Dwarf_Addr shown, Dwar
   return place;
 }
 
+/// Notes that a frame lies in a module. One that an answer has no room for waits to be met again.
+void meet(Process& process, const Dwfl_Module* module, Dwarf_Addr address) {
+  std::vector<const Dwfl_Module*>& met = process.met;
+  Answer& answer = process.answer;
+  if (answer.count < answer.addresses.size() &&
+      std::find(met.begin(), met.end(), module) == met.end()) {
+    met.push_back(module);
+    answer.addresses[answer.count++] = address;
+  }
+}
+
 void printFrame(Process& process, const Frame& frame) {
   const auto [shown, looked] = frame;
   Dwfl_Module* module = dwfl_addrmodule(process.modules, looked);
@@ -213,6 +227,7 @@ void printFrame(Process& process, const Frame& frame) {
     std::fputs("?\n", stderr);
     return;
   }
+  meet(process, module, looked);
   const Place place = printInlined(process, module, shown, looked);
   Dwarf_Addr start = 0;
   const char* path =
@@ -484,9 +499,10 @@ int main(int argc, char** argv) {
     return 1;
   }
   for (Request request{}; receive(socket, request);) {
+    process.answer = {};
     printBacktrace(process, request);
     std::fflush(stderr);
-    if (::write(socket, "", 1) != 1) {
+    if (::write(socket, &process.answer, sizeof(Answer)) != sizeof(Answer)) {
       break;
     }
   }

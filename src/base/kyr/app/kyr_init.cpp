@@ -1,5 +1,6 @@
 #include <kyr/app/KyrInit.h>
 
+#include <kyr/app/program_lines_p.h>
 #include <kyr/app/start_p.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/crash/KyrNewHandler.h>
@@ -167,6 +168,7 @@ void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
     QCoreApplication::setLibraryPaths({getSoftwareDirectory() + "/lib"});
   }
   tellQt(options);
+  Start::describeProgram(arguments);
   takeLauncherSocket(arguments);
 }
 

@@ -13,13 +13,13 @@ namespace Kyr::Crash {
 constexpr std::size_t registerCount = 17;
 using Registers = std::array<std::uint64_t, registerCount>;
 
-/// One request on the socket, in the machine's own byte order. The answer is one byte, once the
+/// One request on the socket, in the machine's own byte order. A BacktraceAnswer follows, once the
 /// backtrace is on standard error. The process sends as many requests as it likes, one after the
 /// other, and ends the conversation by closing the socket.
 struct BacktraceRequest {
   /// Counts up with every change of what follows, so that a program that was left behind by
   /// another version of the library says so instead of printing nonsense.
-  static constexpr std::uint32_t currentVersion = 2;
+  static constexpr std::uint32_t currentVersion = 3;
 
   std::uint32_t version = currentVersion;
   std::uint32_t size = sizeof(BacktraceRequest);  ///< in bytes, these eight included
@@ -33,5 +33,15 @@ struct BacktraceRequest {
 static_assert(std::is_trivially_copyable_v<BacktraceRequest>, "its bytes are sent");
 static_assert(offsetof(BacktraceRequest, size) == 4, "every version begins with these eight bytes");
 static_assert(sizeof(BacktraceRequest) == 16 + sizeof(Registers), "nothing between the fields");
+
+/// The answer to a request.
+struct BacktraceAnswer {
+  /// How many addresses follow.
+  std::uint64_t count = 0;
+  /// One in each module that a printed frame lies in, unless an earlier answer had one.
+  std::array<std::uint64_t, 63> addresses{};
+};
+
+static_assert(std::is_trivially_copyable_v<BacktraceAnswer>, "its bytes are sent");
 
 }  // namespace Kyr::Crash

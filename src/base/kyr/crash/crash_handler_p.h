@@ -12,4 +12,10 @@ void install(const char* dumpFile) noexcept;
 /// the user has read the report.
 void setConsoleAllocated(bool allocated) noexcept;
 
+/// Remembers what reports say of the program; for the time before a crash.
+/// \param lines each with its end, in UTF-8; at most 3000 bytes are kept
+/// \param home the user's home directory with "/" between its parts, which reports write as "~";
+///        empty for none
+void describeProgram(const char* lines, const char* home) noexcept;
+
 }  // namespace Kyr::Crash

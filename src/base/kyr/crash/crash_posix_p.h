@@ -6,6 +6,7 @@
 #pragma once
 
 #include <kyr/crash/backtrace_request_p.h>
+#include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_exception_p.h>
 #include <kyr/crash/crash_text_p.h>
 
@@ -95,6 +96,32 @@ class Memory {
 /// \return the number of bytes, at most \a size; 0 on failure
 std::size_t readSystemFile(const char* name, char* target, std::size_t size) noexcept;
 
+// ---- modules: platform/crash_modules_posix.cpp ------------------------------------------------
+
+/// A program or library in memory.
+struct LoadedModule {
+  std::uint64_t begin;
+  std::uint64_t end;
+  const char* path;  ///< not ended by a zero character
+  std::size_t pathLength;
+};
+
+/// The next module in the order of addresses.
+/// \param position 0 at first; moved on
+/// \return false behind the last
+bool nextModule(const Memory& memory, std::size_t& position, LoadedModule& module) noexcept;
+
+/// The module that holds an address.
+/// \return false when none does
+bool findModule(const Memory& memory, std::uint64_t address, LoadedModule& module) noexcept;
+
+/// What tells a build from all others.
+using BuildId = std::array<unsigned char, 64>;
+
+/// Reads the build id of the module that begins at an address.
+/// \return its length; 0 when there is none
+std::size_t readBuildId(const Memory& memory, std::uint64_t base, BuildId& id) noexcept;
+
 // ---- threads: platform/crash_threads_posix.cpp ------------------------------------------------
 
 /// The signal that stops a thread: one that applications leave alone. It is taken only once the
@@ -165,7 +192,9 @@ void appendOrigin(Text& text, const siginfo_t& signal) noexcept;
 void setDumpFile(const char* name) noexcept;
 
 /// Writes the minidump, and says on standard error if it cannot.
-void writeDump(const siginfo_t& signal, const Threads& threads, const Memory& memory) noexcept;
+/// \return its whole path; empty when there is none
+const char* writeDump(const siginfo_t& signal, const Threads& threads,
+                      const Memory& memory) noexcept;
 
 /// Removes the oldest dumps of this user beyond the bound, but none that is being written.
 /// \param newest the full name of this process's dump, which stays
@@ -197,8 +226,17 @@ void findBacktraceProgram() noexcept;
 /// Prints the backtraces of all threads with their headings.
 /// \param thrown where the exception came from that ends the process; empty when the crashing
 ///        thread's stack shows it
-void printBacktraces(const Threads& threads, const Memory& memory,
-                     const CallChain& thrown) noexcept;
+/// \param met gets the modules that frames lie in
+void printBacktraces(const Threads& threads, const Memory& memory, const CallChain& thrown,
+                     MetModules& met) noexcept;
+
+// ---- the process: platform/crash_about_posix.cpp ----------------------------------------------
+
+/// Prints which process broke, the names of its threads, and which builds the backtraces are about.
+/// \param fault what the report's first line says
+/// \param dump its whole path; empty when there is none
+void printAbout(const Text& fault, const char* dump, const Threads& threads, const Memory& memory,
+                const MetModules& met) noexcept;
 
 // ---- stacks: platform/crash_stack_posix.cpp ---------------------------------------------------
 

@@ -6,6 +6,7 @@
 /// runtime's heap, its locale or its streams, whose locks another thread may hold for ever.
 #pragma once
 
+#include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_text_p.h>
 
 #include <cstdint>
@@ -41,7 +42,8 @@ void waitForSpace() noexcept;
 
 /// Prints the first two lines of a report.
 /// \param words instead of the fault's name; null for the name
-void describe(const _EXCEPTION_RECORD& fault, const char* words) noexcept;
+/// \param headline gets what the first line says of the fault
+void describe(const _EXCEPTION_RECORD& fault, const char* words, Text& headline) noexcept;
 
 // ---- dump: platform/crash_dump_win.cpp --------------------------------------------------------
 
@@ -60,6 +62,8 @@ const wchar_t* dumpFile() noexcept;
 
 /// Writes the minidump, and says on standard error if it cannot.
 void writeDump(const Break& broken) noexcept;
+/// \return the path of the dump once it is written; empty when there is none
+const wchar_t* writtenDump() noexcept;
 
 /// Removes the oldest dumps of this user beyond the bound, but none that is being written.
 void removeOldDumps() noexcept;
@@ -91,6 +95,19 @@ class Symbols {
  private:
   unsigned long _error = 0;
 };
+
+/// The modules of the frames that have been printed.
+const MetModules& metModules() noexcept;
+
+// ---- the process: platform/crash_about_win.cpp ------------------------------------------------
+
+/// Prints which process broke, the names of the noted threads, and which builds the backtraces are
+/// about.
+/// \param fault what the report's first line says
+void printAbout(const Text& fault) noexcept;
+
+/// Notes a thread whose backtrace is printed.
+void noteThread(unsigned long thread) noexcept;
 
 // ---- stacks: platform/crash_stack_win.cpp -----------------------------------------------------
 

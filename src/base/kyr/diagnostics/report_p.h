@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/diagnostics/report_secrets_p.h>
 
 #include <QRegularExpression>
 #include <QSettings>
@@ -47,8 +48,6 @@ std::vector<Directory> directories();
 
 /// The text with a number in the place of every character without a glyph, but for line feeds.
 QString visible(const QString& text);
-/// The words of a command line as they may leave the machine.
-QStringList blankArguments(const QStringList& arguments);
 /// A regular expression, of which the pattern is known to be good.
 /// \throws std::bad_alloc; Qt's own keeps such a failure, and finds nothing for ever
 QRegularExpression expression(const QString& pattern,

@@ -65,10 +65,10 @@ class KYR_EXPORT Thread : public QThread {
   Thread(const Thread&);
   Thread& operator=(const Thread&);
 
-  // The creation site is read in a debugger only.
-  [[maybe_unused]] const char* _function;
-  [[maybe_unused]] const char* _file;
-  [[maybe_unused]] unsigned _line;
+  // The creation site, which reports of crashes show.
+  const char* _function;
+  const char* _file;
+  unsigned _line;
   bool _lockGui;
   bool _undoable = false;
   bool _requiresUndo = false;

@@ -1,6 +1,7 @@
 #include <kyr/sync/KyrThread.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/sync/thread_sites_p.h>
 #include <kyr/sync/thread_start_p.h>
 
 #include <atomic>
@@ -34,14 +35,21 @@ Thread::Thread(LockGUI_t lock, const char* function, const char* file, unsigned 
 Thread::Thread(QObject* parent, LockGUI_t lock, const char* function, const char* file,
                unsigned line)
     : QThread(parent), _function(function), _file(file), _line(line), _lockGui(lock != 0) {
-  // started() is emitted by the thread itself, before run().
-  connect(this, &QThread::started, this, &callStartHook, Qt::DirectConnection);
-  if constexpr (Platform::threadsAreWatched) {
-    // finished() is emitted by the thread itself, after run().
-    connect(
-        this, &QThread::finished, this, [this] { Platform::orderedBefore(this); },
-        Qt::DirectConnection);
-  }
+  // started() is emitted by the thread itself, before run(), and finished() after it.
+  connect(
+      this, &QThread::started, this,
+      [this] {
+        noteThreadSite(this, {_function, _file, _line});
+        callStartHook();
+      },
+      Qt::DirectConnection);
+  connect(
+      this, &QThread::finished, this,
+      [this] {
+        forgetThreadSite(this);
+        Platform::orderedBefore(this);
+      },
+      Qt::DirectConnection);
 }
 
 Thread::~Thread() = default;

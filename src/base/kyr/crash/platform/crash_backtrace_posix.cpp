@@ -26,7 +26,11 @@ std::array<char, PATH_MAX> programPath;
 /// The conversation with kyr-backtrace, a process with a heap and locks that are not broken.
 class BacktraceProgram {
  public:
-  explicit BacktraceProgram(const Memory& memory) noexcept { start(memory); }
+  /// \param met gets the modules that printed frames lie in
+  BacktraceProgram(const Memory& memory, Crash::MetModules& met) noexcept
+      : _memory(memory), _met(met) {
+    start(memory);
+  }
   ~BacktraceProgram() { end(0); }
   BacktraceProgram(const BacktraceProgram&) = delete;
   BacktraceProgram& operator=(const BacktraceProgram&) = delete;
@@ -53,15 +57,26 @@ class BacktraceProgram {
     if (_socket < 0) {
       return false;
     }
-    char answer = 0;
+    Crash::BacktraceAnswer answer;
     pollfd waiting = {_socket, POLLIN, 0};
     if (::send(_socket, &request, sizeof request, MSG_NOSIGNAL) == sizeof request &&
-        ::poll(&waiting, 1, patienceInMilliseconds) == 1 && ::read(_socket, &answer, 1) == 1) {
+        ::poll(&waiting, 1, patienceInMilliseconds) == 1 &&
+        ::recv(_socket, &answer, sizeof answer, MSG_WAITALL) == sizeof answer) {
+      note(answer);
       return true;
     }
     Crash::print("error: kyr-backtrace gave up\n");
     end(SIGKILL);
     return false;
+  }
+
+  void note(const Crash::BacktraceAnswer& answer) noexcept {
+    for (std::size_t i = 0; i < answer.count && i < answer.addresses.size(); ++i) {
+      Crash::LoadedModule module{};
+      if (Crash::findModule(_memory, answer.addresses[i], module)) {
+        _met.add(module.begin);
+      }
+    }
   }
 
   void start(const Memory& memory) noexcept {
@@ -120,31 +135,29 @@ class BacktraceProgram {
     _socket = -1;
   }
 
+  const Memory& _memory;
+  Crash::MetModules& _met;
   int _socket = -1;
   pid_t _process = 0;
 };
 
 /// Prints what can be said without debug information: the module and how far into it.
-void printPlace(const ucontext_t& context, const Memory& memory) noexcept {
+void printPlace(const ucontext_t& context, const Memory& memory, Crash::MetModules& met) noexcept {
   const std::uint64_t address = Crash::instructionPointer(context);
   Text text;
   text << "#0  ";
   text.hexadecimal(address) << " ";
-  std::uint64_t base = 0;
-  Crash::Mapping mapping{};
-  for (std::size_t position = 0; memory.next(position, mapping);) {
-    base = mapping.offset == 0 ? mapping.begin : base;
-    if (address >= mapping.begin && address < mapping.end && mapping.pathLength > 0) {
-      const char* end = mapping.path + mapping.pathLength;
-      const void* slash = ::memrchr(mapping.path, '/', mapping.pathLength);
-      const char* name = slash ? static_cast<const char*>(slash) + 1 : mapping.path;
-      text.append(name, static_cast<std::size_t>(end - name)) << "+";
-      text.hexadecimal(address - base) << "\n";
-      text.print();
-      return;
-    }
+  Crash::LoadedModule module{};
+  if (Crash::findModule(memory, address, module)) {
+    const char* end = module.path + module.pathLength;
+    const void* slash = ::memrchr(module.path, '/', module.pathLength);
+    const char* name = slash ? static_cast<const char*>(slash) + 1 : module.path;
+    text.append(name, static_cast<std::size_t>(end - name)) << "+";
+    text.hexadecimal(address - module.begin) << "\n";
+    met.add(module.begin);
+  } else {
+    text << "?\n";
   }
-  text << "?\n";
   text.print();
 }
 
@@ -180,9 +193,9 @@ void Crash::findBacktraceProgram() noexcept {
   std::memcpy(programPath.data(), program.data(), program.length() + 1);
 }
 
-void Crash::printBacktraces(const Threads& threads, const Memory& memory,
-                            const CallChain& thrown) noexcept {
-  BacktraceProgram program(memory);
+void Crash::printBacktraces(const Threads& threads, const Memory& memory, const CallChain& thrown,
+                            MetModules& met) noexcept {
+  BacktraceProgram program(memory, met);
   for (const FoundThread& thread : threads) {
     if (thread.id == 0) {
       continue;
@@ -192,7 +205,7 @@ void Crash::printBacktraces(const Threads& threads, const Memory& memory,
     if (!context) {
       Crash::print("error getting the thread context\n");
     } else if (!program.print(*context)) {
-      printPlace(*context, memory);
+      printPlace(*context, memory, met);
     }
     if (&thread == threads.begin() && thrown.count > 0) {
       Crash::print("the exception was thrown by:\n");

@@ -318,6 +318,7 @@ void printThread(const Symbols& symbols, const THREADENTRY32& entry) noexcept {
   heading.hexadecimal(entry.th32ThreadID) << ", priority ";
   heading.decimal(entry.tpBasePri) << "\n";
   Crash::write(heading);
+  Crash::noteThread(entry.th32ThreadID);
   const HANDLE thread =
       ::OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
                    entry.th32ThreadID);
@@ -365,6 +366,7 @@ void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept 
   heading << "\nbacktrace of the crashing thread ";
   heading.hexadecimal(broken.thread) << ":\n";
   write(heading);
+  noteThread(broken.thread);
   const Symbols symbols;
   printBacktrace(symbols, ::GetCurrentThread(), *broken.fault->ContextRecord);
   printOtherThreads(symbols, broken.thread, helper);

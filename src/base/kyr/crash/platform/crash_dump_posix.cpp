@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <ctime>
 
-#include <elf.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -29,7 +28,6 @@ constexpr std::uint64_t codeAround = 256;
 constexpr std::size_t mostStreams = 16;
 constexpr std::size_t mostModules = 2048;
 constexpr std::size_t mostThreads = 4096;
-constexpr std::size_t longestBuildId = 64;
 
 using Path = std::array<char, 4096>;
 
@@ -170,97 +168,28 @@ Dump::MemoryRange DumpFile::appendMemory(std::uint64_t begin, std::uint64_t end)
 
 // ---- modules ----------------------------------------------------------------------------------
 
-/// The build id in the notes of a program or library.
-/// \return its length; 0 when there is none
-std::size_t findBuildId(const Memory& memory, std::uint64_t begin, std::uint64_t size,
-                        unsigned char* id) noexcept {
-  constexpr std::uint64_t mostNotes = 4096;
-  Elf64_Nhdr note{};
-  for (std::uint64_t at = 0; at + sizeof note <= std::min(size, mostNotes);) {
-    std::array<char, 4> name{};
-    const std::uint64_t nameAt = begin + at + sizeof note;
-    if (!memory.read(begin + at, &note, sizeof note)) {
-      return 0;
-    }
-    const std::uint64_t contentAt = nameAt + ((note.n_namesz + 3ULL) & ~3ULL);
-    if (note.n_type == NT_GNU_BUILD_ID && note.n_namesz == name.size() &&
-        note.n_descsz <= longestBuildId && memory.read(nameAt, name.data(), name.size()) &&
-        std::memcmp(name.data(), ELF_NOTE_GNU, name.size()) == 0) {
-      return memory.read(contentAt, id, note.n_descsz) ? note.n_descsz : 0;
-    }
-    at = contentAt - begin + ((note.n_descsz + 3ULL) & ~3ULL);
-  }
-  return 0;
-}
-
-bool isElf(const Memory& memory, std::uint64_t base, Elf64_Ehdr& header) noexcept {
-  return memory.read(base, &header, sizeof header) &&
-         std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 &&
-         header.e_ident[EI_CLASS] == ELFCLASS64 && header.e_phentsize == sizeof(Elf64_Phdr);
-}
-
-std::size_t readBuildId(const Memory& memory, std::uint64_t base, const Elf64_Ehdr& header,
-                        unsigned char* id) noexcept {
-  for (unsigned i = 0; i < header.e_phnum; ++i) {
-    Elf64_Phdr part{};
-    if (!memory.read(base + header.e_phoff + i * sizeof part, &part, sizeof part)) {
-      return 0;
-    }
-    // In a program with fixed addresses they count from 0, and its first part begins at base.
-    const std::uint64_t origin = header.e_type == ET_EXEC ? 0 : base;
-    if (part.p_type != PT_NOTE) {
-      continue;
-    }
-    if (const std::size_t length = findBuildId(memory, origin + part.p_vaddr, part.p_memsz, id)) {
-      return length;
-    }
-  }
-  return 0;
-}
-
-Dump::Location appendIdentity(DumpFile& file, const Memory& memory, std::uint64_t base,
-                              const Elf64_Ehdr& header) noexcept {
+Dump::Location appendIdentity(DumpFile& file, const Memory& memory, std::uint64_t base) noexcept {
   struct {
     std::uint32_t signature = Dump::buildIdSignature;
-    std::array<unsigned char, longestBuildId> id{};
+    BuildId id{};
   } record;
-  const std::size_t length = readBuildId(memory, base, header, record.id.data());
+  const std::size_t length = readBuildId(memory, base, record.id);
   return length > 0 ? file.append(&record, sizeof record.signature + length) : Dump::Location{};
-}
-
-/// Takes the mappings that follow the first of a file into its module.
-std::uint64_t endOfModule(const Memory& memory, std::size_t position,
-                          const Mapping& first) noexcept {
-  std::uint64_t end = first.end;
-  Mapping mapping{};
-  while (memory.next(position, mapping)) {
-    const bool same = mapping.pathLength == first.pathLength &&
-                      std::memcmp(mapping.path, first.path, first.pathLength) == 0;
-    if (same && mapping.offset > 0) {
-      end = mapping.end;
-    } else if (mapping.pathLength > 0) {
-      break;
-    }
-  }
-  return end;
 }
 
 void appendModules(DumpFile& file, const Memory& memory) noexcept {
   std::uint32_t count = 0;
-  Mapping mapping{};
-  for (std::size_t position = 0; count < mostModules && memory.next(position, mapping);) {
-    Elf64_Ehdr header{};
-    if (mapping.offset != 0 || mapping.pathLength == 0 || mapping.path[0] != '/' ||
-        !isElf(memory, mapping.begin, header)) {
+  LoadedModule loaded{};
+  for (std::size_t position = 0; count < mostModules && nextModule(memory, position, loaded);) {
+    if (loaded.path[0] != '/') {
       continue;
     }
     Dump::Module& module = modules[count++];
     module = {};
-    module.base = mapping.begin;
-    module.size =
-        static_cast<std::uint32_t>(endOfModule(memory, position, mapping) - mapping.begin);
-    module.name = file.appendName(mapping.path, mapping.pathLength);
-    module.identity = appendIdentity(file, memory, mapping.begin, header);
+    module.base = loaded.begin;
+    module.size = static_cast<std::uint32_t>(loaded.end - loaded.begin);
+    module.name = file.appendName(loaded.path, loaded.pathLength);
+    module.identity = appendIdentity(file, memory, loaded.begin);
   }
   file.addStream(Dump::ModuleListStream, file.appendList(modules.data(), count));
 }
@@ -419,17 +348,17 @@ void Crash::setDumpFile(const char* name) noexcept {
   dumpFile[fits ? length : 0] = '\0';
 }
 
-void Crash::writeDump(const siginfo_t& signal, const Threads& threads,
-                      const Memory& memory) noexcept {
+const char* Crash::writeDump(const siginfo_t& signal, const Threads& threads,
+                             const Memory& memory) noexcept {
   static Path path;
   if (!nameDump(path)) {
     printSystemError("error getting crashdump filename", 0);
-    return;
+    return "";
   }
   const int descriptor = createDump(path.data());
   if (descriptor < 0) {
     printSystemError("error creating crashdump file", errno);
-    return;
+    return "";
   }
   ::flock(descriptor, LOCK_EX | LOCK_NB);  // keeps removeOldDumps() of others away
   DumpFile file(descriptor);
@@ -443,9 +372,10 @@ void Crash::writeDump(const siginfo_t& signal, const Threads& threads,
   if (file.error() != 0 || error != 0) {
     ::unlink(path.data());  // a dump without its head is of no use
     printSystemError("error writing crashdump", file.error() != 0 ? file.error() : error);
-  } else {
-    removeOldDumps(path.data());
+    return "";
   }
+  removeOldDumps(path.data());
+  return path.data();
 }
 
 }  // namespace Kyr

@@ -18,6 +18,7 @@ using Path = std::array<wchar_t, 1024>;
 
 HMODULE debugHelp = nullptr;
 Path dumpPath{};
+bool isDumpWritten = false;
 
 /// Loads a library from the suite's folder, which is not known before the library has been started.
 HMODULE loadFromSuite(const wchar_t* name) noexcept {
@@ -98,6 +99,10 @@ const wchar_t* Crash::dumpFile() noexcept {
   return dumpPath.data();
 }
 
+const wchar_t* Crash::writtenDump() noexcept {
+  return isDumpWritten ? dumpPath.data() : L"";
+}
+
 void Crash::writeDump(const Break& broken) noexcept {
   if (*dumpFile() == L'\0') {
     printSystemError("error getting crashdump filename", 0);
@@ -110,6 +115,7 @@ void Crash::writeDump(const Break& broken) noexcept {
   }
   const DWORD error = fill(file, broken);
   ::CloseHandle(file);
+  isDumpWritten = error == 0;
   if (error != 0) {
     ::DeleteFileW(dumpFile());
     printSystemError("error writing crashdump", error);

@@ -48,21 +48,20 @@ const char* nameOf(DWORD code) noexcept {
 
 }  // namespace
 
-void Crash::describe(const _EXCEPTION_RECORD& fault, const char* words) noexcept {
-  Text text;
-  text << "caught exception: ";
+void Crash::describe(const _EXCEPTION_RECORD& fault, const char* words, Text& headline) noexcept {
   const char* const name = words ? words : nameOf(fault.ExceptionCode);
   if (name) {
-    text << name;
+    headline << name;
   } else {
-    text.hexadecimal(fault.ExceptionCode);
-    text << (fault.ExceptionCode == abortCode ? abortWords : "");
+    headline.hexadecimal(fault.ExceptionCode);
+    headline << (fault.ExceptionCode == abortCode ? abortWords : "");
   }
   if (fault.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && fault.NumberParameters >= 2) {
-    text << (fault.ExceptionInformation[0] == 0 ? " (read from" : " (write to") << " address ";
-    text.hexadecimal(fault.ExceptionInformation[1]) << ")";
+    headline << (fault.ExceptionInformation[0] == 0 ? " (read from" : " (write to") << " address ";
+    headline.hexadecimal(fault.ExceptionInformation[1]) << ")";
   }
-  text << "\nat address ";
+  Text text;
+  text << "caught exception: " << headline.data() << "\nat address ";
   text.hexadecimal(reinterpret_cast<std::uintptr_t>(fault.ExceptionAddress)) << "\n";
   write(text);
 }

@@ -29,6 +29,8 @@ struct Functions {
 };
 Functions call{};
 
+Crash::MetModules met;
+
 template <class Function>
 bool find(Function*& function, const char* name) noexcept {
   function = reinterpret_cast<Function*>(Crash::findDebugHelp(name));
@@ -139,6 +141,10 @@ void appendLine(Text& text, std::uint32_t asked) noexcept {
 
 }  // namespace
 
+const Crash::MetModules& Crash::metModules() noexcept {
+  return met;
+}
+
 Crash::Symbols::Symbols() noexcept {
   if (!findAll()) {
     call = {};
@@ -166,6 +172,7 @@ void Crash::Symbols::printFrame(unsigned number, std::uint32_t address) const no
   text.decimal(number) << (number < 10 ? "  " : " ");
   text.hexadecimal(address) << " ";
   const Module module = moduleAt(address);
+  met.add(module.base);
   const std::uint32_t asked = number > 0 ? address - 1 : address;
   if (module.base == 0) {
     text << "?";

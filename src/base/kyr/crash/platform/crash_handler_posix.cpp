@@ -24,6 +24,8 @@ Memory memory;
 Threads threads;
 Text uncaught;
 CallChain thrown;
+Text headline;
+MetModules met;
 
 /// The thread that reports; 0 until one does.
 std::atomic<int> reporter{0};
@@ -83,21 +85,20 @@ void limitTime() noexcept {
 void describe(const siginfo_t& signal, const ucontext_t& context) noexcept {
   const bool isUncaught = signal.si_signo == SIGABRT && thrower == ::gettid();
   const Fault fault = classify(signal, context, memory);
-  Text text;
-  text << "caught exception: ";
   if (isUncaught) {
-    text << uncaught.data();
+    headline << uncaught.data();
   } else if (fault.name) {
-    text << fault.name;
+    headline << fault.name;
   } else {
-    text.hexadecimal(fault.code);
-    appendOrigin(text, signal);
+    headline.hexadecimal(fault.code);
+    appendOrigin(headline, signal);
   }
   if (fault.hasAddress) {
-    text << (fault.write ? " (write to" : " (read from") << " address ";
-    text.hexadecimal(fault.address) << ")";
+    headline << (fault.write ? " (write to" : " (read from") << " address ";
+    headline.hexadecimal(fault.address) << ")";
   }
-  text << "\nat address ";
+  Text text;
+  text << "caught exception: " << headline.data() << "\nat address ";
   text.hexadecimal(instructionPointer(context)) << "\n";
   text.print();
 }
@@ -110,8 +111,9 @@ void onFault(int, siginfo_t* signal, void* given) {
   describe(*signal, context);
   Journals::flushForEnd();  // may wait for a thread that is writing
   threads.stop(context);
-  writeDump(*signal, threads, memory);
-  printBacktraces(threads, memory, thrown);
+  const char* const dump = writeDump(*signal, threads, memory);
+  printBacktraces(threads, memory, thrown, met);
+  printAbout(headline, dump, threads, memory, met);
   // The threads run on: what follows may need a lock that one of them holds.
   threads.release();
   limitTime();

@@ -33,6 +33,7 @@ std::atomic<DWORD> timedSince{0};
 /// The thread that ends because of an exception, whose text is in uncaught.
 std::atomic<DWORD> thrower{0};
 Text uncaught;
+Text headline;
 
 // ---- the report -------------------------------------------------------------------------------
 
@@ -86,11 +87,13 @@ DWORD WINAPI report(void* given) {
   const FaultGuard guard;
   const auto& broken = *static_cast<const Break*>(given);
   reporter = ::GetCurrentThreadId();
-  describe(*broken.fault->ExceptionRecord, thrower == broken.thread ? uncaught.data() : nullptr);
+  describe(*broken.fault->ExceptionRecord, thrower == broken.thread ? uncaught.data() : nullptr,
+           headline);
   Journals::flushForEnd();
   loadDebugHelp();
   writeDump(broken);
   printBacktraces(broken, helper);
+  printAbout(headline);
   removeOldDumps();
   if (consoleAllocated) {
     isTimed = false;

@@ -1,0 +1,132 @@
+#include <kyr/crash/crash_about_p.h>
+#include <kyr/crash/crash_handler_p.h>
+
+namespace Kyr {
+
+namespace {
+
+std::array<char, 3001> programLines{};
+std::array<char, 1024> homeFolder{};
+
+/// Copies a text with its end, cut to the room that there is.
+template <std::size_t Size>
+void keep(std::array<char, Size>& room, const char* text) noexcept {
+  const std::size_t length = std::min(std::strlen(text), Size - 1);
+  std::memcpy(room.data(), text, length);
+  room[length] = '\0';
+}
+
+/// Appends a number with a zero in front of a single digit.
+void appendTwoDigits(Crash::Text& text, std::int64_t number) noexcept {
+  text << (number < 10 ? "0" : "");
+  text.decimal(number);
+}
+
+/// A day as people count it.
+struct Day {
+  std::int64_t year;
+  std::int64_t month;
+  std::int64_t day;
+};
+
+constexpr bool isLeapYear(std::int64_t year) noexcept {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+/// \param days since 1970-01-01, not negative
+Day dayOf(std::int64_t days) noexcept {
+  constexpr std::array<std::int64_t, 12> lengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  Day found{1970, 1, 1};
+  for (std::int64_t length = 365; days >= length; length = isLeapYear(found.year) ? 366 : 365) {
+    days -= length;
+    ++found.year;
+  }
+  for (const std::int64_t usual : lengths) {
+    const std::int64_t length = usual == 28 && isLeapYear(found.year) ? 29 : usual;
+    if (days < length) {
+      break;
+    }
+    days -= length;
+    ++found.month;
+  }
+  found.day += days;
+  return found;
+}
+
+}  // namespace
+
+void Crash::describeProgram(const char* lines, const char* home) noexcept {
+  keep(programLines, lines);
+  const bool isFolder = std::strlen(home) > 1 && std::strlen(home) < homeFolder.size();
+  keep(homeFolder, isFolder ? home : "");
+}
+
+const char* Crash::preparedLines() noexcept {
+  return programLines.data();
+}
+
+void Crash::appendVisible(Text& text, const char* bytes, std::size_t length) noexcept {
+  for (std::size_t i = 0; i < length; ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    text.append(byte < ' ' || byte == 0x7f ? "?" : bytes + i, 1);
+  }
+}
+
+void Crash::appendPath(Text& text, const char* path, std::size_t length) noexcept {
+  const std::size_t home = std::strlen(homeFolder.data());
+  const bool isBelow = home > 0 && length > home && path[home] == '/' &&
+                       std::memcmp(path, homeFolder.data(), home) == 0;
+  text << (isBelow ? "~" : "");
+  const std::size_t skipped = isBelow ? home : 0;
+  appendVisible(text, path + skipped, length - skipped);
+}
+
+void Crash::appendMoment(Text& text, std::int64_t seconds) noexcept {
+  constexpr std::int64_t secondsOfDay = 86400;
+  const Day day = dayOf(seconds / secondsOfDay);
+  const std::int64_t rest = seconds % secondsOfDay;
+  text.decimal(day.year) << "-";
+  appendTwoDigits(text, day.month);
+  text << "-";
+  appendTwoDigits(text, day.day);
+  text << "T";
+  appendTwoDigits(text, rest / 3600);
+  text << ":";
+  appendTwoDigits(text, rest / 60 % 60);
+  text << ":";
+  appendTwoDigits(text, rest % 60);
+  text << "Z";
+}
+
+void Crash::appendBytes(Text& text, const unsigned char* bytes, std::size_t count) noexcept {
+  for (std::size_t i = 0; i < count; ++i) {
+    text.append("0123456789abcdef" + bytes[i] / 16, 1);
+    text.append("0123456789abcdef" + bytes[i] % 16, 1);
+  }
+}
+
+Crash::Text Crash::threadLine(std::uint64_t number, const char* name, const char* function,
+                              const char* file, unsigned line) noexcept {
+  Text text;
+  if (*name == '\0' && *function == '\0') {
+    return text;
+  }
+  text << "thread ";
+  text.hexadecimal(number);
+  if (*name != '\0') {
+    text << " named \"";
+    appendVisible(text, name, std::strlen(name));
+    text << "\"";
+  }
+  if (*function != '\0') {
+    text << (*name != '\0' ? ", made at " : " made at ");
+    appendVisible(text, function, std::strlen(function));
+    text << " (";
+    appendVisible(text, file, std::strlen(file));
+    text << ":";
+    text.count(line) << ")";
+  }
+  return text << "\n";
+}
+
+}  // namespace Kyr
