@@ -17,6 +17,10 @@ target_compile_options(kyr_compile INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion -Wthread-safety>)
 target_compile_definitions(kyr_compile INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x050000)
+# Debug information that was split off, dumps and crash reports name the build by it. The 32-bit
+# compiler leaves frame pointers out, without which nobody finds the callers in a stripped program.
+target_link_options(kyr_compile INTERFACE -Wl,--build-id)
+target_compile_options(kyr_compile INTERFACE $<$<PLATFORM_ID:Windows>:-fno-omit-frame-pointer>)
 if(KYR_SANITIZE)
   target_compile_options(kyr_compile INTERFACE
     -fsanitize=${KYR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -11,6 +11,11 @@ install(TARGETS Kyr EXPORT KyrTargets
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
   FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+if(WIN32)
+  kyr_split_symbols(Kyr "${CMAKE_INSTALL_BINDIR}")
+else()
+  kyr_split_symbols(Kyr "${CMAKE_INSTALL_LIBDIR}")
+endif()
 install(EXPORT KyrTargets NAMESPACE Kyr:: DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
 configure_package_config_file(
@@ -37,6 +42,7 @@ if(TARGET kyr_tool)
   file(RELATIVE_PATH KYR_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
   set_target_properties(kyr_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${KYR_BIN_TO_LIB}")
   install(TARGETS kyr_tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  kyr_split_symbols(kyr_tool "${CMAKE_INSTALL_BINDIR}")
 endif()
 
 # The translator looks for them beside "bin".

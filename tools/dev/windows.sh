@@ -6,8 +6,11 @@ in_wine() {
 }
 
 make_windows_package() {
-  rm -rf "$top/build/windows/package"
+  rm -rf "$top/build/windows/package" "$top/build/windows/symbols"
   cmake --install "$top/build/windows" --prefix "$top/build/windows/package"
+  # Kept by who ships the package, not shipped.
+  mv "$top/build/windows/package/lib/debug" "$top/build/windows/symbols"
+  tar -C "$top/build/windows" -czf "$top/build/windows/symbols.tar.gz" symbols
 }
 
 # The package as it is on a machine that has nothing else: its own folder only.

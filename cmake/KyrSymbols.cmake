@@ -1,0 +1,36 @@
+# What is installed is stripped; its debug information goes into a folder of its own, from which
+# "kyr symbolize", gdb and others read it by build id.
+#
+# KYR_SYMBOLS_DIR lies below the prefix unless it is an absolute path.
+if(KYR_SANITIZE OR CMAKE_BUILD_TYPE STREQUAL "Debug")
+  set(split_by_default OFF)
+else()
+  set(split_by_default ON)
+endif()
+option(KYR_SPLIT_SYMBOLS "Install stripped files, with their debug information apart"
+  ${split_by_default})
+set(KYR_SYMBOLS_DIR "lib/debug" CACHE STRING "Where debug information is installed")
+set(KYR_SPLIT_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/split_symbols.cmake")
+
+# kyr_split_symbols(target destination): splits a file that an install() before this line installs
+# into a folder below the prefix.
+function(kyr_split_symbols target destination)
+  if(NOT KYR_SPLIT_SYMBOLS)
+    return()
+  endif()
+  install(CODE "
+    set(kyr_prefix \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
+    set(kyr_symbols \"${KYR_SYMBOLS_DIR}\")
+    if(IS_ABSOLUTE \"\${kyr_symbols}\")
+      set(kyr_symbols \"\$ENV{DESTDIR}\${kyr_symbols}\")
+    else()
+      set(kyr_symbols \"\${kyr_prefix}/\${kyr_symbols}\")
+    endif()
+    execute_process(COMMAND \"${CMAKE_COMMAND}\"
+      -D \"built=$<TARGET_FILE:${target}>\"
+      -D \"shipped=\${kyr_prefix}/${destination}/$<TARGET_FILE_NAME:${target}>\"
+      -D \"symbols=\${kyr_symbols}\"
+      -D \"objcopy=${CMAKE_OBJCOPY}\" -D \"strip=${CMAKE_STRIP}\" -D \"objdump=${CMAKE_OBJDUMP}\"
+      -P \"${KYR_SPLIT_SCRIPT}\"
+      COMMAND_ERROR_IS_FATAL ANY)")
+endfunction()
