@@ -296,6 +296,17 @@
     </message>
 </context>
 <context>
+    <name>Kyr_crash</name>
+    <message>
+        <source>%1 has crashed. The report is %2, the dump is %3.</source>
+        <translation>%1 ist abgestürzt. Der Bericht steht in %2, das Speicherabbild in %3.</translation>
+    </message>
+    <message>
+        <source>%1 has crashed. The report is %2; there is no dump.</source>
+        <translation>%1 ist abgestürzt. Der Bericht steht in %2; ein Speicherabbild gibt es nicht.</translation>
+    </message>
+</context>
+<context>
     <name>Kyr_diagnostics</name>
     <message>
         <source>line %1: %2</source>

@@ -296,6 +296,17 @@
     </message>
 </context>
 <context>
+    <name>Kyr_crash</name>
+    <message>
+        <source>%1 has crashed. The report is %2, the dump is %3.</source>
+        <translation>%1 s&apos;est arrêté sur une erreur. Le rapport est dans %2, l&apos;image de la mémoire dans %3.</translation>
+    </message>
+    <message>
+        <source>%1 has crashed. The report is %2; there is no dump.</source>
+        <translation>%1 s&apos;est arrêté sur une erreur. Le rapport est dans %2 ; il n&apos;y a pas d&apos;image de la mémoire.</translation>
+    </message>
+</context>
+<context>
     <name>Kyr_diagnostics</name>
     <message>
         <source>line %1: %2</source>

@@ -296,6 +296,17 @@
     </message>
 </context>
 <context>
+    <name>Kyr_crash</name>
+    <message>
+        <source>%1 has crashed. The report is %2, the dump is %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has crashed. The report is %2; there is no dump.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Kyr_diagnostics</name>
     <message>
         <source>line %1: %2</source>

@@ -12,6 +12,7 @@ struct Death {
   int code = -1;
   QString report;  // without the line that the library greets with
   QStringList dumps;
+  QByteArray errors;  // of the standard error that it was started with
 };
 
 /// \param folder the program's temporary directory
@@ -32,9 +33,10 @@ inline Death die(const TempDir& folder, const QStringList& words,
   process.setProcessEnvironment(environment);
   process.start(KYR_CRASH, words);
   EXPECT_TRUE(process.waitForFinished(100'000)) << process.errorString().toStdString();
-  const QString text = QString::fromUtf8(readFile(log)).remove('\r');
+  const QString text = QString::fromUtf8(QFile::exists(log) ? readFile(log) : "").remove('\r');
   return {process.exitStatus() == QProcess::NormalExit, process.exitCode(),
-          text.mid(text.indexOf('\n') + 1), QDir(folder.path()).entryList({"ORV-*.dmp"})};
+          text.mid(text.indexOf('\n') + 1), QDir(folder.path()).entryList({"ORV-*.dmp"}),
+          process.readAllStandardError().replace('\r', "")};
 }
 
 /// Makes the dump of an earlier crash, so many hours old.

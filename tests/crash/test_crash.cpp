@@ -185,6 +185,38 @@ TEST_F(Crash, NamesTheBuildOfEachModuleThatAFrameLiesIn) {
   }
 }
 
+TEST_F(Crash, TellsThePersonWhoStartedItWhereTheReportIs) {
+  const struct {
+    QStringList variables;
+    const char* words;  // %1 for the folder, %2 for the dump
+    const char* catches;
+  } rows[] = {
+      {{}, "Viewer has crashed. The report is %1report.txt, the dump is %1%2.\n", "nobody is told"},
+      {{"KYR_CONSOLE=file:"},
+       "Viewer has crashed. The report is %1%3, the dump is %1%2.\n",
+       "a file of its own that is not named"},
+      {{"TMPDIR=/no/where", "TEMP=Q:\\no", "TMP=Q:\\no"},
+       "Viewer has crashed. The report is %1report.txt; there is no dump.\n",
+       "a dump that is not there"},
+  };
+  for (const auto& row : rows) {
+    const TempDir folder;
+    const Death death = die(folder, {"--kind", "divide"}, row.variables);
+    const QString dump = death.dumps.value(0);
+    const QString expected = QString(row.words)
+                                 .replace("%1", QDir::toNativeSeparators(folder.path() + "/"))
+                                 .replace("%2", dump)
+                                 .replace("%3", QString(dump).replace(".dmp", ".log"));
+    EXPECT_EQ(death.errors, expected.toUtf8()) << row.catches;
+  }
+}
+
+TEST_F(Crash, TellsOfAReportThatDidNotComeToItsEnd) {
+  const TempDir folder;
+  const Death death = die(folder, {"--kind", "prog-error", "--hook", "crash"});
+  EXPECT_EQ(death.errors.count("Viewer has crashed. The report is "), 1) << "twice, or not at all";
+}
+
 TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"say", "\nthe hook was here\n", "a hook that is not called, or called too early"},

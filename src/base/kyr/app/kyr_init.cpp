@@ -15,6 +15,7 @@
 #include <kyr/units/KyrUnit.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <array>
 #include <cstdio>
@@ -38,13 +39,33 @@ unsigned ownFileOfProcess = 0;
 int launcherSocket = -1;  // negative without a launcher
 bool mainWindowStarted = false;
 
-void redirectStreams(const QString& path, Start::Target_t target) {
+/// Where standard error went before it was first redirected; 0 for nowhere.
+std::intptr_t errorsBefore = 0;
+
+bool redirectBoth(const QString& path, Start::Target_t target) {
   const bool redirected = Start::redirectOutput(path, target);
   if (!redirected) {
     std::fprintf(stderr, "Could not redirect stdout to %s\n", path.toLocal8Bit().constData());
   }
   if (!redirected || !Start::redirectErrors(path)) {
     std::fprintf(stdout, "Could not redirect stderr to %s\n", path.toLocal8Bit().constData());
+    return false;
+  }
+  return true;
+}
+
+/// Sends both streams to a file. The first time it is kept where standard error went, for the word
+/// about a crash.
+void redirectStreams(const QString& path, Start::Target_t target) {
+  const std::intptr_t before = errorsBefore == 0 ? Start::keepErrors() : 0;
+  if (!redirectBoth(path, target)) {
+    Start::dropErrors(before);
+    return;
+  }
+  errorsBefore = before != 0 ? before : errorsBefore;
+  Start::setReportFile(path != OS::nullDevice() ? QFileInfo(path).absoluteFilePath() : QString());
+  if (errorsBefore != 0 && path != OS::nullDevice()) {
+    Crash::setPlaceOfNotice(errorsBefore);
   }
 }
 
@@ -169,6 +190,7 @@ void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
   }
   tellQt(options);
   Start::describeProgram(arguments);
+  Start::prepareNotice();
   takeLauncherSocket(arguments);
 }
 

@@ -1,5 +1,7 @@
 #include <kyr/app/KyrInit.h>
 
+#include <kyr/app/program_lines_p.h>
+
 #include <kyr/i18n/KyrTranslator.h>
 
 #include <memory>
@@ -11,6 +13,7 @@ namespace {
 /// The translator registers itself as the process-wide one, and is owned by that register.
 void install(std::unique_ptr<Translator> translator) {
   translator.release()->installTranslator("Kyr");
+  Start::prepareNotice();
 }
 
 }  // namespace

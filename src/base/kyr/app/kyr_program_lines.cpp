@@ -2,9 +2,13 @@
 
 #include <kyr/app/KyrInit.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/core/forever_p.h>
 #include <kyr/crash/crash_handler_p.h>
 #include <kyr/diagnostics/report_secrets_p.h>
+#include <kyr/i18n/KyrTranslate.h>
+#include <kyr/i18n/KyrTranslator.h>
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <algorithm>
@@ -59,7 +63,45 @@ QByteArray commandLineIfKnown(const QStringList& arguments, const QString& home)
   }
 }
 
+constexpr const char* context = "Kyr_crash";
+constexpr const char* withDump =
+    QT_TRANSLATE_NOOP("Kyr_crash", "%1 has crashed. The report is %2, the dump is %3.");
+constexpr const char* withoutDump =
+    QT_TRANSLATE_NOOP("Kyr_crash", "%1 has crashed. The report is %2; there is no dump.");
+
+/// Stands for the path of the dump, which is put in when there is one.
+constexpr QChar dumpMark(1);
+
+QString& reportFile() {
+  static Forever<QString> path;
+  return path.object;
+}
+
+/// A sentence with the program and the report in it, and the mark in the place of the dump.
+QString sentence(const char* text) {
+  const bool isTranslated = Translator::instance() != nullptr;
+  const QString name = isTranslated ? KyrInit::getTranslatedApplicationName()
+                                    : QString::fromUtf8(KyrInit::getApplicationName());
+  const QString words = isTranslated ? translate(context, text) : QString::fromUtf8(text);
+  return QString(words)
+      .replace("%3", QString(dumpMark))
+      .arg(visible(name.left(longestName)), visible(QDir::toNativeSeparators(reportFile())));
+}
+
 }  // namespace
+
+void Start::setReportFile(const QString& path) {
+  reportFile() = path;
+}
+
+void Start::prepareNotice() {
+  const QString whole = sentence(withDump);
+  const int dump = whole.indexOf(dumpMark);
+  const QByteArray before = whole.left(dump).toUtf8();
+  const QByteArray behind = dump < 0 ? QByteArray() : whole.mid(dump + 1).toUtf8();
+  const QByteArray without = sentence(withoutDump).toUtf8();
+  Crash::setNotice({before.constData(), behind.constData(), without.constData()});
+}
 
 void Start::describeProgram(const QStringList& arguments) {
   const QString home = QDir::homePath();

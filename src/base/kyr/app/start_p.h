@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 namespace Kyr::Start {
 
 /// Makes the C runtime serve blocks of up to 1016 bytes from its pools, where it has such pools.
@@ -14,6 +16,12 @@ enum class Target_t {
   Named,  ///< the user's file: written to its end
   Own,    ///< the process's own: removed and made anew, so that nobody else reads or plants it
 };
+
+/// A second way to where standard error goes, which children do not inherit.
+/// \return a descriptor or handle; 0 when standard error goes nowhere
+std::intptr_t keepErrors() noexcept;
+/// Closes what keepErrors() has given.
+void dropErrors(std::intptr_t kept) noexcept;
 
 /// Sends standard output to the end of a file.
 /// \return false when the file cannot be opened; standard output then stays as it is

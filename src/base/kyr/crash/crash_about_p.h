@@ -25,6 +25,12 @@ void appendBytes(Text& text, const unsigned char* bytes, std::size_t count) noex
 /// The lines that were prepared; empty without any.
 const char* preparedLines() noexcept;
 
+/// Takes the notice to be shown: the first call alone gets it.
+/// \param dump the path of the dump; empty for none
+/// \param place where to write
+/// \return empty when nothing is to be shown
+Text takeNotice(const char* dump, std::intptr_t& place) noexcept;
+
 /// The line that names a thread.
 /// \param number the system's
 /// \param name as the system has it; may be empty

@@ -2,6 +2,8 @@
 /// The handler that reports a crash before the process ends.
 #pragma once
 
+#include <cstdint>
+
 namespace Kyr::Crash {
 
 /// Installs the handler for the whole process; a second call only changes the name of the dump.
@@ -17,5 +19,17 @@ void setConsoleAllocated(bool allocated) noexcept;
 /// \param home the user's home directory with "/" between its parts, which reports write as "~";
 ///        empty for none
 void describeProgram(const char* lines, const char* home) noexcept;
+
+/// What the person at the terminal reads when the report goes elsewhere, in UTF-8.
+struct Notice {
+  const char* beforeDump;  ///< the sentence up to the path of the dump
+  const char* behindDump;  ///< the rest of it
+  const char* withoutDump;
+};
+/// Remembers these texts, up to 1500 bytes of each; for the time before a crash.
+void setNotice(const Notice& notice) noexcept;
+/// Remembers where the notice is written once the report is done; without that it is not.
+/// \param place an open descriptor, where the system has such, or a handle; stays open
+void setPlaceOfNotice(std::intptr_t place) noexcept;
 
 }  // namespace Kyr::Crash

@@ -248,4 +248,8 @@ void prepareStacks() noexcept;
 /// \return false for a thread that was not prepared
 bool findStack(const ucontext_t& context, const Memory& memory, Mapping& stack) noexcept;
 
+/// Tells the person at the terminal of the report, once. Waits a second at most for a terminal that
+/// takes nothing.
+void showNotice(const char* dump) noexcept;
+
 }  // namespace Kyr::Crash

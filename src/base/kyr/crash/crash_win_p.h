@@ -106,6 +106,9 @@ const MetModules& metModules() noexcept;
 /// \param fault what the report's first line says
 void printAbout(const Text& fault) noexcept;
 
+/// Tells the person at the terminal of the report, once.
+void showNotice() noexcept;
+
 /// Notes a thread whose backtrace is printed.
 void noteThread(unsigned long thread) noexcept;
 

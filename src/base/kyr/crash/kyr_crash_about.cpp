@@ -1,12 +1,21 @@
 #include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_handler_p.h>
 
+#include <atomic>
+
 namespace Kyr {
 
 namespace {
 
 std::array<char, 3001> programLines{};
 std::array<char, 1024> homeFolder{};
+
+using Sentence = std::array<char, 1501>;
+Sentence beforeDump{};
+Sentence behindDump{};
+Sentence withoutDump{};
+std::atomic<bool> hasNotice{false};
+std::intptr_t placeOfNotice = 0;
 
 /// Copies a text with its end, cut to the room that there is.
 template <std::size_t Size>
@@ -59,6 +68,31 @@ void Crash::describeProgram(const char* lines, const char* home) noexcept {
   keep(programLines, lines);
   const bool isFolder = std::strlen(home) > 1 && std::strlen(home) < homeFolder.size();
   keep(homeFolder, isFolder ? home : "");
+}
+
+void Crash::setNotice(const Notice& notice) noexcept {
+  keep(beforeDump, notice.beforeDump);
+  keep(behindDump, notice.behindDump);
+  keep(withoutDump, notice.withoutDump);
+}
+
+void Crash::setPlaceOfNotice(std::intptr_t place) noexcept {
+  placeOfNotice = place;
+  hasNotice = true;
+}
+
+Crash::Text Crash::takeNotice(const char* dump, std::intptr_t& place) noexcept {
+  Text text;
+  if (!hasNotice.exchange(false)) {
+    return text;
+  }
+  place = placeOfNotice;
+  if (*dump == '\0') {
+    return text << withoutDump.data();
+  }
+  text << beforeDump.data();
+  appendVisible(text, dump, std::strlen(dump));
+  return text << behindDump.data();
 }
 
 const char* Crash::preparedLines() noexcept {

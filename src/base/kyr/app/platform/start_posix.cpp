@@ -58,6 +58,18 @@ bool sendMessage(const sockaddr_un& address) {
 
 void Start::setSmallBlockThreshold() noexcept {}
 
+// Standard input, output and error are left free, where they are closed.
+std::intptr_t Start::keepErrors() noexcept {
+  const int kept = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  return kept > 0 ? kept : 0;
+}
+
+void Start::dropErrors(std::intptr_t kept) noexcept {
+  if (kept != 0) {
+    ::close(static_cast<int>(kept));
+  }
+}
+
 // The descriptor is exchanged below the stream, which so keeps its old target on failure.
 bool Start::redirectOutput(const QString& path, Target_t target) {
   const std::string name = Platform::nativePath(path).native();

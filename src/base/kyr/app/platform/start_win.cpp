@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include <io.h>
 #include <windows.h>
 
 namespace Kyr {
@@ -47,6 +48,23 @@ void Start::setSmallBlockThreshold() noexcept {
   const FARPROC address = runtime ? ::GetProcAddress(runtime, "_set_sbh_threshold") : nullptr;
   if (const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(address))) {
     function(smallBlock);
+  }
+}
+
+std::intptr_t Start::keepErrors() noexcept {
+  const int descriptor = ::_fileno(stderr);
+  const intptr_t found = descriptor >= 0 ? ::_get_osfhandle(descriptor) : -1;
+  HANDLE kept = nullptr;
+  const bool isKept =
+      found != -1 && found != -2 &&
+      ::DuplicateHandle(::GetCurrentProcess(), reinterpret_cast<HANDLE>(found),
+                        ::GetCurrentProcess(), &kept, 0, FALSE, DUPLICATE_SAME_ACCESS);
+  return isKept ? reinterpret_cast<std::intptr_t>(kept) : 0;
+}
+
+void Start::dropErrors(std::intptr_t kept) noexcept {
+  if (kept != 0) {
+    ::CloseHandle(reinterpret_cast<HANDLE>(kept));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <string_view>
 
+#include <poll.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -114,6 +115,17 @@ void Crash::printAbout(const Text& fault, const char* dump, const Threads& threa
     if (findModule(memory, begin, module)) {
       printModule(module, memory);
     }
+  }
+}
+
+void Crash::showNotice(const char* dump) noexcept {
+  constexpr int patience = 1000;  // milliseconds
+  std::intptr_t place = -1;
+  Text text = takeNotice(dump, place);
+  pollfd waiting = {static_cast<int>(place), POLLOUT, 0};
+  if (text.length() > 0 && ::poll(&waiting, 1, patience) == 1) {
+    text << "\n";
+    static_cast<void>(::write(waiting.fd, text.data(), text.length()));
   }
 }
 

@@ -246,4 +246,22 @@ void Crash::printAbout(const Text& fault) noexcept {
   }
 }
 
+void Crash::showNotice() noexcept {
+  static std::array<char, 4096> path;
+  static std::array<wchar_t, 4096> wide;
+  std::intptr_t place = 0;
+  Text text = takeNotice(toUtf8(writtenDump(), -1, path) > 1 ? path.data() : "", place);
+  if (text.length() == 0) {
+    return;
+  }
+  text << "\r\n";
+  const auto target = reinterpret_cast<HANDLE>(place);
+  const int count = ::MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.length()),
+                                          wide.data(), int{wide.size()});
+  DWORD written = 0;
+  if (!::WriteConsoleW(target, wide.data(), static_cast<DWORD>(count), &written, nullptr)) {
+    ::WriteFile(target, text.data(), static_cast<DWORD>(text.length()), &written, nullptr);
+  }
+}
+
 }  // namespace Kyr

@@ -26,6 +26,7 @@ Text uncaught;
 CallChain thrown;
 Text headline;
 MetModules met;
+std::atomic<const char*> dump{""};
 
 /// The thread that reports; 0 until one does.
 std::atomic<int> reporter{0};
@@ -43,6 +44,7 @@ void releaseSharedMemory() noexcept {
 
 [[noreturn]] void endProcess() noexcept {
   releaseSharedMemory();
+  showNotice(dump);
   Fatal::endProcess(1);
 }
 
@@ -111,13 +113,14 @@ void onFault(int, siginfo_t* signal, void* given) {
   describe(*signal, context);
   Journals::flushForEnd();  // may wait for a thread that is writing
   threads.stop(context);
-  const char* const dump = writeDump(*signal, threads, memory);
+  dump = writeDump(*signal, threads, memory);
   printBacktraces(threads, memory, thrown, met);
   printAbout(headline, dump, threads, memory, met);
   // The threads run on: what follows may need a lock that one of them holds.
   threads.release();
   limitTime();
   releaseSharedMemory();
+  showNotice(dump);
   Fatal::callHook();
   Journals::flushForEnd();  // what threads added meanwhile
   Fatal::endProcess(1);

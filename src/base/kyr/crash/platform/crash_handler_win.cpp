@@ -47,6 +47,7 @@ DWORD WINAPI watch(void* /*unused*/) {
   while (true) {
     ::Sleep(pulse);
     if (isTimed && ::GetTickCount() - timedSince > patience) {
+      showNotice();
       Fatal::endProcess(1);
     }
   }
@@ -94,6 +95,7 @@ DWORD WINAPI report(void* given) {
   writeDump(broken);
   printBacktraces(broken, helper);
   printAbout(headline);
+  showNotice();
   removeOldDumps();
   if (consoleAllocated) {
     isTimed = false;
