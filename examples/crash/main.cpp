@@ -4,7 +4,12 @@
 ///
 ///   KYR_CONSOLE=on crash --kind null-read --in-thread --threads 8
 ///
-/// Exit codes: 1 it died as it should, and the report has come out; 2 wrong usage; 3 it lived on.
+/// What it left in files of its own it shows at its next start, as an application may:
+///
+///   crash --kind null-read; KYR_CONSOLE=on crash --last
+///
+/// Exit codes: 0 it showed its last report; 1 it died as it should, and the report has come out;
+/// 2 wrong usage; 3 it lived on.
 
 #include "crew.h"
 #include "faults.h"
@@ -14,6 +19,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDateTime>
 
 #include <cstdio>
 #include <cstdlib>
@@ -30,6 +36,8 @@ struct Options {
   bool inThread = false;
   bool inForeignThread = false;
   QString hook;
+  bool shows = false;
+  bool acknowledges = false;
 };
 
 [[noreturn]] void refuseUsage(const QString& problem) {
@@ -70,7 +78,9 @@ Options parse(const QStringList& arguments) {
   const QCommandLineOption hook("hook", "a last act: say something, or crash again", "say|crash");
   const QCommandLineOption note("note", "does nothing, but stands in the report", "text");
   const QCommandLineOption password("password", "does nothing, and stands in no report", "text");
-  parser.addOptions({help, kind, inThread, inForeign, threads, hook, note, password});
+  const QCommandLineOption last("last", "shows the last report of this program, and lives on");
+  const QCommandLineOption seen("seen", "as --last, which calls it seen from then on");
+  parser.addOptions({help, kind, inThread, inForeign, threads, hook, note, password, last, seen});
   if (!parser.parse(arguments)) {
     refuseUsage(parser.errorText());
   }
@@ -81,7 +91,9 @@ Options parse(const QStringList& arguments) {
     refuseUsage("\"" + parser.positionalArguments().first() + "\" is no option");
   }
   Options options;
-  options.fault = findFault(parser);
+  options.acknowledges = parser.isSet(seen);
+  options.shows = parser.isSet(last) || options.acknowledges;
+  options.fault = options.shows ? nullptr : findFault(parser);
   bool isNumber = false;
   options.threads = parser.value(threads).toInt(&isNumber);
   if (!isNumber || options.threads < 0 || options.threads > mostThreads) {
@@ -101,6 +113,25 @@ void setHook(const QString& name) {
   } else if (!name.isEmpty()) {
     refuseUsage("the hook can say something or crash");
   }
+}
+
+/// Shows the last report of a crash of this application, as it could at its start.
+/// \return the exit code
+int showLast(bool acknowledges) {
+  const std::optional<Kyr::CrashReport> last = Kyr::KyrInit::lastCrash();
+  if (!last) {
+    std::puts("no crash is known");
+    return 0;
+  }
+  const QString time = QDateTime::fromSecsSinceEpoch(last->seconds, Qt::UTC).toString(Qt::ISODate);
+  std::printf("%s%s %s: %s%s\n%s\n%s\n", last->isSeen ? "seen: " : "",
+              qPrintable(last->application), qPrintable(time), qPrintable(last->fault),
+              last->isWhole ? "" : " (the report is not whole)", qPrintable(last->path),
+              qPrintable(last->dump));
+  if (acknowledges) {
+    Kyr::CrashReports::acknowledge(*last);
+  }
+  return 0;
 }
 
 void die(const Options& options) {
@@ -124,6 +155,9 @@ int main(int argc, char** argv) {
   }
   const Options options = parse(arguments);
   Kyr::KyrInit::InitLibrary(Kyr::ApplicationViewer, arguments);
+  if (options.shows) {
+    return showLast(options.acknowledges);
+  }
   setHook(options.hook);
   const Crash::Crew crew(options.threads);
   die(options);

@@ -138,7 +138,8 @@ TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
       "\n\n\nabout this crash:\nfault: EXCEPTION_ACCESS_VIOLATION \\(write to address 0x0\\)\n"
       "time: \\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ\nprocess: " +
           name.mid(4).remove(".dmp") +
-          "\nprogram: Viewer \\S+\nlibrary: libKyr \\S+\ncommand line: \\S*crash\\S* --kind "
+          "\nprogram: Viewer\nversion: \\S+\nlibrary: libKyr \\S+\ncommand line: \\S*crash\\S* "
+          "--kind "
           "null-write --in-thread --threads 1 --note ~/part.g3d --note line\\?feed --password "
           "\\[blanked\\]\nsystem: (Linux|Windows) .+, \\d+ processors\ndump: .*" +
           name + "\n\nthreads:\n"))
@@ -215,6 +216,20 @@ TEST_F(Crash, TellsOfAReportThatDidNotComeToItsEnd) {
   const TempDir folder;
   const Death death = die(folder, {"--kind", "prog-error", "--hook", "crash"});
   EXPECT_EQ(death.errors.count("Viewer has crashed. The report is "), 1) << "twice, or not at all";
+}
+
+TEST_F(Crash, IsKnownAtTheNextStartUntilItIsSeen) {
+  const TempDir folder;
+  die(folder, {"--kind", "divide"}, {"KYR_CONSOLE=file:"});
+  const QString report = QDir(folder.path()).entryList({"ORV-*.log"}).value(0);
+  const QString known =
+      "Viewer \\S+Z: EXCEPTION_INT_DIVIDE_BY_ZERO\n.*" + report + "\n.*ORV-\\d+\\.dmp\n";
+  for (const auto& [option, expected] :
+       {std::make_pair("--seen", known), std::make_pair("--last", "seen: " + known)}) {
+    const Death shown = die(folder, {option});
+    EXPECT_EQ(shown.code, 0);
+    EXPECT_TRUE(begins(shown.report, expected)) << shown.report.toStdString();
+  }
 }
 
 TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {

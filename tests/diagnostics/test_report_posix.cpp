@@ -1,3 +1,4 @@
+#include <kyr/diagnostics/KyrCrashReports.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
 
 #include "support/Support.h"
@@ -11,20 +12,25 @@ using namespace Kyr;
 TEST(ReportOnLinux, FollowsNothingAndKeepsOthersOut) {
   const KyrTest::TempDir folder;
   const KyrTest::ScopedEnvironment temporary("TMPDIR", folder.path().toUtf8());
-  const QByteArray own = folder.write("secret", "secret").toUtf8();
+  const QByteArray crash =
+      "secret\n\n\nabout this crash:\nfault: X\n\nmodules of the backtraces:\n";
+  const QByteArray own = folder.write("secret", crash).toUtf8();
   EXPECT_EQ(::symlink(own, qPrintable(folder.file("ORV-1.log"))), 0);
   EXPECT_EQ(::link(own, qPrintable(folder.file("ORV-2.log"))), 0);
   EXPECT_EQ(::mkfifo(qPrintable(folder.file("ORV-3.log")), 0600), 0);
   EXPECT_EQ(::mkdir(qPrintable(folder.file("ORV-4.log")), 0700), 0);
   folder.write("ORV-5.log", "fine");
   if (::geteuid() == 0) {
-    EXPECT_EQ(::chown(qPrintable(folder.write("ORV-6.log", "foreign")), 1, 1), 0);
+    EXPECT_EQ(::chown(qPrintable(folder.write("ORV-6.log", crash)), 1, 1), 0);
   }
   SystemReport report;
   report.collect(SystemReport::PartLogs);
   ASSERT_EQ(report.files().size(), 1U);
   EXPECT_EQ(report.files()[0].contents, "fine");
   EXPECT_EQ(report.sections()[0].remarks.size(), ::geteuid() == 0 ? 5 : 4);
+  EXPECT_FALSE(CrashReports::newest()) << "a report that is not this user's own plain file";
+  folder.write("ORV-7.log", crash);
+  EXPECT_TRUE(CrashReports::newest());
   const mode_t before = ::umask(0);
   report.write(folder.file("r.tar.gz"));
   ::umask(before);

@@ -11,6 +11,7 @@
 #include <kyr/core/KyrStructVector.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/crash/KyrNewHandler.h>
+#include <kyr/diagnostics/KyrCrashReports.h>
 #include <kyr/diagnostics/KyrDebugTimer.h>
 #include <kyr/diagnostics/KyrMemoryObserver.h>
 #include <kyr/diagnostics/KyrSystemReport.h>

@@ -4,9 +4,12 @@
 
 #include <kyr/core/KyrApplication.h>
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/diagnostics/KyrCrashReports.h>
 
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 namespace Kyr {
 
@@ -158,6 +161,11 @@ class KYR_EXPORT KyrInit {
   /// \param size of the buffer, in characters with the zero
   /// \return false when the path does not fit, or the directory's name is no text
   static bool getProgramCrashdumpfile(unsigned pid, wchar_t* buffer, unsigned size);
+
+  /// The newest report that a crash of this application has left, of the same user: at the next
+  /// start the user can be asked whether it may be sent. See CrashReports. \return nothing when
+  /// there is none \threadsafety any thread
+  static std::optional<CrashReport> lastCrash();
 
   /// Where to write a file of settings of this version; creates the directory if it is missing.
   /// \param name of the file, as "viewer_language.dat"

@@ -19,6 +19,10 @@ QString KyrInit::getApplicationVersion() {
   return version.isEmpty() ? QString(libraryVersion()) : version;
 }
 
+std::optional<CrashReport> KyrInit::lastCrash() {
+  return CrashReports::newest(QString::fromUtf8(getApplicationName()));
+}
+
 const QString& KyrInit::getConfigDirectory(ConfigDirectory which) {
   const Settings::ConfigDirectories& settled = Settings::settled().config;
   switch (which) {
