@@ -581,5 +581,65 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
         <source>%1: files that are written: %2 of %3</source>
         <translation>%1: geschriebene Dateien: %2 von %3</translation>
     </message>
+    <message>
+        <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
+        <translation>benennt die Funktionen und Zeilen eines Absturzberichts, aus den Debug-Informationen des Builds, der abgestürzt ist</translation>
+    </message>
+    <message>
+        <source>where debug information lies; may stand several times</source>
+        <translation>wo Debug-Informationen liegen; darf mehrmals stehen</translation>
+    </message>
+    <message>
+        <source>%1: the dump is cut short or damaged</source>
+        <translation>%1: der Dump ist abgeschnitten oder beschädigt</translation>
+    </message>
+    <message>
+        <source>%1: is the dump of an unknown kind of machine</source>
+        <translation>%1: ist der Dump einer unbekannten Art von Rechner</translation>
+    </message>
+    <message>
+        <source>%1: is too large for a report or a dump</source>
+        <translation>%1: ist zu groß für einen Bericht oder einen Dump</translation>
+    </message>
+    <message>
+        <source>%1: is no folder</source>
+        <translation>%1: ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>%1 (no build id: not checked)</source>
+        <translation>%1 (keine Build-ID: nicht geprüft)</translation>
+    </message>
+    <message>
+        <source>no build id; there are the builds %1</source>
+        <translation>keine Build-ID; es gibt die Builds %1</translation>
+    </message>
+    <message>
+        <source>no build id</source>
+        <translation>keine Build-ID</translation>
+    </message>
+    <message>
+        <source>%1 crashed, there is %2</source>
+        <translation>%1 ist abgestürzt, vorhanden ist %2</translation>
+    </message>
+    <message>
+        <source>symbols:</source>
+        <translation>Debug-Informationen:</translation>
+    </message>
+    <message>
+        <source>%1: holds no backtrace, and is no dump</source>
+        <translation>%1: enthält keine Aufrufliste und ist kein Dump</translation>
+    </message>
+    <message>
+        <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
+        <translation>weder llvm-symbolizer noch addr2line ist installiert; eines davon liest Debug-Informationen</translation>
+    </message>
+    <message>
+        <source>%1: %2 cannot read it: %3</source>
+        <translation>%1: %2 kann es nicht lesen: %3</translation>
+    </message>
+    <message>
+        <source>%1: its debug information cannot be read</source>
+        <translation>%1: die Debug-Informationen lassen sich nicht lesen</translation>
+    </message>
 </context>
 </TS>

@@ -580,5 +580,65 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
         <source>%1: files that are written: %2 of %3</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>where debug information lies; may stand several times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: the dump is cut short or damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: is the dump of an unknown kind of machine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: is too large for a report or a dump</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: is no folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (no build id: not checked)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no build id; there are the builds %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no build id</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 crashed, there is %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>symbols:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: holds no backtrace, and is no dump</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 cannot read it: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: its debug information cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

@@ -581,5 +581,65 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
         <source>%1: files that are written: %2 of %3</source>
         <translation>%1 : fichiers écrits : %2 sur %3</translation>
     </message>
+    <message>
+        <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
+        <translation>nomme les fonctions et les lignes d’un rapport de plantage, d’après les informations de débogage du build qui a planté</translation>
+    </message>
+    <message>
+        <source>where debug information lies; may stand several times</source>
+        <translation>où se trouvent les informations de débogage ; peut figurer plusieurs fois</translation>
+    </message>
+    <message>
+        <source>%1: the dump is cut short or damaged</source>
+        <translation>%1 : le vidage est tronqué ou endommagé</translation>
+    </message>
+    <message>
+        <source>%1: is the dump of an unknown kind of machine</source>
+        <translation>%1 : est le vidage d’un type de machine inconnu</translation>
+    </message>
+    <message>
+        <source>%1: is too large for a report or a dump</source>
+        <translation>%1 : est trop grand pour un rapport ou un vidage</translation>
+    </message>
+    <message>
+        <source>%1: is no folder</source>
+        <translation>%1 : n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>%1 (no build id: not checked)</source>
+        <translation>%1 (pas d’identifiant de build : non vérifié)</translation>
+    </message>
+    <message>
+        <source>no build id; there are the builds %1</source>
+        <translation>pas d’identifiant de build ; il y a les builds %1</translation>
+    </message>
+    <message>
+        <source>no build id</source>
+        <translation>pas d’identifiant de build</translation>
+    </message>
+    <message>
+        <source>%1 crashed, there is %2</source>
+        <translation>%1 a planté, seul %2 est présent</translation>
+    </message>
+    <message>
+        <source>symbols:</source>
+        <translation>informations de débogage :</translation>
+    </message>
+    <message>
+        <source>%1: holds no backtrace, and is no dump</source>
+        <translation>%1 : ne contient aucune pile d’appels et n’est pas un vidage</translation>
+    </message>
+    <message>
+        <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
+        <translation>ni llvm-symbolizer ni addr2line n’est installé ; l’un des deux lit les informations de débogage</translation>
+    </message>
+    <message>
+        <source>%1: %2 cannot read it: %3</source>
+        <translation>%1 : %2 ne peut pas le lire : %3</translation>
+    </message>
+    <message>
+        <source>%1: its debug information cannot be read</source>
+        <translation>%1 : ses informations de débogage ne peuvent pas être lues</translation>
+    </message>
 </context>
 </TS>

@@ -29,6 +29,20 @@ volatile int sink = 0;
   *nowhere = 1;
 }
 
+// The compiler merges these three into one function; a report names each of them.
+[[gnu::always_inline]] inline void storeThrough(int* target) {
+  *target = 2;
+}
+
+[[gnu::always_inline]] inline void measureInto(int* target) {
+  sink = 1;
+  storeThrough(target);
+}
+
+[[gnu::noinline]] void writeInlined() {
+  measureInto(nowhere);
+}
+
 [[gnu::noinline]] void executeNull() {
   noFunction();
   sink = 1;
@@ -95,6 +109,7 @@ volatile int sink = 0;
 const Fault faults[] = {
     {"null-read", &readNull, "reads from address 0"},
     {"null-write", &writeNull, "writes to address 0"},
+    {"inlined", &writeInlined, "writes to address 0 in functions merged into one"},
     {"execute", &executeNull, "calls a function at address 0"},
     {"execute-data", &executeData, "calls what is no function"},
     {"divide", &divideByZero, "divides an integer by zero"},

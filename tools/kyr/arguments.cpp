@@ -59,13 +59,13 @@ void Arguments::takeOption(QStringList& words, const std::vector<Option>& known)
     if (hasValue) {
       throw UsageError{Kyr::translate("Kyr_tool", "%1 takes no value").arg(name)};
     }
-    _options[option.name] = QString();
+    _options[option.name] = QStringList();
     return;
   }
   if (!hasValue && words.isEmpty()) {
     throw UsageError{Kyr::translate("Kyr_tool", "%1 needs a value").arg(name)};
   }
-  _options[option.name] = hasValue ? word.section('=', 1) : words.takeFirst();
+  _options[option.name] += hasValue ? word.section('=', 1) : words.takeFirst();
 }
 
 unsigned Arguments::number(const QString& name, unsigned lowest, unsigned highest,

@@ -42,7 +42,10 @@ class Arguments {
   int count() const { return _plain.size(); }
   const QString& operator[](int index) const { return _plain[index]; }
   bool has(const QString& option) const { return _options.contains(option); }
-  QString option(const QString& name) const { return _options.value(name); }
+  /// The value of an option; of one that stands there several times the last.
+  QString option(const QString& name) const { return all(name).value(all(name).size() - 1); }
+  /// All values of an option, in their order.
+  QStringList all(const QString& name) const { return _options.value(name); }
   /// The value of an option as a number.
   /// \return \a otherwise when the option is not there
   /// \throws UsageError when it is no number from \a lowest to \a highest
@@ -52,7 +55,7 @@ class Arguments {
   void takeOption(QStringList& words, const std::vector<Option>& known);
 
   QStringList _plain;
-  QMap<QString, QString> _options;
+  QMap<QString, QStringList> _options;
 };
 
 }  // namespace KyrTool

@@ -40,6 +40,8 @@ int nextName(const Arguments& arguments);
 int changelog(const Arguments& arguments);
 /// Writes an archive with what support wants to know about this machine.
 int writeReport(const Arguments& arguments);
+/// Names the functions and lines of a crash report or a dump.
+int symbolize(const Arguments& arguments);
 /// Shows where the time of a traced program went.
 int traceSummary(const Arguments& arguments);
 /// Shows versions, directories and the machine in short.
