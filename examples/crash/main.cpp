@@ -16,6 +16,7 @@
 
 #include <kyr/app/KyrInit.h>
 #include <kyr/core/KyrProgError.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -160,6 +161,7 @@ int main(int argc, char** argv) {
   }
   setHook(options.hook);
   const Crash::Crew crew(options.threads);
+  Kyr::FlightRecorder::note("crash", options.fault->kind);
   die(options);
   return 3;
 }

@@ -40,6 +40,7 @@
 #include <kyr/pack/KyrZipSalvage.h>
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/pack/KyrZippedTar.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/sync/KyrSharedMemory.h>
 #include <kyr/sync/KyrThread.h>
