@@ -232,6 +232,31 @@ TEST_F(Crash, IsKnownAtTheNextStartUntilItIsSeen) {
   }
 }
 
+/// The section of the flight recorder; empty without one.
+QStringList recordedIn(const QString& report) {
+  const QString heading = "\nlast entries of the flight recorder, the newest first:\n";
+  const int at = report.lastIndexOf(heading);
+  return at < 0 ? QStringList()
+                : report.mid(at + heading.size())
+                      .section("\n\n", 0, 0)
+                      .split('\n', Qt::SkipEmptyParts);
+}
+
+TEST_F(Crash, TellsWhatHappenedLast) {
+  const TempDir folder;
+  const Death death = die(folder, {"--kind", "null-write", "--in-thread"});
+  const QStringList lines = recordedIn(death.report);
+  ASSERT_EQ(lines.size(), 6) << death.report.toStdString();
+  EXPECT_TRUE(lines[0].endsWith(" crash: null-write")) << lines[0].toStdString();
+  EXPECT_TRUE(lines[5].endsWith(" KyrInit: InitLibrary begins")) << lines[5].toStdString();
+  // The main thread, which waits for the one that has broken.
+  EXPECT_TRUE(death.report.contains("next thread: " + lines[0].section(' ', 1, 1) + ","));
+  const Death silent = die(folder, {"--kind", "null-write"}, {"KYR_FLIGHT_RECORDER=off"});
+  EXPECT_FALSE(silent.report.contains("flight recorder")) << silent.report.toStdString();
+  EXPECT_FALSE(recordedIn(die(folder, {"--kind", "null-write"}, {"KYR_FLIGHT_RECORDER=on"}).report)
+                   .isEmpty());
+}
+
 TEST_F(Crash, ReportsTheEndWhateverTheHookDoes) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"say", "\nthe hook was here\n", "a hook that is not called, or called too early"},

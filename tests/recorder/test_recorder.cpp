@@ -1,6 +1,10 @@
 #include "Writers.h"
 
+#include <kyr/app/KyrInit.h>
 #include <kyr/diagnostics/KyrSystemReport.h>
+#include <kyr/jobs/KyrProgress.h>
+#include <kyr/jobs/KyrScheduler.h>
+#include <kyr/log/KyrSyncErrorLog.h>
 
 namespace {
 
@@ -180,6 +184,94 @@ TEST(FlightRecorder, IsSwitchedOff) {
   FlightRecorder::setOn(true);
   EXPECT_EQ(FlightRecorder::lines().size(), before.size());
   EXPECT_EQ(noted("on", "seen"), "on: seen");
+}
+
+/// The newest entries behind time and thread, the oldest of them first.
+std::vector<std::string> newestOf(int count) {
+  std::vector<std::string> texts;
+  for (const QString& line : FlightRecorder::lines().mid(0, count)) {
+    texts.insert(texts.begin(), line.section(' ', 2).toStdString());
+  }
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(FlightRecorder, IsToldWhatErrorLogsAreTold) {
+  Kyr::ErrorLog log;
+  log << "pieces of " << 1 << " message" << Kyr::END_LOG << "never finished";
+  Kyr::SyncErrorLog sync;
+  sync.setFeed({nullptr, Kyr::Journal::Warning, "reader"});
+  sync << "of another log" << Kyr::END_LOG;
+  EXPECT_EQ(newestOf(2), (Texts{"log: pieces of 1 message", "reader: of another log"}));
+}
+
+TEST(FlightRecorder, IsToldNewTextsOfTheProgress) {
+  Kyr::Progress::setProgressString("load points", true);
+  Kyr::Progress::setProgressString("load points", true);
+  Kyr::Progress::setProgressString("sort points", true);
+  EXPECT_EQ(newestOf(2), (Texts{"progress: load points", "progress: sort points"}));
+  Kyr::Progress::reset();
+}
+
+/// Two jobs, of which the second one throws.
+class Jobs : public Kyr::JobManager {
+ public:
+  bool isNext() { return ++_begun == 1; }
+
+ protected:
+  bool hasMoreJobs() override { return _given < 2; }
+  bool isJobAvailable(Kyr::Worker*) override { return true; }
+  void assignJob(Kyr::Worker*) override { ++_given; }
+  void jobDone(Kyr::Worker*) override {}
+
+ private:
+  int _given = 0;
+  int _begun = 0;
+};
+
+class JobWorker : public Kyr::CatchingWorker {
+ public:
+  explicit JobWorker(Jobs* jobs) : CatchingWorker(NoLockGUI, jobs), _jobs(jobs) {
+    setObjectName("packer");
+  }
+
+ protected:
+  void executeJobOrThrow() override {
+    if (!_jobs->isNext()) {
+      throw std::runtime_error("no paper");
+    }
+  }
+
+ private:
+  Jobs* _jobs;
+};
+
+TEST(FlightRecorder, IsToldWhenJobsBeginAndEnd) {
+  Jobs jobs;
+  new JobWorker(&jobs);
+  jobs.startAllWorker();
+  jobs.waitForWorker();
+  EXPECT_EQ(newestOf(5), (Texts{"packer: job begins", "packer: job ends", "packer: job begins",
+                                "CatchingWorker: job fails by an exception", "packer: job ends"}));
+}
+
+TEST(FlightRecorder, IsToldHowFarTheLibraryIs) {
+  const Ended ended = inChild([] {
+    QStringList arguments{"test"};
+    Kyr::KyrInit::InitLibrary(Kyr::StartOptions(), arguments);
+    Kyr::KyrInit::CloseLibrary();
+    for (const std::string& text : newestOf(6)) {
+      std::cout << text << '\n';
+    }
+  });
+  EXPECT_EQ(QString(ended.output).remove('\r').toStdString(),
+            "KyrInit: InitLibrary begins\n"
+            "KyrInit: the crash handler is installed\n"
+            "KyrInit: the directories are known\n"
+            "KyrInit: InitLibrary is done\n"
+            "KyrInit: CloseLibrary begins\n"
+            "KyrInit: CloseLibrary is done\n");
 }
 
 TEST(FlightRecorder, NeverShowsATornEntry) {

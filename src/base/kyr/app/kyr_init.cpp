@@ -11,6 +11,7 @@
 #include <kyr/jobs/KyrThreadPool.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 #include <kyr/text/KyrParse.h>
 #include <kyr/units/KyrUnit.h>
 
@@ -155,6 +156,11 @@ void tellQt(const StartOptions& options) {
   }
 }
 
+/// Has the flight recorder know how far the library is.
+void noteStep(const char* step) noexcept {
+  FlightRecorder::note("KyrInit", step);
+}
+
 /// The start of an application of the suite.
 StartOptions optionsOfSuite(Application_t application) {
   StartOptions options;
@@ -171,20 +177,24 @@ void KyrInit::InitLibrary(Application_t app, QStringList& arguments) {
 }
 
 void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
+  noteStep("InitLibrary begins");
   Start::setSmallBlockThreshold();
   Platform::surviveFileLimit();
   if (!options.keepStreams) {
     openStandardStreams();
     unbufferStandardStreams();
+    noteStep("the standard streams are open");
   }
   Crash::install(crashDumpFile().constData());
   NewHandler::install();
+  noteStep("the crash handler is installed");
   Settings::setApplication(options.application, options.name, options.version);
   if (options.announce) {
     announce(getApplicationName());
   }
   applyNumberOfCPUs();
   Settings::settle({options.makeDirectories, options.trustCurrentDirectory});
+  noteStep("the directories are known");
   if (!options.keepPluginPaths && QCoreApplication::instance()) {
     QCoreApplication::setLibraryPaths({getSoftwareDirectory() + "/lib"});
   }
@@ -192,13 +202,16 @@ void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
   Start::describeProgram(arguments);
   Start::prepareNotice();
   takeLauncherSocket(arguments);
+  noteStep("InitLibrary is done");
 }
 
 void KyrInit::CloseLibrary() {
+  noteStep("CloseLibrary begins");
   PoolForThreads::deinitialize();
   Progress::destroyGUIEventCreators();
   Progress::reset();
   UnitDiff::clearUnits();
+  noteStep("CloseLibrary is done");
 }
 
 QString KyrInit::getTranslatedApplicationName() {

@@ -4,6 +4,7 @@
 #include <kyr/core/forever_p.h>
 #include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/jobs/KyrStopToken.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 
 #include <QCoreApplication>
 
@@ -143,6 +144,7 @@ void Progress::setProgressString(const QString& text, bool force) {
   {
     const AutoMutex locked(&_mutex_progress);
     if (text != _text) {
+      FlightRecorder::note("progress", text);
       const bool mayWait = _text_time_set && !text.isEmpty() && !_text.isEmpty() && !force;
       const Time now = Time::currentTime();
       changed = !mayWait || now.absoluteDifference(_text_time).getSeconds() >= textPause;

@@ -2,9 +2,11 @@
 
 #include <kyr/core/KyrProgError.h>
 #include <kyr/jobs/work_context_p.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 #include <kyr/trace/KyrTrace.h>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace Kyr {
@@ -199,10 +201,35 @@ void Worker::countJob() {
   }
 }
 
+namespace {
+
+/// Has the flight recorder know of a job, from its construction to its end.
+class JobNote {
+ public:
+  /// \param worker its name; lives longer than this object
+  explicit JobNote(const char* worker) noexcept : _worker(worker) {
+    FlightRecorder::note(_worker, "job begins");
+  }
+  ~JobNote() {
+    const bool failed = std::uncaught_exceptions() > _exceptions;
+    FlightRecorder::note(_worker, failed ? "job ends by an exception" : "job ends");
+  }
+  JobNote(const JobNote&) = delete;
+  JobNote& operator=(const JobNote&) = delete;
+
+ private:
+  const char* const _worker;
+  const int _exceptions = std::uncaught_exceptions();
+};
+
+}  // namespace
+
 void Worker::run() {
   const StopToken stop = _manager->stopToken();
   WorkOnItems items(_manager->_scope, stop);
-  Trace::nameThread(objectName().isEmpty() ? "Worker" : objectName());
+  const QString name = objectName().isEmpty() ? "Worker" : objectName();
+  const QByteArray source = name.toUtf8();
+  Trace::nameThread(name);
   setState(WorkerLooking, 0);
   bool hasDone = false;
   while (_manager->takeJob(this, hasDone)) {
@@ -210,6 +237,7 @@ void Worker::run() {
     _jobToCount = &items;
     {
       const TraceSpan span("Worker::executeJob", "job");
+      const JobNote note(source.constData());
       executeJob();
     }
     countJob();
@@ -233,6 +261,7 @@ std::exception_ptr CatchingWorker::getException() const {
 }
 
 void CatchingWorker::keep(std::exception_ptr exception) {
+  FlightRecorder::note("CatchingWorker", "job fails by an exception");
   const AutoMutex lock(&_failureMutex);
   if (!_exception) {
     _exception = std::move(exception);

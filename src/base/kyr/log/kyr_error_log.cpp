@@ -1,5 +1,6 @@
 #include <kyr/log/KyrErrorLog.h>
 #include <kyr/log/log_output_p.h>
+#include <kyr/recorder/KyrFlightRecorder.h>
 
 #include <iostream>
 
@@ -13,6 +14,10 @@ QString LogOutput::addressText(const void* address) {
 void LogOutput::echo(const QString& message) {
   const QByteArray line = message.toLocal8Bit() + '\n';
   std::cerr.write(line.constData(), line.size()).flush();
+}
+
+void LogOutput::note(const QString& message, const LogFeed& feed) noexcept {
+  FlightRecorder::note(feed.source ? feed.source : "log", message);
 }
 
 ErrorLog::ErrorLog(bool append) : _append(append) {}
@@ -47,6 +52,7 @@ ErrorLog& ErrorLog::addDouble(double value) {
 
 ErrorLog& ErrorLog::addChar(char value) {
   if (value == END_LOG) {
+    LogOutput::note(_message, _feed);
     _feed.give(_message);
     appendLine();
   } else {

@@ -72,6 +72,7 @@ SyncErrorLog& SyncErrorLog::addDouble(double value) {
 SyncErrorLog& SyncErrorLog::addChar(char value) {
   const AutoMutex locked(&_mutex);
   if (value == END_LOG) {
+    LogOutput::note(_message, _feed);
     _feed.give(_message);
     appendLine();
   } else {

@@ -102,4 +102,10 @@ std::string_view LineMaker::line(const Entry& entry) noexcept {
   return {_line.data(), _length};
 }
 
+std::string_view LineMaker::lineWithFeed(const Entry& entry) noexcept {
+  line(entry);
+  add("\n");
+  return {_line.data(), _length};
+}
+
 }  // namespace Kyr::Recorder

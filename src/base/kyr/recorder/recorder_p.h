@@ -68,6 +68,8 @@ class LineMaker {
  public:
   /// \return without a line feed; valid until the next call
   std::string_view line(const Entry& entry) noexcept;
+  /// As above, with a line feed.
+  std::string_view lineWithFeed(const Entry& entry) noexcept;
 
  private:
   void add(std::string_view text) noexcept;

@@ -1,5 +1,6 @@
 #include <kyr/crash/crash_handler_p.h>
 #include <kyr/crash/crash_posix_p.h>
+#include <kyr/crash/crash_recorder_p.h>
 #include <kyr/log/journals_p.h>
 
 #include <cstdlib>
@@ -116,6 +117,7 @@ void onFault(int, siginfo_t* signal, void* given) {
   dump = writeDump(*signal, threads, memory);
   printBacktraces(threads, memory, thrown, met);
   printAbout(headline, dump, threads, memory, met);
+  printRecorder(&Fatal::writeToStandardError);
   // The threads run on: what follows may need a lock that one of them holds.
   threads.release();
   limitTime();

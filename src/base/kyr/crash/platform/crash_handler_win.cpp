@@ -1,5 +1,6 @@
 #include <kyr/crash/crash_exception_p.h>
 #include <kyr/crash/crash_handler_p.h>
+#include <kyr/crash/crash_recorder_p.h>
 #include <kyr/crash/crash_win_p.h>
 #include <kyr/log/journals_p.h>
 
@@ -95,6 +96,7 @@ DWORD WINAPI report(void* given) {
   writeDump(broken);
   printBacktraces(broken, helper);
   printAbout(headline);
+  printRecorder([](const char* bytes, std::size_t length) { write(bytes, length); });
   showNotice();
   removeOldDumps();
   if (consoleAllocated) {
