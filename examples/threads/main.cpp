@@ -1,6 +1,6 @@
 /// \file
-/// Threads that share a table and a log, a loop that threads share, and a cache that gives way when
-/// memory runs short.
+/// Threads that share a table and a log, a loop that threads share, a cache that gives way when
+/// memory runs short, and locks that are taken in the wrong order.
 ///
 ///   threads
 
@@ -9,6 +9,7 @@
 #include <kyr/jobs/KyrProgressScope.h>
 #include <kyr/jobs/KyrThreadPool.h>
 #include <kyr/log/KyrSyncErrorLog.h>
+#include <kyr/sync/KyrLockDoctor.h>
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/terminal/KyrTerminalProgress.h>
 
@@ -102,9 +103,26 @@ class Cache : public NewHandler {
   std::vector<char> _pictures = std::vector<char>(1000000);
 };
 
+/// Takes two locks now in one order and now in the other. One thread at a time does not notice;
+/// two threads might wait for each other for ever.
+void invertLocks() {
+  Mutex store("Store", "main", 4), index("Index", "main", 5);
+  const auto takeBoth = [](Mutex& first, Mutex& second) {
+    const AutoMutex outer(&first);
+    const AutoMutex inner(&second);
+  };
+  LockDoctorOptions options;
+  options.report = [](const LockFinding& finding) { std::printf("%s\n", finding.text.c_str()); };
+  LockDoctor::start(options);  // or KYR_LOCK_DOCTOR=1 in the environment
+  takeBoth(store, index);
+  takeBoth(index, store);
+  LockDoctor::stop();
+}
+
 }  // namespace
 
 int main() {
+  invertLocks();
   Points points;
   SyncErrorLog log(true);
   measure(points, log);

@@ -41,6 +41,7 @@
 #include <kyr/pack/KyrZipStream.h>
 #include <kyr/pack/KyrZippedTar.h>
 #include <kyr/recorder/KyrFlightRecorder.h>
+#include <kyr/sync/KyrLockDoctor.h>
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/sync/KyrSharedMemory.h>
 #include <kyr/sync/KyrThread.h>

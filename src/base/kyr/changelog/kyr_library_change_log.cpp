@@ -59,6 +59,7 @@ const NewElement firstElements[] = {
     {"sync", "MutexReadWrite"},
     {"sync", "AutoMutexRead"},
     {"sync", "AutoMutexWrite"},
+    {"sync", "LockDoctor"},
     {"sync", "Thread"},
     {"sync", "SharedMemory", QT_TRANSLATE_NOOP("KyrLibraryHistory", "On Linux only.")},
     {"os", "OS"},

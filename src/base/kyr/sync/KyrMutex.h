@@ -7,7 +7,27 @@
 #include <QMutex>
 #include <QWaitCondition>
 
+#include <atomic>
+
 namespace Kyr {
+
+namespace LockBooks {
+class Attempt;
+}
+
+/// Whether a LockDoctor looks after the locks of this process. Read by every lock and seldom
+/// written, so it has a cache line of its own.
+struct alignas(64) LockWatch {
+  KYR_EXPORT static LockWatch the;
+
+  static bool isOn() noexcept {
+    return __builtin_expect(the._on.load(std::memory_order_relaxed), false);
+  }
+
+ private:
+  friend class LockDoctor;
+  std::atomic<bool> _on{false};
+};
 
 /// A mutex with its creation site. Non-recursive unless built with a recursion mode.
 ///
@@ -28,7 +48,9 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
   /// Waits for the mutex and takes it.
   void lock() KYR_ACQUIRE() KYR_NO_THREAD_SAFETY_ANALYSIS {
     // The base's inline attempt saves the call into Qt; it fails on every recursive mutex.
-    if (!QBasicMutex::tryLock()) {
+    if (LockWatch::isOn()) {
+      lockWatched();
+    } else if (!QBasicMutex::tryLock()) {
       QMutex::lock();
     }
     Platform::orderedAfter(this);
@@ -36,7 +58,8 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
   /// Takes the mutex if it is free within \a milliseconds; a negative time waits for ever.
   /// \return true when the caller now holds it
   bool tryLock(int milliseconds = 0) KYR_TRY_ACQUIRE(true) KYR_NO_THREAD_SAFETY_ANALYSIS {
-    const bool taken = QMutex::tryLock(milliseconds);
+    const bool taken =
+        LockWatch::isOn() ? tryLockWatched(milliseconds) : QMutex::tryLock(milliseconds);
     if (taken) {
       Platform::orderedAfter(this);
     }
@@ -47,10 +70,19 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
   void unlock(const char* /*function*/, const char* /*file*/, unsigned /*line*/)
       KYR_RELEASE() KYR_NO_THREAD_SAFETY_ANALYSIS {
     Platform::orderedBefore(this);
+    if (LockWatch::isOn()) {
+      forgetHolder();
+    }
     QMutex::unlock();
   }
 
  private:
+  friend class Condition;  // which gives it back and takes it again
+
+  void lockWatched();
+  bool tryLockWatched(int milliseconds);
+  void forgetHolder() noexcept;
+
   // Copies end the process; they are given (docs/decisions/0006), here as in the other classes.
   Mutex(const Mutex&);
   Mutex& operator=(const Mutex&);
@@ -123,11 +155,22 @@ class KYR_EXPORT Condition {
   /// It may wake without reason: test what you wait for in a loop.
   void wait() {
     Platform::orderedBefore(_mutex);
-    _condition.wait(_mutex);
+    if (LockWatch::isOn()) {
+      waitWatched();
+    } else {
+      _condition.wait(_mutex);
+    }
     Platform::orderedAfter(_mutex);
   }
 
  private:
+  friend class MutexReadWrite;  // which waits with a limit while its locks are watched
+
+  void waitWatched();
+  /// \param milliseconds a negative number waits for ever
+  /// \return false when nobody woke it in time
+  bool waitAtMost(int milliseconds);
+
   Condition(const Condition&);
   Condition& operator=(const Condition&);
 
@@ -153,6 +196,10 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
 
   /// Waits until no writer holds the lock.
   void lockRead() KYR_ACQUIRE_SHARED() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    if (LockWatch::isOn()) {
+      lockReadWatched();
+      return;
+    }
     enter();
     if (_writers != 0) {
       awaitNoWriter();
@@ -169,6 +216,9 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
     enter();
     if (_readers == 0) {
       refuseReader(function, file, line);
+    }
+    if (LockWatch::isOn()) {
+      forgetHolder();
     }
     if (--_readers == 0 && _sleepers != 0) {
       _changed.signal();
@@ -197,6 +247,10 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
   }
   void sleep();
   void awaitNoWriter();
+  void sleep(LockBooks::Attempt& attempt);
+  void lockReadWatched();
+  void lockWriteWatched();
+  void forgetHolder() noexcept;
   /// Leaves the internal mutex locked.
   [[noreturn]] static void refuseReader(const char* function, const char* file, unsigned line);
 

@@ -1,6 +1,9 @@
 #include <kyr/sync/KyrMutex.h>
 
 #include <kyr/core/KyrProgError.h>
+#include <kyr/sync/lock_watch_p.h>
+
+#include <QDeadlineTimer>
 
 namespace Kyr {
 
@@ -12,7 +15,12 @@ constexpr const char* File = "os_mutex";
 constexpr const char* ReadWrite = "Kyr::MutexReadWrite::MutexReadWrite";
 }  // namespace site
 
+LockWatch LockWatch::the;
+
 Mutex::~Mutex() {
+  if (LockWatch::isOn()) {
+    LockBooks::forget(this);
+  }
   if (!QMutex::tryLock()) {
     const ProgError heldMutex(_function, _file, _line, "mutex is still locked");
   }
@@ -27,7 +35,51 @@ Mutex& Mutex::operator=(const Mutex&) {
   throw ProgError(_function, _file, _line, "assignment for mutex is not allowed");
 }
 
+void Mutex::lockWatched() {
+  const bool again = isRecursive();
+  LockBooks::Attempt attempt(this, {_function, _file, _line}, LockBooks::Whole);
+  if (!QMutex::tryLock()) {
+    attempt.wait(again);
+    if (!QMutex::tryLock(attempt.patience())) {
+      attempt.reportWait();
+      QMutex::lock();
+    }
+  }
+  attempt.hold(again);
+}
+
+bool Mutex::tryLockWatched(int milliseconds) {
+  if (milliseconds < 0) {
+    lockWatched();
+    return true;
+  }
+  const bool taken = QMutex::tryLock(milliseconds);
+  if (taken) {
+    LockBooks::Attempt::holdTried(this, {_function, _file, _line}, LockBooks::Whole);
+  }
+  return taken;
+}
+
+void Mutex::forgetHolder() noexcept {
+  LockBooks::release(this);
+}
+
 Condition::~Condition() = default;
+
+void Condition::waitWatched() {
+  const LockBooks::Sleep sleep(_mutex, {_mutex->_function, _mutex->_file, _mutex->_line},
+                               {_function, _file, _line});
+  _condition.wait(_mutex);
+}
+
+bool Condition::waitAtMost(int milliseconds) {
+  Platform::orderedBefore(_mutex);
+  const bool woken =
+      _condition.wait(_mutex, milliseconds < 0 ? QDeadlineTimer(QDeadlineTimer::Forever)
+                                               : QDeadlineTimer(milliseconds));
+  Platform::orderedAfter(_mutex);
+  return woken;
+}
 
 Condition::Condition(const Condition&) {
   throw ProgError(_function, _file, _line, "copy constructor for condition is not allowed");
@@ -62,6 +114,19 @@ void MutexReadWrite::sleep() {
   --_sleepers;
 }
 
+void MutexReadWrite::sleep(LockBooks::Attempt& attempt) {
+  attempt.wait(false);
+  const int patience = attempt.patience();
+  ++_sleepers;
+  const bool woken = _changed.waitAtMost(patience);
+  --_sleepers;
+  if (!woken && patience >= 0) {
+    leave();  // whoever holds the lock goes on meanwhile
+    attempt.reportWait();
+    enter();
+  }
+}
+
 void MutexReadWrite::awaitNoWriter() {
   while (_writers != 0) {
     sleep();
@@ -69,12 +134,42 @@ void MutexReadWrite::awaitNoWriter() {
 }
 
 void MutexReadWrite::lockWrite() KYR_NO_THREAD_SAFETY_ANALYSIS {
+  if (LockWatch::isOn()) {
+    lockWriteWatched();
+    return;
+  }
   enter();
   while (_writers != 0 || _readers != 0) {
     sleep();
   }
   ++_writers;
   leave();
+}
+
+void MutexReadWrite::lockReadWatched() KYR_NO_THREAD_SAFETY_ANALYSIS {
+  LockBooks::Attempt attempt(this, {_function, _file, _line}, LockBooks::Read);
+  enter();
+  while (_writers != 0) {
+    sleep(attempt);
+  }
+  ++_readers;
+  leave();
+  attempt.hold(true);
+}
+
+void MutexReadWrite::lockWriteWatched() KYR_NO_THREAD_SAFETY_ANALYSIS {
+  LockBooks::Attempt attempt(this, {_function, _file, _line}, LockBooks::Write);
+  enter();
+  while (_writers != 0 || _readers != 0) {
+    sleep(attempt);
+  }
+  ++_writers;
+  leave();
+  attempt.hold(false);
+}
+
+void MutexReadWrite::forgetHolder() noexcept {
+  LockBooks::release(this);
 }
 
 void MutexReadWrite::refuseReader(const char* function, const char* file, unsigned line) {
@@ -88,6 +183,9 @@ void MutexReadWrite::unlockWrite(const char* function, const char* file,
   if (_writers == 0) {
     throw ProgError(function, file, line,
                     "unlock write is not possible, because there are no more writers!");
+  }
+  if (LockWatch::isOn()) {
+    forgetHolder();
   }
   if (--_writers == 0 && _sleepers != 0) {
     _changed.broadcast();
