@@ -1,6 +1,7 @@
 // What the library's locks cost beside those of Qt that they stand on. Nobody else wants them.
 #include "support/Ratios.h"
 
+#include <kyr/sync/KyrLockDoctor.h>
 #include <kyr/sync/KyrMutex.h>
 
 #include <benchmark/benchmark.h>
@@ -50,8 +51,36 @@ void readLockQt(benchmark::State& state) {
 }
 BENCHMARK(readLockQt);
 
+/// Two locks, one inside the other, so that there is an order to be looked up.
+void nestedKyr(benchmark::State& state) {
+  Kyr::Mutex outer("nestedKyr", "bench_sync", 5), inner("nestedKyr", "bench_sync", 6);
+  for (auto _ : state) {
+    const Kyr::AutoMutex first(&outer);
+    const Kyr::AutoMutex second(&inner);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(nestedKyr);
+
+/// What a benchmark costs while the lock doctor watches.
+template <void (*Measured)(benchmark::State&)>
+void watched(benchmark::State& state) {
+  Kyr::LockDoctor::start();
+  Measured(state);
+  Kyr::LockDoctor::stop();
+}
+BENCHMARK(watched<mutexKyr>)->Name("mutexWatched");
+BENCHMARK(watched<readLockKyr>)->Name("readLockWatched");
+BENCHMARK(watched<nestedKyr>)->Name("nestedWatched");
+
 const KyrBench::Ratio mutexes("Mutex lock and unlock / QMutex", "mutexKyr", "mutexQt", 0.95);
 const KyrBench::Ratio readers("MutexReadWrite read / QReadWriteLock", "readLockKyr", "readLockQt",
                               0.5);
+const KyrBench::Growth watchedMutexes("Mutex with the lock doctor / QMutex", "mutexWatched",
+                                      "mutexQt", 10);
+const KyrBench::Growth watchedReaders("MutexReadWrite read with the lock doctor / without",
+                                      "readLockWatched", "readLockKyr", 10);
+const KyrBench::Growth watchedNested("two locks nested with the lock doctor / without",
+                                     "nestedWatched", "nestedKyr", 10);
 
 }  // namespace
