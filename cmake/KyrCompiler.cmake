@@ -29,3 +29,7 @@ if(KYR_SANITIZE)
   target_sources(kyr_compile INTERFACE
     $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${PROJECT_SOURCE_DIR}/tests/support/sanitizers.cpp>)
 endif()
+if(KYR_FUZZ)
+  # Counts which branches an input reaches; what makes up the inputs is linked to the harnesses alone.
+  target_compile_options(kyr_compile INTERFACE -fsanitize=fuzzer-no-link)
+endif()

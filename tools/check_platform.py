@@ -12,7 +12,7 @@ import sys
 from pathlib import Path
 
 PLATFORM_HEADER = "src/base/kyr/core/KyrPlatform.h"
-FOLDERS = ("src", "tests", "bench", "examples", "tools")
+FOLDERS = ("src", "tests", "bench", "fuzz", "examples", "tools")
 
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
 # Names that compilers and Qt predefine: _WIN32, __linux__, __has_feature, Q_OS_WIN, ...

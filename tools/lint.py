@@ -19,7 +19,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 TIDY = "clang-tidy-14"
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', re.MULTILINE)
-FOLDERS = [ROOT / folder for folder in ("src/base", "tests", "bench", "examples", "tools")]
+FOLDERS = [ROOT / folder for folder in ("src/base", "tests", "bench", "fuzz", "examples", "tools")]
 
 
 def project_header(name, includer):

@@ -4,7 +4,7 @@
 # format_sources OPTION...
 format_sources() {
   list=$top/build/sources
-  find "$top/src" "$top/tests" "$top/bench" "$top/examples" "$top/tools" \
+  find "$top/src" "$top/tests" "$top/bench" "$top/fuzz" "$top/examples" "$top/tools" \
     \( -name '*.h' -o -name '*.cpp' \) -type f -print0 >"$list" || return 1
   if [ ! -s "$list" ]; then
     echo 'no sources are found' >&2

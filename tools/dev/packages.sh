@@ -64,5 +64,5 @@ windows_packages() {
 
 verb_packages() {
   # shellcheck disable=SC2046,SC2086
-  need $test_packages $bench_packages $lint_packages $(windows_packages)
+  need $test_packages $bench_packages $lint_packages $fuzz_packages $(windows_packages)
 }
