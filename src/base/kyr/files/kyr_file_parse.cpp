@@ -319,13 +319,18 @@ bool File::State::readDataLine() {
   return true;
 }
 
-/// In strict mode, says once that the stream ended within a data line.
+/// In strict mode, says once that the stream ended within a data line. A comment that is cut off
+/// there is passed over for good: who asks again finds no trace of it in the line.
 /// \throws Error
 void File::State::expectWhole() {
   Line& line = next();
   const bool isComment = line.size() > 0 && line.bytes[0] == '#';
-  if (strict && continued && !isComment && linesPassed != linesAtFailure) {
-    linesAtFailure = linesPassed;
+  const bool isKnown = !continued || linesPassed == linesAtFailure;
+  if (isKnown || (!strict && !isComment)) {
+    return;
+  }
+  linesAtFailure = linesPassed;
+  if (!isComment) {
     line.pieces.setSize(std::max<std::size_t>(line.pieces.size(), 1) - 1);  // nothing follows it
     fail(line, line.size(), reason::EndsInside);
   }
