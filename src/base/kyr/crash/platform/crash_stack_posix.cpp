@@ -31,52 +31,55 @@ std::uintptr_t numberOf(const void* address) noexcept {
   return reinterpret_cast<std::uintptr_t>(address);
 }
 
-/// A stack for signals; the thread that makes it uses it until its end.
-class AlternateStack {
- public:
-  AlternateStack() noexcept {
-    stack_t present = {};
-    if (::sigaltstack(nullptr, &present) != 0 || (present.ss_flags & SS_DISABLE) == 0) {
-      return;  // the application has given the thread one
-    }
-    void* memory = ::mmap(nullptr, wholeSize, PROT_READ | PROT_WRITE,
-                          MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (memory == MAP_FAILED) {
-      return;
-    }
-    _memory = static_cast<char*>(memory);
-    ::mprotect(_memory, guardSize, PROT_NONE);
-    stack_t own = {};
-    own.ss_sp = _memory + guardSize;
-    own.ss_size = stackSize;
-    const Mark mark{numberOf(own.ss_sp), numberOf(__builtin_frame_address(0))};
-    std::memcpy(_memory + guardSize + stackSize, &mark, sizeof mark);
-    ::sigaltstack(&own, nullptr);
+/// Gives the thread a stack for signals, unless the application has given it one.
+/// \return null where there is none to be had
+void* makeStack() noexcept {
+  stack_t present = {};
+  if (::sigaltstack(nullptr, &present) != 0 || (present.ss_flags & SS_DISABLE) == 0) {
+    return nullptr;
   }
-
-  ~AlternateStack() {
-    if (!_memory) {
-      return;
-    }
-    stack_t present = {};
-    if (::sigaltstack(nullptr, &present) == 0 && present.ss_sp == _memory + guardSize) {
-      stack_t none = {};
-      none.ss_flags = SS_DISABLE;
-      ::sigaltstack(&none, nullptr);
-    }
-    ::munmap(_memory, wholeSize);
+  void* const memory = ::mmap(nullptr, wholeSize, PROT_READ | PROT_WRITE,
+                              MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  if (memory == MAP_FAILED) {
+    return nullptr;
   }
+  char* const begin = static_cast<char*>(memory);
+  ::mprotect(begin, guardSize, PROT_NONE);
+  stack_t own = {};
+  own.ss_sp = begin + guardSize;
+  own.ss_size = stackSize;
+  const Mark mark{numberOf(own.ss_sp), numberOf(__builtin_frame_address(0))};
+  std::memcpy(begin + guardSize + stackSize, &mark, sizeof mark);
+  ::sigaltstack(&own, nullptr);
+  return memory;
+}
 
-  AlternateStack(const AlternateStack&) = delete;
-  AlternateStack& operator=(const AlternateStack&) = delete;
+void removeStack(void* memory) noexcept {
+  stack_t present = {};
+  if (::sigaltstack(nullptr, &present) == 0 &&
+      present.ss_sp == static_cast<char*>(memory) + guardSize) {
+    stack_t none = {};
+    none.ss_flags = SS_DISABLE;
+    ::sigaltstack(&none, nullptr);
+  }
+  ::munmap(memory, wholeSize);
+}
 
- private:
-  char* _memory = nullptr;
+/// Removes the stack of a thread at its end. A variable of the thread with a destructor would need
+/// memory when it begins, and without memory the C library ends the process.
+struct StackKey {
+  StackKey() noexcept : isMade(::pthread_key_create(&key, &removeStack) == 0) {}
+  pthread_key_t key = 0;
+  bool isMade;
 };
 
-void prepareThisThread() {
-  thread_local const AlternateStack stack;
-  static_cast<void>(stack);
+void prepareThisThread() noexcept {
+  static const StackKey stack;
+  if (stack.isMade && ::pthread_getspecific(stack.key) == nullptr) {
+    if (void* const memory = makeStack()) {
+      ::pthread_setspecific(stack.key, memory);
+    }
+  }
 }
 
 void prepareThreadOfSuite() {
