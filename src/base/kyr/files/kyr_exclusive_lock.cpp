@@ -102,7 +102,7 @@ ExclusiveLock::Holder::~Holder() {
   }
   if (_file.isAt(_nativeTemporary)) {
     removePatiently(_nativeTemporary);
-  } else if (_file.isAt(_nativeLockFile) && _file.holds(_text)) {
+  } else if (_file.isAt(_nativeLockFile) && !_file.holdsOther(_text)) {
     removePatiently(_nativeLockFile);
   }
 }

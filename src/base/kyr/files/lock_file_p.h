@@ -73,9 +73,10 @@ class KeptFile {
   bool create(const std::filesystem::path& name) noexcept;
   bool isKept() const noexcept { return _isKept; }
   bool write(const QByteArray& text) noexcept;
-  /// Whether the file has this text and nothing else.
+  /// Whether somebody has written into the file: it has another text than this one. Where it cannot
+  /// be read, that it still is kept and in its place has to do.
   /// \param text of at most 1023 bytes
-  bool holds(const QByteArray& text) const noexcept;
+  bool holdsOther(const QByteArray& text) const noexcept;
   /// Whether the name is that of this very file.
   bool isAt(const std::filesystem::path& name) const noexcept;
   void close() noexcept;

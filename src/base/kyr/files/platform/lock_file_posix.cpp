@@ -22,7 +22,11 @@ using Start = std::array<char, 1024>;
 
 /// \return the number of bytes; negative when the file cannot be read
 int readStart(int file, Start& start) noexcept {
-  return static_cast<int>(::pread(file, start.data(), start.size(), 0));
+  ssize_t count = ::pread(file, start.data(), start.size(), 0);
+  while (count < 0 && errno == EINTR) {
+    count = ::pread(file, start.data(), start.size(), 0);
+  }
+  return static_cast<int>(count);
 }
 
 /// Closes a file at the end.
@@ -97,10 +101,10 @@ bool Platform::KeptFile::write(const QByteArray& text) noexcept {
   return writeAll(_handle, text.constData(), static_cast<std::size_t>(text.size()));
 }
 
-bool Platform::KeptFile::holds(const QByteArray& text) const noexcept {
+bool Platform::KeptFile::holdsOther(const QByteArray& text) const noexcept {
   Start start;
-  return readStart(descriptor(_handle), start) == text.size() &&
-         std::equal(text.begin(), text.end(), start.begin());
+  const int count = readStart(descriptor(_handle), start);
+  return count >= 0 && !std::equal(text.begin(), text.end(), start.begin(), start.begin() + count);
 }
 
 bool Platform::KeptFile::isAt(const std::filesystem::path& name) const noexcept {

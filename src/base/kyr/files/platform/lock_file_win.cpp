@@ -147,10 +147,10 @@ bool Platform::KeptFile::write(const QByteArray& text) noexcept {
   return writeAll(_handle, text.constData(), std::size_t(text.size()));
 }
 
-bool Platform::KeptFile::holds(const QByteArray& text) const noexcept {
+bool Platform::KeptFile::holdsOther(const QByteArray& text) const noexcept {
   Start start;
-  return readStart(handleOf(_handle), start) == text.size() &&
-         std::equal(text.begin(), text.end(), start.begin());
+  const int count = readStart(handleOf(_handle), start);
+  return count >= 0 && !std::equal(text.begin(), text.end(), start.begin(), start.begin() + count);
 }
 
 bool Platform::KeptFile::isAt(const std::filesystem::path& name) const noexcept {
