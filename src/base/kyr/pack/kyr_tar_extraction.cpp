@@ -1,4 +1,5 @@
 #include <kyr/core/KyrException.h>
+#include <kyr/files/leftovers_p.h>
 #include <kyr/files/live_files_p.h>
 #include <kyr/files/safe_file_p.h>
 #include <kyr/os/KyrOS.h>
@@ -12,6 +13,7 @@
 
 #include <QDir>
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <functional>
@@ -99,8 +101,9 @@ class NewFile {
         _nativeTemporary(Platform::nativePath(_temporary)) {}
   ~NewFile() {
     if (_isThere) {
+      std::error_code ignored;
       _file.close();
-      Platform::removeFile(_temporary);
+      std::filesystem::remove(_nativeTemporary, ignored);  // needs no memory
     }
   }
   NewFile(const NewFile&) = delete;
@@ -174,6 +177,15 @@ void writeFile(const QString& path, const std::vector<unsigned char>& contents,
   }
 }
 
+/// Removes what killed processes have left in the directories of these files.
+void sweepFolders(const std::vector<QString>& paths) {
+  QSet<QString> folders;
+  for (const QString& path : paths) {
+    folders.insert(path.left(path.lastIndexOf('/') + 1));
+  }
+  std::for_each(folders.cbegin(), folders.cend(), Leftovers::sweep);
+}
+
 }  // namespace
 
 void ZippedTarReader::extractTo(const QString& directory) const {
@@ -208,6 +220,7 @@ void ZippedTarReader::extractTo(const QString& directory, OS::Existing_t existin
     std::for_each(paths.begin(), paths.end(), expectFree);
   }
   std::for_each(directories.begin(), directories.end(), makeDirectory);
+  sweepFolders(paths);
   unsigned whole = 0;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     if (last[QDir::cleanPath(paths[i])] == i) {
