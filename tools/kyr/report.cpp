@@ -7,8 +7,6 @@
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace KyrTool {
 
@@ -26,19 +24,6 @@ QString describe(const Kyr::SystemReport& report, const QString& fileName) {
          '\n';
 }
 
-/// Puts the report in the place of an older one, which stays until the new one is whole.
-/// \throws FileError, Kyr::Exception
-void replace(const Kyr::SystemReport& report, const QString& fileName) {
-  const QFileInfo place(fileName);
-  const QTemporaryDir beside(place.absolutePath() + "/.kyr-report-XXXXXX");
-  if (!beside.isValid()) {
-    throw FileError{QString("%1: %2").arg(fileName, beside.errorString())};
-  }
-  const QString finished = beside.filePath("report");
-  report.write(finished);
-  Kyr::OS::rename(finished, fileName, Kyr::OS::ReplaceExisting);
-}
-
 }  // namespace
 
 int writeReport(const Arguments& arguments) {
@@ -52,11 +37,8 @@ int writeReport(const Arguments& arguments) {
   const QString fileName = arguments.count() > 0 ? arguments[0] : report.name() + ".tar.gz";
   report.collect(Kyr::SystemReport::AllParts, limits);
   try {
-    if (arguments.has("force") && QFileInfo::exists(fileName)) {
-      replace(report, fileName);
-    } else {
-      report.write(fileName);
-    }
+    report.write(fileName,
+                 arguments.has("force") ? Kyr::OS::ReplaceExisting : Kyr::OS::KeepExisting);
   } catch (const Kyr::Exception& error) {
     throw FileError{error.getText()};
   }

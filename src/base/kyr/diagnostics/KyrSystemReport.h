@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/os/KyrOS.h>
 
 #include <QByteArray>
 #include <QString>
@@ -124,6 +125,9 @@ class KYR_EXPORT SystemReport {
   /// \param fileName never replaced when it is there
   /// \throws Exception for people with the name and the reason; nothing is left behind
   void write(const QString& fileName) const;
+  /// The same, in the place of an older file if that is wanted, which stays until the new one is
+  /// whole.
+  void write(const QString& fileName, OS::Existing_t existing) const;
 
   /// The value of a variable or setting as it may leave the machine.
   ///

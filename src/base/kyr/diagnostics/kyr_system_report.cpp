@@ -6,6 +6,7 @@
 #include <kyr/files/KyrSafeFile.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/os/KyrOS.h>
+#include <kyr/os/os_file_p.h>
 #include <kyr/os/os_process_p.h>
 #include <kyr/os/os_reason_p.h>
 #include <kyr/pack/KyrZippedTar.h>
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <new>
 
 namespace Kyr {
@@ -94,14 +96,19 @@ class TemporaryName {
       throw cannotWrite(fileName, file.errorString());
     }
     _path = file.fileName();
+    _nativePath = Platform::nativePath(_path);
   }
   TemporaryName(const TemporaryName&) = delete;
   TemporaryName& operator=(const TemporaryName&) = delete;
-  ~TemporaryName() { OS::unlink(_path); }
+  ~TemporaryName() {
+    std::error_code ignored;
+    std::filesystem::remove(_nativePath, ignored);  // needs no memory
+  }
   const QString& path() const { return _path; }
 
  private:
   QString _path;
+  std::filesystem::path _nativePath;
 };
 
 }  // namespace
@@ -246,7 +253,11 @@ void SystemReport::pack(const QString& fileName) const {
 }
 
 void SystemReport::write(const QString& fileName) const {
-  if (OS::stat(fileName)) {
+  write(fileName, OS::KeepExisting);
+}
+
+void SystemReport::write(const QString& fileName, OS::Existing_t existing) const {
+  if (existing == OS::KeepExisting && OS::stat(fileName)) {
     throw Exception(translate("Kyr_diagnostics", "%1 exists already and is not replaced")
                         .arg(QDir::toNativeSeparators(fileName)));
   }
@@ -256,7 +267,7 @@ void SystemReport::write(const QString& fileName) const {
   const TemporaryName part(fileName);
   try {
     pack(part.path());
-    OS::rename(part.path(), fileName, OS::KeepExisting);
+    OS::rename(part.path(), fileName, existing);
   } catch (const Exception& error) {
     throw cannotWrite(fileName, error.getText());
   }
