@@ -51,6 +51,16 @@ std::streamsize WatchedBuffer::available(std::streamsize most) {
   return isAtEnd ? 0 : std::clamp<std::streamsize>(_source->in_avail(), 1, most);
 }
 
+// A file that cannot be read throws.
+std::streamsize WatchedBuffer::readFromSource(char* bytes, std::streamsize count) {
+  try {
+    return _source->sgetn(bytes, count);
+  } catch (...) {
+    _hasFailed = true;
+    throw;
+  }
+}
+
 WatchedBuffer::int_type WatchedBuffer::underflow() {
   return available(1) > 0 ? _source->sgetc() : traits_type::eof();
 }
@@ -62,7 +72,7 @@ WatchedBuffer::int_type WatchedBuffer::uflow() {
 std::streamsize WatchedBuffer::xsgetn(char* bytes, std::streamsize count) {
   std::streamsize done = 0;
   while (done < count) {
-    const std::streamsize read = _source->sgetn(bytes + done, available(count - done));
+    const std::streamsize read = readFromSource(bytes + done, available(count - done));
     if (read <= 0) {
       break;
     }
@@ -111,8 +121,19 @@ void Input::read(Kyr::StructVector<unsigned char>& piece, std::size_t size) {
 void Input::expectNoFailure() const {
   Kyr::throwIfStopped();
   if (_stream.bad()) {
-    throw FileError{Kyr::translate("Kyr_tool", "%1: cannot be read").arg(_name)};
+    refuse();
   }
+}
+
+void Input::expectAllRead() const {
+  Kyr::throwIfStopped();
+  if (_buffer->hasFailed()) {
+    refuse();
+  }
+}
+
+void Input::refuse() const {
+  throw FileError{Kyr::translate("Kyr_tool", "%1: cannot be read").arg(_name)};
 }
 
 }  // namespace KyrTool

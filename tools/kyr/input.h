@@ -22,6 +22,8 @@ class WatchedBuffer : public std::streambuf {
   /// \param source never null
   /// \param size of what is to be read in bytes; 0 if nobody knows
   WatchedBuffer(std::streambuf* source, std::uint64_t size, bool isStandardInput);
+  /// Whether the source could not be read once; not its end.
+  bool hasFailed() const { return _hasFailed; }
 
  protected:
   int_type underflow() override;
@@ -32,10 +34,12 @@ class WatchedBuffer : public std::streambuf {
 
  private:
   std::streamsize available(std::streamsize most);
+  std::streamsize readFromSource(char* bytes, std::streamsize count);
 
   std::streambuf* const _source;
   const std::uint64_t _size;
   const bool _isStandardInput;
+  bool _hasFailed = false;
   Kyr::ProgressScope _progress;
 };
 
@@ -56,8 +60,13 @@ class Input {
   /// Ends the command if reading has failed for another reason than the end.
   /// \throws FileError, Kyr::Stopped
   void expectNoFailure() const;
+  /// The same, if something could not be read also when others have gone on without it: what looks
+  /// for an index takes one that it cannot read for none.
+  void expectAllRead() const;
 
  private:
+  [[noreturn]] void refuse() const;
+
   QString _name;
   std::ifstream _file;
   std::optional<WatchedBuffer> _buffer;

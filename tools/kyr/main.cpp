@@ -19,6 +19,7 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -127,7 +128,7 @@ int dispatch(const QStringList& words) {
 /// Ends the process without running what belongs to its end, which needs Qt and the heap.
 [[noreturn]] void endWithoutMemory() {
   std::cout.flush();
-  std::cerr << "kyr: not enough memory\n";
+  std::fputs("kyr: not enough memory\n", stderr);  // std::cerr may just be in the making
   std::_Exit(FileAtFault);
 }
 
@@ -149,13 +150,7 @@ std::terminate_handler byDefault = nullptr;
   std::abort();
 }
 
-int runTool(int argc, char** argv) {
-  prepareStandardStreams();
-  std::ios_base::sync_with_stdio(false);
-  prepareOutput();
-  // Names of files and units are the same whatever the user's locale is.
-  QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-  const QCoreApplication application(argc, argv);
+int runStarted() {
   QStringList arguments = QCoreApplication::arguments();
   Kyr::KyrInit::InitLibrary({"kyr", Kyr::libraryVersion()}, arguments);
   byDefault = std::set_terminate(&terminate);  // in front of that of the crash handler
@@ -165,6 +160,20 @@ int runTool(int argc, char** argv) {
   forgetLanguage();
   Kyr::KyrInit::CloseLibrary();
   return isWritten ? code : std::max<int>(code, FileAtFault);
+}
+
+int runTool(int argc, char** argv) {
+  prepareStandardStreams();
+  std::ios_base::sync_with_stdio(false);
+  prepareOutput();
+  // Names of files and units are the same whatever the user's locale is.
+  QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+  const QCoreApplication application(argc, argv);
+  try {
+    return runStarted();
+  } catch (const std::bad_alloc&) {
+    endWithoutMemory();  // while the application lives, as its end needs memory
+  }
 }
 
 }  // namespace

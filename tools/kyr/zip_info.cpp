@@ -87,6 +87,9 @@ int zipInfo(const Arguments& arguments) {
   Kyr::ZipInStream zip(&input.stream(), anyVersion);
   readToEnd(zip);
   input.expectNoFailure();
+  if (codeOf(zip) == Fine && !zip.getStatistics().hasIndex) {
+    input.expectAllRead();  // there may be an index that could not be read
+  }
   if (zip.getHeaderError() != Kyr::ZipInStream::HeaderGood) {
     throw FileError{QString("%1: %2").arg(input.name(), stateText(zip))};
   }

@@ -132,6 +132,7 @@ int zipVerify(const Arguments& arguments) {
     salvage.setWorkers(pieces);
     checkPieces(salvage, findings);
   } else if (codeOf(zip) == Fine && !findings.statistics.hasIndex) {
+    input.expectAllRead();  // there may be an index that could not be read
     // The index of pieces is all that is behind the end of those that have one.
     findings.bytesBehind = countRest(input);
   }
