@@ -156,8 +156,8 @@ KYR_LOOP_RATIOS(2);
 KYR_LOOP_RATIOS(16);
 const KyrBench::Growth growth("parallelFor, 1k uneven, 16 threads / 1",
                               "unevenLoop/kyr/16/real_time", "unevenLoop/kyr/1/real_time", 1.2);
-const KyrBench::Growth coarse("ProgressScope, each step a percent / setProgress", "scopeStep/100",
-                              "scopePercentAlone", 3.5);
+const KyrBench::Growth coarse("ProgressScope, each step a percent / QMutex pair", "scopeStep/100",
+                              "scopeLockQt", 2);
 const KyrBench::Growth fine("ProgressScope, ten steps a percent / QMutex pair", "scopeStep/1000",
                             "scopeLockQt", 1);
 const KyrBench::Growth finest("ProgressScope, a million steps / QMutex pair", "scopeStep/1000000",

@@ -142,6 +142,12 @@ TEST(ProgressScope, KeepsToItsRange) {
     mine.step();
     EXPECT_EQ(overall(), 100);
   }
+  {
+    ProgressScope greedy("greedy", 2);
+    const ProgressScope part("part", 1);
+    greedy.step(2);
+    EXPECT_EQ(overall(), 50) << "steps that a part has taken over";
+  }
   for (const bool wrongRange : {true, false}) {
     const auto ended = KyrTest::inChild([wrongRange] {
       if (wrongRange) {

@@ -141,7 +141,7 @@ class KYR_EXPORT Progress {
   Progress() {}
 
   /// \return whether the overall percentage has changed
-  static bool store(int min, int max, unsigned value) KYR_REQUIRES(_mutex_progress);
+  KYR_HIDDEN static bool store(int min, int max, unsigned value) KYR_REQUIRES(_mutex_progress);
   /// Holds #_event_mutex while it asks the creators and posts; never called with
   /// #_mutex_progress held.
   static void createGUIEvents();

@@ -93,12 +93,12 @@ class KYR_EXPORT ProgressScope {
   static void* operator new(std::size_t) = delete;
   static void* operator new[](std::size_t) = delete;
 
-  /// Reports steps as done. Costs less than a lock where the percentage stays, and allocates
-  /// nothing itself. An exception of a creator of events comes out of it.
+  /// Reports steps as done. Costs less than a lock where the percentage stays, two where it moves,
+  /// and allocates nothing itself. An exception of a creator of events comes out of it.
   void step(std::uint64_t steps = 1) {
-    if (_done.fetch_add(steps, std::memory_order_relaxed) + steps >=
-        _publishAt.load(std::memory_order_relaxed)) {
-      publish();
+    const std::uint64_t done = _done.fetch_add(steps, std::memory_order_relaxed) + steps;
+    if (done >= _publishAt.load(std::memory_order_relaxed)) {
+      publish(done);
     }
   }
   /// Sets the text of Progress, for the user. It stays until the next one.
@@ -112,24 +112,28 @@ class KYR_EXPORT ProgressScope {
 
   ProgressScope(const Range* range, ProgressScope* parent, const char* name, std::uint64_t steps,
                 std::uint64_t weight);
-  std::uint64_t ticksOf(std::uint64_t steps) const;
-  std::uint64_t stepsFor(std::uint64_t ticks) const;
-  std::uint64_t give(std::uint64_t ticks);
-  void publish();
-  std::uint64_t publishSteps();
+  KYR_HIDDEN std::uint64_t ticksOf(std::uint64_t steps) const;
+  KYR_HIDDEN std::uint64_t stepsFor(std::uint64_t ticks) const;
+  KYR_HIDDEN std::uint64_t begin(std::uint64_t weight);
+  KYR_HIDDEN std::uint64_t give(std::uint64_t ticks);
+  void publish(std::uint64_t done);
 
   const char* const _name;
   ProgressScope* const _parent;
   ProgressScope* const _before;       // innermost of this thread when this one began
   const std::unique_ptr<Whole> _own;  // of an outermost scope
   Whole& _whole;
-  const std::uint64_t _steps;           // at least 1
-  const unsigned _shift;                // which leaves 32 bits of the steps
-  const std::uint64_t _span;            // ticks that the scope fills
+  const std::uint64_t _steps;  // at least 1
+  const std::uint64_t _span;   // ticks that the scope fills
+  const std::uint64_t _ticksPerStep;
+  const bool
+      _isCoarse;  // each step is about a percent; steps are few, so that cutting off is little
+  const double _share;
+  const double _stepsPerTick;           // divisions cost as much as a lock
   std::atomic<std::uint64_t> _done{0};  // steps
   std::atomic<std::uint64_t> _publishAt{0};
-  std::atomic<std::uint64_t> _shown{0};  // ticks of published steps; set while _publishAt is never
-  std::atomic<std::uint64_t> _given{0};  // ticks of parts
+  std::uint64_t _shown = 0;  // ticks of steps; under the lock of Progress, as the next one
+  std::uint64_t _given = 0;  // ticks of parts
   std::atomic<unsigned> _parts{0};
   double _begun = 0;  // seconds, where pauses are measured
   const TraceSpan _traced;

@@ -38,14 +38,6 @@ std::uint64_t ticksFor(unsigned percent) {
   return percent >= 100 ? allTicks : (percent * allTicks + 99) / 100 - cutOff;
 }
 
-unsigned shiftFor(std::uint64_t steps) {
-  unsigned shift = 0;
-  while (steps >> shift >= allTicks) {
-    ++shift;
-  }
-  return shift;
-}
-
 /// Whether an outermost scope moves the progress; a second one must not move it back.
 std::atomic<bool> isInUse{false};
 
@@ -58,7 +50,7 @@ struct ProgressScope::Whole {
       return;
     }
     moves = true;
-    next = ticksFor(1);
+    percent = 0;
     try {
       Progress::setProgress(range.min, range.max, 0);
     } catch (...) {
@@ -74,23 +66,20 @@ struct ProgressScope::Whole {
   Whole(const Whole&) = delete;
   Whole& operator=(const Whole&) = delete;
 
-  void add(std::uint64_t more) { showIfDue(ticks.fetch_add(more) + more); }
-
-  void showIfDue(std::uint64_t reached) {
-    if (reached >= next.load(std::memory_order_relaxed)) {
-      show();
+  /// Adds ticks, and shows the progress if that is due. The lock is the one of Progress, so that
+  /// none with less comes after one with more, and a step that shows something takes no other.
+  /// \return whether the overall percentage has changed
+  bool add(std::uint64_t more) KYR_REQUIRES(Progress::_mutex_progress) {
+    ticks += more;
+    const unsigned reached = percentOf(ticks);
+    if (reached <= percent) {
+      return false;
     }
+    percent = reached;
+    return Progress::store(range.min, range.max, reached);
   }
 
-  /// Shows the progress that is due, on one thread at a time, so that none with less comes after
-  /// one with more. The next report is made known first: what comes out of this one must not end
-  /// reporting.
-  void show() {
-    AutoMutex locked(&Progress::_mutex_progress);
-    const unsigned percent = percentOf(ticks.load());
-    next.store(percent >= 100 ? never : ticksFor(percent + 1), std::memory_order_relaxed);
-    const bool changed = Progress::store(range.min, range.max, percent);
-    locked.unlock();
+  void tellIf(bool changed) {
     if (changed && Progress::_makes_events.load(std::memory_order_relaxed)) {
       tell();
     }
@@ -116,21 +105,22 @@ struct ProgressScope::Whole {
 
   /// How many ticks a scope may keep to itself until its next report. Of the living scopes the
   /// n-th that reported last saw n at least: 1/2 + 1/6 + 1/12 + ... is never more than the whole.
-  std::uint64_t patience(std::uint64_t reached) const {
-    const std::uint64_t change = ticksFor(percentOf(reached) + 1);
-    const std::uint64_t untilChange = change > reached ? change - reached : 1;
-    const std::uint64_t all = scopes.load(std::memory_order_relaxed);
+  std::uint64_t patience() const KYR_REQUIRES(Progress::_mutex_progress) {
+    const std::uint64_t change = ticksFor(percentOf(ticks) + 1);
+    const std::uint64_t untilChange = change > ticks ? change - ticks : 1;
+    const std::uint64_t all = scopes;
     return all == 1 ? untilChange
                     : std::clamp<std::uint64_t>(heldBack / (all * (all + 1)), 1, untilChange);
   }
 
   const Range range;
   bool moves = false;  // the progress
-  std::atomic<std::uint64_t> ticks{0};
-  std::atomic<std::uint64_t> next{never};  // to be shown then; only grows
-  std::atomic<unsigned> scopes{0};
-  std::atomic<unsigned> untold{
-      0};  // changes that were shown, and of which events were not made yet
+  std::uint64_t ticks KYR_GUARDED_BY(Progress::_mutex_progress) = 0;
+  /// Shown last; only grows, and shows nothing at first.
+  unsigned percent KYR_GUARDED_BY(Progress::_mutex_progress) = 100;
+  unsigned scopes KYR_GUARDED_BY(Progress::_mutex_progress) = 1;  // that live
+  /// Changes that were shown, and of which events were not made yet.
+  std::atomic<unsigned> untold{0};
 };
 
 ProgressScope::ProgressScope(const char* name, std::uint64_t steps, std::uint64_t weight)
@@ -151,13 +141,16 @@ ProgressScope::ProgressScope(const Range* range, ProgressScope* parent, const ch
       _own(parent ? nullptr : std::make_unique<Whole>(range)),
       _whole(parent ? parent->_whole : *_own),
       _steps(std::max<std::uint64_t>(steps, 1)),
-      _shift(shiftFor(_steps)),
-      _span(parent ? parent->give(parent->ticksOf(weight)) : allTicks),
+      _span(parent ? parent->begin(weight) : allTicks),
+      _ticksPerStep(_span / _steps),
+      _isCoarse(_ticksPerStep >= heldBack),
+      _share(static_cast<double>(_span) / static_cast<double>(_steps)),
+      _stepsPerTick(static_cast<double>(_steps) /
+                    static_cast<double>(std::max<std::uint64_t>(_span, 1))),
       _publishAt(_whole.moves && _span != 0 ? 0 : never),
       _traced(name, "scope") {
   WorkContext& context = workContext();
   context.scope = this;
-  ++_whole.scopes;
   if (parent) {
     ++parent->_parts;
     context.claimed += parent == context.items ? std::min(weight, parent->_steps) : 0;
@@ -188,11 +181,14 @@ ProgressScope::~ProgressScope() {
     }
   }
   context.scope = _before;
+  AutoMutex locked(&Progress::_mutex_progress);
+  const bool changed = _whole.add(give(_span));
+  --_whole.scopes;
+  locked.unlock();
   try {
-    _whole.add(give(_span));
+    _whole.tellIf(changed);
   } catch (...) {  // NOLINT(bugprone-empty-catch): of a creator of events; the progress is moved
   }
-  --_whole.scopes;
   if (_parent) {
     --_parent->_parts;
   }
@@ -202,51 +198,56 @@ void ProgressScope::setText(const QString& text, bool force) {
   Progress::setProgressString(text, force);
 }
 
-/// The share of so many steps.
+/// The share of so many steps; more for more steps, and never more than all.
 std::uint64_t ProgressScope::ticksOf(std::uint64_t steps) const {
-  return steps >= _steps ? _span : _span * (steps >> _shift) / (_steps >> _shift);
+  if (steps >= _steps) {
+    return _span;
+  }
+  return _isCoarse
+             ? steps * _ticksPerStep
+             : std::min(_span, static_cast<std::uint64_t>(static_cast<double>(steps) * _share));
 }
 
-/// The least number of steps whose share is so much.
+/// The least number of steps whose share is so much; where rounding leaves a doubt, one less.
 std::uint64_t ProgressScope::stepsFor(std::uint64_t ticks) const {
-  const std::uint64_t steps = _steps >> _shift;
-  return ticks >= _span ? _steps : (ticks * steps + _span - 1) / _span << _shift;
+  constexpr double doubt = 1.0 / 65536;
+  const double steps = static_cast<double>(ticks) * _stepsPerTick - doubt;
+  return ticks >= _span ? _steps : static_cast<std::uint64_t>(std::max(steps, 0.0)) + 1;
 }
 
-/// Sets ticks aside for a part.
+/// Sets ticks aside.
 /// \return how many there were
 std::uint64_t ProgressScope::give(std::uint64_t ticks) {
-  const std::uint64_t given = _given.load(std::memory_order_relaxed) + _shown;
-  const std::uint64_t more = std::min(ticks, _span - std::min(_span, given));
-  _given.fetch_add(more, std::memory_order_relaxed);
+  const std::uint64_t more = std::min(ticks, _span - _given - _shown);
+  _given += more;
   return more;
 }
 
-void ProgressScope::publish() {
-  // One thread at a time publishes; others do not wait for it, as it sees what they have added.
-  std::uint64_t due = _publishAt.load();
-  while (due != never && _done.load() >= due) {
-    if (_publishAt.compare_exchange_weak(due, never)) {
-      due = publishSteps();
-    }
-  }
+/// Counts a new part of this scope, and sets its share aside.
+std::uint64_t ProgressScope::begin(std::uint64_t weight) {
+  const std::uint64_t share = ticksOf(weight);
+  const AutoMutex locked(&Progress::_mutex_progress);
+  ++_whole.scopes;
+  return give(share);
 }
 
-/// Shows all steps that are done, and says when to do so again.
-/// \return the number of steps at which that is
-std::uint64_t ProgressScope::publishSteps() {
-  const std::uint64_t done = _done.load();
-  const std::uint64_t before = _shown.load(std::memory_order_relaxed);
-  const std::uint64_t most = _span - std::min(_span, _given.load(std::memory_order_relaxed));
-  const std::uint64_t ticks = std::max(std::min(ticksOf(done), most), before);
-  _shown.store(ticks, std::memory_order_relaxed);
-  const std::uint64_t reached = _whole.ticks.fetch_add(ticks - before) + ticks - before;
-  // The next report is made known first: what comes out of this one must not end reporting.
-  const std::uint64_t next =
-      ticks >= most ? never : std::max(stepsFor(ticks + _whole.patience(reached)), done + 1);
-  _publishAt.store(next, std::memory_order_release);
-  _whole.showIfDue(reached);
-  return next;
+/// Shows steps that are done, and says when to do so again. The release of the lock waits for all
+/// that is stored: so what takes time comes before it, or not at all.
+void ProgressScope::publish(std::uint64_t done) {
+  AutoMutex locked(&Progress::_mutex_progress);
+  if (done < _publishAt.load(std::memory_order_relaxed)) {
+    return;  // another thread has shown more
+  }
+  const std::uint64_t most = _span - _given;
+  const std::uint64_t ticks = std::min(ticksOf(done), most);  // not less than before
+  const bool changed = _whole.add(ticks - _shown);
+  _shown = ticks;
+  const std::uint64_t next = ticks >= most ? never
+                             : _isCoarse   ? done + 1
+                                         : std::max(stepsFor(ticks + _whole.patience()), done + 1);
+  _publishAt.store(next, std::memory_order_relaxed);
+  locked.unlock();
+  _whole.tellIf(changed);
 }
 
 }  // namespace Kyr
