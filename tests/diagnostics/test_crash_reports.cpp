@@ -2,6 +2,7 @@
 #include "app/home.h"
 
 #include <kyr/diagnostics/KyrCrashReports.h>
+#include <kyr/diagnostics/KyrSystemReport.h>
 
 using namespace Kyr;
 using namespace KyrTest;
@@ -133,6 +134,28 @@ TEST_F(CrashFiles, AreSeenOnceAcknowledged) {
 TEST_F(CrashFiles, SaysWhenItCannotBeRemembered) {
   writeFile(_home.file("config"), "in the way");
   EXPECT_NE(failure([] { CrashReports::acknowledge(CrashReport()); }), "");
+}
+
+TEST_F(CrashFiles, StandOnTopOfASystemReport) {
+  plant({{"ORV-4000000001.log", reportOf("<Viewer>", "2026-01-02T03:04:05Z")
+                                    .replace("fault: ", "fault: password=geheim ")}});
+  SystemReport report;
+  report.collect(SystemReport::PartLogs | SystemReport::PartVersions);
+  const QString text = report.toText();
+  EXPECT_TRUE(
+      text.startsWith("Newest crash\n------------\n  fault        password=[blanked] "
+                      "EXCEPTION_BREAKPOINT\n  application  <Viewer> 1.2 beta\n  time"))
+      << text.toStdString();
+  const QString page = report.toHtml();
+  const int crash = page.indexOf("<section id=\"crash\">");
+  EXPECT_GT(crash, 0);
+  EXPECT_LT(crash, page.indexOf("<section id=\"part1\">"));
+  EXPECT_TRUE(page.mid(crash, 900).contains("&lt;Viewer&gt; 1.2 beta")) << "letters of the page's";
+  EXPECT_TRUE(page.mid(crash, 900).contains("href=\"logs/ORV-4000000001.log\"")) << "no way to it";
+  EXPECT_FALSE(page.contains("geheim"));
+  SystemReport other;
+  other.collect(SystemReport::PartVersions);
+  EXPECT_FALSE(other.toHtml().contains("Newest crash")) << "searched unasked";
 }
 
 }  // namespace

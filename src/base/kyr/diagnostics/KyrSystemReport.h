@@ -3,6 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/diagnostics/KyrCrashReports.h>
 #include <kyr/os/KyrOS.h>
 
 #include <QByteArray>
@@ -11,6 +12,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace Kyr {
@@ -105,6 +107,9 @@ class KYR_EXPORT SystemReport {
 
   const std::vector<Section>& sections() const { return _sections; }
   const std::vector<File>& files() const { return _files; }
+  /// The newest crash of this user, of whatever application, as far as the logs were collected; it
+  /// stands on top of the page and of the text.
+  const std::optional<CrashReport>& crash() const { return _crash; }
   /// What is missing of the files, and why.
   const QStringList& remarks() const { return _remarks; }
   /// All that could not be had, of the sections with their titles in front, and of the files;
@@ -138,13 +143,14 @@ class KYR_EXPORT SystemReport {
   static QString blankSecrets(const QString& name, const QString& value);
 
  private:
-  void addPart(unsigned part, const Limits& limits);
+  void findCrash();
   void addFile(const QString& name, const QByteArray& contents, std::int64_t modified);
   QString textName(std::size_t index) const;
   void pack(const QString& fileName) const;
 
   std::int64_t _seconds;  // when it was made
   bool _isOutOfMemory = false;
+  std::optional<CrashReport> _crash;
   std::vector<Section> _sections;
   std::vector<File> _files;
   QStringList _remarks;

@@ -4,6 +4,7 @@
 #include <kyr/os/KyrOS.h>
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -133,6 +134,25 @@ QString pack(const Candidate& candidate, Quota& quota, std::vector<SystemReport:
 }
 
 }  // namespace
+
+Report::Section Report::describeCrash(const CrashReport& crash,
+                                      const std::vector<SystemReport::File>& packed) {
+  const QString name = "logs/" + QFileInfo(crash.path).fileName();
+  const bool isPacked = std::any_of(packed.begin(), packed.end(),
+                                    [&](const auto& each) { return each.name == name; });
+  Section section;
+  section.title = "Newest crash";
+  section.add("fault", SystemReport::blankSecrets("", crash.fault));
+  section.add("application", QString(crash.application + ' ' + crash.version).trimmed());
+  section.add("time", timeText(crash.seconds));
+  section.add("process", crash.process != 0 ? QString::number(crash.process) : QString());
+  section.add("report", isPacked ? QString("%1 (%2)").arg(name, crash.path) : crash.path);
+  section.add("dump", crash.dump);
+  if (!crash.isWhole) {
+    section.remarks += "The report of this crash did not come to its end.";
+  }
+  return section;
+}
 
 void Report::describeFiles(Section& section) {
   section.columns = QStringList{"directory", "file", "bytes", "changed"};

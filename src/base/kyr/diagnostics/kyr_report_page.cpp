@@ -82,8 +82,8 @@ class Page {
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n" +
            element("title", escaped(_report.name())) + "\n<style>" + style +
-           "</style>\n</head>\n<body>\n" + header() + "<main>\n" + remarks(_report.missing()) +
-           sections() + filesSection() + "</main>\n</body>\n</html>\n";
+           "</style>\n</head>\n<body>\n" + header() + "<main>\n" + crash() +
+           remarks(_report.missing()) + sections() + filesSection() + "</main>\n</body>\n</html>\n";
   }
 
  private:
@@ -100,6 +100,15 @@ class Page {
                                     .arg(_report.name(), QSysInfo::machineHostName(),
                                          OS::getSystemName()))) +
            "\n<nav>\n" + nav + "</nav>\n</header>\n";
+  }
+
+  QString crash() const {
+    if (!_report.crash()) {
+      return {};
+    }
+    const SystemReport::Section section = Report::describeCrash(*_report.crash(), _report.files());
+    return "<section id=\"crash\">\n" + element("h2", escaped(section.title)) + '\n' +
+           remarks(section.remarks) + table(section) + "</section>\n";
   }
 
   static QString remarks(const QStringList& remarks) {

@@ -138,6 +138,9 @@ QString Report::textOf(const Section& section) {
 
 QString SystemReport::toText() const {
   QStringList texts;
+  if (_crash) {
+    texts += Report::textOf(Report::describeCrash(*_crash, _files));
+  }
   for (const Section& section : _sections) {
     texts += Report::textOf(section);
   }

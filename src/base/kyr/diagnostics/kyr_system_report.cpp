@@ -149,6 +149,19 @@ void SystemReport::collect(unsigned parts, const Limits& limits) {
       part.describe ? part.describe(section) : Report::describeLogs(section, limits, _files);
     });
   }
+  if ((parts & PartLogs) != 0 && !_isOutOfMemory) {
+    findCrash();
+  }
+}
+
+/// Finds the newest crash, without which the report is as good as before.
+void SystemReport::findCrash() {
+  try {
+    _crash = CrashReports::newest();
+  } catch (const std::bad_alloc&) {
+    _isOutOfMemory = true;
+    _remarks += "Whether there was a crash cannot be found out: there is no memory.";
+  }
 }
 
 void SystemReport::add(const QString& title, const std::function<void(Section&)>& fill) {

@@ -36,6 +36,10 @@ void describeFiles(Section& section);
 void describeLogs(Section& section, const SystemReport::Limits& limits,
                   std::vector<SystemReport::File>& packed);
 
+/// What is known of a crash, for the top of the report.
+/// \param packed the files of the archive, one of which may be the report
+Section describeCrash(const CrashReport& crash, const std::vector<SystemReport::File>& packed);
+
 /// A place of the suite's own.
 struct Directory {
   const char* name;
