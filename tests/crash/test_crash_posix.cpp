@@ -124,6 +124,23 @@ TEST(CrashFromOutside, NamesTheSender) {
   }
 }
 
+TEST(CrashInTheWay, IsToldInTheLanguageOfTheUser) {
+  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+  const Home home;
+  const auto ended = inChild([&] {
+    int count = 1;
+    std::array<char, 5> name{"test"};
+    std::array<char*, 2> words{name.data(), nullptr};
+    const QCoreApplication application(count, words.data());
+    home.start({});
+    Kyr::KyrInit::InitTranslator("de");
+    std::abort();
+  });
+  EXPECT_TRUE(ended.errors.contains(" ist abgest\xc3\xbcrzt. Der Bericht steht in " +
+                                    home.file("output").toUtf8() + ", das Speicherabbild in "))
+      << ended.errors.toStdString();
+}
+
 TEST(CrashInTheWay, NamesTheBuildAsTheFileHasIt) {
   KYR_SKIP_SANITIZERS("they report faults in the place of the library");
   const TempDir folder;
