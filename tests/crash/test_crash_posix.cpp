@@ -124,6 +124,40 @@ TEST(CrashFromOutside, NamesTheSender) {
   }
 }
 
+TEST(CrashInTheWay, IsKeptOfAProgramWhoseStreamsStay) {
+  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+  const struct {
+    bool isKept;
+    bool isInTheWay;
+    const char* catches;
+  } rows[] = {{true, false, "a report that is nowhere else"},
+              {false, false, "a file that nobody asked for"},
+              {true, true, "another's file that is written to"}};
+  for (const auto& row : rows) {
+    const Home home;
+    const auto ended = inChild([&] {
+      const QString own = home.file(QString("ORV-%1.log").arg(::getpid()));
+      row.isInTheWay ? QFile::link(home.file("precious"), own) : writeFile(own, "old").isEmpty();
+      Kyr::StartOptions options{"gauge", "1.2"};
+      options.keepReport = row.isKept;
+      home.start({}, {"gauge"}, options);
+      std::abort();
+    });
+    const QStringList logs = QDir(home.path()).entryList({"ORV-*.log"}, QDir::Files);
+    const QByteArray kept = logs.isEmpty() ? QByteArray() : readFile(home.file(logs[0]));
+    const QByteArray begin = "caught exception: 0x40000015 (abort() was called)\n";
+    EXPECT_EQ(ended.errors.count(begin), 1) << row.catches;
+    EXPECT_TRUE(ended.errors.contains("\nprogram: gauge\nversion: 1.2\n")) << row.catches;
+    EXPECT_EQ(ended.errors.contains("error creating report file: File exists\n"), row.isInTheWay)
+        << row.catches;
+    EXPECT_EQ(kept.toStdString(), row.isInTheWay ? ""
+                                  : row.isKept   ? ended.errors.toStdString()
+                                                 : "old")
+        << row.catches;
+    EXPECT_FALSE(QFile::exists(home.file("precious"))) << row.catches;
+  }
+}
+
 TEST(CrashInTheWay, IsToldInTheLanguageOfTheUser) {
   KYR_SKIP_SANITIZERS("they report faults in the place of the library");
   const Home home;

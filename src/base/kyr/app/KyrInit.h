@@ -43,6 +43,9 @@ struct StartOptions {
   /// Takes the current directory for that of the software when the program lies in no "bin", as
   /// applications of the suite do; otherwise it is the one in which the library is installed.
   bool trustCurrentDirectory = false;
+  /// With keepStreams: writes the report of a crash to KyrInit::getProgramLogfile(), too, where
+  /// KyrInit::lastCrash() finds it. On Linux standard error gets it when it is whole.
+  bool keepReport = false;
 };
 
 /// Starts and ends the library; afterwards everybody asks it for the application and its

@@ -125,6 +125,12 @@ QByteArray crashDumpFile() {
   return isNamed ? QString::fromWCharArray(path.data()).toUtf8() : QByteArray();
 }
 
+/// In UTF-8; empty when the temporary directory has no name that fits.
+QByteArray ownReportFile() {
+  const QString path = KyrInit::getProgramLogfile(OS::getPID());
+  return path != OS::nullDevice() ? path.toUtf8() : QByteArray();
+}
+
 void applyNumberOfCPUs() {
   bool ok = false;
   const unsigned count = qstringToUInt(OS::getEnv("KYR_NUMBER_OF_CPUS"), &ok);
@@ -186,6 +192,8 @@ void KyrInit::InitLibrary(const StartOptions& options, QStringList& arguments) {
     noteStep("the standard streams are open");
   }
   Crash::install(crashDumpFile().constData());
+  Crash::setReportFile(options.keepStreams && options.keepReport ? ownReportFile().constData()
+                                                                 : "");
   NewHandler::install();
   noteStep("the crash handler is installed");
   Settings::setApplication(options.application, options.name, options.version);

@@ -108,7 +108,8 @@ void Start::describeProgram(const QStringList& arguments) {
   const QString name = QString::fromUtf8(KyrInit::getApplicationName()).left(longestName);
   const QString version = KyrInit::getApplicationVersion().left(longestName);
   const QByteArray line = commandLineIfKnown(arguments, home);
-  QByteArray lines = "program: " + visible(name).toUtf8() + "\nversion: " + visible(version).toUtf8() + "\nlibrary: libKyr " +
+  QByteArray lines = "program: " + visible(name).toUtf8() +
+                     "\nversion: " + visible(version).toUtf8() + "\nlibrary: libKyr " +
                      libraryVersion() + '\n';
   lines += line.isEmpty() ? line : "command line: " + line + '\n';
   Crash::describeProgram(lines.constData(), home.toUtf8().constData());

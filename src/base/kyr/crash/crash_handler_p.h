@@ -20,6 +20,10 @@ void setConsoleAllocated(bool allocated) noexcept;
 ///        empty for none
 void describeProgram(const char* lines, const char* home) noexcept;
 
+/// Has reports written to a file of the process's own, too; for the time before a crash.
+/// \param file its whole path, in UTF-8; empty for none
+void setReportFile(const char* file) noexcept;
+
 /// What the person at the terminal reads when the report goes elsewhere, in UTF-8.
 struct Notice {
   const char* beforeDump;  ///< the sentence up to the path of the dump

@@ -191,6 +191,18 @@ void appendOrigin(Text& text, const siginfo_t& signal) noexcept;
 /// \param name whole path, in UTF-8; empty for none
 void setDumpFile(const char* name) noexcept;
 
+/// Names a file of this process in the folder of one that was given before; a forked child has
+/// another number.
+/// \param given whole path; empty for none
+/// \param ending of the name, with its dot
+/// \return false without a folder, and when the name does not fit
+bool nameOwnFile(const char* given, const char* ending, std::array<char, 4096>& path) noexcept;
+
+/// Creates a file for its owner alone. Only an own file of an earlier process of the same number
+/// gives way; what anybody else has put there stays.
+/// \return its descriptor; negative when it was not created
+int createOwnFile(const char* path) noexcept;
+
 /// Writes the minidump, and says on standard error if it cannot.
 /// \return its whole path; empty when there is none
 const char* writeDump(const siginfo_t& signal, const Threads& threads,
@@ -229,6 +241,14 @@ void findBacktraceProgram() noexcept;
 /// \param met gets the modules that frames lie in
 void printBacktraces(const Threads& threads, const Memory& memory, const CallChain& thrown,
                      MetModules& met) noexcept;
+
+// ---- a file for the report: platform/crash_report_file_posix.cpp ------------------------------
+
+/// Sends standard error to the file for the report, if there is to be one.
+void openReportFile() noexcept;
+/// Sends standard error where it went before, and everything that the file has got there, too.
+/// Further calls do nothing.
+void closeReportFile() noexcept;
 
 // ---- the process: platform/crash_about_posix.cpp ----------------------------------------------
 

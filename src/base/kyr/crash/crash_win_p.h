@@ -31,6 +31,10 @@ inline void write(const Text& text) noexcept {
   write(text.data(), text.length());
 }
 
+/// Opens the file for the report, if there is to be one: what is written from here on goes there,
+/// too.
+void openReportFile() noexcept;
+
 /// "message: the system's words for the error", on standard error.
 /// \param error its number, 0 when the system has none
 void printSystemError(const char* message, unsigned long error) noexcept;

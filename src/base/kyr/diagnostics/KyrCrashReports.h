@@ -28,7 +28,7 @@ struct CrashReport {
 ///
 /// Reports lie in the files to which the start of the library sends standard error: that of each
 /// process in the temporary directory, and the one that KYR_CONSOLE names. Programs whose streams
-/// stay as they are (StartOptions::keepStreams) leave none. A file counts only if it is a plain one
+/// stay as they are leave none, unless they ask for it (StartOptions::keepReport). A file counts only if it is a plain one
 /// of this user, without a second name; links are not followed. What processes that still run are
 /// writing, and what an application merely prints, is no report.
 /// \code

@@ -307,32 +307,29 @@ void appendSystemFiles(DumpFile& file, const Memory& memory) noexcept {
   file.addStream(Dump::LinuxMapsStream, file.append(memory.list(), memory.listLength()));
 }
 
-/// The dump of this process: the name that was given, with the number that a forked child has got.
-/// \return false when none was given
-bool nameDump(Path& path) noexcept {
-  const char* const folderEnd = std::strrchr(dumpFile.data(), '/');
+}  // namespace
+
+bool Crash::nameOwnFile(const char* given, const char* ending, Path& path) noexcept {
+  const char* const folderEnd = std::strrchr(given, '/');
   Text name;
-  appendDumpName(name, static_cast<std::uint32_t>(::getpid()));
-  const std::size_t length = folderEnd ? std::size_t(folderEnd - dumpFile.data()) + 1 : path.size();
+  name << "ORV-";
+  name.count(static_cast<std::uint32_t>(::getpid())) << ending;
+  const std::size_t length = folderEnd ? std::size_t(folderEnd - given) + 1 : path.size();
   if (length + name.length() >= path.size()) {
     return false;
   }
-  std::copy_n(dumpFile.data(), length, path.begin());
+  std::copy_n(given, length, path.begin());
   std::copy_n(name.data(), name.length() + 1, path.begin() + std::ptrdiff_t(length));
   return true;
 }
 
-/// Creates the file for its owner alone. Only an own file of an earlier process of the same
-/// number gives way; what anybody else has put there stays, and then there is no dump.
-int createDump(const char* path) noexcept {
+int Crash::createOwnFile(const char* path) noexcept {
   struct stat present = {};
   if (::lstat(path, &present) == 0 && S_ISREG(present.st_mode) && present.st_uid == ::geteuid()) {
     ::unlink(path);
   }
-  return ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  return ::open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
-
-}  // namespace
 
 void Crash::printSystemError(const char* message, int error) noexcept {
   const char* reason = error != 0 ? ::strerrordesc_np(error) : nullptr;
@@ -351,11 +348,11 @@ void Crash::setDumpFile(const char* name) noexcept {
 const char* Crash::writeDump(const siginfo_t& signal, const Threads& threads,
                              const Memory& memory) noexcept {
   static Path path;
-  if (!nameDump(path)) {
+  if (!nameOwnFile(dumpFile.data(), ".dmp", path)) {
     printSystemError("error getting crashdump filename", 0);
     return "";
   }
-  const int descriptor = createDump(path.data());
+  const int descriptor = createOwnFile(path.data());
   if (descriptor < 0) {
     printSystemError("error creating crashdump file", errno);
     return "";

@@ -45,6 +45,7 @@ void releaseSharedMemory() noexcept {
 
 [[noreturn]] void endProcess() noexcept {
   releaseSharedMemory();
+  closeReportFile();
   showNotice(dump);
   Fatal::endProcess(1);
 }
@@ -111,6 +112,7 @@ void onFault(int, siginfo_t* signal, void* given) {
   becomeReporter();
   limitTime();
   memory.load();
+  openReportFile();
   describe(*signal, context);
   Journals::flushForEnd();  // may wait for a thread that is writing
   threads.stop(context);
@@ -122,6 +124,7 @@ void onFault(int, siginfo_t* signal, void* given) {
   threads.release();
   limitTime();
   releaseSharedMemory();
+  closeReportFile();
   showNotice(dump);
   Fatal::callHook();
   Journals::flushForEnd();  // what threads added meanwhile

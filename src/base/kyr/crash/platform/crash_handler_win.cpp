@@ -89,6 +89,7 @@ DWORD WINAPI report(void* given) {
   const FaultGuard guard;
   const auto& broken = *static_cast<const Break*>(given);
   reporter = ::GetCurrentThreadId();
+  openReportFile();
   describe(*broken.fault->ExceptionRecord, thrower == broken.thread ? uncaught.data() : nullptr,
            headline);
   Journals::flushForEnd();

@@ -1,3 +1,4 @@
+#include <kyr/crash/crash_handler_p.h>
 #include <kyr/crash/crash_win_p.h>
 
 #include <array>
@@ -10,12 +11,27 @@ namespace Kyr {
 
 namespace {
 
+std::array<wchar_t, 1024> reportPath{};
+HANDLE reportFile = nullptr;
+
 /// The handle behind standard error; the runtime's own functions would wait for the stream's lock.
 HANDLE standardError() noexcept {
   const int descriptor = ::_fileno(stderr);
   const intptr_t handle = descriptor >= 0 ? ::_get_osfhandle(descriptor) : -1;
   return handle != -1 && handle != -2 ? reinterpret_cast<HANDLE>(handle)
                                       : ::GetStdHandle(STD_ERROR_HANDLE);
+}
+
+void writeAll(HANDLE target, const char* bytes, std::size_t length) noexcept {
+  while (length > 0) {
+    DWORD written = 0;
+    if (!::WriteFile(target, bytes, static_cast<DWORD>(length), &written, nullptr) ||
+        written == 0) {
+      return;
+    }
+    bytes += written;
+    length -= written;
+  }
 }
 
 /// The system's text for an error, without the end of line that it comes with.
@@ -44,20 +60,36 @@ bool isSpace(const INPUT_RECORD& record) noexcept {
 
 }  // namespace
 
+void Crash::setReportFile(const char* file) noexcept {
+  if (::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, file, -1, reportPath.data(),
+                            int{reportPath.size()}) == 0) {
+    reportPath[0] = L'\0';
+  }
+}
+
+void Crash::openReportFile() noexcept {
+  if (reportPath[0] == L'\0') {
+    return;
+  }
+  ::DeleteFileW(reportPath.data());
+  const HANDLE file = ::CreateFileW(reportPath.data(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    printSystemError("error creating report file", ::GetLastError());
+  } else {
+    reportFile = file;
+  }
+}
+
 // Each write goes to the end of the file: standard output may share it, with a position of its own.
 void Crash::write(const char* bytes, std::size_t length) noexcept {
   const HANDLE target = standardError();
   if (::GetFileType(target) == FILE_TYPE_DISK) {
     ::SetFilePointer(target, 0, nullptr, FILE_END);
   }
-  while (length > 0) {
-    DWORD written = 0;
-    if (!::WriteFile(target, bytes, static_cast<DWORD>(length), &written, nullptr) ||
-        written == 0) {
-      return;
-    }
-    bytes += written;
-    length -= written;
+  writeAll(target, bytes, length);
+  if (reportFile) {
+    writeAll(reportFile, bytes, length);
   }
 }
 
