@@ -14,7 +14,7 @@ from pathlib import Path
 # Functions and data, and what the compiler makes for classes: tables, type information, thunks.
 OURS = re.compile(r"_?_Z(?:T[VTISC]|GV|T[hvc][nhv\d_]*_)?N[KVRO]*(3Kyr.*)")
 
-# The library puts these in front of the C and C++ libraries' own: the first two on Linux only, and
+# The library puts these in front of the C and C++ libraries' own: the first on Linux only, and
 # operator new with the type that sizes have on the system.
 IN_FRONT = {"pthread_create", "__cxa_throw", "_Znwm", "_Znam", "_Znwj", "_Znaj"}
 
@@ -34,9 +34,10 @@ def exported_names(library):
     with open(library, "rb") as file:
         is_dll = file.read(2) == b"MZ"
     if is_dll:
-        return NAME.findall(output_of("objdump", "-p", library).partition(TABLE_OF_NAMES)[2])
-    symbols = output_of("nm", "-D", "--defined-only", library).split()[2::3]
-    return [name for name in symbols if name not in IN_FRONT]
+        names = NAME.findall(output_of("objdump", "-p", library).partition(TABLE_OF_NAMES)[2])
+    else:
+        names = output_of("nm", "-D", "--defined-only", library).split()[2::3]
+    return [name for name in names if name not in IN_FRONT]
 
 
 def parts_of(mangled):

@@ -22,8 +22,8 @@ PLATFORM_NAME = re.compile(
 INCLUDE = re.compile(r"^\s*#\s*include\s*<([^>]+)>")
 # Every other header whose name ends in .h belongs to an operating system.
 PORTABLE = re.compile(
-    r"(kyr|gtest|gmock|benchmark|boost|spdlog|tbb|openssl)/.+|archive(_entry)?\.h|cxxabi\.h|zlib\.h|"
-    r"isa-l\.h|libdeflate\.h|"
+    r"(kyr|gtest|gmock|benchmark|boost|spdlog|tbb|openssl)/.+|archive(_entry)?\.h|zlib\.h|"
+    r"cxxabi\.h|unwind\.h|isa-l\.h|libdeflate\.h|"
     r"(assert|ctype|errno|float|inttypes|limits|locale|math|setjmp|signal|stdarg|stddef|stdint|"
     r"stdio|stdlib|string|time|wchar)\.h")
 WINDOWS = re.compile(

@@ -9,6 +9,7 @@
 #include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_exception_p.h>
 #include <kyr/crash/crash_text_p.h>
+#include <kyr/crash/crash_throw_p.h>
 
 #include <array>
 #include <atomic>
@@ -214,21 +215,6 @@ void removeOldDumps(const char* newest) noexcept;
 
 /// "message: the system's words for the error", on standard error.
 void printSystemError(const char* message, int error) noexcept;
-
-// ---- exceptions: platform/crash_throw_posix.cpp ------------------------------------------------
-
-/// The return addresses of a stack, the innermost first.
-struct CallChain {
-  std::uint64_t count;
-  std::array<std::uint64_t, 16> addresses;
-};
-
-/// Makes the calling thread remember, from now on, where it throws.
-void watchThrows() noexcept;
-
-/// Where the exception that the calling thread handles was thrown.
-/// \return false when that was not watched
-bool findThrow(CallChain& chain) noexcept;
 
 // ---- backtraces: platform/crash_backtrace_posix.cpp -------------------------------------------
 

@@ -8,6 +8,7 @@
 
 #include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_text_p.h>
+#include <kyr/crash/crash_throw_p.h>
 
 #include <cstdint>
 
@@ -21,6 +22,7 @@ namespace Kyr::Crash {
 struct Break {
   _EXCEPTION_POINTERS* fault;  ///< with the registers
   unsigned long thread;        ///< number of the crashing thread
+  const CallChain* thrown;  ///< where the exception came from that ends the process; may be empty
 };
 
 // ---- output: platform/crash_output_win.cpp ----------------------------------------------------

@@ -359,6 +359,15 @@ void printOtherThreads(const Symbols& symbols, DWORD crashing, DWORD helper) noe
   ::CloseHandle(snapshot);
 }
 
+void printThrow(const Symbols& symbols, const Crash::CallChain& thrown) noexcept {
+  if (thrown.count > 0) {
+    Crash::write(Text() << "the exception was thrown by:\n");
+  }
+  for (unsigned i = 0; i < thrown.count; ++i) {
+    symbols.printFrame(i, static_cast<std::uint32_t>(thrown.addresses[i]));
+  }
+}
+
 }  // namespace
 
 void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept {
@@ -369,6 +378,7 @@ void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept 
   noteThread(broken.thread);
   const Symbols symbols;
   printBacktrace(symbols, ::GetCurrentThread(), *broken.fault->ContextRecord);
+  printThrow(symbols, *broken.thrown);
   printOtherThreads(symbols, broken.thread, helper);
 }
 

@@ -34,6 +34,8 @@ std::atomic<DWORD> timedSince{0};
 /// The thread that ends because of an exception, whose text is in uncaught.
 std::atomic<DWORD> thrower{0};
 Text uncaught;
+/// Where that exception was thrown; empty if nobody knows.
+CallChain thrown{};
 Text headline;
 
 // ---- the report -------------------------------------------------------------------------------
@@ -136,7 +138,7 @@ bool startHelper(LPTHREAD_START_ROUTINE function, Break* broken) noexcept {
   becomeReporter();
   ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
   limitTime();
-  Break broken{fault, ::GetCurrentThreadId()};
+  Break broken{fault, ::GetCurrentThreadId(), &thrown};
   const bool isOverflow = fault->ExceptionRecord->ExceptionCode == EXCEPTION_STACK_OVERFLOW;
   if (startHelper(isOverflow ? &report : &watch, &broken) && isOverflow) {
     watch(nullptr);
@@ -177,6 +179,7 @@ LONG CALLBACK onOwnException(EXCEPTION_POINTERS* fault) {
   if (thrower.compare_exchange_strong(nobody, ::GetCurrentThreadId())) {
     if (isThrown) {
       appendCurrentException(uncaught);
+      findThrow(thrown);
     } else {
       uncaught.hexadecimal(abortCode) << " (terminated without an exception)";
     }
@@ -226,6 +229,7 @@ void Crash::install(const char* dumpFile) noexcept {
     return;
   }
   prepareStacks();
+  watchAllThrows();
   ::SetUnhandledExceptionFilter(&onFault);
   ::AddVectoredExceptionHandler(1, &onOwnException);
   installInRuntimes();
