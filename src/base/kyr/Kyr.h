@@ -10,6 +10,7 @@
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/KyrStructVector.h>
 #include <kyr/core/KyrVersion.h>
+#include <kyr/crash/KyrHeartbeat.h>
 #include <kyr/crash/KyrNewHandler.h>
 #include <kyr/diagnostics/KyrCrashReports.h>
 #include <kyr/diagnostics/KyrDebugTimer.h>

@@ -69,6 +69,8 @@ class Memory {
  public:
   /// Takes down what is mapped where. Ranges that come later are not known.
   void load() noexcept;
+  /// Gives back what load() took of the system.
+  void unload() noexcept;
 
   /// The next mapping in the order of addresses.
   /// \param position 0 at first; moved on
@@ -140,7 +142,8 @@ struct FoundThread {
 /// The threads of this process, of which all but the crashing one stand still.
 class Threads {
  public:
-  /// Stops every other thread; waits two seconds at most.
+  /// Stops every other thread; waits two seconds at most. Once they are released, they can be
+  /// stopped again.
   /// \param own where the crashing thread was when it broke
   void stop(const ucontext_t& own) noexcept;
   /// Lets the stopped threads run on.
@@ -166,7 +169,8 @@ class Threads {
 
   bool _complete = false;
   std::atomic<unsigned> _count{0};
-  std::atomic<int> _released{0};
+  std::atomic<int> _round{0};     ///< how often threads were stopped
+  std::atomic<int> _released{0};  ///< the last round that has come to its end
   std::array<FoundThread, 4096> _found{};
 };
 
@@ -213,7 +217,15 @@ const char* writeDump(const siginfo_t& signal, const Threads& threads,
 /// \param newest the full name of this process's dump, which stays
 void removeOldDumps(const char* newest) noexcept;
 
-/// "message: the system's words for the error", on standard error.
+// ---- output: platform/crash_output_posix.cpp --------------------------------------------------
+
+/// Has what the calling thread prints from now on go into a file; one thread at a time.
+/// \param file its descriptor; negative ends it
+void collectOutput(int file) noexcept;
+/// \return the descriptor of that file; -1 on other threads
+int outputOfThread() noexcept;
+
+/// "message: the system's words for the error", as printBytes() does.
 void printSystemError(const char* message, int error) noexcept;
 
 // ---- backtraces: platform/crash_backtrace_posix.cpp -------------------------------------------
@@ -243,6 +255,11 @@ void closeReportFile() noexcept;
 /// \param dump its whole path; empty when there is none
 void printAbout(const Text& fault, const char* dump, const Threads& threads, const Memory& memory,
                 const MetModules& met) noexcept;
+
+/// The same for a process that lives on, without the calling thread.
+/// \param hanging the number of the thread that comes first
+void printLivingBacktraces(const Threads& threads, const Memory& memory, std::uint64_t hanging,
+                           MetModules& met) noexcept;
 
 // ---- stacks: platform/crash_stack_posix.cpp ---------------------------------------------------
 

@@ -11,6 +11,9 @@
 
 namespace Kyr::Crash {
 
+/// Writes to the descriptor of standard error or, on a thread that collects what it prints, there.
+void printBytes(const char* bytes, std::size_t length) noexcept;
+
 /// A short text in a buffer of its own; what does not fit is cut off.
 class Text {
  public:
@@ -46,8 +49,8 @@ class Text {
   const char* data() const noexcept { return _characters.data(); }
   std::size_t length() const noexcept { return _length; }
 
-  /// Writes it to the descriptor of standard error.
-  void print() const noexcept { Fatal::writeToStandardError(data(), length()); }
+  /// Prints it as printBytes() does.
+  void print() const noexcept { printBytes(data(), length()); }
 
  private:
   Text& digits(std::uint64_t number, unsigned base) noexcept {
@@ -64,9 +67,9 @@ class Text {
   std::size_t _length = 0;
 };
 
-/// Writes a text to the descriptor of standard error.
+/// Prints a text as printBytes() does.
 inline void print(const char* text) noexcept {
-  Fatal::writeToStandardError(text, std::strlen(text));
+  printBytes(text, std::strlen(text));
 }
 
 }  // namespace Kyr::Crash

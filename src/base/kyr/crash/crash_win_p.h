@@ -10,6 +10,8 @@
 #include <kyr/crash/crash_text_p.h>
 #include <kyr/crash/crash_throw_p.h>
 
+#include <QByteArray>
+
 #include <cstdint>
 
 // The system's names of EXCEPTION_POINTERS and EXCEPTION_RECORD.
@@ -36,6 +38,13 @@ inline void write(const Text& text) noexcept {
 /// Opens the file for the report, if there is to be one: what is written from here on goes there,
 /// too.
 void openReportFile() noexcept;
+
+/// Has what the calling thread writes from now on added to a text; one thread at a time.
+/// \param text null ends it
+void collectOutput(QByteArray* text) noexcept;
+
+/// Whether the calling thread does so.
+bool isCollecting() noexcept;
 
 /// "message: the system's words for the error", on standard error.
 /// \param error its number, 0 when the system has none
@@ -79,6 +88,10 @@ void removeOldDumps() noexcept;
 /// Prints the backtraces of all threads with their headings.
 /// \param helper number of a thread that only helps to report; is left out
 void printBacktraces(const Break& broken, unsigned long helper) noexcept;
+
+/// Prints those of a process that lives on, without the calling thread.
+/// \param hanging the number of the thread that comes first
+void printLivingBacktraces(unsigned long hanging) noexcept;
 
 // ---- frames: platform/crash_frame_win.cpp -----------------------------------------------------
 

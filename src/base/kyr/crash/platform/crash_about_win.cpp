@@ -214,7 +214,7 @@ void writeModule(std::uintptr_t base) noexcept {
 }  // namespace
 
 void Crash::noteThread(unsigned long thread) noexcept {
-  if (notedCount < notedThreads.size()) {
+  if (notedCount < notedThreads.size() && !isCollecting()) {
     notedThreads[notedCount++] = thread;
   }
 }

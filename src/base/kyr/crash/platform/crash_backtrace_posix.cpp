@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -21,7 +22,15 @@ using Crash::Text;
 
 constexpr int patienceInMilliseconds = 20'000;  // for the backtrace of one thread
 
+constexpr std::time_t patienceOfLiving = 20;  // seconds, for all threads
+
 std::array<char, PATH_MAX> programPath;
+
+std::time_t secondsNow() noexcept {
+  timespec time{};
+  ::clock_gettime(CLOCK_MONOTONIC, &time);
+  return time.tv_sec;
+}
 
 /// The conversation with kyr-backtrace, a process with a heap and locks that are not broken.
 class BacktraceProgram {
@@ -90,24 +99,31 @@ class BacktraceProgram {
       Crash::printSystemError("error starting kyr-backtrace", errno);
       return;
     }
+    const int output = Crash::outputOfThread();
     // Unlike fork(), _Fork() runs nobody's handlers and takes no lock of the heap.
     _process = ::_Fork();
     if (_process == 0) {
       ::close(ends[0]);
-      become({ends[1], memory.descriptor(), maps, program});
+      become({ends[1], memory.descriptor(), maps, program}, output);
     }
+    ::close(maps);
+    ::close(program);
+    ::close(ends[1]);
     if (_process < 0) {
       Crash::printSystemError("error starting kyr-backtrace", errno);
+      ::close(ends[0]);
       return;
     }
-    ::close(ends[1]);
     _socket = ends[0];
   }
 
   /// The descriptors that kyr-backtrace gets, in the order of its arguments.
   using Descriptors = std::array<int, 4>;
 
-  [[noreturn]] static void become(const Descriptors& descriptors) noexcept {
+  [[noreturn]] static void become(const Descriptors& descriptors, int output) noexcept {
+    if (output >= 0) {
+      ::dup2(output, STDERR_FILENO);
+    }
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -161,11 +177,12 @@ void printPlace(const ucontext_t& context, const Memory& memory, Crash::MetModul
   text.print();
 }
 
-void printHeading(const Crash::FoundThread& thread, bool crashing) noexcept {
+/// \param what kind of thread comes first; null for another one
+void printHeading(const Crash::FoundThread& thread, const char* what) noexcept {
   Text heading;
   const auto id = static_cast<std::uint64_t>(thread.id);
-  if (crashing) {
-    heading << "\nbacktrace of the crashing thread ";
+  if (what) {
+    heading << "\nbacktrace of the " << what << " thread ";
     heading.hexadecimal(id) << ":\n";
   } else {
     heading << "\n\nnext thread: ";
@@ -175,11 +192,24 @@ void printHeading(const Crash::FoundThread& thread, bool crashing) noexcept {
   heading.print();
 }
 
+void printStack(BacktraceProgram& program, const Crash::FoundThread& thread, const Memory& memory,
+                Crash::MetModules& met) noexcept {
+  const ucontext_t* context = thread.context;
+  if (!context) {
+    Crash::print("error getting the thread context\n");
+  } else if (!program.print(*context)) {
+    printPlace(*context, memory, met);
+  }
+}
+
 }  // namespace
 
 // kyr-backtrace lies in the folder "kyr" beside the library, in every installation and in the
 // build.
 void Crash::findBacktraceProgram() noexcept {
+  if (programPath[0] != '\0') {
+    return;
+  }
   Dl_info library = {};
   std::array<char, PATH_MAX> path{};
   if (::dladdr(reinterpret_cast<void*>(&Crash::findBacktraceProgram), &library) == 0 ||
@@ -200,16 +230,37 @@ void Crash::printBacktraces(const Threads& threads, const Memory& memory, const 
     if (thread.id == 0) {
       continue;
     }
-    printHeading(thread, &thread == threads.begin());
-    const ucontext_t* context = thread.context;
-    if (!context) {
-      Crash::print("error getting the thread context\n");
-    } else if (!program.print(*context)) {
-      printPlace(*context, memory, met);
-    }
+    printHeading(thread, &thread == threads.begin() ? "crashing" : nullptr);
+    printStack(program, thread, memory, met);
     if (&thread == threads.begin() && thrown.count > 0) {
       Crash::print("the exception was thrown by:\n");
       program.print(thrown);
+    }
+  }
+  if (!threads.complete()) {
+    Crash::print("\nerror while enumerating threads\n");
+  }
+}
+
+// Threads of an application that lives on do not stand still for ever.
+void Crash::printLivingBacktraces(const Threads& threads, const Memory& memory,
+                                  std::uint64_t hanging, MetModules& met) noexcept {
+  const std::time_t end = secondsNow() + patienceOfLiving;
+  const auto isFirst = [hanging](const FoundThread& thread) {
+    return static_cast<std::uint64_t>(thread.id) == hanging;
+  };
+  BacktraceProgram program(memory, met);
+  for (const bool first : {true, false}) {
+    for (const FoundThread& thread : threads) {
+      if (thread.id == 0 || &thread == &threads.crashing() || isFirst(thread) != first) {
+        continue;
+      }
+      if (secondsNow() > end) {
+        Crash::print("\n\nfurther threads are left out\n");
+        return;
+      }
+      printHeading(thread, first ? "hanging" : nullptr);
+      printStack(program, thread, memory, met);
     }
   }
   if (!threads.complete()) {

@@ -312,16 +312,11 @@ bool copyThread(HANDLE thread, CONTEXT& context) noexcept {
   return known;
 }
 
-void printThread(const Symbols& symbols, const THREADENTRY32& entry) noexcept {
-  Text heading;
-  heading << "\n\nnext thread: ";
-  heading.hexadecimal(entry.th32ThreadID) << ", priority ";
-  heading.decimal(entry.tpBasePri) << "\n";
-  Crash::write(heading);
-  Crash::noteThread(entry.th32ThreadID);
-  const HANDLE thread =
-      ::OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
-                   entry.th32ThreadID);
+/// Prints a stack below its heading.
+void printThread(const Symbols& symbols, DWORD id) noexcept {
+  Crash::noteThread(id);
+  const HANDLE thread = ::OpenThread(
+      THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE, id);
   if (!thread) {
     Crash::printSystemError("error while getting the threadhandle", ::GetLastError());
     return;
@@ -333,6 +328,15 @@ void printThread(const Symbols& symbols, const THREADENTRY32& entry) noexcept {
     Crash::printSystemError("error getting the thread context", ::GetLastError());
   }
   ::CloseHandle(thread);
+}
+
+void printThread(const Symbols& symbols, const THREADENTRY32& entry) noexcept {
+  Text heading;
+  heading << "\n\nnext thread: ";
+  heading.hexadecimal(entry.th32ThreadID) << ", priority ";
+  heading.decimal(entry.tpBasePri) << "\n";
+  Crash::write(heading);
+  printThread(symbols, entry.th32ThreadID);
 }
 
 void printOtherThreads(const Symbols& symbols, DWORD crashing, DWORD helper) noexcept {
@@ -380,6 +384,16 @@ void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept 
   printBacktrace(symbols, ::GetCurrentThread(), *broken.fault->ContextRecord);
   printThrow(symbols, *broken.thrown);
   printOtherThreads(symbols, broken.thread, helper);
+}
+
+void Crash::printLivingBacktraces(unsigned long hanging) noexcept {
+  Text heading;
+  heading << "\nbacktrace of the hanging thread ";
+  heading.hexadecimal(hanging) << ":\n";
+  write(heading);
+  const Symbols symbols;
+  printThread(symbols, hanging);
+  printOtherThreads(symbols, hanging, 0);
 }
 
 }  // namespace Kyr

@@ -100,6 +100,10 @@ void Crash::Memory::load() noexcept {
   _length = readSystemFile("/proc/self/maps", _list.data(), _list.size());
 }
 
+void Crash::Memory::unload() noexcept {
+  ::close(_descriptor);
+}
+
 bool Crash::Memory::next(std::size_t& position, Mapping& mapping) const noexcept {
   if (position >= _length) {
     return false;

@@ -2,7 +2,9 @@
 #include <kyr/crash/crash_win_p.h>
 
 #include <array>
+#include <atomic>
 #include <cstdio>
+#include <new>
 
 #include <io.h>
 #include <windows.h>
@@ -53,6 +55,21 @@ std::size_t systemText(DWORD error, std::array<char, Size>& text) noexcept {
   return length;
 }
 
+/// The thread that collects what it writes, and in which text; 0 for none.
+std::atomic<DWORD> collector{0};
+QByteArray* collection = nullptr;
+
+void collect(const char* bytes, std::size_t length) noexcept {
+  constexpr int longest = 1 << 20;
+  try {
+    if (collection->size() < longest) {
+      collection->append(bytes, static_cast<int>(length));
+    }
+  } catch (const std::bad_alloc&) {
+    return;  // what has no room is missing
+  }
+}
+
 bool isSpace(const INPUT_RECORD& record) noexcept {
   const KEY_EVENT_RECORD& key = record.Event.KeyEvent;
   return record.EventType == KEY_EVENT && key.bKeyDown && key.uChar.UnicodeChar == L' ';
@@ -83,6 +100,10 @@ void Crash::openReportFile() noexcept {
 
 // Each write goes to the end of the file: standard output may share it, with a position of its own.
 void Crash::write(const char* bytes, std::size_t length) noexcept {
+  if (isCollecting()) {
+    collect(bytes, length);
+    return;
+  }
   const HANDLE target = standardError();
   if (::GetFileType(target) == FILE_TYPE_DISK) {
     ::SetFilePointer(target, 0, nullptr, FILE_END);
@@ -91,6 +112,19 @@ void Crash::write(const char* bytes, std::size_t length) noexcept {
   if (reportFile) {
     writeAll(reportFile, bytes, length);
   }
+}
+
+void Crash::printBytes(const char* bytes, std::size_t length) noexcept {
+  write(bytes, length);
+}
+
+bool Crash::isCollecting() noexcept {
+  return collector == ::GetCurrentThreadId();
+}
+
+void Crash::collectOutput(QByteArray* text) noexcept {
+  collection = text;
+  collector = text ? ::GetCurrentThreadId() : 0;
 }
 
 void Crash::printSystemError(const char* message, unsigned long error) noexcept {

@@ -16,11 +16,11 @@ namespace {
 
 constexpr unsigned patienceInMilliseconds = 2000;
 
-Crash::Threads* stopped = nullptr;
+std::atomic<Crash::Threads*> stopped{nullptr};
 
 void onStop(int, siginfo_t*, void* context) {
   const int error = errno;
-  stopped->standStill(*static_cast<const ucontext_t*>(context));
+  stopped.load()->standStill(*static_cast<const ucontext_t*>(context));
   errno = error;
 }
 
@@ -55,6 +55,11 @@ int Crash::stopSignal() noexcept {
 }
 
 void Crash::Threads::stop(const ucontext_t& own) noexcept {
+  _count = 0;
+  for (FoundThread& thread : _found) {
+    thread.context = nullptr;
+  }
+  ++_round;
   add(::gettid());
   _found[0].context = &own;
   stopped = this;
@@ -68,19 +73,20 @@ void Crash::Threads::stop(const ucontext_t& own) noexcept {
 }
 
 void Crash::Threads::release() noexcept {
-  _released = 1;
+  _released = _round.load();
   ::syscall(SYS_futex, &_released, FUTEX_WAKE_PRIVATE, INT_MAX, nullptr, nullptr, 0);
 }
 
 void Crash::Threads::standStill(const ucontext_t& context) noexcept {
   const int id = ::gettid();
+  const int round = _round;
   for (unsigned i = 0; i < _count; ++i) {
     if (_found[i].id == id) {
       _found[i].context = &context;
     }
   }
-  while (!_released) {
-    ::syscall(SYS_futex, &_released, FUTEX_WAIT_PRIVATE, 0, nullptr, nullptr, 0);
+  for (int released = _released; released < round; released = _released) {
+    ::syscall(SYS_futex, &_released, FUTEX_WAIT_PRIVATE, released, nullptr, nullptr, 0);
   }
 }
 
