@@ -26,6 +26,26 @@ namespace Kyr {
 /// \threadsafety any thread
 KYR_EXPORT QString translate(const char* context, const char* text);
 
+/// Translates a text that has a number, in the form that the user's language has for that number:
+/// some have one form for all, French has the same for 0 and 1. Without a catalogue that has it,
+/// one of the two English forms.
+///
+/// The number is put in by who asks, written as the place wants it. Forms that stand in a table are
+/// marked with QT_TRANSLATE_N_NOOP3.
+/// \code
+/// const quint64 missing = 1;
+/// const QString message =
+///     translate("Inspection", "%1 point is missing", "%1 points are missing",
+///     missing).arg(missing);
+/// \endcode
+/// \param one the English source text for 1; null gives a null text
+/// \param many the English source text for all other numbers, not null
+/// \param number of the things that are counted
+/// \throws ProgError as above
+/// \threadsafety any thread
+KYR_EXPORT QString translate(const char* context, const char* one, const char* many,
+                             quint64 number);
+
 /// How numbers are written in the user's language: the Translator's, English while there is none.
 /// \threadsafety any thread while none creates or deletes the Translator
 KYR_EXPORT QLocale userLocale();

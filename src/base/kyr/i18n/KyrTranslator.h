@@ -73,6 +73,9 @@ class KYR_EXPORT Translator {
   /// As the free function translate().
   /// \threadsafety any thread; takes a lock only for a text that nobody asked for before
   QString translate(const char* context, const char* text);
+  /// As the free function translate() for texts that have a number.
+  /// \threadsafety any thread
+  QString translate(const char* context, const char* one, const char* many, quint64 number);
 
   /// The language of the texts.
   /// \threadsafety this and the three below: while no other thread calls setLanguage()

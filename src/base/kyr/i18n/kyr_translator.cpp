@@ -168,6 +168,24 @@ bool hasUserInterface() {
          applicationProperties(Settings::settled().application).hasUserInterface;
 }
 
+/// \throws ProgError in an application with a user interface, which has to have a translator
+void refuseUserInterface() {
+  if (hasUserInterface()) {
+    throw ProgError("No Translator instantiated", true);
+  }
+}
+
+QString englishForm(const char* one, const char* many, quint64 number) {
+  return QString::fromUtf8(number == 1 ? one : many);
+}
+
+/// A number that Qt can take, with the same plural form: no language looks further than at six
+/// digits and at whether there are more.
+int smallLikeIt(quint64 number) {
+  constexpr quint64 million = 1000000;
+  return static_cast<int>(number < million ? number : million + number % million);
+}
+
 }  // namespace
 
 // ---- the language ----
@@ -273,14 +291,33 @@ QString Translator::translate(const char* context, const char* text) {
   return translation;
 }
 
+QString Translator::translate(const char* context, const char* one, const char* many,
+                              quint64 number) {
+  if (!one) {
+    return {};
+  }
+  const QString form = QCoreApplication::translate(context, one, many, smallLikeIt(number));
+  // What Qt does not find it gives back. Only for 1 (in French for 0 as well) may a translation
+  // have the same words; the form for 2 tells which it was.
+  const bool isFound =
+      form != QString::fromUtf8(one) || QCoreApplication::translate(context, one, many, 2) != form;
+  return isFound ? form : englishForm(one, many, number);
+}
+
 QString translate(const char* context, const char* text) {
   if (Translator* const translator = Translator::instance()) {
     return translator->translate(context, text);
   }
-  if (hasUserInterface()) {
-    throw ProgError("No Translator instantiated", true);
-  }
+  refuseUserInterface();
   return QString::fromUtf8(text);
+}
+
+QString translate(const char* context, const char* one, const char* many, quint64 number) {
+  if (Translator* const translator = Translator::instance()) {
+    return translator->translate(context, one, many, number);
+  }
+  refuseUserInterface();
+  return one ? englishForm(one, many, number) : QString();
 }
 
 QLocale userLocale() {
