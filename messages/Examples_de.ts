@@ -111,14 +111,6 @@
         <translation>%1 Kopien von %2 sind zu viele Punkte</translation>
     </message>
     <message>
-        <source>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</source>
-        <translation>Die Datei ist beschädigt, wie Byte %1 zeigt; was davor gelesen wurde (%2 Byte), kann falsch sein.</translation>
-    </message>
-    <message>
-        <source>the file ends too early, at byte %1; the first %2 bytes of content are good</source>
-        <translation>Die Datei endet zu früh, bei Byte %1; die ersten %2 Byte des Inhalts sind gut.</translation>
-    </message>
-    <message>
         <source>reading stopped early</source>
         <translation>Das Lesen wurde vorzeitig beendet</translation>
     </message>
@@ -151,68 +143,8 @@
         <translation>mit %1 MB/s</translation>
     </message>
     <message>
-        <source>byte</source>
-        <translation>Byte</translation>
-    </message>
-    <message>
-        <source>bytes</source>
-        <translation>Byte</translation>
-    </message>
-    <message>
-        <source>line</source>
-        <translation>Zeile</translation>
-    </message>
-    <message>
-        <source>lines</source>
-        <translation>Zeilen</translation>
-    </message>
-    <message>
-        <source>data line</source>
-        <translation>Datenzeile</translation>
-    </message>
-    <message>
-        <source>data lines</source>
-        <translation>Datenzeilen</translation>
-    </message>
-    <message>
-        <source>open edge</source>
-        <translation>offene Kante</translation>
-    </message>
-    <message>
-        <source>open edges</source>
-        <translation>offene Kanten</translation>
-    </message>
-    <message>
-        <source>point</source>
-        <translation>Punkt</translation>
-    </message>
-    <message>
-        <source>points</source>
-        <translation>Punkte</translation>
-    </message>
-    <message>
-        <source>triangle</source>
-        <translation>Dreieck</translation>
-    </message>
-    <message>
-        <source>triangles</source>
-        <translation>Dreiecke</translation>
-    </message>
-    <message>
-        <source>worker</source>
-        <translation>Thread</translation>
-    </message>
-    <message>
-        <source>workers</source>
-        <translation>Threads</translation>
-    </message>
-    <message>
         <source>the system starts no threads for the analysis</source>
         <translation>das System startet keine Threads für die Auswertung</translation>
-    </message>
-    <message>
-        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
-        <translation>die Datei ist beschädigt: %1 von %2 Bytes ihres Inhalts sind verloren; die anderen wurden geprüft und sind gut</translation>
     </message>
     <message>
         <source>a coordinate must be finite</source>
@@ -225,6 +157,86 @@
     <message>
         <source>missing are %1 and %2</source>
         <translation>es fehlen %1 und %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged: %1 of its %2 bytes of content is lost; the others were checked and are good</source>
+        <comment>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</comment>
+        <translation>
+            <numerusform>die Datei ist beschädigt: %1 von %2 Bytes ihres Inhalts ist verloren; die anderen wurden geprüft und sind gut</numerusform>
+            <numerusform>die Datei ist beschädigt: %1 von %2 Bytes ihres Inhalts sind verloren; die anderen wurden geprüft und sind gut</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged, as byte %1 shows; what was read before (%2 byte) may be wrong</source>
+        <comment>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</comment>
+        <translation>
+            <numerusform>Die Datei ist beschädigt, wie Byte %1 zeigt; was davor gelesen wurde (%2 Byte), kann falsch sein.</numerusform>
+            <numerusform>Die Datei ist beschädigt, wie Byte %1 zeigt; was davor gelesen wurde (%2 Byte), kann falsch sein.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file ends too early, at byte %1; the first %2 byte of content is good</source>
+        <comment>the file ends too early, at byte %1; the first %2 bytes of content are good</comment>
+        <translation>
+            <numerusform>Die Datei endet zu früh, bei Byte %1; das erste %2 Byte des Inhalts ist gut.</numerusform>
+            <numerusform>Die Datei endet zu früh, bei Byte %1; die ersten %2 Byte des Inhalts sind gut.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation>
+            <numerusform>%1 Byte</numerusform>
+            <numerusform>%1 Byte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 line</source>
+        <comment>%1 lines</comment>
+        <translation>
+            <numerusform>%1 Zeile</numerusform>
+            <numerusform>%1 Zeilen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 data line</source>
+        <comment>%1 data lines</comment>
+        <translation>
+            <numerusform>%1 Datenzeile</numerusform>
+            <numerusform>%1 Datenzeilen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 open edge</source>
+        <comment>%1 open edges</comment>
+        <translation>
+            <numerusform>%1 offene Kante</numerusform>
+            <numerusform>%1 offene Kanten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 point</source>
+        <comment>%1 points</comment>
+        <translation>
+            <numerusform>%1 Punkt</numerusform>
+            <numerusform>%1 Punkte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 triangle</source>
+        <comment>%1 triangles</comment>
+        <translation>
+            <numerusform>%1 Dreieck</numerusform>
+            <numerusform>%1 Dreiecke</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 worker</source>
+        <comment>%1 workers</comment>
+        <translation>
+            <numerusform>%1 Thread</numerusform>
+            <numerusform>%1 Threads</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -565,13 +577,21 @@
         <source>saved of it</source>
         <translation>davon gerettet</translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, equal to what was written</source>
-        <translation>%1 von %2 Stücken, gleich dem, was geschrieben wurde</translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, equal to what was written</source>
+        <comment>%1 of %2 pieces, equal to what was written</comment>
+        <translation>
+            <numerusform>%1 von %2 Stück, gleich dem, was geschrieben wurde</numerusform>
+            <numerusform>%1 von %2 Stücken, gleich dem, was geschrieben wurde</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
-        <translation>%1 von %2 Stücken, NICHT DAS, WAS GESCHRIEBEN WURDE</translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, NOT WHAT WAS WRITTEN</source>
+        <comment>%1 of %2 pieces, NOT WHAT WAS WRITTEN</comment>
+        <translation>
+            <numerusform>%1 von %2 Stück, NICHT DAS, WAS GESCHRIEBEN WURDE</numerusform>
+            <numerusform>%1 von %2 Stücken, NICHT DAS, WAS GESCHRIEBEN WURDE</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -866,7 +886,7 @@
     </message>
     <message>
         <source>Size</source>
-        <translation>Größe</translation>
+        <translation>Abmessungen</translation>
     </message>
     <message>
         <source>Width</source>
@@ -890,11 +910,11 @@
     </message>
     <message>
         <source>Open surface: its volume is closed over its middle.</source>
-        <translation>Offene Fläche: Ihr Volumen ist über ihrer Mitte geschlossen.</translation>
+        <translation>Offene Oberfläche: Ihr Volumen ist über ihrer Mitte geschlossen.</translation>
     </message>
     <message>
         <source>Highest</source>
-        <translation>Höchste</translation>
+        <translation>Größte</translation>
     </message>
     <message>
         <source>5 % lie above</source>
@@ -910,7 +930,7 @@
     </message>
     <message>
         <source>Lowest</source>
-        <translation>Niedrigste</translation>
+        <translation>Kleinste</translation>
     </message>
     <message>
         <source>No scan</source>

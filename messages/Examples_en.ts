@@ -111,14 +111,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>the file ends too early, at byte %1; the first %2 bytes of content are good</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>reading stopped early</source>
         <translation type="unfinished"></translation>
     </message>
@@ -151,67 +143,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>byte</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>bytes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>line</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>lines</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>data line</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>data lines</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>open edge</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>open edges</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>point</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>points</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>triangle</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>triangles</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>worker</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>workers</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the system starts no threads for the analysis</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -225,6 +157,86 @@
     <message>
         <source>missing are %1 and %2</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged: %1 of its %2 bytes of content is lost; the others were checked and are good</source>
+        <comment>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged, as byte %1 shows; what was read before (%2 byte) may be wrong</source>
+        <comment>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file ends too early, at byte %1; the first %2 byte of content is good</source>
+        <comment>the file ends too early, at byte %1; the first %2 bytes of content are good</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 line</source>
+        <comment>%1 lines</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 data line</source>
+        <comment>%1 data lines</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 open edge</source>
+        <comment>%1 open edges</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 point</source>
+        <comment>%1 points</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 triangle</source>
+        <comment>%1 triangles</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 worker</source>
+        <comment>%1 workers</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -565,13 +577,21 @@
         <source>saved of it</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, equal to what was written</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, equal to what was written</source>
+        <comment>%1 of %2 pieces, equal to what was written</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, NOT WHAT WAS WRITTEN</source>
+        <comment>%1 of %2 pieces, NOT WHAT WAS WRITTEN</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>

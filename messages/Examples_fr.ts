@@ -33,11 +33,11 @@
     </message>
     <message>
         <source>there is no gauge for %1</source>
-        <translation>il n&apos;y a pas de cadran pour %1</translation>
+        <translation>il n’y a pas de cadran pour %1</translation>
     </message>
     <message>
         <source>Shows a quantity that is typed as people write it.</source>
-        <translation>Affiche une grandeur saisie comme on l&apos;écrit.</translation>
+        <translation>Affiche une grandeur saisie comme on l’écrit.</translation>
     </message>
     <message>
         <source>quantity</source>
@@ -53,7 +53,7 @@
     </message>
     <message>
         <source>kind</source>
-        <translation>genre</translation>
+        <translation>nature</translation>
     </message>
     <message>
         <source>in which the quantity is shown</source>
@@ -73,22 +73,22 @@
     </message>
     <message>
         <source>the gauge has no unit %1</source>
-        <translation>le cadran n&apos;a pas d&apos;unité %1</translation>
+        <translation>le cadran n’a pas d’unité %1</translation>
     </message>
     <message>
         <source>there is no display for a window; --screenshot needs none</source>
-        <translation>Il n&apos;y a pas d&apos;écran pour une fenêtre&#xa0;; avec --screenshot il n&apos;en faut pas.</translation>
+        <translation>Il n’y a pas d’écran pour une fenêtre&#xa0;; avec --screenshot il n’en faut pas.</translation>
     </message>
     <message>
         <source>cannot write %1</source>
-        <translation>impossible d&apos;écrire %1</translation>
+        <translation>impossible d’écrire %1</translation>
     </message>
 </context>
 <context>
     <name>Surface</name>
     <message>
         <source>stopped by the user</source>
-        <translation>interrompu par l&apos;utilisateur</translation>
+        <translation>interrompu par l’utilisateur</translation>
     </message>
     <message>
         <source>Computing curvatures</source>
@@ -111,24 +111,16 @@
         <translation>%1 copies de %2 font trop de points</translation>
     </message>
     <message>
-        <source>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</source>
-        <translation>le fichier est endommagé, comme le montre l&apos;octet %1 ; ce qui a été lu avant (%2 octets) peut être faux</translation>
-    </message>
-    <message>
-        <source>the file ends too early, at byte %1; the first %2 bytes of content are good</source>
-        <translation>le fichier se termine trop tôt, à l&apos;octet %1 ; les %2 premiers octets du contenu sont bons</translation>
-    </message>
-    <message>
         <source>reading stopped early</source>
         <translation>la lecture a été arrêtée avant la fin</translation>
     </message>
     <message>
         <source>the content is no surface of this program</source>
-        <translation>le contenu n&apos;est pas une surface de ce programme</translation>
+        <translation>le contenu n’est pas une surface de ce programme</translation>
     </message>
     <message>
         <source>cannot write %1</source>
-        <translation>impossible d&apos;écrire %1</translation>
+        <translation>impossible d’écrire %1</translation>
     </message>
     <message>
         <source>%1 holds no surface</source>
@@ -136,11 +128,11 @@
     </message>
     <message>
         <source>lines with unknown keys, all told: %1</source>
-        <translation>lignes à mot-clé inconnu, au total : %1</translation>
+        <translation>lignes à mot-clé inconnu, au total&#xa0;: %1</translation>
     </message>
     <message>
         <source>unknown key, line skipped: %1</source>
-        <translation>mot-clé inconnu, ligne ignorée : %1</translation>
+        <translation>mot-clé inconnu, ligne ignorée&#xa0;: %1</translation>
     </message>
     <message>
         <source>in less than 2 ms</source>
@@ -151,68 +143,8 @@
         <translation>à %1 Mo/s</translation>
     </message>
     <message>
-        <source>byte</source>
-        <translation>octet</translation>
-    </message>
-    <message>
-        <source>bytes</source>
-        <translation>octets</translation>
-    </message>
-    <message>
-        <source>line</source>
-        <translation>ligne</translation>
-    </message>
-    <message>
-        <source>lines</source>
-        <translation>lignes</translation>
-    </message>
-    <message>
-        <source>data line</source>
-        <translation>ligne de données</translation>
-    </message>
-    <message>
-        <source>data lines</source>
-        <translation>lignes de données</translation>
-    </message>
-    <message>
-        <source>open edge</source>
-        <translation>arête libre</translation>
-    </message>
-    <message>
-        <source>open edges</source>
-        <translation>arêtes libres</translation>
-    </message>
-    <message>
-        <source>point</source>
-        <translation>point</translation>
-    </message>
-    <message>
-        <source>points</source>
-        <translation>points</translation>
-    </message>
-    <message>
-        <source>triangle</source>
-        <translation>triangle</translation>
-    </message>
-    <message>
-        <source>triangles</source>
-        <translation>triangles</translation>
-    </message>
-    <message>
-        <source>worker</source>
-        <translation>thread</translation>
-    </message>
-    <message>
-        <source>workers</source>
-        <translation>threads</translation>
-    </message>
-    <message>
         <source>the system starts no threads for the analysis</source>
-        <translation>le système ne lance aucun thread pour l&apos;analyse</translation>
-    </message>
-    <message>
-        <source>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</source>
-        <translation>le fichier est endommagé : %1 des %2 octets de son contenu sont perdus ; les autres ont été vérifiés et sont bons</translation>
+        <translation>le système ne lance aucun thread pour l’analyse</translation>
     </message>
     <message>
         <source>a coordinate must be finite</source>
@@ -220,26 +152,106 @@
     </message>
     <message>
         <source>there is no such point</source>
-        <translation>ce point n&apos;existe pas</translation>
+        <translation>ce point n’existe pas</translation>
     </message>
     <message>
         <source>missing are %1 and %2</source>
         <translation>il manque %1 et %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged: %1 of its %2 bytes of content is lost; the others were checked and are good</source>
+        <comment>the file is damaged: %1 of its %2 bytes of content are lost; the others were checked and are good</comment>
+        <translation>
+            <numerusform>le fichier est endommagé&#xa0;: %1 des %2 octets de son contenu est perdu&#xa0;; les autres ont été vérifiés et sont bons</numerusform>
+            <numerusform>le fichier est endommagé&#xa0;: %1 des %2 octets de son contenu sont perdus&#xa0;; les autres ont été vérifiés et sont bons</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file is damaged, as byte %1 shows; what was read before (%2 byte) may be wrong</source>
+        <comment>the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong</comment>
+        <translation>
+            <numerusform>le fichier est endommagé, comme le montre l’octet %1&#xa0;; ce qui a été lu avant (%2 octet) peut être faux</numerusform>
+            <numerusform>le fichier est endommagé, comme le montre l’octet %1&#xa0;; ce qui a été lu avant (%2 octets) peut être faux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the file ends too early, at byte %1; the first %2 byte of content is good</source>
+        <comment>the file ends too early, at byte %1; the first %2 bytes of content are good</comment>
+        <translation>
+            <numerusform>le fichier se termine trop tôt, à l’octet %1&#xa0;; %2 octet du contenu est bon</numerusform>
+            <numerusform>le fichier se termine trop tôt, à l’octet %1&#xa0;; les %2 premiers octets du contenu sont bons</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation>
+            <numerusform>%1 octet</numerusform>
+            <numerusform>%1 octets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 line</source>
+        <comment>%1 lines</comment>
+        <translation>
+            <numerusform>%1 ligne</numerusform>
+            <numerusform>%1 lignes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 data line</source>
+        <comment>%1 data lines</comment>
+        <translation>
+            <numerusform>%1 ligne de données</numerusform>
+            <numerusform>%1 lignes de données</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 open edge</source>
+        <comment>%1 open edges</comment>
+        <translation>
+            <numerusform>%1 arête libre</numerusform>
+            <numerusform>%1 arêtes libres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 point</source>
+        <comment>%1 points</comment>
+        <translation>
+            <numerusform>%1 point</numerusform>
+            <numerusform>%1 points</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 triangle</source>
+        <comment>%1 triangles</comment>
+        <translation>
+            <numerusform>%1 triangle</numerusform>
+            <numerusform>%1 triangles</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 worker</source>
+        <comment>%1 workers</comment>
+        <translation>
+            <numerusform>%1 thread</numerusform>
+            <numerusform>%1 threads</numerusform>
+        </translation>
     </message>
 </context>
 <context>
     <name>Tour</name>
     <message>
         <source>cannot read %1: %2</source>
-        <translation>impossible de lire %1 : %2</translation>
+        <translation>impossible de lire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>cannot write %1: %2</source>
-        <translation>impossible d&apos;écrire %1 : %2</translation>
+        <translation>impossible d’écrire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>harmless here: the content is the same</source>
-        <translation>sans effet ici : le contenu est le même</translation>
+        <translation>sans effet ici&#xa0;: le contenu est le même</translation>
     </message>
     <message>
         <source>TAKEN FOR GOOD DATA</source>
@@ -295,7 +307,7 @@
     </message>
     <message>
         <source>%1 times, side by side: %2</source>
-        <translation>%1 fois, côte à côte : %2</translation>
+        <translation>%1 fois, côte à côte&#xa0;: %2</translation>
     </message>
     <message>
         <source>Measure it (one unit of the file is 1 %1)</source>
@@ -327,7 +339,7 @@
     </message>
     <message>
         <source>the surface has %1; its volume is closed over the middle</source>
-        <translation>la surface a %1 ; son volume est fermé par le centre</translation>
+        <translation>la surface a %1&#xa0;; son volume est fermé par le centre</translation>
     </message>
     <message>
         <source>jobs</source>
@@ -339,7 +351,7 @@
     </message>
     <message>
         <source>%1 s of computing in %2 s: %3 processors busy</source>
-        <translation>%1 s de calcul en %2 s : %3 processeurs occupés</translation>
+        <translation>%1 s de calcul en %2 s&#xa0;: %3 processeurs occupés</translation>
     </message>
     <message>
         <source>mean curvature</source>
@@ -375,7 +387,7 @@
     </message>
     <message>
         <source>%1 without a curvature: no triangle of any area</source>
-        <translation>%1 sans courbure : aucun triangle d&apos;aire non nulle</translation>
+        <translation>%1 sans courbure&#xa0;: aucun triangle d’aire non nulle</translation>
     </message>
     <message>
         <source>Keep it in a project file</source>
@@ -419,11 +431,11 @@
     </message>
     <message>
         <source>DIFFERENT: %1</source>
-        <translation>DIFFÉRENT : %1</translation>
+        <translation>DIFFÉRENT&#xa0;: %1</translation>
     </message>
     <message>
         <source>libKyr %1: a scan from text to a project file and back</source>
-        <translation>libKyr %1 : un scan, du texte au fichier de projet et retour</translation>
+        <translation>libKyr %1&#xa0;: un scan, du texte au fichier de projet et retour</translation>
     </message>
     <message>
         <source>What damage looks like (on copies)</source>
@@ -431,7 +443,7 @@
     </message>
     <message>
         <source>no damaged copy was taken for good data</source>
-        <translation>aucune copie endommagée n&apos;a été prise pour de bonnes données</translation>
+        <translation>aucune copie endommagée n’a été prise pour de bonnes données</translation>
     </message>
     <message>
         <source>A DAMAGED COPY WAS TAKEN FOR GOOD</source>
@@ -447,15 +459,15 @@
     </message>
     <message>
         <source>SOMETHING DID NOT HOLD.</source>
-        <translation>QUELQUE CHOSE N&apos;A PAS TENU.</translation>
+        <translation>QUELQUE CHOSE N’A PAS TENU.</translation>
     </message>
     <message>
         <source>cannot write to standard output</source>
-        <translation>impossible d&apos;écrire sur la sortie standard</translation>
+        <translation>impossible d’écrire sur la sortie standard</translation>
     </message>
     <message>
         <source>%1; nothing is half written</source>
-        <translation>%1 ; rien n&apos;est à moitié écrit</translation>
+        <translation>%1&#xa0;; rien n’est à moitié écrit</translation>
     </message>
     <message>
         <source>out of memory (%1)</source>
@@ -467,15 +479,15 @@
     </message>
     <message>
         <source>the system starts no thread for the analysis</source>
-        <translation>le système ne lance pas de thread pour l&apos;analyse</translation>
+        <translation>le système ne lance pas de thread pour l’analyse</translation>
     </message>
     <message>
         <source>cannot write %1</source>
-        <translation>impossible d&apos;écrire %1</translation>
+        <translation>impossible d’écrire %1</translation>
     </message>
     <message>
         <source>cannot pack %1</source>
-        <translation>impossible d&apos;archiver %1</translation>
+        <translation>impossible d’archiver %1</translation>
     </message>
     <message>
         <source>cannot make a folder in %1 for temporary files</source>
@@ -499,7 +511,7 @@
     </message>
     <message>
         <source>the archive would replace %1</source>
-        <translation>l&apos;archive remplacerait %1</translation>
+        <translation>l’archive remplacerait %1</translation>
     </message>
     <message>
         <source>Reads a scan, measures it, keeps it in a project file and packs it all.</source>
@@ -547,7 +559,7 @@
     </message>
     <message>
         <source>threads that analyse it; default one per processor</source>
-        <translation>threads pour l&apos;analyse&#xa0;; un par processeur par défaut</translation>
+        <translation>threads pour l’analyse&#xa0;; un par processeur par défaut</translation>
     </message>
     <message>
         <source>how often normals are smoothed; default 2</source>
@@ -559,19 +571,27 @@
     </message>
     <message>
         <source>no unit of length is called %1</source>
-        <translation>aucune unité de longueur ne s&apos;appelle %1</translation>
+        <translation>aucune unité de longueur ne s’appelle %1</translation>
     </message>
     <message>
         <source>saved of it</source>
         <translation>sauvé</translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, equal to what was written</source>
-        <translation>%1 morceaux sur %2, identiques à ce qui a été écrit</translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, equal to what was written</source>
+        <comment>%1 of %2 pieces, equal to what was written</comment>
+        <translation>
+            <numerusform>%1 morceau sur %2, identique à ce qui a été écrit</numerusform>
+            <numerusform>%1 morceaux sur %2, identiques à ce qui a été écrit</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 of %2 pieces, NOT WHAT WAS WRITTEN</source>
-        <translation>%1 morceaux sur %2, DIFFÉRENTS DE CE QUI A ÉTÉ ÉCRIT</translation>
+    <message numerus="yes">
+        <source>%1 of %2 piece, NOT WHAT WAS WRITTEN</source>
+        <comment>%1 of %2 pieces, NOT WHAT WAS WRITTEN</comment>
+        <translation>
+            <numerusform>%1 morceau sur %2, DIFFÉRENT DE CE QUI A ÉTÉ ÉCRIT</numerusform>
+            <numerusform>%1 morceaux sur %2, DIFFÉRENTS DE CE QUI A ÉTÉ ÉCRIT</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -630,7 +650,7 @@
     </message>
     <message>
         <source>what one unit of an OBJ file is; default mm</source>
-        <translation>ce que vaut une unité d&apos;un fichier OBJ&#xa0;; mm par défaut</translation>
+        <translation>ce que vaut une unité d’un fichier OBJ&#xa0;; mm par défaut</translation>
     </message>
     <message>
         <source>unit</source>
@@ -666,15 +686,15 @@
     </message>
     <message>
         <source>no unit of length is called %1</source>
-        <translation>aucune unité de longueur ne s&apos;appelle %1</translation>
+        <translation>aucune unité de longueur ne s’appelle %1</translation>
     </message>
     <message>
         <source>cannot write %1</source>
-        <translation>impossible d&apos;écrire %1</translation>
+        <translation>impossible d’écrire %1</translation>
     </message>
     <message>
         <source>a screenshot needs a file</source>
-        <translation>une capture d&apos;écran demande un fichier</translation>
+        <translation>une capture d’écran demande un fichier</translation>
     </message>
     <message>
         <source>Scan viewer</source>
@@ -690,7 +710,7 @@
     </message>
     <message>
         <source>&amp;Save picture…</source>
-        <translation>&amp;Enregistrer l&apos;image…</translation>
+        <translation>&amp;Enregistrer l’image…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -774,19 +794,19 @@
     </message>
     <message>
         <source>Save the picture</source>
-        <translation>Enregistrer l&apos;image</translation>
+        <translation>Enregistrer l’image</translation>
     </message>
     <message>
         <source>%1 could not be written.</source>
-        <translation>%1 n&apos;a pas pu être écrit.</translation>
+        <translation>%1 n’a pas pu être écrit.</translation>
     </message>
     <message>
         <source>%1 was not opened: %2</source>
-        <translation>%1 n&apos;a pas été ouvert&#xa0;: %2</translation>
+        <translation>%1 n’a pas été ouvert&#xa0;: %2</translation>
     </message>
     <message>
         <source>Opening %1 was aborted.</source>
-        <translation>L&apos;ouverture de %1 a été interrompue.</translation>
+        <translation>L’ouverture de %1 a été interrompue.</translation>
     </message>
     <message>
         <source>%1 – Scan viewer</source>
@@ -822,7 +842,7 @@
     </message>
     <message>
         <source>Preparing the picture</source>
-        <translation>Préparation de l&apos;image</translation>
+        <translation>Préparation de l’image</translation>
     </message>
     <message>
         <source>the system starts no thread for it</source>
@@ -830,7 +850,7 @@
     </message>
     <message>
         <source>there is not enough memory for this scan</source>
-        <translation>il n&apos;y a pas assez de mémoire pour ce scan</translation>
+        <translation>il n’y a pas assez de mémoire pour ce scan</translation>
     </message>
     <message>
         <source>Numbers of the scan</source>
@@ -866,7 +886,7 @@
     </message>
     <message>
         <source>Size</source>
-        <translation>Taille</translation>
+        <translation>Dimensions</translation>
     </message>
     <message>
         <source>Width</source>
@@ -890,7 +910,7 @@
     </message>
     <message>
         <source>Open surface: its volume is closed over its middle.</source>
-        <translation>Surface ouverte&#xa0;: son volume est fermé par son milieu.</translation>
+        <translation>Surface ouverte&#xa0;: son volume est fermé par le centre.</translation>
     </message>
     <message>
         <source>Highest</source>
@@ -954,11 +974,11 @@
     </message>
     <message>
         <source>Arrow keys turn it, plus and minus come nearer and go away</source>
-        <translation>les flèches le tournent, plus et moins le rapprochent et l&apos;éloignent</translation>
+        <translation>les flèches le tournent, plus et moins le rapprochent et l’éloignent</translation>
     </message>
     <message>
         <source>there is no display for a window; --screenshot needs none</source>
-        <translation>Il n&apos;y a pas d&apos;écran pour une fenêtre&#xa0;; avec --screenshot il n&apos;en faut pas.</translation>
+        <translation>Il n’y a pas d’écran pour une fenêtre&#xa0;; avec --screenshot il n’en faut pas.</translation>
     </message>
 </context>
 </TS>

@@ -422,38 +422,6 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
         <translation>; Nullen anstelle von %1</translation>
     </message>
     <message>
-        <source>%1 byte</source>
-        <translation>%1 Byte</translation>
-    </message>
-    <message>
-        <source>%1 bytes</source>
-        <translation>%1 Bytes</translation>
-    </message>
-    <message>
-        <source>%1 block</source>
-        <translation>%1 Block</translation>
-    </message>
-    <message>
-        <source>%1 blocks</source>
-        <translation>%1 Blöcken</translation>
-    </message>
-    <message>
-        <source>%1 piece</source>
-        <translation>%1 Stück</translation>
-    </message>
-    <message>
-        <source>%1 pieces</source>
-        <translation>%1 Stücken</translation>
-    </message>
-    <message>
-        <source>%1 checked piece</source>
-        <translation>%1 geprüftes Stück</translation>
-    </message>
-    <message>
-        <source>%1 checked pieces</source>
-        <translation>%1 geprüfte Stücke</translation>
-    </message>
-    <message>
         <source>lost: bytes %1 to %2 of the content (bytes %3 to %4 of the stream)</source>
         <translation>verloren: Bytes %1 bis %2 des Inhalts (Bytes %3 bis %4 des Stroms)</translation>
     </message>
@@ -640,6 +608,38 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
     <message>
         <source>%1: its debug information cannot be read</source>
         <translation>%1: die Debug-Informationen lassen sich nicht lesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation>
+            <numerusform>%1 Byte</numerusform>
+            <numerusform>%1 Bytes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 block</source>
+        <comment>%1 blocks</comment>
+        <translation>
+            <numerusform>%1 Block</numerusform>
+            <numerusform>%1 Blöcken</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 piece</source>
+        <comment>%1 pieces</comment>
+        <translation>
+            <numerusform>%1 Stück</numerusform>
+            <numerusform>%1 Stücken</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 checked piece</source>
+        <comment>%1 checked pieces</comment>
+        <translation>
+            <numerusform>%1 geprüftes Stück</numerusform>
+            <numerusform>%1 geprüfte Stücke</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -421,38 +421,6 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 byte</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 bytes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 block</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 blocks</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 piece</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 pieces</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 checked piece</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 checked pieces</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>lost: bytes %1 to %2 of the content (bytes %3 to %4 of the stream)</source>
         <translation type="unfinished"></translation>
     </message>
@@ -639,6 +607,38 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
     <message>
         <source>%1: its debug information cannot be read</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 block</source>
+        <comment>%1 blocks</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 piece</source>
+        <comment>%1 pieces</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 checked piece</source>
+        <comment>%1 checked pieces</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -5,7 +5,7 @@
     <name>Kyr_tool</name>
     <message>
         <source>unknown option &quot;%1&quot;</source>
-        <translation>option inconnue « %1 »</translation>
+        <translation>option inconnue «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>an argument is missing</source>
@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>one argument too many: &quot;%1&quot;</source>
-        <translation>un argument de trop : « %1 »</translation>
+        <translation>un argument de trop&#xa0;: «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>%1 takes no value</source>
@@ -25,31 +25,31 @@
     </message>
     <message>
         <source>--%1 takes a number from %2 to %3, not &quot;%4&quot;</source>
-        <translation>--%1 prend un nombre de %2 à %3, pas « %4 »</translation>
+        <translation>--%1 prend un nombre de %2 à %3, pas «&#xa0;%4&#xa0;»</translation>
     </message>
     <message>
         <source>%1: no Base64 at byte %2</source>
-        <translation>%1 : pas de Base64 à l&apos;octet %2</translation>
+        <translation>%1&#xa0;: pas de Base64 à l’octet %2</translation>
     </message>
     <message>
         <source>%1: ends within a group of four characters</source>
-        <translation>%1 : se termine au milieu d&apos;un groupe de quatre caractères</translation>
+        <translation>%1&#xa0;: se termine au milieu d’un groupe de quatre caractères</translation>
     </message>
     <message>
         <source>--group takes one of %1</source>
-        <translation>--group prend l&apos;un de %1</translation>
+        <translation>--group prend l’un de %1</translation>
     </message>
     <message>
         <source>how many threads work, 1 to 64; 1 unless told</source>
-        <translation>combien de threads travaillent, de 1 à 64 ; 1 par défaut</translation>
+        <translation>combien de threads travaillent, de 1 à 64&#xa0;; 1 par défaut</translation>
     </message>
     <message>
         <source>what compresses; zlib unless told</source>
-        <translation>ce qui compresse ; zlib par défaut</translation>
+        <translation>ce qui compresse&#xa0;; zlib par défaut</translation>
     </message>
     <message>
         <source>how much may come out of the archive, in MiB; 512 unless told</source>
-        <translation>combien peut sortir de l&apos;archive, en Mio ; 512 par défaut</translation>
+        <translation>combien peut sortir de l’archive, en Mio&#xa0;; 512 par défaut</translation>
     </message>
     <message>
         <source>writes JSON, for programs</source>
@@ -57,11 +57,11 @@
     </message>
     <message>
         <source>converts a value, as in: kyr convert 25.4 mm in, kyr convert 25.4mm inch</source>
-        <translation>convertit une valeur, comme : kyr convert 25.4 mm in, kyr convert 25,4mm inch</translation>
+        <translation>convertit une valeur, comme&#xa0;: kyr convert 25.4 mm in, kyr convert 25,4mm inch</translation>
     </message>
     <message>
         <source>the kind of both units, as LENGTH</source>
-        <translation>le genre des deux unités, comme LENGTH</translation>
+        <translation>la nature des deux unités, comme LENGTH</translation>
     </message>
     <message>
         <source>decimals of the result, 0 to 60</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>lists the kinds of quantities, or the units of one</source>
-        <translation>énumère les genres de grandeurs, ou les unités de l&apos;un d&apos;eux</translation>
+        <translation>énumère les natures de grandeurs, ou les unités de l’une d’elles</translation>
     </message>
     <message>
         <source>says whether a zip stream is complete, and which pieces are damaged</source>
@@ -81,11 +81,11 @@
     </message>
     <message>
         <source>writes the content of a zip stream</source>
-        <translation>écrit le contenu d&apos;un flux zip</translation>
+        <translation>écrit le contenu d’un flux zip</translation>
     </message>
     <message>
         <source>writes what a damaged zip stream still holds; zeros where it is known how much is lost</source>
-        <translation>écrit ce qu&apos;un flux zip endommagé contient encore ; des zéros là où l&apos;on sait combien est perdu</translation>
+        <translation>écrit ce qu’un flux zip endommagé contient encore&#xa0;; des zéros là où l’on sait combien est perdu</translation>
     </message>
     <message>
         <source>no zeros for what is lost</source>
@@ -93,27 +93,27 @@
     </message>
     <message>
         <source>makes a zip stream of a file; in pieces, when workers or an engine are named</source>
-        <translation>fait d&apos;un fichier un flux zip ; en morceaux, si --workers ou --engine est donné</translation>
+        <translation>fait d’un fichier un flux zip&#xa0;; en morceaux, si --workers ou --engine est donné</translation>
     </message>
     <message>
         <source>the version of the content, 0 to 4294967295; 0 unless told</source>
-        <translation>la version du contenu, de 0 à 4294967295 ; 0 par défaut</translation>
+        <translation>la version du contenu, de 0 à 4294967295&#xa0;; 0 par défaut</translation>
     </message>
     <message>
         <source>lists the files of a tar.gz</source>
-        <translation>énumère les fichiers d&apos;un tar.gz</translation>
+        <translation>énumère les fichiers d’un tar.gz</translation>
     </message>
     <message>
         <source>makes a tar.gz of files and directories; keeps an older one if files are missing</source>
-        <translation>fait un tar.gz de fichiers et de répertoires ; garde le précédent s&apos;il manque des fichiers</translation>
+        <translation>fait un tar.gz de fichiers et de répertoires&#xa0;; garde le précédent s’il manque des fichiers</translation>
     </message>
     <message>
         <source>replaces an older archive also by one that misses files</source>
-        <translation>remplace l&apos;archive précédente même par une à laquelle il manque des fichiers</translation>
+        <translation>remplace l’archive précédente même par une à laquelle il manque des fichiers</translation>
     </message>
     <message>
         <source>unpacks a tar.gz, of at most 512 MiB unless told, and replaces no files</source>
-        <translation>décompresse un tar.gz, d&apos;au plus 512 Mio par défaut, sans remplacer de fichiers</translation>
+        <translation>décompresse un tar.gz, d’au plus 512 Mio par défaut, sans remplacer de fichiers</translation>
     </message>
     <message>
         <source>replaces files that are there already</source>
@@ -133,11 +133,11 @@
     </message>
     <message>
         <source>sorts lines in natural order: item9 before item10</source>
-        <translation>trie des lignes dans l&apos;ordre naturel : item9 avant item10</translation>
+        <translation>trie des lignes dans l’ordre naturel&#xa0;: item9 avant item10</translation>
     </message>
     <message>
         <source>names the next free file of a series, as img0007.tif</source>
-        <translation>nomme le prochain fichier libre d&apos;une série, comme img0007.tif</translation>
+        <translation>nomme le prochain fichier libre d’une série, comme img0007.tif</translation>
     </message>
     <message>
         <source>renders the library&apos;s change log as a page of HTML</source>
@@ -145,19 +145,19 @@
     </message>
     <message>
         <source>what belongs together; context unless told</source>
-        <translation>ce qui va ensemble ; context par défaut</translation>
+        <translation>ce qui va ensemble&#xa0;; context par défaut</translation>
     </message>
     <message>
         <source>of the page; English unless told</source>
-        <translation>celle de la page ; l&apos;anglais par défaut</translation>
+        <translation>celle de la page&#xa0;; l’anglais par défaut</translation>
     </message>
     <message>
         <source>writes an archive for support, with the N newest dumps</source>
-        <translation>écrit une archive pour l&apos;assistance, avec les N images mémoire les plus récentes</translation>
+        <translation>écrit une archive pour l’assistance, avec les N images mémoire les plus récentes</translation>
     </message>
     <message>
         <source>how many dumps go along, 0 to 1000; they hold memory, with secrets</source>
-        <translation>combien d&apos;images mémoire l&apos;accompagnent, de 0 à 1000 ; elles contiennent de la mémoire, avec des secrets</translation>
+        <translation>combien d’images mémoire l’accompagnent, de 0 à 1000&#xa0;; elles contiennent de la mémoire, avec des secrets</translation>
     </message>
     <message>
         <source>replaces an older file</source>
@@ -173,19 +173,19 @@
     </message>
     <message>
         <source>&quot;%1&quot; is not a number</source>
-        <translation>« %1 » n&apos;est pas un nombre</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un nombre</translation>
     </message>
     <message>
         <source>there is no unit &quot;%1&quot;; kyr units lists them</source>
-        <translation>il n&apos;y a pas d&apos;unité « %1 » ; kyr units les énumère</translation>
+        <translation>il n’y a pas d’unité «&#xa0;%1&#xa0;»&#xa0;; kyr units les énumère</translation>
     </message>
     <message>
         <source>&quot;%1&quot; (%2) and &quot;%3&quot; (%4) are units of different kinds</source>
-        <translation>« %1 » (%2) et « %3 » (%4) sont des unités de genres différents</translation>
+        <translation>«&#xa0;%1&#xa0;» (%2) et «&#xa0;%3&#xa0;» (%4) sont des unités de natures différentes</translation>
     </message>
     <message>
         <source>%1 has no unit &quot;%2&quot;</source>
-        <translation>%1 n&apos;a pas d&apos;unité « %2 »</translation>
+        <translation>%1 n’a pas d’unité «&#xa0;%2&#xa0;»</translation>
     </message>
     <message>
         <source>A unit is missing.</source>
@@ -197,15 +197,15 @@
     </message>
     <message>
         <source>&quot;kyr help COMMAND&quot; or &quot;kyr COMMAND --help&quot; explains one of them, &quot;kyr --version&quot; names the version.</source>
-        <translation>« kyr help COMMANDE » ou « kyr COMMANDE --help » explique l&apos;une d&apos;elles, « kyr --version » nomme la version.</translation>
+        <translation>«&#xa0;kyr help COMMANDE&#xa0;» ou «&#xa0;kyr COMMANDE --help&#xa0;» explique l’une d’elles, «&#xa0;kyr --version&#xa0;» nomme la version.</translation>
     </message>
     <message>
         <source>FILE may be - for standard input, OUTPUT - for standard output. An option&apos;s value may stand behind = as well; behind -- nothing is an option. Units that are hard to type have other spellings: um for µm, degC for °C, mm2 for mm²; see kyr units KIND.</source>
-        <translation>FILE peut être - pour l&apos;entrée standard, OUTPUT - pour la sortie standard. La valeur d&apos;une option peut aussi suivre = ; après --, rien n&apos;est une option. Les unités difficiles à taper ont d&apos;autres graphies : um pour µm, degC pour °C, mm2 pour mm² ; voir kyr units KIND.</translation>
+        <translation>FILE peut être - pour l’entrée standard, OUTPUT - pour la sortie standard. La valeur d’une option peut aussi suivre =&#xa0;; après --, rien n’est une option. Les unités difficiles à taper ont d’autres graphies&#xa0;: um pour µm, degC pour °C, mm2 pour mm²&#xa0;; voir kyr units KIND.</translation>
     </message>
     <message>
         <source>Exit codes: 0 all is well, 1 a file is at fault, 2 wrong usage, 130 ended by the user.</source>
-        <translation>Codes de retour : 0 tout va bien, 1 un fichier est en cause, 2 mauvais usage, 130 arrêté par l&apos;utilisateur.</translation>
+        <translation>Codes de retour&#xa0;: 0 tout va bien, 1 un fichier est en cause, 2 mauvais usage, 130 arrêté par l’utilisateur.</translation>
     </message>
     <message>
         <source>kyr looks into files and converts values.</source>
@@ -213,7 +213,7 @@
     </message>
     <message>
         <source>; did you mean %1?</source>
-        <translation> ; vouliez-vous dire %1 ?</translation>
+        <translation>&#xa0;; vouliez-vous dire %1&#xa0;?</translation>
     </message>
     <message>
         <source>is a directory</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>no such file</source>
-        <translation>ce fichier n&apos;existe pas</translation>
+        <translation>ce fichier n’existe pas</translation>
     </message>
     <message>
         <source>standard input</source>
@@ -233,23 +233,23 @@
     </message>
     <message>
         <source>%1: cannot be read</source>
-        <translation>%1 : ne peut pas être lu</translation>
+        <translation>%1&#xa0;: ne peut pas être lu</translation>
     </message>
     <message>
         <source>--language takes one of en, de, fr, jp, cn, pt</source>
-        <translation>--language prend l&apos;un de en, de, fr, jp, cn, pt</translation>
+        <translation>--language prend l’un de en, de, fr, jp, cn, pt</translation>
     </message>
     <message>
         <source>Kyr_%1.qm: cannot be read</source>
-        <translation>Kyr_%1.qm : ne peut pas être lu</translation>
+        <translation>Kyr_%1.qm&#xa0;: ne peut pas être lu</translation>
     </message>
     <message>
         <source>usage: %1</source>
-        <translation>usage : %1</translation>
+        <translation>usage&#xa0;: %1</translation>
     </message>
     <message>
         <source>ended by the user before all was done</source>
-        <translation>arrêté par l&apos;utilisateur avant la fin</translation>
+        <translation>arrêté par l’utilisateur avant la fin</translation>
     </message>
     <message>
         <source>a command is missing</source>
@@ -257,39 +257,39 @@
     </message>
     <message>
         <source>%1 needs one of %2</source>
-        <translation>%1 demande l&apos;un de %2</translation>
+        <translation>%1 demande l’un de %2</translation>
     </message>
     <message>
         <source>unknown command &quot;%1&quot;</source>
-        <translation>commande inconnue « %1 »</translation>
+        <translation>commande inconnue «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>kyr COMMAND ...   (kyr --help explains)</source>
-        <translation>kyr COMMANDE ...   (kyr --help l&apos;explique)</translation>
+        <translation>kyr COMMANDE ...   (kyr --help l’explique)</translation>
     </message>
     <message>
         <source>&quot;%1&quot; does not end in a number below 2^32</source>
-        <translation>« %1 » ne se termine pas par un nombre inférieur à 2^32</translation>
+        <translation>«&#xa0;%1&#xa0;» ne se termine pas par un nombre inférieur à 2^32</translation>
     </message>
     <message>
         <source>%1: no number is left</source>
-        <translation>%1 : il ne reste aucun nombre</translation>
+        <translation>%1&#xa0;: il ne reste aucun nombre</translation>
     </message>
     <message>
         <source>standard output: no space left</source>
-        <translation>sortie standard : plus de place</translation>
+        <translation>sortie standard&#xa0;: plus de place</translation>
     </message>
     <message>
         <source>standard output: cannot be written</source>
-        <translation>sortie standard : ne peut pas être écrite</translation>
+        <translation>sortie standard&#xa0;: ne peut pas être écrite</translation>
     </message>
     <message>
         <source>--engine is zlib or fastest, not &quot;%1&quot;</source>
-        <translation>--engine est zlib ou fastest, pas « %1 »</translation>
+        <translation>--engine est zlib ou fastest, pas «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>%1: %2 sections, logs and dumps: %3, %4 bytes</source>
-        <translation>%1 : %2 sections, journaux et images mémoire : %3, %4 octets</translation>
+        <translation>%1&#xa0;: %2 sections, journaux et images mémoire&#xa0;: %3, %4 octets</translation>
     </message>
     <message>
         <source>a report goes into a file, not to standard output</source>
@@ -297,37 +297,37 @@
     </message>
     <message>
         <source>the report is not complete: %1</source>
-        <translation>le rapport n&apos;est pas complet : %1</translation>
+        <translation>le rapport n’est pas complet&#xa0;: %1</translation>
     </message>
     <message>
         <source>It names this machine, its user and what is set; secrets are blanked as far as their
 names tell. Unpack it and look at index.html before you pass it on.</source>
-        <translation>Il nomme cette machine, son utilisateur et les réglages ; les secrets sont masqués pour
+        <translation>Il nomme cette machine, son utilisateur et les réglages&#xa0;; les secrets sont masqués pour
 autant que leurs noms les trahissent. Décompressez-le et regardez index.html avant de le transmettre.</translation>
     </message>
     <message>
         <source>%1: a line is too long</source>
-        <translation>%1 : une ligne est trop longue</translation>
+        <translation>%1&#xa0;: une ligne est trop longue</translation>
     </message>
     <message>
         <source>%1: no complete tar.gz, or larger than --limit allows</source>
-        <translation>%1 : pas un tar.gz complet, ou plus grand que --limit ne le permet</translation>
+        <translation>%1&#xa0;: pas un tar.gz complet, ou plus grand que --limit ne le permet</translation>
     </message>
     <message>
         <source>%1: not written, as nothing is left for it</source>
-        <translation>%1 : non écrit, car il ne reste rien à y mettre</translation>
+        <translation>%1&#xa0;: non écrit, car il ne reste rien à y mettre</translation>
     </message>
     <message>
         <source>%1: there is not enough memory</source>
-        <translation>%1 : la mémoire ne suffit pas</translation>
+        <translation>%1&#xa0;: la mémoire ne suffit pas</translation>
     </message>
     <message>
         <source>%1: stays as it was, as the new archive misses what is named above; --force replaces it</source>
-        <translation>%1 : reste tel quel, car il manque à la nouvelle archive ce qui est nommé plus haut ; --force le remplace</translation>
+        <translation>%1&#xa0;: reste tel quel, car il manque à la nouvelle archive ce qui est nommé plus haut&#xa0;; --force le remplace</translation>
     </message>
     <message>
         <source>%1: is the input as well and would be lost; give the output another name</source>
-        <translation>%1 : est aussi l&apos;entrée et serait perdu ; donnez un autre nom à la sortie</translation>
+        <translation>%1&#xa0;: est aussi l’entrée et serait perdu&#xa0;; donnez un autre nom à la sortie</translation>
     </message>
     <message>
         <source>standard output</source>
@@ -335,11 +335,11 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>%1: cannot be written to the end (is the disk full?)</source>
-        <translation>%1 : ne peut pas être écrit jusqu&apos;à la fin (le disque est-il plein ?)</translation>
+        <translation>%1&#xa0;: ne peut pas être écrit jusqu’à la fin (le disque est-il plein&#xa0;?)</translation>
     </message>
     <message>
         <source>there is no kind &quot;%1&quot;; kyr units lists them</source>
-        <translation>il n&apos;y a pas de genre « %1 » ; kyr units les énumère</translation>
+        <translation>il n’y a pas de nature «&#xa0;%1&#xa0;»&#xa0;; kyr units les énumère</translation>
     </message>
     <message>
         <source># other names that are understood</source>
@@ -347,7 +347,7 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source># %1: internal value = (value - OFFSET) * FACTOR</source>
-        <translation># %1 : valeur interne = (valeur - OFFSET) * FACTOR</translation>
+        <translation># %1&#xa0;: valeur interne = (valeur - OFFSET) * FACTOR</translation>
     </message>
     <message>
         <source>file version</source>
@@ -363,7 +363,7 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>header size</source>
-        <translation>taille de l&apos;en-tête</translation>
+        <translation>taille de l’en-tête</translation>
     </message>
     <message>
         <source>blocks</source>
@@ -407,11 +407,11 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>: all that was written</source>
-        <translation> : tout ce qui a été écrit</translation>
+        <translation>&#xa0;: tout ce qui a été écrit</translation>
     </message>
     <message>
         <source>, which may be wrong: there is no index</source>
-        <translation>, qui peuvent être faux : il n&apos;y a pas d&apos;index</translation>
+        <translation>, qui peuvent être faux&#xa0;: il n’y a pas d’index</translation>
     </message>
     <message>
         <source>, all of them checked</source>
@@ -419,47 +419,15 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>; zeros in place of %1</source>
-        <translation> ; des zéros à la place de %1</translation>
-    </message>
-    <message>
-        <source>%1 byte</source>
-        <translation>%1 octet</translation>
-    </message>
-    <message>
-        <source>%1 bytes</source>
-        <translation>%1 octets</translation>
-    </message>
-    <message>
-        <source>%1 block</source>
-        <translation>%1 bloc</translation>
-    </message>
-    <message>
-        <source>%1 blocks</source>
-        <translation>%1 blocs</translation>
-    </message>
-    <message>
-        <source>%1 piece</source>
-        <translation>%1 morceau</translation>
-    </message>
-    <message>
-        <source>%1 pieces</source>
-        <translation>%1 morceaux</translation>
-    </message>
-    <message>
-        <source>%1 checked piece</source>
-        <translation>%1 morceau vérifié</translation>
-    </message>
-    <message>
-        <source>%1 checked pieces</source>
-        <translation>%1 morceaux vérifiés</translation>
+        <translation>&#xa0;; des zéros à la place de %1</translation>
     </message>
     <message>
         <source>lost: bytes %1 to %2 of the content (bytes %3 to %4 of the stream)</source>
-        <translation>perdus : octets %1 à %2 du contenu (octets %3 à %4 du flux)</translation>
+        <translation>perdus&#xa0;: octets %1 à %2 du contenu (octets %3 à %4 du flux)</translation>
     </message>
     <message>
         <source>lost: nobody knows how much behind byte %1 of the content (bytes %2 to %3 of the stream)</source>
-        <translation>perdus : nul ne sait combien après l&apos;octet %1 du contenu (octets %2 à %3 du flux)</translation>
+        <translation>perdus&#xa0;: nul ne sait combien après l’octet %1 du contenu (octets %2 à %3 du flux)</translation>
     </message>
     <message>
         <source>complete</source>
@@ -467,15 +435,15 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>cut short at byte %1</source>
-        <translation>tronqué à l&apos;octet %1</translation>
+        <translation>tronqué à l’octet %1</translation>
     </message>
     <message>
         <source>damaged at byte %1</source>
-        <translation>endommagé à l&apos;octet %1</translation>
+        <translation>endommagé à l’octet %1</translation>
     </message>
     <message>
         <source>not read to its end</source>
-        <translation>non lu jusqu&apos;à la fin</translation>
+        <translation>non lu jusqu’à la fin</translation>
     </message>
     <message>
         <source>%1 of content in %2</source>
@@ -483,27 +451,27 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>; behind its end: %1</source>
-        <translation> ; après sa fin : %1</translation>
+        <translation>&#xa0;; après sa fin&#xa0;: %1</translation>
     </message>
     <message>
         <source>; readable before: %1, which may be wrong</source>
-        <translation> ; lisible avant : %1, qui peut être faux</translation>
+        <translation>&#xa0;; lisible avant&#xa0;: %1, qui peut être faux</translation>
     </message>
     <message>
         <source>; checked: %1 in %2 of %3</source>
-        <translation> ; vérifiés : %1 en %2 de %3</translation>
+        <translation>&#xa0;; vérifiés&#xa0;: %1 en %2 de %3</translation>
     </message>
     <message>
         <source>shows the header, the blocks and the pieces of a zip stream; of many pieces not all</source>
-        <translation>montre l&apos;en-tête, les blocs et les morceaux d&apos;un flux zip ; de beaucoup de morceaux, pas tous</translation>
+        <translation>montre l’en-tête, les blocs et les morceaux d’un flux zip&#xa0;; de beaucoup de morceaux, pas tous</translation>
     </message>
     <message>
         <source>all pieces, also of many</source>
-        <translation>tous les morceaux, même s&apos;il y en a beaucoup</translation>
+        <translation>tous les morceaux, même s’il y en a beaucoup</translation>
     </message>
     <message>
         <source>this is %1 %2 as %3, %4 %2 as %5; choose one with --kind</source>
-        <translation>c&apos;est %1 %2 comme %3, %4 %2 comme %5 ; choisissez avec --kind</translation>
+        <translation>c’est %1 %2 comme %3, %4 %2 comme %5&#xa0;; choisissez avec --kind</translation>
     </message>
     <message>
         <source>index</source>
@@ -511,7 +479,7 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>%1 with %2 of content in %3, %4 to %5 each</source>
-        <translation>%1 : %2 de contenu en %3, de %4 à %5 chacun</translation>
+        <translation>%1&#xa0;: %2 de contenu en %3, de %4 à %5 chacun</translation>
     </message>
     <message>
         <source>piece</source>
@@ -519,7 +487,7 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>at byte</source>
-        <translation>à l&apos;octet</translation>
+        <translation>à l’octet</translation>
     </message>
     <message>
         <source>packed</source>
@@ -531,15 +499,15 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>%1 more; --all shows them</source>
-        <translation>%1 de plus ; --all les montre</translation>
+        <translation>%1 de plus&#xa0;; --all les montre</translation>
     </message>
     <message>
         <source>cannot be read: bytes %1 to %2 of the content (bytes %3 to %4 of the stream)</source>
-        <translation>illisibles : octets %1 à %2 du contenu (octets %3 à %4 du flux)</translation>
+        <translation>illisibles&#xa0;: octets %1 à %2 du contenu (octets %3 à %4 du flux)</translation>
     </message>
     <message>
         <source>cannot be read at byte %1</source>
-        <translation>illisible à l&apos;octet %1</translation>
+        <translation>illisible à l’octet %1</translation>
     </message>
     <message>
         <source>An older OUTPUT is replaced as soon as the new one is whole. Where a command would keep what is there, --force replaces it.</source>
@@ -547,11 +515,11 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>shows where the time of a program went that KYR_TRACE traced</source>
-        <translation>montre où est passé le temps d&apos;un programme que KYR_TRACE a enregistré</translation>
+        <translation>montre où est passé le temps d’un programme que KYR_TRACE a enregistré</translation>
     </message>
     <message>
         <source>%1: byte %2: %3</source>
-        <translation>%1 : octet %2 : %3</translation>
+        <translation>%1&#xa0;: octet %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>an event is longer than a MiB</source>
@@ -559,15 +527,15 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>this is no trace, which begins with &quot;[&quot;</source>
-        <translation>ce n&apos;est pas une trace, qui commence par « [ »</translation>
+        <translation>ce n’est pas une trace, qui commence par «&#xa0;[&#xa0;»</translation>
     </message>
     <message>
         <source>an event begins with &quot;{&quot;</source>
-        <translation>un événement commence par « { »</translation>
+        <translation>un événement commence par «&#xa0;{&#xa0;»</translation>
     </message>
     <message>
         <source>the event has no &quot;%1&quot;</source>
-        <translation>l&apos;événement n&apos;a pas de « %1 »</translation>
+        <translation>l’événement n’a pas de «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source># times in milliseconds</source>
@@ -575,11 +543,43 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source># the trace has no end: its process died, or writes it still</source>
-        <translation># la trace n&apos;a pas de fin : son processus est mort, ou l&apos;écrit encore</translation>
+        <translation># la trace n’a pas de fin&#xa0;: son processus est mort, ou l’écrit encore</translation>
     </message>
     <message>
         <source>%1: files that are written: %2 of %3</source>
-        <translation>%1 : fichiers écrits : %2 sur %3</translation>
+        <translation>%1&#xa0;: fichiers écrits&#xa0;: %2 sur %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 byte</source>
+        <comment>%1 bytes</comment>
+        <translation>
+            <numerusform>%1 octet</numerusform>
+            <numerusform>%1 octets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 block</source>
+        <comment>%1 blocks</comment>
+        <translation>
+            <numerusform>%1 bloc</numerusform>
+            <numerusform>%1 blocs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 piece</source>
+        <comment>%1 pieces</comment>
+        <translation>
+            <numerusform>%1 morceau</numerusform>
+            <numerusform>%1 morceaux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 checked piece</source>
+        <comment>%1 checked pieces</comment>
+        <translation>
+            <numerusform>%1 morceau vérifié</numerusform>
+            <numerusform>%1 morceaux vérifiés</numerusform>
+        </translation>
     </message>
     <message>
         <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>

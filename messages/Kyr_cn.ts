@@ -75,197 +75,197 @@
     <name>KyrLibraryHistory</name>
     <message>
         <source>Reports a broken invariant and ends the process.</source>
-        <translation type="unfinished"></translation>
+        <translation>报告被破坏的不变量并结束进程。</translation>
     </message>
     <message>
         <source>Sorts item9 before item10.</source>
-        <translation type="unfinished"></translation>
+        <translation>将 item9 排在 item10 之前。</translation>
     </message>
     <message>
         <source>With its kin for other numbers, the same under every locale.</source>
-        <translation type="unfinished"></translation>
+        <translation>与处理其他数值的同类函数一样，在任何区域设置下结果都相同。</translation>
     </message>
     <message>
         <source>On Linux only.</source>
-        <translation type="unfinished"></translation>
+        <translation>仅限 Linux。</translation>
     </message>
     <message>
         <source>Finds the next free number of a series of files.</source>
-        <translation type="unfinished"></translation>
+        <translation>查找文件序列中下一个空闲编号。</translation>
     </message>
     <message>
         <source>Gives way when its owner no longer lives.</source>
-        <translation type="unfinished"></translation>
+        <translation>所有者不再存在时让出。</translation>
     </message>
     <message>
         <source>Hands an exception of its work to the thread that waits for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>将工作中的异常交给等待它的线程。</translation>
     </message>
     <message>
         <source>Tells at which byte a file is damaged or cut short.</source>
-        <translation type="unfinished"></translation>
+        <translation>指出文件在哪个字节处损坏或被截断。</translation>
     </message>
     <message>
         <source>Bounded in memory by ZippedTarLimits.</source>
-        <translation type="unfinished"></translation>
+        <translation>内存占用受 ZippedTarLimits 限制。</translation>
     </message>
     <message>
         <source>libKyr %1: changes of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>libKyr %1：接口变更</translation>
     </message>
     <message>
         <source>Reads and writes quantities as people do.</source>
-        <translation type="unfinished"></translation>
+        <translation>按人们的书写习惯读写量值。</translation>
     </message>
 </context>
 <context>
     <name>Kyr_FileParse</name>
     <message>
         <source>column %1</source>
-        <translation type="unfinished"></translation>
+        <translation>第 %1 列</translation>
     </message>
     <message>
         <source>line %1</source>
-        <translation type="unfinished"></translation>
+        <translation>第 %1 行</translation>
     </message>
     <message>
         <source>line %1, column %2</source>
-        <translation type="unfinished"></translation>
+        <translation>第 %1 行，第 %2 列</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是 %3=&quot;...&quot; 形式的配对</translation>
     </message>
     <message>
         <source>the line ends too early</source>
-        <translation type="unfinished"></translation>
+        <translation>该行过早结束</translation>
     </message>
     <message>
         <source>the line is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>该行过长</translation>
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>文件在该行中间结束</translation>
     </message>
     <message>
         <source>the file ends</source>
-        <translation type="unfinished"></translation>
+        <translation>文件已结束</translation>
     </message>
     <message>
         <source>the file ends where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>文件在应有“%2”处结束</translation>
     </message>
     <message>
         <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>应为“%2”处出现了“%1”</translation>
     </message>
     <message>
         <source>the file cannot be read to its end</source>
-        <translation type="unfinished"></translation>
+        <translation>无法将文件读到末尾</translation>
     </message>
     <message>
         <source>a value is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少一个值</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no integer</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是整数</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no number</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是数字</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not within %3</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不在 %3 范围内</translation>
     </message>
 </context>
 <context>
     <name>Kyr_Quantity</name>
     <message>
         <source>A number is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少数字。</translation>
     </message>
     <message>
         <source>No number begins here.</source>
-        <translation type="unfinished"></translation>
+        <translation>此处不是数字的开头。</translation>
     </message>
     <message>
         <source>A digit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少一位数字。</translation>
     </message>
     <message>
         <source>%1 may be %2 or %3: write %4 or %5.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 可以是 %2 或 %3：请写作 %4 或 %5。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”在此处不是三位分组的分隔符；小数点为“%2”。</translation>
     </message>
     <message>
         <source>A number has only one decimal separator.</source>
-        <translation type="unfinished"></translation>
+        <translation>一个数字只能有一个小数点。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no fraction.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是分数。</translation>
     </message>
     <message>
         <source>The number is too large.</source>
-        <translation type="unfinished"></translation>
+        <translation>数字过大。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no unit here; known are %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”在此处不是单位；可用的单位有 %2。</translation>
     </message>
     <message>
         <source>A unit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少单位。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot follow here.</source>
-        <translation type="unfinished"></translation>
+        <translation>此处之后不能是“%1”。</translation>
     </message>
     <message>
         <source>The smallest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>最小值为 %1。</translation>
     </message>
     <message>
         <source>The largest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>最大值为 %1。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names no kind, unit and decimals.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”没有给出量的种类、单位和小数位数。</translation>
     </message>
     <message>
         <source>The number is too close to zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>数字过于接近零。</translation>
     </message>
     <message>
         <source>Either all parts of a sum have a unit or none has.</source>
-        <translation type="unfinished"></translation>
+        <translation>和的各项要么都有单位，要么都没有。</translation>
     </message>
     <message>
         <source>Only one factor may have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>只有一个因数可以有单位。</translation>
     </message>
     <message>
         <source>A divisor may not have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>除数不能有单位。</translation>
     </message>
     <message>
         <source>Nothing can be divided by zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>不能除以零。</translation>
     </message>
     <message>
         <source>A closing parenthesis is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>缺少右括号。</translation>
     </message>
     <message>
         <source>There are too many parentheses in each other.</source>
-        <translation type="unfinished"></translation>
+        <translation>括号嵌套过深。</translation>
     </message>
 </context>
 <context>
@@ -370,7 +370,7 @@
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>文件在该行中间结束</translation>
     </message>
 </context>
 <context>

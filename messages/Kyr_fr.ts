@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Test Rig</source>
-        <translation>Banc d&apos;essai</translation>
+        <translation>Banc d’essai</translation>
     </message>
     <message>
         <source>Launcher</source>
@@ -111,7 +111,7 @@
     </message>
     <message>
         <source>libKyr %1: changes of the interface</source>
-        <translation>libKyr %1 : changements de l’interface</translation>
+        <translation>libKyr %1&#xa0;: changements de l’interface</translation>
     </message>
     <message>
         <source>Reads and writes quantities as people do.</source>
@@ -134,7 +134,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
-        <translation>« %1 » n&apos;est pas un couple %3=&quot;...&quot;</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un couple %3=&quot;...&quot;</translation>
     </message>
     <message>
         <source>the line ends too early</source>
@@ -154,15 +154,15 @@
     </message>
     <message>
         <source>the file ends where &quot;%2&quot; is expected</source>
-        <translation>le fichier se termine où « %2 » est attendu</translation>
+        <translation>le fichier se termine où «&#xa0;%2&#xa0;» est attendu</translation>
     </message>
     <message>
         <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
-        <translation>« %1 » se trouve où « %2 » est attendu</translation>
+        <translation>«&#xa0;%1&#xa0;» se trouve où «&#xa0;%2&#xa0;» est attendu</translation>
     </message>
     <message>
         <source>the file cannot be read to its end</source>
-        <translation>le fichier ne peut pas être lu jusqu&apos;à la fin</translation>
+        <translation>le fichier ne peut pas être lu jusqu’à la fin</translation>
     </message>
     <message>
         <source>a value is missing</source>
@@ -170,15 +170,15 @@
     </message>
     <message>
         <source>&quot;%1&quot; is no integer</source>
-        <translation>« %1 » n&apos;est pas un entier</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un entier</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no number</source>
-        <translation>« %1 » n&apos;est pas un nombre</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un nombre</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not within %3</source>
-        <translation>« %1 » n&apos;est pas compris dans %3</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas compris dans %3</translation>
     </message>
 </context>
 <context>
@@ -197,19 +197,19 @@
     </message>
     <message>
         <source>%1 may be %2 or %3: write %4 or %5.</source>
-        <translation>%1 peut être %2 ou %3 : écrivez %4 ou %5.</translation>
+        <translation>%1 peut être %2 ou %3&#xa0;: écrivez %4 ou %5.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
-        <translation>« %1 » ne sépare pas ici des groupes de trois chiffres ; le séparateur décimal est « %2 ».</translation>
+        <translation>«&#xa0;%1&#xa0;» ne sépare pas ici des groupes de trois chiffres&#xa0;; le séparateur décimal est «&#xa0;%2&#xa0;».</translation>
     </message>
     <message>
         <source>A number has only one decimal separator.</source>
-        <translation>Un nombre n&apos;a qu&apos;un séparateur décimal.</translation>
+        <translation>Un nombre n’a qu’un séparateur décimal.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no fraction.</source>
-        <translation>« %1 » n&apos;est pas une fraction.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une fraction.</translation>
     </message>
     <message>
         <source>The number is too large.</source>
@@ -217,7 +217,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is no unit here; known are %2.</source>
-        <translation>« %1 » n&apos;est pas une unité ici ; sont connues %2.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une unité ici&#xa0;; sont connues %2.</translation>
     </message>
     <message>
         <source>A unit is missing.</source>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; cannot follow here.</source>
-        <translation>« %1 » ne peut pas suivre ici.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas suivre ici.</translation>
     </message>
     <message>
         <source>The smallest value is %1.</source>
@@ -237,7 +237,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; names no kind, unit and decimals.</source>
-        <translation>« %1 » ne nomme pas un genre, une unité et des décimales.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’indique pas la nature, l’unité et les décimales.</translation>
     </message>
     <message>
         <source>The number is too close to zero.</source>
@@ -310,19 +310,19 @@
     <name>Kyr_diagnostics</name>
     <message>
         <source>line %1: %2</source>
-        <translation>ligne %1 : %2</translation>
+        <translation>ligne %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no colour: %2</source>
-        <translation>« %1 » n&apos;est pas une couleur : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une couleur&#xa0;: %2</translation>
     </message>
     <message>
         <source>red, green, blue and alpha are numbers from 0 to 255, or together #rrggbbaa</source>
-        <translation>le rouge, le vert, le bleu et l&apos;alpha sont des nombres de 0 à 255, ou ensemble #rrggbbaa</translation>
+        <translation>le rouge, le vert, le bleu et l’alpha sont des nombres de 0 à 255, ou ensemble #rrggbbaa</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no font: %2</source>
-        <translation>« %1 » n&apos;est pas une police : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une police&#xa0;: %2</translation>
     </message>
     <message>
         <source>the size is a number of points from 0.1 to 10000</source>
@@ -330,7 +330,7 @@
     </message>
     <message>
         <source>the weight is a number from 1 to 1000, 400 is normal</source>
-        <translation>la graisse est un nombre de 1 à 1000 ; 400 est la valeur normale</translation>
+        <translation>la graisse est un nombre de 1 à 1000&#xa0;; 400 est la valeur normale</translation>
     </message>
     <message>
         <source>behind the weight come italic, underline, strikeout and fixed, each once</source>
@@ -342,7 +342,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is no sound: %2</source>
-        <translation>« %1 » n&apos;est pas un son : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un son&#xa0;: %2</translation>
     </message>
     <message>
         <source>the volume is a number from 0 to 100</source>
@@ -362,11 +362,11 @@
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>%1 ne peut pas être écrit : %2</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 exists already and is not replaced</source>
-        <translation>%1 existe déjà et n&apos;est pas remplacé</translation>
+        <translation>%1 existe déjà et n’est pas remplacé</translation>
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
@@ -377,7 +377,7 @@
     <name>Kyr_zip_err</name>
     <message>
         <source>invalid file version: %1. the file is newer than the actual program version: %2</source>
-        <translation>Version de fichier non valide : %1. Le fichier est plus récent que la version actuelle du programme : %2</translation>
+        <translation>Version de fichier non valide&#xa0;: %1. Le fichier est plus récent que la version actuelle du programme&#xa0;: %2</translation>
     </message>
     <message>
         <source>unknown file version</source>
@@ -385,7 +385,7 @@
     </message>
     <message>
         <source>cannot read zip stream header</source>
-        <translation>Impossible de lire l&apos;en-tête du flux zip.</translation>
+        <translation>Impossible de lire l’en-tête du flux zip.</translation>
     </message>
     <message>
         <source>invalid zip stream header</source>
@@ -394,7 +394,7 @@
     <message>
         <source>invalid header: the file was transferred by ascii-ftp.
 it must be transferred by binary-ftp.</source>
-        <translation>En-tête non valide : le fichier a été transféré par FTP en mode texte (ASCII).
+        <translation>En-tête non valide&#xa0;: le fichier a été transféré par FTP en mode texte (ASCII).
 Il doit être transféré en mode binaire.</translation>
     </message>
 </context>

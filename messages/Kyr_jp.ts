@@ -75,197 +75,197 @@
     <name>KyrLibraryHistory</name>
     <message>
         <source>Reports a broken invariant and ends the process.</source>
-        <translation type="unfinished"></translation>
+        <translation>不変条件の違反を報告し、プロセスを終了します。</translation>
     </message>
     <message>
         <source>Sorts item9 before item10.</source>
-        <translation type="unfinished"></translation>
+        <translation>item9 を item10 より前に並べます。</translation>
     </message>
     <message>
         <source>With its kin for other numbers, the same under every locale.</source>
-        <translation type="unfinished"></translation>
+        <translation>ほかの数値用の関数と同じく、どのロケールでも同じ結果になります。</translation>
     </message>
     <message>
         <source>On Linux only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Linux のみ。</translation>
     </message>
     <message>
         <source>Finds the next free number of a series of files.</source>
-        <translation type="unfinished"></translation>
+        <translation>連番ファイルの次の空き番号を見つけます。</translation>
     </message>
     <message>
         <source>Gives way when its owner no longer lives.</source>
-        <translation type="unfinished"></translation>
+        <translation>所有者がもう存在しなければ、明け渡します。</translation>
     </message>
     <message>
         <source>Hands an exception of its work to the thread that waits for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>処理中の例外を、待っているスレッドに引き渡します。</translation>
     </message>
     <message>
         <source>Tells at which byte a file is damaged or cut short.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルが何バイト目で破損しているか、途切れているかを示します。</translation>
     </message>
     <message>
         <source>Bounded in memory by ZippedTarLimits.</source>
-        <translation type="unfinished"></translation>
+        <translation>使用メモリは ZippedTarLimits で制限されます。</translation>
     </message>
     <message>
         <source>libKyr %1: changes of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>libKyr %1: インターフェースの変更</translation>
     </message>
     <message>
         <source>Reads and writes quantities as people do.</source>
-        <translation type="unfinished"></translation>
+        <translation>人が書くとおりに量を読み書きします。</translation>
     </message>
 </context>
 <context>
     <name>Kyr_FileParse</name>
     <message>
         <source>column %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 列目</translation>
     </message>
     <message>
         <source>line %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 行目</translation>
     </message>
     <message>
         <source>line %1, column %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 行目、%2 列目</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は %3=&quot;...&quot; の組ではありません</translation>
     </message>
     <message>
         <source>the line ends too early</source>
-        <translation type="unfinished"></translation>
+        <translation>行が途中で終わっています</translation>
     </message>
     <message>
         <source>the line is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>行が長すぎます</translation>
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルがこの行の途中で終わっています</translation>
     </message>
     <message>
         <source>the file ends</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルが終わっています</translation>
     </message>
     <message>
         <source>the file ends where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>「%2」が必要な所でファイルが終わっています</translation>
     </message>
     <message>
         <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>「%2」が必要な所に「%1」があります</translation>
     </message>
     <message>
         <source>the file cannot be read to its end</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルを最後まで読み取れません</translation>
     </message>
     <message>
         <source>a value is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>値がありません</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no integer</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は整数ではありません</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no number</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は数値ではありません</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not within %3</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は %3 の範囲外です</translation>
     </message>
 </context>
 <context>
     <name>Kyr_Quantity</name>
     <message>
         <source>A number is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>数値がありません。</translation>
     </message>
     <message>
         <source>No number begins here.</source>
-        <translation type="unfinished"></translation>
+        <translation>ここには数値が必要です。</translation>
     </message>
     <message>
         <source>A digit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>数字がありません。</translation>
     </message>
     <message>
         <source>%1 may be %2 or %3: write %4 or %5.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 は %2 とも %3 とも読めます。%4 または %5 と入力してください。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」はここでは 3 桁区切りではありません。小数点は「%2」です。</translation>
     </message>
     <message>
         <source>A number has only one decimal separator.</source>
-        <translation type="unfinished"></translation>
+        <translation>数値に使える小数点は 1 つだけです。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no fraction.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は分数ではありません。</translation>
     </message>
     <message>
         <source>The number is too large.</source>
-        <translation type="unfinished"></translation>
+        <translation>数値が大きすぎます。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no unit here; known are %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」はここで使える単位ではありません。使える単位: %2。</translation>
     </message>
     <message>
         <source>A unit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>単位がありません。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot follow here.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」はここには続けられません。</translation>
     </message>
     <message>
         <source>The smallest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>最小値は %1 です。</translation>
     </message>
     <message>
         <source>The largest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>最大値は %1 です。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names no kind, unit and decimals.</source>
-        <translation type="unfinished"></translation>
+        <translation>「%1」は量の種類、単位、小数桁数の指定ではありません。</translation>
     </message>
     <message>
         <source>The number is too close to zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>数値がゼロに近すぎます。</translation>
     </message>
     <message>
         <source>Either all parts of a sum have a unit or none has.</source>
-        <translation type="unfinished"></translation>
+        <translation>和の項は、すべてに単位を付けるか、どれにも付けないかのどちらかです。</translation>
     </message>
     <message>
         <source>Only one factor may have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>単位を付けられる因数は 1 つだけです。</translation>
     </message>
     <message>
         <source>A divisor may not have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>除数には単位を付けられません。</translation>
     </message>
     <message>
         <source>Nothing can be divided by zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>ゼロで割ることはできません。</translation>
     </message>
     <message>
         <source>A closing parenthesis is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>閉じ括弧がありません。</translation>
     </message>
     <message>
         <source>There are too many parentheses in each other.</source>
-        <translation type="unfinished"></translation>
+        <translation>括弧の入れ子が深すぎます。</translation>
     </message>
 </context>
 <context>
@@ -370,7 +370,7 @@
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルがこの行の途中で終わっています</translation>
     </message>
 </context>
 <context>

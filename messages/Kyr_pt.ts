@@ -75,197 +75,197 @@
     <name>KyrLibraryHistory</name>
     <message>
         <source>Reports a broken invariant and ends the process.</source>
-        <translation type="unfinished"></translation>
+        <translation>Comunica um invariante violado e termina o processo.</translation>
     </message>
     <message>
         <source>Sorts item9 before item10.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordena item9 antes de item10.</translation>
     </message>
     <message>
         <source>With its kin for other numbers, the same under every locale.</source>
-        <translation type="unfinished"></translation>
+        <translation>Como as funções afins para outros números, igual em qualquer configuração regional.</translation>
     </message>
     <message>
         <source>On Linux only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Só em Linux.</translation>
     </message>
     <message>
         <source>Finds the next free number of a series of files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Encontra o próximo número livre de uma série de ficheiros.</translation>
     </message>
     <message>
         <source>Gives way when its owner no longer lives.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cede o lugar quando o dono já não existe.</translation>
     </message>
     <message>
         <source>Hands an exception of its work to the thread that waits for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Entrega uma exceção do seu trabalho à thread que espera por ele.</translation>
     </message>
     <message>
         <source>Tells at which byte a file is damaged or cut short.</source>
-        <translation type="unfinished"></translation>
+        <translation>Indica em que byte um ficheiro está danificado ou truncado.</translation>
     </message>
     <message>
         <source>Bounded in memory by ZippedTarLimits.</source>
-        <translation type="unfinished"></translation>
+        <translation>Limitado em memória por ZippedTarLimits.</translation>
     </message>
     <message>
         <source>libKyr %1: changes of the interface</source>
-        <translation type="unfinished"></translation>
+        <translation>libKyr %1: alterações da interface</translation>
     </message>
     <message>
         <source>Reads and writes quantities as people do.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lê e escreve grandezas como as pessoas o fazem.</translation>
     </message>
 </context>
 <context>
     <name>Kyr_FileParse</name>
     <message>
         <source>column %1</source>
-        <translation type="unfinished"></translation>
+        <translation>coluna %1</translation>
     </message>
     <message>
         <source>line %1</source>
-        <translation type="unfinished"></translation>
+        <translation>linha %1</translation>
     </message>
     <message>
         <source>line %1, column %2</source>
-        <translation type="unfinished"></translation>
+        <translation>linha %1, coluna %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no pair %3=&quot;...&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não é um par %3=&quot;...&quot;</translation>
     </message>
     <message>
         <source>the line ends too early</source>
-        <translation type="unfinished"></translation>
+        <translation>a linha termina cedo demais</translation>
     </message>
     <message>
         <source>the line is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>a linha é demasiado longa</translation>
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>o ficheiro termina a meio desta linha</translation>
     </message>
     <message>
         <source>the file ends</source>
-        <translation type="unfinished"></translation>
+        <translation>o ficheiro termina</translation>
     </message>
     <message>
         <source>the file ends where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>o ficheiro termina onde se espera «%2»</translation>
     </message>
     <message>
         <source>&quot;%1&quot; stands where &quot;%2&quot; is expected</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» está onde se espera «%2»</translation>
     </message>
     <message>
         <source>the file cannot be read to its end</source>
-        <translation type="unfinished"></translation>
+        <translation>o ficheiro não pode ser lido até ao fim</translation>
     </message>
     <message>
         <source>a value is missing</source>
-        <translation type="unfinished"></translation>
+        <translation>falta um valor</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no integer</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não é um número inteiro</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no number</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não é um número</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not within %3</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não está dentro de %3</translation>
     </message>
 </context>
 <context>
     <name>Kyr_Quantity</name>
     <message>
         <source>A number is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Falta um número.</translation>
     </message>
     <message>
         <source>No number begins here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aqui não começa nenhum número.</translation>
     </message>
     <message>
         <source>A digit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Falta um algarismo.</translation>
     </message>
     <message>
         <source>%1 may be %2 or %3: write %4 or %5.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pode ser %2 ou %3: escreva %4 ou %5.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; separates no groups of three digits here; the decimal separator is &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não separa aqui grupos de três algarismos; o separador decimal é «%2».</translation>
     </message>
     <message>
         <source>A number has only one decimal separator.</source>
-        <translation type="unfinished"></translation>
+        <translation>Um número só tem um separador decimal.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no fraction.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não é uma fração.</translation>
     </message>
     <message>
         <source>The number is too large.</source>
-        <translation type="unfinished"></translation>
+        <translation>O número é demasiado grande.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no unit here; known are %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não é aqui uma unidade; são conhecidas %2.</translation>
     </message>
     <message>
         <source>A unit is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Falta uma unidade.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot follow here.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não pode seguir-se aqui.</translation>
     </message>
     <message>
         <source>The smallest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>O menor valor é %1.</translation>
     </message>
     <message>
         <source>The largest value is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>O maior valor é %1.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names no kind, unit and decimals.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» não indica natureza, unidade e casas decimais.</translation>
     </message>
     <message>
         <source>The number is too close to zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>O número está demasiado próximo de zero.</translation>
     </message>
     <message>
         <source>Either all parts of a sum have a unit or none has.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ou todas as parcelas de uma soma têm unidade, ou nenhuma tem.</translation>
     </message>
     <message>
         <source>Only one factor may have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Só um fator pode ter unidade.</translation>
     </message>
     <message>
         <source>A divisor may not have a unit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Um divisor não pode ter unidade.</translation>
     </message>
     <message>
         <source>Nothing can be divided by zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nada pode ser dividido por zero.</translation>
     </message>
     <message>
         <source>A closing parenthesis is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Falta um parêntese de fecho.</translation>
     </message>
     <message>
         <source>There are too many parentheses in each other.</source>
-        <translation type="unfinished"></translation>
+        <translation>Há demasiados parênteses encaixados.</translation>
     </message>
 </context>
 <context>
@@ -370,7 +370,7 @@
     </message>
     <message>
         <source>the file ends in the middle of this line</source>
-        <translation type="unfinished"></translation>
+        <translation>o ficheiro termina a meio desta linha</translation>
     </message>
 </context>
 <context>

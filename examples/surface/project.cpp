@@ -49,11 +49,13 @@ void put(std::vector<char>& bytes, double number) {
 }
 
 /// A message with the place that a reader has come to.
-/// \param text with %1 for the byte of the file and %2 for the bytes of content before it
-QString placed(const QString& text, const ZipInStream& in) {
+/// \param text its forms, with %1 for the byte of the file and %2 for the bytes of content
+///        before it, by which the form is chosen
+QString placed(const Thing& text, const ZipInStream& in) {
   const Kyr::ZipStatistics statistics = in.getStatistics();
-  return text.arg(counted(static_cast<qint64>(statistics.offset)),
-                  counted(static_cast<qint64>(statistics.plainBytes)));
+  return Kyr::translate("Surface", text.one, text.many, statistics.plainBytes)
+      .arg(counted(static_cast<qint64>(statistics.offset)),
+           counted(static_cast<qint64>(statistics.plainBytes)));
 }
 
 Kyr::ZipPieces allProcessors() {
@@ -79,28 +81,32 @@ void readRest(const QString& fileName, Reading& reading) {
     }
   }
   reading.problem = Kyr::translate("Surface",
+                                   "the file is damaged: %1 of its %2 bytes of content is lost; "
+                                   "the others were checked and are good",
                                    "the file is damaged: %1 of its %2 bytes of content are lost; "
-                                   "the others were checked and are good")
+                                   "the others were checked and are good",
+                                   lost)
                         .arg(counted(static_cast<qint64>(lost)),
                              counted(static_cast<qint64>(reading.content.size())));
 }
 
 QString problemOf(const ZipInStream& in) {
+  constexpr Thing damaged = QT_TRANSLATE_N_NOOP3(
+      "Surface",
+      "the file is damaged, as byte %1 shows; what was read before (%2 byte) may be wrong",
+      "the file is damaged, as byte %1 shows; what was read before (%2 bytes) may be wrong");
+  constexpr Thing cutShort = QT_TRANSLATE_N_NOOP3(
+      "Surface", "the file ends too early, at byte %1; the first %2 byte of content is good",
+      "the file ends too early, at byte %1; the first %2 bytes of content are good");
   switch (in.getState()) {
     case ZipInStream::StreamComplete:
       return {};
     case ZipInStream::StreamRefused:
       return in.getHeaderErrorText();
     case ZipInStream::StreamDamaged:
-      return placed(Kyr::translate("Surface",
-                                   "the file is damaged, as byte %1 shows; "
-                                   "what was read before (%2 bytes) may be wrong"),
-                    in);
+      return placed(damaged, in);
     case ZipInStream::StreamCutShort:
-      return placed(Kyr::translate("Surface",
-                                   "the file ends too early, at byte %1; "
-                                   "the first %2 bytes of content are good"),
-                    in);
+      return placed(cutShort, in);
     case ZipInStream::StreamUnreadable:
     case ZipInStream::StreamOpen:
       break;

@@ -18,7 +18,8 @@ QString counted(qint64 number) {
 }
 
 QString counted(qint64 number, const Thing& thing) {
-  return counted(number) + ' ' + Kyr::translate("Surface", number == 1 ? thing.one : thing.many);
+  return Kyr::translate("Surface", thing.one, thing.many, static_cast<quint64>(number))
+      .arg(counted(number));
 }
 
 QString bytes(qint64 count) {

@@ -11,24 +11,19 @@ QString fixed(double value, int decimals);
 /// A whole number with separators: "34,835". Where a comma separates decimals, nobody is sure what
 /// "34.835" is: no-break spaces stand between the groups there.
 QString counted(qint64 number);
-/// A word for things that are counted, as texts of the context "Surface".
+/// How things are counted, as texts of the context "Surface".
 struct Thing {
   const char* one;
   const char* many;
 };
 namespace Things {
-constexpr Thing byte{QT_TRANSLATE_NOOP("Surface", "byte"), QT_TRANSLATE_NOOP("Surface", "bytes")};
-constexpr Thing line{QT_TRANSLATE_NOOP("Surface", "line"), QT_TRANSLATE_NOOP("Surface", "lines")};
-constexpr Thing dataLine{QT_TRANSLATE_NOOP("Surface", "data line"),
-                         QT_TRANSLATE_NOOP("Surface", "data lines")};
-constexpr Thing openEdge{QT_TRANSLATE_NOOP("Surface", "open edge"),
-                         QT_TRANSLATE_NOOP("Surface", "open edges")};
-constexpr Thing point{QT_TRANSLATE_NOOP("Surface", "point"),
-                      QT_TRANSLATE_NOOP("Surface", "points")};
-constexpr Thing triangle{QT_TRANSLATE_NOOP("Surface", "triangle"),
-                         QT_TRANSLATE_NOOP("Surface", "triangles")};
-constexpr Thing worker{QT_TRANSLATE_NOOP("Surface", "worker"),
-                       QT_TRANSLATE_NOOP("Surface", "workers")};
+constexpr Thing byte = QT_TRANSLATE_N_NOOP3("Surface", "%1 byte", "%1 bytes");
+constexpr Thing line = QT_TRANSLATE_N_NOOP3("Surface", "%1 line", "%1 lines");
+constexpr Thing dataLine = QT_TRANSLATE_N_NOOP3("Surface", "%1 data line", "%1 data lines");
+constexpr Thing openEdge = QT_TRANSLATE_N_NOOP3("Surface", "%1 open edge", "%1 open edges");
+constexpr Thing point = QT_TRANSLATE_N_NOOP3("Surface", "%1 point", "%1 points");
+constexpr Thing triangle = QT_TRANSLATE_N_NOOP3("Surface", "%1 triangle", "%1 triangles");
+constexpr Thing worker = QT_TRANSLATE_N_NOOP3("Surface", "%1 worker", "%1 workers");
 }  // namespace Things
 
 /// A whole number of things in the language of the user, "1 point", "34,835 points".

@@ -113,9 +113,12 @@ class Damages {
       saved += part.state == Kyr::ZipPart::Checked ? 1 : 0;
       _noneTaken = _noneTaken && std::equal(part.bytes.begin(), part.bytes.end(), begin);
     }
-    return (_noneTaken ? translate("Tour", "%1 of %2 pieces, equal to what was written")
-                       : translate("Tour", "%1 of %2 pieces, NOT WHAT WAS WRITTEN"))
-        .arg(counted(saved), counted(static_cast<qint64>(salvage.getPieceCount())));
+    const std::uint64_t pieces = salvage.getPieceCount();
+    return (_noneTaken ? translate("Tour", "%1 of %2 piece, equal to what was written",
+                                   "%1 of %2 pieces, equal to what was written", pieces)
+                       : translate("Tour", "%1 of %2 piece, NOT WHAT WAS WRITTEN",
+                                   "%1 of %2 pieces, NOT WHAT WAS WRITTEN", pieces))
+        .arg(counted(saved), counted(static_cast<qint64>(pieces)));
   }
 
   static QString restOf(const Reading& reading) {

@@ -104,19 +104,62 @@ EXPORT void g(std::vector<A>& a) { a.push_back({}); } }
 
 LANGUAGES = ("en", "de", "fr", "jp", "cn", "pt")
 CATALOGUE = "<TS><context><name>Kyr_zip_err</name>%s</context></TS>"
-MESSAGE = "<message><source>a \"%1\"</source><translation%s>%s</translation></message>"
-CODE = 'f(translate("Kyr_zip_err", // note\n "a " "\\"%1\\"")); // translate("x", "y")\n'
-# The code; the state of the translation and the translation; what is complained about.
+MESSAGE = "<message><source>%s</source><translation%s>%s</translation></message>"
+CODE = 'f(translate("Kyr_zip_err", // note\n "a " "%1")); // translate("x", "y")\n'
+# The code; the text; the state of the translation and the translation; what is complained about.
 MESSAGES = [
-    (CODE, "", "b %1", ""),
-    (CODE.replace("translate", "QT_TRANSLATE_NOOP", 1), "", "b %1", ""),
-    (CODE, ' type="unfinished"', "b %1", "Kyr_fr.ts: no translation of Kyr_zip_err: 'a \"%1\"'"),
-    (CODE, "", "", "Kyr_jp.ts: no translation of"),
-    (CODE, "", "b %2", "Kyr_de.ts: other places for arguments than"),
-    (CODE, "", "b&amp;apos; %1", "Kyr_de.ts: an entity in the translation of"),
-    (CODE + 'translate("c", "new")', "", "%1", "Kyr_en.ts: misses c: 'new'"),
-    (CODE + 'translate("c", x ? "a" : "b")', "", "b %1", 'low.cpp: "b" is no argument by itself'),
-    ("", "", "%1", "Kyr_pt.ts: nobody asks for Kyr_zip_err"),
+    (CODE, "a %1", "", "b %1", ""),
+    (CODE.replace("translate", "QT_TRANSLATE_NOOP", 1), "a %1", "", "b %1", ""),
+    (CODE, "a %1", ' type="unfinished"', "b %1",
+     "Kyr_fr.ts: no translation of Kyr_zip_err: 'a %1'"),
+    (CODE, "a %1", "", "", "Kyr_jp.ts: no translation of"),
+    (CODE, "a %1", "", "b %2", "Kyr_de.ts: other places for arguments than"),
+    (CODE, "a %1", "", "b %1 %1", "Kyr_pt.ts: other places for arguments than"),
+    (CODE, "a %1", "", "b&amp;apos; %1", "Kyr_de.ts: an entity in the translation of"),
+    (CODE, "a %1", "", " b %1", "Kyr_cn.ts: other blanks or line ends at the ends than"),
+    (CODE, "a %1", "", "b %1\n", "Kyr_de.ts: other blanks or line ends at the ends than"),
+    (CODE, "a %1", "", "b\n%1", "Kyr_de.ts: another number of lines than"),
+    (CODE, "a %1", "", "&amp;b %1", "Kyr_de.ts: another number of accelerators than"),
+    (CODE + 'translate("c", "new")', "a %1", "", "%1", "Kyr_en.ts: misses c: 'new'"),
+    (CODE + 'translate("c", x ? "a" : "b")', "a %1", "", "b %1",
+     'low.cpp: "b" is no argument by itself'),
+    (CODE + 'translate("c", "a", x ? "a" : "b", 1)', "a %1", "", "b %1", "no argument by itself"),
+    ("", "a %1", "", "%1", "Kyr_pt.ts: nobody asks for Kyr_zip_err"),
+    ('translate("Kyr_zip_err", "&Fit &&")', "&amp;Fit &amp;&amp;", "", "&amp;Ein &amp;&amp;", ""),
+    ('translate("Kyr_zip_err", "&Fit")', "&amp;Fit", "", "Ein", "another number of accelerators"),
+    ('translate("Kyr_zip_err", "\\"%1\\"")', '"%1"', "", "„%1“", "Kyr_fr.ts: no «\xa0%1\xa0»"),
+    ('translate("Kyr_zip_err", "two Lengths")', "two Lengths", "", "zwei Längen", ""),
+    ('translate("Kyr_zip_err", "two Lengths")', "two Lengths", "", "zwei Weiten",
+     "Kyr_de.ts: not länge or langen, as the glossary says, in"),
+    ('translate("Kyr_zip_err", "kyr length LENGTH, lengthy")', "kyr length LENGTH, lengthy", "",
+     "lang", ""),
+]
+GLOSSARY = "# note\nen\tde\tfr\tjp\tcn\tpt\nlength/lengths" + "\tLänge/Langen" * 5
+
+# Forms for numbers: code, and those that are enough, missing or wrong.
+NUMBER = 'translate("Kyr_zip_err", "%1 piece", "%1 pieces", count)'
+NUMEROUS = ("<message numerus='yes'><source>%1 piece</source><comment>%1 pieces</comment>"
+            "<translation>FORMS</translation></message>")
+FORMS = [
+    (NUMBER, 2, "%1 a", "Kyr_jp.ts: 2 forms, not 1, of Kyr_zip_err: '%1 piece'"),
+    (NUMBER, 1, "%1 a", "Kyr_fr.ts: 1 forms, not 2, of"),
+    (NUMBER, 2, "a", "Kyr_de.ts: other places for arguments than"),
+    (NUMBER.replace("pieces", "parts"), 2, "%1 a", "Kyr_de.ts: misses Kyr_zip_err: '%1 piece'"),
+    ('QT_TRANSLATE_N_NOOP3("Kyr_zip_err", "%1 piece", "%1 pieces")', 1, "%1 a",
+     "Kyr_pt.ts: 1 forms, not 2, of"),
+]
+
+# Two texts and their translations; what is complained about.
+MENU = """void f() {{ bar->addMenu(translate("Kyr_zip_err", "&Bar"));
+  translate("Kyr_zip_err", "&One");
+{0}  translate("Kyr_zip_err", "T&wo");
+}}
+"""
+MENUS = [
+    (MENU.format(""), "&Eins", "&Zwei", ""),
+    (MENU.format(""), "&Eins", "Zw&ei", "Kyr_de.ts: the same accelerator for Kyr_zip_err: '&One'"),
+    (MENU.format("}\nvoid g() {\n"), "&Eins", "Zw&ei", ""),
+    (MENU.format("").replace("T&wo", "Tw&o"), "&Eins", "&Zwei", "Kyr_en.ts: the same accelerator"),
 ]
 
 CLASSES = {
@@ -221,15 +264,29 @@ class Refusals(unittest.TestCase):
                 self.assertEqual(ran.returncode, 1 if complaint else 0, ran.stderr)
                 self.assertIn(complaint, ran.stdout + ran.stderr)
 
+    def expect_messages(self, code, messages, complaint):
+        files = {f"messages/{part}_{each}.ts": "<TS/>" for each in LANGUAGES
+                 for part in ("Examples", "KyrTool")}
+        files |= {f"messages/Kyr_{each}.ts": CATALOGUE.replace("%s", messages)
+                  for each in LANGUAGES}
+        self.expect_tree("check_messages.py", {LOW + "low.cpp": code, **files,
+                                               "messages/glossary.tsv": GLOSSARY}, complaint)
+
     def test_messages(self):
-        for code, state, translation, complaint in MESSAGES:
-            files = {f"messages/{part}_{each}.ts": "<TS/>" for each in LANGUAGES
-                     for part in ("Examples", "KyrTool")}
-            message = MESSAGE.replace("%s", state, 1).replace("%s", translation)
-            files |= {f"messages/Kyr_{each}.ts": CATALOGUE.replace("%s", message)
-                      for each in LANGUAGES}
-            self.expect_tree("check_messages.py", {LOW + "low.cpp": code, **files}, complaint)
+        for code, text, state, translation, complaint in MESSAGES:
+            self.expect_messages(code, MESSAGE % (text, state, translation), complaint)
         self.expect_tree("check_messages.py", {}, "messages/Examples_cn.ts is missing")
+
+    def test_forms_of_messages(self):
+        for code, count, form, complaint in FORMS:
+            forms = f"<numerusform>{form}</numerusform>" * count
+            self.expect_messages(code, NUMEROUS.replace("FORMS", forms), complaint)
+
+    def test_accelerators_of_messages(self):
+        for code, one, two, complaint in MENUS:
+            texts = {"&Bar": "&Eins", "&One": one, "Tw&o" if "Tw&o" in code else "T&wo": two}
+            messages = "".join(MESSAGE % (text, "", word) for text, word in texts.items())
+            self.expect_messages(code, messages.replace("&", "&amp;"), complaint)
 
     def test_comparison(self):
         names = [self.root / name for name in ("linux", "windows", "exclusions")]

@@ -35,7 +35,7 @@ TEST(Gauges, TakeWhatIsTypedAndSayWhatIsWrong) {
       {"de", "12,5 mm", "12,5 mm", "12,5_mm", "Hinter der Zahl", "a quantity"},
       {"en", "1/2 in", "1/2 in", "12.7_mm", "Any unit may", "another unit, and the way to it"},
       {"en", "100 mm", "100 mm", "100_mm", "Any unit may", "the end of the scale, in inches, too"},
-      {"fr", "12,5 mmx", "12,5 mm", "12,5_mm", "n'est pas une unité ici", "a key too many"},
+      {"fr", "12,5 mmx", "12,5 mm", "12,5_mm", "n’est pas une unité ici", "a key too many"},
       {"de", "1.000", "1.000", "1_mm", "1.000 kann 1 oder 1000 sein", "two readings"},
       {"de", "", "", "", "Hinter der Zahl", "an empty field is no fault"},
       {"en", "200 mm", "200 mm", "20_mm", "The largest value is 100_mm.", "beyond the scale"},

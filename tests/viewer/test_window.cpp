@@ -324,7 +324,10 @@ TEST_F(Viewing, TextsFitInEveryLanguage) {
   const std::tuple<const char*, const char*, const char*> languages[] = {
       {"en", "Abort", "2.000 mm"},
       {"de", "Abbrechen", "2,000 mm"},
-      {"fr", "Interrompre", "2,000 mm"}};
+      {"fr", "Interrompre", "2,000 mm"},
+      {"jp", "中止", "2.000 mm"},
+      {"cn", "中止", "2.000 mm"},
+      {"pt", "Interromper", "2,000 mm"}};
   for (const auto& [language, abort, width] : languages) {
     Kyr::KyrInit::InitTranslator(language);
     Kyr::installTranslator("Examples");

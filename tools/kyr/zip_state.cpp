@@ -39,13 +39,12 @@ QString counted(std::uint64_t number, Thing_t thing) {
     const char* one;
     const char* many;
   } texts[] = {
-      {QT_TRANSLATE_NOOP("Kyr_tool", "%1 byte"), QT_TRANSLATE_NOOP("Kyr_tool", "%1 bytes")},
-      {QT_TRANSLATE_NOOP("Kyr_tool", "%1 block"), QT_TRANSLATE_NOOP("Kyr_tool", "%1 blocks")},
-      {QT_TRANSLATE_NOOP("Kyr_tool", "%1 piece"), QT_TRANSLATE_NOOP("Kyr_tool", "%1 pieces")},
-      {QT_TRANSLATE_NOOP("Kyr_tool", "%1 checked piece"),
-       QT_TRANSLATE_NOOP("Kyr_tool", "%1 checked pieces")},
+      QT_TRANSLATE_N_NOOP3("Kyr_tool", "%1 byte", "%1 bytes"),
+      QT_TRANSLATE_N_NOOP3("Kyr_tool", "%1 block", "%1 blocks"),
+      QT_TRANSLATE_N_NOOP3("Kyr_tool", "%1 piece", "%1 pieces"),
+      QT_TRANSLATE_N_NOOP3("Kyr_tool", "%1 checked piece", "%1 checked pieces"),
   };
-  return translate("Kyr_tool", number == 1 ? texts[thing].one : texts[thing].many).arg(number);
+  return translate("Kyr_tool", texts[thing].one, texts[thing].many, number).arg(number);
 }
 
 QString lossText(const Kyr::ZipPart& part) {
