@@ -85,6 +85,29 @@ EXPORTS = [
     ("struct EXPORT Kyr::A::Inside { void f(); }; void Kyr::A::Inside::f() {}",
      "exports Kyr::A::Inside::f(), which no public header declares"),
 ]
+# Something to guard, to check and to jump to.
+HARDENED = """#include <cstdio>
+int main(int count, char** words) {
+  char text[80];
+  std::snprintf(text, sizeof text, "%s", words[0]);
+  return std::printf("%d %s", count, text);
+}
+"""
+HARDENING = ["-O2", "-fPIE", "-pie", "-fstack-protector-strong", "-U_FORTIFY_SOURCE",
+             "-D_FORTIFY_SOURCE=2", "-Wl,-z,relro,-z,now,-z,noexecstack"]
+SOFT = [
+    (["-fPIC", "-no-pie"], "is not position-independent"),
+    (["-Wl,-z,execstack"], "has a stack that is run"),
+    (["-Wl,-z,norelro"], "has no read-only relocations"),
+    (["-Wl,-z,lazy"], "binds functions late"),
+    (["-fno-stack-protector"], "has no stack protector"),
+    (["-U_FORTIFY_SOURCE"], "calls printf without a check"),
+]
+SOFT_X86_64 = [(["-fcf-protection=none"], "has no mark for indirect calls (-fcf-protection) in main"),
+               (["-s"], "shows no function whose first instruction")]
+SOFT_WINDOWS = [(["-Wl,--disable-dynamicbase"], "is not marked DYNAMIC_BASE"),
+                (["-Wl,--disable-nxcompat"], "is not marked NX_COMPAT")]
+
 HEADERS = {"a/KyrA.h": """namespace Kyr { struct KYR_EXPORT A {  // not Inner, which stands here
   struct Inside; void f(); }; struct B; struct B { }; class C : A { }; struct D { }; }
 extern int data; void g(); """, "a/inner_p.h": "namespace Kyr::Inner { struct Inside { }; }"}
@@ -207,6 +230,15 @@ COMPARISON = [
 ]
 
 
+def make_writable(program):
+    """Adds the right to be written to all parts of a program for 64-bit Linux."""
+    image = bytearray(program.read_bytes())
+    table, parts = int.from_bytes(image[32:40], "little"), int.from_bytes(image[56:58], "little")
+    for part in range(table, table + parts * 56, 56):
+        image[part + 4] |= 2
+    program.write_bytes(image)
+
+
 def test_list(names):
     return json.dumps({"tests": [{"name": name} for name in names]})
 
@@ -311,6 +343,25 @@ class Refusals(unittest.TestCase):
                 if "std::" in complaint and library.read_bytes()[:2] == b"MZ":
                     continue  # a DLL exports what is told to, and no instances of templates
                 self.expect("check_exports.py", [library, "--headers", self.root], complaint)
+
+    def test_hardening(self):
+        machine = subprocess.run([COMPILER, "-dumpmachine"], check=True, capture_output=True,
+                                 text=True).stdout
+        options, rows = HARDENING, SOFT
+        if "mingw" in machine:
+            options, rows = [], SOFT_WINDOWS
+        elif machine.startswith("x86_64"):
+            options, rows = [*HARDENING, "-fcf-protection=full"], SOFT + SOFT_X86_64
+        self.plant({"a.cpp": HARDENED})
+        program = self.root / "a.exe"
+        for fault, complaint in [([], ""), *rows]:
+            with self.subTest(complaint):
+                subprocess.run([COMPILER, *options, *fault, "-o", program, self.root / "a.cpp"],
+                               check=True, capture_output=True)
+                self.expect("check_hardening.py", [program], complaint)
+        if options != [] and program.read_bytes()[4] == 2:  # of 64 bits
+            make_writable(program)
+            self.expect("check_hardening.py", [program], "has memory that is written and run")
 
 
 if __name__ == "__main__":

@@ -20,6 +20,13 @@ scripts_linted() {
       -type f -print0 | xargs -0 shellcheck
 }
 
+# What is installed, as ./dev test builds it.
+hardened() {
+  configure_and_build dev --target Kyr kyr_tool kyr_backtrace &&
+    python3 "$top/tools/check_hardening.py" "$top/build/dev/lib/libKyr.so" \
+      "$top/build/dev/bin/kyr" "$top/build/dev/lib/kyr/kyr-backtrace"
+}
+
 verb_check() {
   # shellcheck disable=SC2086
   need $test_packages $bench_packages $lint_packages
@@ -29,6 +36,7 @@ verb_check() {
   quietly 'Rooms' python3 "$top/tools/check_rooms.py" || worst=1
   quietly 'Platform rules' python3 "$top/tools/check_platform.py" || worst=1
   quietly 'Translations' python3 "$top/tools/check_messages.py" || worst=1
+  quietly 'Hardening of what is installed' hardened || worst=1
   quietly 'Configuring for clang' configure clang || exit 1
   quietly 'Every public header alone, by clang' \
     cmake --build "$top/build/clang" --target all_verify_interface_header_sets || worst=1

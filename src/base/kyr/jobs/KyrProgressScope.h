@@ -126,8 +126,7 @@ class KYR_EXPORT ProgressScope {
   const std::uint64_t _steps;  // at least 1
   const std::uint64_t _span;   // ticks that the scope fills
   const std::uint64_t _ticksPerStep;
-  const bool
-      _isCoarse;  // each step is about a percent; steps are few, so that cutting off is little
+  const bool _isCoarse;  // steps are about a percent each, and too few for cutting off to show
   const double _share;
   const double _stepsPerTick;           // divisions cost as much as a lock
   std::atomic<std::uint64_t> _done{0};  // steps
