@@ -62,11 +62,35 @@ verb_test() {
   run_tests tests dev "$@"
 }
 
+# repeat_tests [N] [CTEST OPTION...]: what happens only now and then, and what only without time.
+repeat_tests() {
+  times=200
+  case ${1-} in '' | *[!0-9]*) ;; *) times=$1; shift ;; esac
+  worst=0
+  build 'with ThreadSanitizer' tsan
+  if [ $# -gt 0 ]; then
+    run_tests "threads, each $times times" tsan --repeat "until-fail:$times" "$@"
+    return
+  fi
+  run_tests "threads, each $times times" tsan --repeat "until-fail:$times" \
+    -R '^(sync|jobs|log|trace|terminal)\.|^pack\.ZipPieces' || worst=$?
+  build 'the library and its tests' dev
+  run_tests "ends of processes, each $(((times + 3) / 4)) times, under load" dev \
+    --repeat "until-fail:$(((times + 3) / 4))" -j $((CTEST_PARALLEL_LEVEL * 4)) \
+    -R '^(crash|app)\.' || worst=$?
+  return "$worst"
+}
+
 verb_sanitize() {
   # shellcheck disable=SC2086
   need $test_packages
   with_plain_addresses sanitize "$@"
   german_locale
+  if [ "${1-}" = --repeat ]; then
+    shift
+    repeat_tests "$@"
+    return
+  fi
   worst=0
   build 'with AddressSanitizer' asan
   run_tests address-and-undefined asan "$@" || worst=$?
