@@ -146,7 +146,7 @@ void goPastTheDoctor(Room& locks) {
 
 std::string numbersTo(std::string text, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    text = std::regex_replace(text, std::regex("thread [0-9]+( \"[^\"]*\")?"), name,
+    text = std::regex_replace(text, std::regex("thread 0x[0-9a-f]+( \"[^\"]*\")?"), name,
                               std::regex_constants::format_first_only);
   }
   return text;

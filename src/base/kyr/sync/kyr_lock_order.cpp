@@ -286,7 +286,7 @@ Who LockBooks::whoIs(std::uint64_t number) noexcept {
 }
 
 LockBooks::Text& LockBooks::operator<<(Text& text, const Who& who) noexcept {
-  (text << "thread ").count(who.number);
+  (text << "thread ").hexadecimal(who.number);
   if (who.name[0] != '\0') {
     text << " \"" << who.name.data() << "\"";
   }
