@@ -293,6 +293,8 @@ TEST(Writing, AsPeopleDo) {
       {"en", uTemp, 20, [](Q q) { q.setUnit(Unit::Fahrenheit); }, "68_°F", "an offset"},
       {"en", uLength, infinity, [](Q) {}, "inf_mm", "no loop"},
       {"en", uLength, 1.0 / 3, [](Q q) { q.setExact(); }, "0.3333333333333333_mm", "all bits"},
+      {"en", uLength, 32102, [](Q q) { q.setExact().setUnit(Unit::Metre); },
+       "32.102000000000000001_m", "32.102 m is 32101.999999999996 mm to a double"},
   };
   for (const auto& row : rows) {
     QuantityText texts(row.kind, QLocale(row.language));

@@ -210,20 +210,36 @@ QString withoutSignOfZero(const QString& text) {
   return std::none_of(text.begin(), text.end(), counts) ? text.mid(1) : text;
 }
 
+Exact::Pair asRead(const Decimal& number) {
+  const QString text = exponentText(number);
+  const Scan::Number read = Scan::readNumber(text, number.negative ? 1 : 0, {'.', 0});
+  const double sign = number.negative ? -1.0 : 1.0;
+  return {sign * read.value.high, sign * read.value.low};
+}
+
+/// A number of a few digits with one more far behind them. Readers take few digits for the nearest
+/// double, which may be that of another value in the internal unit; more digits are read exactly.
+Decimal withManyDigits(Decimal number) {
+  constexpr int digits = 20;  // below half of a double's last bit
+  dropEndZeros(&number);
+  if (number.digits.size() <= static_cast<int>(meaningfulDigits)) {
+    number.digits = number.digits.leftJustified(digits - 1, '0') + '1';
+  }
+  return number;
+}
+
 /// As many of a reading's first digits as it takes to get back to the value.
 template <class LeadsBack>
 Decimal shortest(Decimal number, Exact::Pair reading, LeadsBack leadsBack) {
   for (unsigned digits = meaningfulDigits + 1; digits <= pairDigits; ++digits) {
-    const QString text = exponentText(number);
-    const Scan::Number read = Scan::readNumber(text, number.negative ? 1 : 0, {'.', 0});
-    const double sign = number.negative ? -1.0 : 1.0;
-    if (leadsBack({sign * read.value.high, sign * read.value.low})) {
-      break;
+    if (leadsBack(asRead(number))) {
+      return number;
     }
     number =
         digits < roundTripDigits ? decimalOf(reading.high, digits) : decimalOf(reading, digits);
   }
-  return number;
+  const Decimal longer = withManyDigits(number);
+  return leadsBack(asRead(longer)) ? longer : number;
 }
 
 int decimalsIn(const Decimal& number) {
