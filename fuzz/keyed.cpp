@@ -86,7 +86,7 @@ class LiteralReader {
 
   Outcome nextWord() {
     const int end = _line.indexOf(' ');
-    const QString word = _line.left(end);
+    QString word = _line.left(end);
     if (_line.isEmpty()) {
       return failed;
     }
@@ -101,7 +101,7 @@ class LiteralReader {
     if (_line.mid(spaces(), front.size()) != front || end < 0) {
       return failed;
     }
-    const QString value = _line.mid(begin, end - begin);
+    QString value = _line.mid(begin, end - begin);
     _line = _line.mid(end + 1);
     return value;
   }
@@ -132,7 +132,7 @@ class LiteralReader {
     _rest.remove_prefix(size);
     return bytes;
   }
-  QString decoded(const char* bytes) const { return Kyr::fromCodec(_codec, std::string(bytes)); }
+  QString decoded(const std::string& bytes) const { return Kyr::fromCodec(_codec, bytes); }
 
   std::optional<QString> dataLine() {
     do {
@@ -142,9 +142,10 @@ class LiteralReader {
         if (_rest.empty()) {
           return std::nullopt;
         }
-        std::string bytes = std::string(read()).c_str();
+        std::string bytes(read());
+        bytes.resize(std::min(bytes.find('\0'), bytes.size()));
         bytes.resize(bytes.find_last_not_of("\r\n") + 1);
-        QString text = decoded(bytes.c_str());
+        QString text = decoded(bytes);
         isContinued = text.endsWith('\\');
         text.chop(isContinued ? 1 : 0);
         _joined += text;

@@ -13,7 +13,7 @@ namespace KyrFuzz {
 namespace {
 
 bool sameBits(double a, double b) {
-  return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
+  return (a == b && std::signbit(a) == std::signbit(b)) || (std::isnan(a) && std::isnan(b));
 }
 
 bool isBlank(char byte) {

@@ -112,12 +112,14 @@ void checkAgreement(const std::string& file, std::size_t piece) {
 void checkRoundTrip(const std::string& plain, Choices& choices, std::size_t piece) {
   const bool inPieces = choices.yes();
   std::string file = written(plain, inPieces, choices.upTo(1));
-  Reading reading = drained(file, piece);
-  expect(reading.bytes == plain && reading.state == ZipInStream::StreamComplete &&
-             reading.hasIndex == inPieces,
-         "what was written is read");
-  expect(salvaged(file).isWhole, "a whole stream is salvaged whole");
-  const std::string sound = file;
+  if (choices.atEnd()) {
+    const Reading reading = drained(file, piece);
+    expect(reading.bytes == plain && reading.state == ZipInStream::StreamComplete &&
+               reading.hasIndex == inPieces,
+           "what was written is read");
+    expect(salvaged(file).isWhole, "a whole stream is salvaged whole");
+    return;
+  }
   for (unsigned i = 0; i < 2 && !choices.atEnd(); ++i) {
     const std::size_t at = (choices.upTo(255) * 256 + choices.upTo(255)) % file.size();
     if (i == 1 && choices.yes()) {
@@ -126,7 +128,7 @@ void checkRoundTrip(const std::string& plain, Choices& choices, std::size_t piec
     }
     file[at] = static_cast<char>(file[at] ^ static_cast<char>(choices.upTo(255)));
   }
-  reading = drained(file, piece);
+  const Reading reading = drained(file, piece);
   expect(reading.state != ZipInStream::StreamComplete || reading.bytes == plain,
          "what a good checksum ends is what was written");
   expect(!reading.hasIndex || plain.compare(0, reading.bytes.size(), reading.bytes) == 0,
