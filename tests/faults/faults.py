@@ -1,0 +1,380 @@
+#!/usr/bin/env python3
+"""Lets every call of the C library fail in turn, in programs that start the library, save, pack, read,
+report and close, and in the verbs of kyr.
+
+A point is one call of one session and what becomes of it. It is passed when the program has not
+crashed or hung, has told of what it could not do, has left every file that it saves old or new and
+whole, and leaves nothing behind once it has run again undisturbed. What moves fewer bytes than it was
+asked to, or is interrupted, must not be noticed at all. Ends with 1 if a point is not passed.
+"""
+import argparse
+import errno
+import gzip
+import hashlib
+import io
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tarfile
+import tempfile
+import time
+from collections import Counter
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+SECONDS = 30  # after which a run hangs
+FEWER = 0  # instead of a number of errno: fewer bytes are moved
+SCAN = "".join(f"POINT {i} {i * 0.5} {i}\n" for i in range(300))
+
+# What a call of each kind fails with, and whether once or from then on.
+ERRORS = {
+    "alloc": [(errno.ENOMEM, "once"), (errno.ENOMEM, "stays")],
+    "open": [(errno.EMFILE, "once"), (errno.EACCES, "once"), (errno.EMFILE, "stays")],
+    "read": [(errno.EIO, "once"), (FEWER, "once"), (errno.EINTR, "once")],
+    "write": [(errno.ENOSPC, "once"), (errno.EIO, "once"), (errno.ENOSPC, "stays"),
+              (FEWER, "once"), (errno.EINTR, "once")],
+    "sync": [(errno.EIO, "once")],
+    "rename": [(errno.EACCES, "once"), (errno.EIO, "once")],
+    "close": [(errno.EIO, "once")],
+    "cut": [(errno.ENOSPC, "once")],
+    "map": [(errno.ENOMEM, "once"), (errno.ENOMEM, "stays")],
+    "start": [(errno.EAGAIN, "once"), (errno.EAGAIN, "stays")],
+}
+UNNOTICED = (FEWER, errno.EINTR)
+
+# What other libraries do when one of their own calls fails: the function in which it fails, what may
+# come of it, and why that is so.
+CRASHES = "crashes|is ended by signal|hangs|does not recover"
+EXCUSED = [
+    ("^QCoreApplication::QCoreApplication", CRASHES,
+     "the application object is made before the library starts, and with it the report of crashes"),
+    ("^(g_|QEventDispatcherGlib::QEventDispatcherGlib)", CRASHES,
+     "GLib, which Qt starts in every thread, ends the process itself when it gets no memory"),
+    ("QLocale::|QSystemLocale::|QLocalePrivate::", CRASHES,
+     "the first look of QLocale at the user's settings does not survive want of memory"),
+    ("QSettings::QSettings", CRASHES, "a QSettings that cannot be made crashes"),
+    ("QThread::QThread", CRASHES, "a QThread that cannot be made crashes"),
+]
+
+
+def zip_content(data):
+    return data[104:]  # the header holds the time
+
+
+def file_list(data):
+    """The names in an archive whose contents tell of the moment, without numbers."""
+    with tarfile.open(fileobj=io.BytesIO(data)) as archive:
+        names = {re.sub("[0-9]+", "0", m.name) for m in archive if m.isfile()}
+    return "\n".join(sorted(names)).encode()
+
+
+class Session:
+    """A program, the files that it saves, and how their contents are compared."""
+
+    partial = False
+
+    def __init__(self, words, targets=(), prints=True, marked=False):
+        self.words, self.targets = words, dict(targets)
+        self.prints, self.marked = prints, marked
+        self.template = self.listing = self.new = self.old = self.output = None
+        self.counts = {}
+
+
+class Rescue(Session):
+    """One that saves what can be had of a damaged file, and says so."""
+
+    partial = True
+
+
+def steps(names, **targets):
+    return Session(["faults_session", names, ".", "2"],
+                   {f.replace("_", "."): read for f, read in targets.items()}, marked=True)
+
+
+def kyr(words, prints=True, **targets):
+    return Session(["kyr", *words.split()], {f.replace("_", "."): read for f, read in targets.items()},
+                   prints)
+
+
+tar = gzip.decompress
+SESSIONS = {
+    "start": steps("start,close"),
+    "save": steps("save,plain,back", project_kyr=zip_content, plain_kyr=zip_content),
+    "archive": steps("pack,unpack", archive_tar_gz=tar),
+    "report": steps("report"),
+    "work": steps("read,values,journal,lock,share,close"),
+    "convert": kyr("convert 25.4mm inch"),
+    "units": kyr("units LENGTH"),
+    "info": kyr("zip info project.kyr"),
+    "verify": kyr("zip verify project.kyr"),
+    "cat": kyr("zip cat project.kyr"),
+    "salvage": Rescue(["kyr", "zip", "salvage", "project.kyr", "salvaged"], {"salvaged": bytes}),
+    "pack": kyr("zip pack in/scan.txt packed.kyr", packed_kyr=zip_content),
+    "pieces": kyr("zip pack --workers 2 in/scan.txt packed.kyr", packed_kyr=zip_content),
+    "create": kyr("tar create made.tar.gz in", made_tar_gz=tar),
+    "list": kyr("tar list archive.tar.gz"),
+    "extract": kyr("tar extract -f archive.tar.gz out"),
+    "encode": kyr("base64 encode in/scan.txt"),
+    "crc16": kyr("crc16 in/scan.txt project.kyr"),
+    "sort": kyr("sort in/scan.txt"),
+    "next": kyr("next img0007.tif"),
+    "changelog": kyr("changelog page.html", page_html=bytes),
+    "support": kyr("report -f support.tar.gz", prints=False, support_tar_gz=file_list),
+}
+
+
+def listing(folder):
+    found = {p.relative_to(folder).as_posix() for p in folder.rglob("*")}
+    return {name for name in found if name.split("/")[0] not in ("tmp", "home")}
+
+
+class Bench:
+    def __init__(self, build, room):
+        self.bin, self.shim, self.room = build / "bin", build / "lib/kyr_fault_shim.so", room
+
+    def run(self, session, folder, fault=None, seconds=SECONDS, seed=None):
+        words = [str(self.bin / session.words[0]), *session.words[1:]]
+        if seed and session.marked:
+            words[-1] = seed
+        environment = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "HOME": str(folder / "home"),
+                       "TMPDIR": str(folder / "tmp"), "KYR_NUMBER_OF_CPUS": "2"}
+        if fault is not None:
+            environment |= {"LD_PRELOAD": str(self.shim), "KYR_FAULT": fault,
+                            "KYR_FAULT_LOG": str(folder / "tmp/faults.log")}
+            if session.marked:
+                environment["KYR_FAULT_WAITS"] = "1"
+        with subprocess.Popen(words, cwd=folder, env=environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            try:
+                out, err = process.communicate(timeout=seconds)
+                return process.returncode, out, err
+            except subprocess.TimeoutExpired:
+                process.send_signal(signal.SIGABRT)  # so that it reports where its threads are
+                try:
+                    out, err = process.communicate(timeout=20)
+                except subprocess.TimeoutExpired:
+                    process.kill()
+                    out, err = process.communicate()
+                return "hangs", out, err
+
+    def contents(self, session, folder):
+        found = {}
+        for name, read in session.targets.items():
+            try:
+                found[name] = hashlib.sha256(read((folder / name).read_bytes())).hexdigest()
+            except FileNotFoundError:
+                found[name] = "missing"
+            except (OSError, EOFError, ValueError, tarfile.TarError) as error:
+                found[name] = f"broken: {error}"
+        return found
+
+    def prepare(self, name, session):
+        """A folder to begin with, what a run makes of it, and how many calls that takes."""
+        session.template = self.room / f"{name}.template"
+        for part in ("in", "tmp", "home", "out"):
+            (session.template / part).mkdir(parents=True)
+        (session.template / "in/scan.txt").write_text(SCAN)
+        whole = steps("save,plain,pack")
+        whole.words[-1] = "1"
+        for each in (whole, session):
+            if each.marked or each is whole:
+                code, out, err = self.run(each, session.template, seed="1")
+                assert code == 0, f"{name}: {err.decode()}"
+        for target in session.targets:
+            if not (session.template / target).exists():
+                (session.template / target).write_bytes(b"an older file")
+        folder = self.fresh(session, name + ".count")
+        session.old = self.contents(session, folder)
+        code, session.output, err = self.run(session, folder, "none 0 0 once")
+        assert code == 0, f"{name}: {code} {err.decode()}"
+        session.new, session.listing = self.contents(session, folder), listing(folder)
+        for line in (folder / "tmp/faults.log").read_text().splitlines():
+            kind, count = line.split()
+            session.counts[kind] = int(count)
+        shutil.rmtree(folder)
+
+    def fresh(self, session, name):
+        folder = self.room / name
+        shutil.copytree(session.template, folder)
+        return folder
+
+    def examine(self, session, point, number):
+        """What is wrong with what becomes of a point; None if nothing is, "" if it was not met."""
+        folder = self.fresh(session, f"point.{number}")
+        try:
+            code, out, err = self.run(session, folder, " ".join(map(str, point)))
+            log = (folder / "tmp/faults.log").read_text()
+            if "at " not in log:
+                return ("unmet", log, b"") if code == 0 else ("fails without a fault", log, err)
+            fault = self.judge(session, point, folder, code, out, err) or self.rerun(session, folder)
+            return (fault, log, err)
+        finally:
+            shutil.rmtree(folder, ignore_errors=True)
+
+    def judge(self, session, point, folder, code, out, err):
+        kind, _, error, mode = point
+        crash = re.search(rb"caught exception: (.*)", err)
+        if code == "hangs":
+            return "hangs"
+        if isinstance(code, int) and code < 0:
+            return f"is ended by signal {-code}" + ("" if crash else " without a report")
+        if crash and b"std::bad_alloc" not in crash[1] and b"OutOfMemory" not in crash[1]:
+            return f"crashes: {crash[1].decode()}"
+        if error in UNNOTICED and code != 0:
+            return f"notices fewer bytes or an interruption: code {code}"
+        if kind == "sync" and code == 0:
+            return "reports success for what the disk may not have"
+        if code != 0 and not err and kind != "write" and out == session.output:
+            return f"ends with code {code} and says nothing"
+        if session.marked and mode == "once" and code not in (0, 3) and not crash:
+            return f"does not recover: code {code}"
+        if session.partial and code != 0:
+            return None
+        return self.losses(session, folder, code in (0, 3), out)
+
+    def losses(self, session, folder, succeeded, out):
+        found = self.contents(session, folder)
+        for name, content in found.items():
+            if content != session.new[name] and (succeeded or content != session.old[name]):
+                what = content if content.startswith("broken") else "neither old nor new"
+                what = "still the old one" if content == session.old[name] else what
+                return f"{name} is {what}" + (" though success was reported" if succeeded else "")
+        if succeeded and session.prints and not session.marked and out != session.output:
+            return "prints something else, and reports success"
+        return None
+
+    def rerun(self, session, folder):
+        code, out, err = self.run(session, folder)
+        if code != 0:
+            return f"cannot run again: code {code}, {err.decode()}"
+        left = listing(folder) ^ session.listing
+        if left:
+            return f"leaves behind or is without {sorted(left)}"
+        return self.losses(session, folder, True, out)
+
+
+def points_of(session):
+    return [(kind, number, error, mode) for kind, count in session.counts.items()
+            for number in range(1, count + 1) for error, mode in ERRORS[kind]]
+
+
+def spread(points, most):
+    """So many of the points, evenly."""
+    if len(points) <= most:
+        return points
+    return [points[i * len(points) // most] for i in range(most)]
+
+
+def sample(session, most):
+    """The calls that are not for memory come first: there are few of them."""
+    points = points_of(session)
+    others = spread([p for p in points if p[0] != "alloc"], most // 2)
+    return others + spread([p for p in points if p[0] == "alloc"], most - len(others))
+
+
+def functions(log):
+    """The names of the functions that led to the call that failed, the innermost first."""
+    names = []
+    for module, offset, symbol in re.findall(r"at (\S+) (\S+) (\S+)", log):
+        if module.endswith("kyr_fault_shim.so"):
+            continue
+        found = subprocess.run(["addr2line", "-Cfpie", module, offset], capture_output=True,
+                               text=True, check=False).stdout.splitlines()
+        known = [line.strip() for line in found if not line.startswith("??")]
+        if not known:
+            demangled = subprocess.run(["c++filt", symbol], capture_output=True, text=True, check=False)
+            known = [f"{demangled.stdout.strip()} in {Path(module).name}"]
+        names += [line.replace("(inlined by) ", "") for line in known]
+    return names
+
+
+def crashed_in(err):
+    """The functions in which a process crashed, which may be far behind the first call that failed."""
+    report = err.decode(errors="replace").partition("backtrace of the crashing thread")[2]
+    return re.findall(r"^#\d+ +0x[0-9a-f]+ (?:\S+!)?([^+\n]+)", report.partition("next thread")[0], re.M)
+
+
+def excuse(what, names):
+    for function, outcome, why in EXCUSED:
+        if re.search(outcome, what) and any(re.search(function, name) for name in names):
+            return why
+    return None
+
+
+def describe(point):
+    kind, number, error, mode = point
+    what = "moves fewer bytes" if error == FEWER else f"fails with {errno.errorcode[error]}"
+    return f"{kind} {number} {what}" + (" as all later ones do" if mode == "stays" else "")
+
+
+def tell(name, point, what, err, names):
+    print(flush=True); print(f"{name}: {describe(point)}: {what}")
+    print("  again with: ./dev faults", name, "--point", f"'{' '.join(map(str, point))}'")
+    for line in names[:14]:
+        print("   ", line[:160])
+    for line in err.decode(errors="replace").splitlines()[:30]:
+        print("  |", line[:160])
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
+    parser.add_argument("names", nargs="*", choices=[[], *SESSIONS], metavar="NAME",
+                        help="sessions; all unless told: " + ", ".join(SESSIONS))
+    parser.add_argument("--build", type=Path, required=True)
+    parser.add_argument("--all", action="store_true", help="every point, which takes hours")
+    parser.add_argument("--points", type=int, default=2500, help="how many, of all sessions")
+    parser.add_argument("--kind", choices=ERRORS, help="calls of one kind only")
+    parser.add_argument("--point", help='one, as "alloc 17 12 once"')
+    options = parser.parse_args()
+    chosen = {name: SESSIONS[name] for name in options.names or SESSIONS}
+    memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+    with tempfile.TemporaryDirectory(prefix="kyr-faults-", dir=memory) as room:
+        return examine(Bench(options.build.resolve(), Path(room)), chosen, options)
+
+
+def select(session, options, share):
+    if options.point:
+        kind, number, error, mode = options.point.split()
+        return [(kind, int(number), int(error), mode)]
+    if options.kind:
+        points = [p for p in points_of(session) if p[0] == options.kind]
+        return points if options.all else spread(points, share)
+    return points_of(session) if options.all else sample(session, share)
+
+
+def examine(bench, chosen, options):
+    begun = time.monotonic()
+    todo = []
+    for name, session in chosen.items():
+        bench.prepare(name, session)
+        todo += [(name, session, p) for p in select(session, options, options.points // len(chosen))]
+    seen, excused, wrong, told = Counter(), Counter(), Counter(), set()
+    with ThreadPoolExecutor(os.cpu_count()) as threads:
+        results = threads.map(lambda job: bench.examine(job[1][1], job[1][2], job[0]), enumerate(todo))
+        for (name, _, point), (what, log, err) in zip(todo, results):
+            seen[name] += 1
+            if what is None or what == "unmet":
+                seen["unmet"] += what == "unmet"
+                continue
+            names = functions(log)
+            why = excuse(what, names + crashed_in(err))
+            if why:
+                excused[why] += 1
+                continue
+            wrong[name] += 1
+            if (re.sub("0x[0-9a-f]+", "", what), *names[:6]) not in told:
+                told.add((re.sub("0x[0-9a-f]+", "", what), *names[:6]))
+                tell(name, point, what, err, names)
+    possible = sum(len(points_of(session)) for session in chosen.values())
+    for why, count in excused.items():
+        print(f"{count} excused: {why}")
+    print(f"{len(todo)} points of {possible}, {seen['unmet']} not met, {sum(excused.values())} excused, "
+          f"{sum(wrong.values())} not passed, {time.monotonic() - begun:.0f} s")
+    return 1 if wrong or not todo else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

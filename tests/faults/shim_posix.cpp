@@ -1,0 +1,363 @@
+// Stands in front of the C library of a process and lets one of its calls fail.
+//
+// KYR_FAULT="KIND NUMBER ERROR MODE" names the call: the NUMBER-th of its KIND, counted from 1,
+// which fails with ERROR, a number of errno, or, as 0, moves fewer bytes than it was asked to. MODE
+// is "once", or "stays" when all later calls of the kind fail as well. Counting starts with main(),
+// or in programs that say so with kyrFaultsBegin(). KYR_FAULT_LOG names a file that gets the
+// numbers of calls, and where the call that failed came from. Programs that this one starts are
+// left alone.
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <execinfo.h>
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/mman.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#define SHIM __attribute__((visibility("default")))
+
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+}
+
+namespace {
+
+enum Kind { Alloc, Open, Read, Write, Sync, Rename, Close, Cut, Map, Start, Kinds };
+
+constexpr std::array<const char*, Kinds> names = {"alloc",  "open",  "read", "write", "sync",
+                                                  "rename", "close", "cut",  "map",   "start"};
+constexpr int moveFewer = 0;
+constexpr int none = -1;
+
+std::array<std::atomic<long>, Kinds> counts{};
+std::atomic<bool> counting{false};
+std::atomic<bool> fired{false};
+thread_local bool inside = false;
+pid_t process = 0;
+int logFile = -1;
+
+struct Fault {
+  int kind = Kinds;
+  long number = 0;
+  int error = 0;
+  bool stays = false;
+} fault;
+
+void tellWhere() {
+  if (fired.exchange(true)) {
+    return;
+  }
+  std::array<void*, 100> frames{};
+  const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
+  for (int i = 2; i < depth; ++i) {
+    const char* const call = static_cast<char*>(frames[static_cast<std::size_t>(i)]) - 1;
+    Dl_info info{};
+    dladdr(call, &info);
+    const long offset = call - static_cast<char*>(info.dli_fbase);
+    dprintf(logFile, "at %s %#lx %s\n", info.dli_fname, offset,
+            info.dli_sname ? info.dli_sname : "?");
+  }
+}
+
+/// What the call at hand is to fail with; none when it is not its turn.
+int turn(Kind kind) {
+  if (!counting.load(std::memory_order_relaxed) || inside) {
+    return none;
+  }
+  inside = true;
+  const int before = errno;
+  const bool isMine = getpid() == process;
+  const long number = isMine ? ++counts[kind] : 0;
+  const bool isChosen = isMine && kind == fault.kind &&
+                        (number == fault.number || (fault.stays && number > fault.number));
+  if (isChosen) {
+    tellWhere();
+  }
+  errno = isChosen ? fault.error : before;
+  inside = false;
+  return isChosen ? fault.error : none;
+}
+
+bool fails(Kind kind) {
+  return turn(kind) != none;
+}
+
+template <class Function>
+Function* real(Function* /*own*/, const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+/// How many bytes a transfer may move: fewer of more than one. -1 when it fails.
+ssize_t allowed(Kind kind, std::size_t wanted) {
+  const int error = turn(kind);
+  const auto all = static_cast<ssize_t>(wanted);
+  return error == none ? all : error != moveFewer ? -1 : all > 1 ? all / 2 : all;
+}
+
+/// Whether an operation of a C stream fails; one cannot make it move less.
+bool streamFails(Kind kind, std::FILE* stream) {
+  const int error = turn(kind);
+  if (error == none || error == moveFewer || error == EINTR) {
+    return false;
+  }
+  stream->_flags |= 0x20;  // what ferror() looks at
+  return true;
+}
+
+void begin() {
+  counting = true;
+}
+
+void readOrder() {
+  std::array<char, 16> kind{};
+  std::array<char, 16> mode{};
+  const char* const order = std::getenv("KYR_FAULT");
+  if (order && std::sscanf(order, "%15s %ld %d %15s", kind.data(), &fault.number, &fault.error,
+                           mode.data()) == 4) {
+    fault.stays = std::strcmp(mode.data(), "stays") == 0;
+    fault.kind = 0;
+    while (fault.kind < Kinds &&
+           std::strcmp(names[static_cast<std::size_t>(fault.kind)], kind.data()) != 0) {
+      ++fault.kind;
+    }
+  }
+}
+
+__attribute__((constructor)) void prepare() {
+  const char* const log = std::getenv("KYR_FAULT_LOG");
+  if (!log) {
+    return;
+  }
+  readOrder();
+  const int low = open(log, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  logFile = fcntl(low, F_DUPFD_CLOEXEC, 900);  // the numbers of files are as without this
+  close(low);
+  std::array<void*, 4> frames{};
+  backtrace(frames.data(), 4);  // loads what it needs
+  process = getpid();
+  unsetenv("LD_PRELOAD");
+}
+
+__attribute__((destructor)) void tellCounts() {
+  counting = false;
+  if (logFile >= 0 && getpid() == process) {
+    for (std::size_t i = 0; i < Kinds; ++i) {
+      dprintf(logFile, "%s %ld\n", names[i], counts[i].load());
+    }
+  }
+}
+
+int (*realMain)(int, char**, char**) = nullptr;
+
+int mainCounted(int count, char** words, char** environment) {
+  if (!std::getenv("KYR_FAULT_WAITS")) {
+    begin();
+  }
+  return realMain(count, words, environment);
+}
+
+mode_t modeOf(int flags, std::va_list list) {
+  return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE ? va_arg(list, mode_t) : 0;
+}
+
+}  // namespace
+
+extern "C" {
+
+SHIM void kyrFaultsBegin() {
+  begin();
+}
+
+SHIM int __libc_start_main(int (*main)(int, char**, char**), int count, char** words,
+                           void (*init)(), void (*fini)(), void (*loader)(), void* stack) {
+  realMain = main;
+  return real(&__libc_start_main, "__libc_start_main")(&mainCounted, count, words, init, fini,
+                                                       loader, stack);
+}
+
+SHIM void* malloc(std::size_t size) {
+  return fails(Alloc) ? nullptr : __libc_malloc(size);
+}
+
+SHIM void* calloc(std::size_t count, std::size_t size) {
+  return fails(Alloc) ? nullptr : __libc_calloc(count, size);
+}
+
+SHIM void* realloc(void* block, std::size_t size) {
+  return size != 0 && fails(Alloc) ? nullptr : __libc_realloc(block, size);
+}
+
+SHIM void* aligned_alloc(std::size_t alignment, std::size_t size) {
+  return fails(Alloc) ? nullptr : __libc_memalign(alignment, size);
+}
+
+SHIM int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
+  void* const made = fails(Alloc) ? nullptr : __libc_memalign(alignment, size);
+  *block = made ? made : *block;
+  return made ? 0 : ENOMEM;
+}
+
+SHIM int open(const char* name, int flags, ...) {
+  std::va_list list;
+  va_start(list, flags);
+  const mode_t mode = modeOf(flags, list);
+  va_end(list);
+  return fails(Open) ? -1 : real(&open, "open")(name, flags, mode);
+}
+
+SHIM int open64(const char* name, int flags, ...) {
+  std::va_list list;
+  va_start(list, flags);
+  const mode_t mode = modeOf(flags, list);
+  va_end(list);
+  return fails(Open) ? -1 : real(&open64, "open64")(name, flags, mode);
+}
+
+SHIM int openat(int folder, const char* name, int flags, ...) {
+  std::va_list list;
+  va_start(list, flags);
+  const mode_t mode = modeOf(flags, list);
+  va_end(list);
+  return fails(Open) ? -1 : real(&openat, "openat")(folder, name, flags, mode);
+}
+
+SHIM std::FILE* fopen(const char* name, const char* mode) {
+  return fails(Open) ? nullptr : real(&fopen, "fopen")(name, mode);
+}
+
+SHIM std::FILE* fopen64(const char* name, const char* mode) {
+  return fails(Open) ? nullptr : real(&fopen64, "fopen64")(name, mode);
+}
+
+SHIM DIR* opendir(const char* name) {
+  return fails(Open) ? nullptr : real(&opendir, "opendir")(name);
+}
+
+SHIM ssize_t read(int file, void* room, std::size_t size) {
+  const ssize_t most = allowed(Read, size);
+  return most < 0 ? -1 : real(&read, "read")(file, room, static_cast<std::size_t>(most));
+}
+
+SHIM ssize_t pread(int file, void* room, std::size_t size, off_t offset) {
+  const ssize_t most = allowed(Read, size);
+  return most < 0 ? -1 : real(&pread, "pread")(file, room, static_cast<std::size_t>(most), offset);
+}
+
+SHIM std::size_t fread(void* room, std::size_t size, std::size_t count, std::FILE* stream) {
+  return streamFails(Read, stream) ? 0 : real(&fread, "fread")(room, size, count, stream);
+}
+
+SHIM char* fgets(char* room, int size, std::FILE* stream) {
+  return streamFails(Read, stream) ? nullptr : real(&fgets, "fgets")(room, size, stream);
+}
+
+SHIM ssize_t write(int file, const void* bytes, std::size_t size) {
+  const ssize_t most = allowed(Write, size);
+  return most < 0 ? -1 : real(&write, "write")(file, bytes, static_cast<std::size_t>(most));
+}
+
+SHIM ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t offset) {
+  const ssize_t most = allowed(Write, size);
+  return most < 0 ? -1
+                  : real(&pwrite, "pwrite")(file, bytes, static_cast<std::size_t>(most), offset);
+}
+
+// Moves of fewer bytes end with the first part.
+SHIM ssize_t writev(int file, const iovec* parts, int count) {
+  const int error = turn(Write);
+  return error == none        ? real(&writev, "writev")(file, parts, count)
+         : error == moveFewer ? real(&write, "write")(file, parts[0].iov_base, parts[0].iov_len)
+                              : -1;
+}
+
+SHIM std::size_t fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* stream) {
+  return streamFails(Write, stream) ? 0 : real(&fwrite, "fwrite")(bytes, size, count, stream);
+}
+
+SHIM int fflush(std::FILE* stream) {
+  const bool failed = stream ? streamFails(Write, stream) : fails(Write);
+  return failed ? EOF : real(&fflush, "fflush")(stream);
+}
+
+SHIM int fsync(int file) {
+  return fails(Sync) ? -1 : real(&fsync, "fsync")(file);
+}
+
+SHIM int fdatasync(int file) {
+  return fails(Sync) ? -1 : real(&fdatasync, "fdatasync")(file);
+}
+
+SHIM int rename(const char* from, const char* to) {
+  return fails(Rename) ? -1 : real(&rename, "rename")(from, to);
+}
+
+SHIM int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+  return fails(Rename) ? -1 : real(&renameat2, "renameat2")(fromFolder, from, toFolder, to, flags);
+}
+
+SHIM int link(const char* from, const char* to) {
+  return fails(Rename) ? -1 : real(&link, "link")(from, to);
+}
+
+// A failing close() has closed the file all the same.
+SHIM int close(int file) {
+  const bool failed = fails(Close);
+  const int error = errno;
+  const int result = real(&close, "close")(file);
+  errno = failed ? error : errno;
+  return failed ? -1 : result;
+}
+
+SHIM int fclose(std::FILE* stream) {
+  const bool failed = fails(Close);
+  const int error = errno;
+  const int result = real(&fclose, "fclose")(stream);
+  errno = failed ? error : errno;
+  return failed ? EOF : result;
+}
+
+SHIM int truncate(const char* name, off_t size) {
+  return fails(Cut) ? -1 : real(&truncate, "truncate")(name, size);
+}
+
+SHIM int ftruncate(int file, off_t size) {
+  return fails(Cut) ? -1 : real(&ftruncate, "ftruncate")(file, size);
+}
+
+SHIM int ftruncate64(int file, off64_t size) {
+  return fails(Cut) ? -1 : real(&ftruncate64, "ftruncate64")(file, size);
+}
+
+SHIM int posix_fallocate(int file, off_t offset, off_t size) {
+  return fails(Cut) ? fault.error : real(&posix_fallocate, "posix_fallocate")(file, offset, size);
+}
+
+SHIM void* mmap(void* at, std::size_t size, int protection, int flags, int file, off_t offset) {
+  return fails(Map) ? MAP_FAILED : real(&mmap, "mmap")(at, size, protection, flags, file, offset);
+}
+
+SHIM void* mmap64(void* at, std::size_t size, int protection, int flags, int file, off64_t offset) {
+  return fails(Map) ? MAP_FAILED
+                    : real(&mmap64, "mmap64")(at, size, protection, flags, file, offset);
+}
+
+SHIM int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                        void* (*function)(void*), void* argument) {
+  return fails(Start)
+             ? fault.error
+             : real(&pthread_create, "pthread_create")(thread, attributes, function, argument);
+}
+
+}  // extern "C"

@@ -1,0 +1,25 @@
+#!/bin/sh
+# What becomes of programs whose calls fail, that are killed, or that have very much to do. Read by ./dev.
+
+# verb_faults [kills | limits | NAME...] [OPTION...]: without arguments what CI wants of it.
+verb_faults() {
+  # shellcheck disable=SC2086
+  need $test_packages
+  build 'the library and its sessions' dev \
+    --target kyr_tool faults_session faults_limits kyr_fault_shim
+  case ${1-} in
+    kills | limits) in_faults "$@"; return ;;
+    ?*) in_faults faults "$@"; return ;;
+  esac
+  worst=0
+  in_faults faults || worst=1
+  in_faults kills || worst=1
+  return "$worst"
+}
+
+# in_faults PART [OPTION...]
+in_faults() {
+  part=$1
+  shift
+  python3 -B "$top/tests/faults/$part.py" --build "$top/build/dev" "$@"
+}
