@@ -136,11 +136,11 @@
     </message>
     <message>
         <source>in less than 2 ms</source>
-        <translation>不到 2 ms</translation>
+        <translation>用时不到 2 ms</translation>
     </message>
     <message>
         <source>at %1 MB/s</source>
-        <translation>速度 %1 MB/s</translation>
+        <translation>%1 MB/s</translation>
     </message>
     <message>
         <source>the system starts no threads for the analysis</source>
@@ -417,7 +417,7 @@
     </message>
     <message>
         <source>all %1 equal</source>
-        <translation>%1全部相同</translation>
+        <translation>%1，全部相同</translation>
     </message>
     <message>
         <source>DIFFERENT: %1</source>

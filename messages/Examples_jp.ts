@@ -329,7 +329,7 @@
     </message>
     <message>
         <source>the surface has %1; its volume is closed over the middle</source>
-        <translation>表面に %1があります。体積は中心に向かって閉じて計算します</translation>
+        <translation>表面に%1があります。体積は中心に向かって閉じて計算します</translation>
     </message>
     <message>
         <source>jobs</source>
@@ -417,7 +417,7 @@
     </message>
     <message>
         <source>all %1 equal</source>
-        <translation>%1すべて一致</translation>
+        <translation>%1、すべて一致</translation>
     </message>
     <message>
         <source>DIFFERENT: %1</source>

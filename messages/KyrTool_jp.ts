@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>says whether a zip stream is complete, and which pieces are damaged</source>
-        <translation>zip ストリームが完全か、どのチャンクが破損しているかを示します</translation>
+        <translation>zip ストリームの完全性と、破損したチャンクを示します</translation>
     </message>
     <message>
         <source>writes the content of a zip stream</source>
@@ -515,7 +515,7 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
     </message>
     <message>
         <source>shows where the time of a program went that KYR_TRACE traced</source>
-        <translation>KYR_TRACE で記録したプログラムが、どこで時間を使ったかを表示します</translation>
+        <translation>KYR_TRACE で記録したプログラムの時間の内訳を表示します</translation>
     </message>
     <message>
         <source>%1: byte %2: %3</source>

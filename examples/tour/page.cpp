@@ -3,6 +3,7 @@
 #include "console_p.h"
 
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/terminal/KyrColumns.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -22,23 +23,28 @@ void print(const QString& line) {
   std::puts(encoded(printed).constData());
 }
 
-/// Breaks a text between words into lines of at most \a width characters; a longer word
-/// stands alone.
+/// Breaks a text between words into lines of at most \a width columns; a longer word stands
+/// alone.
 QStringList wrapped(const QString& text, int width) {
   QStringList lines;
   QString line;
   for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
-    if (!line.isEmpty() && line.size() + 1 + word.size() > width) {
-      lines << line;
-      line.clear();
+    QString gap = line.isEmpty() ? "" : " ";
+    for (const QString& piece : Kyr::breakablePieces(word)) {
+      if (!line.isEmpty() && Kyr::columnsOf(line + gap + piece) > width) {
+        lines << line;
+        line.clear();
+        gap.clear();
+      }
+      line += gap + piece;
+      gap.clear();
     }
-    line += line.isEmpty() ? word : ' ' + word;
   }
   return lines << line;
 }
 
 void draw(const QString& line) {
-  std::fputs(encoded('\r' + line.leftJustified(pageWidth - 1)).constData(), stdout);
+  std::fputs(encoded('\r' + Kyr::filledTo(line, pageWidth - 1)).constData(), stdout);
   std::fflush(stdout);
 }
 
@@ -46,7 +52,7 @@ void draw(const QString& line) {
 
 void Page::title(const QString& text) {
   print(text);
-  print(QString(std::min<int>(pageWidth, text.size()), '='));
+  print(QString(std::min(pageWidth, Kyr::columnsOf(text)), '='));
 }
 
 void Page::section(const QString& text) {
@@ -58,24 +64,24 @@ void Page::end(const QString& text) {
 }
 
 void Page::row(const QString& name, const QString& value) {
-  QString before = ("   " + name).leftJustified(nameWidth) + ' ';
+  QString before = Kyr::filledTo("   " + name, nameWidth) + ' ';
   const QStringList paragraphs = value.split('\n');
   for (const QString& paragraph : paragraphs) {
     for (const QString& line : wrapped(paragraph, pageWidth - nameWidth - 1)) {
       print(before + line);
-      before.fill(' ');
+      before = QString(Kyr::columnsOf(before), ' ');
     }
   }
 }
 
 void Page::cells(const QString& name, const QStringList& values) {
-  QString line = ("   " + name).leftJustified(nameWidth);
+  QString line = Kyr::filledTo("   " + name, nameWidth);
   const int width = (pageWidth - nameWidth) / std::max<int>(1, values.size());
   for (const QString& value : values) {
     const QString cell = value.rightJustified(std::max<int>(width, value.size() + 1));
-    if (line.size() + cell.size() > pageWidth) {
+    if (Kyr::columnsOf(line + cell) > pageWidth) {
       print(line);
-      line.fill(' ', nameWidth);
+      line = QString(nameWidth, ' ');
     }
     line += cell;
   }
@@ -92,7 +98,7 @@ void Page::progress(int percent, const QString& what) {
   constexpr int barWidth = 20;
   if (_onTerminal) {
     const QString bar = QString(percent * barWidth / 100, '#').leftJustified(barWidth, '.');
-    draw(QString("   %1 [%2] %3%").arg(what, -nameWidth * 2).arg(bar).arg(percent, 3));
+    draw(QString("   %1 [%2] %3%").arg(Kyr::filledTo(what, nameWidth * 2), bar).arg(percent, 3));
   } else if (!what.isEmpty() && what != _progressText) {
     row(Kyr::translate("Tour", "working"), what);
     std::fflush(stdout);

@@ -1,3 +1,4 @@
+#include <kyr/terminal/KyrColumns.h>
 #include <kyr/terminal/progress_line_p.h>
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@ TEST(ProgressLine, FitsIntoAnyTerminal) {
     for (int width = -1; width < 250; ++width) {
       for (const int percent : {0, 7, 100}) {
         const QString line = ProgressLine::bar(text, percent, 359999, width);
-        EXPECT_LE(ProgressLine::columns(line), std::max(width, 0)) << width;
+        EXPECT_LE(columnsOf(line), std::max(width, 0)) << width;
       }
     }
   }
@@ -42,5 +43,28 @@ TEST(ProgressLine, SaysHowFarItIs) {
         << row.fault;
   }
   EXPECT_EQ(ProgressLine::plain("a\tb", 7), "  7% a b");
-  EXPECT_EQ(ProgressLine::columns(QString::fromUtf8("e\xcc\x81\xe6\xb8\xac")), 3);
+}
+
+TEST(Columns, OfWideLettersAndMarks) {
+  const struct {
+    const char* word;
+    int columns;
+    const char* pieces;
+    const char* catches;
+  } rows[] = {
+      {"", 0, "", "nothing"},
+      {"e\u0301\u6e2c", 3, "e\u0301|\u6e2c", "a mark, a wide letter"},
+      {"well-known/x", 12, "well-known/x", "a hyphen ends no line"},
+      {"\u5e73\u5747\u3002", 6, "\u5e73|\u5747\u3002", "a full stop stays behind its word"},
+      {"\u300ckyr\u300d\u306f", 9, "\u300ckyr\u300d|\u306f", "quotes stay at their word"},
+      {"kyr\u306e", 5, "kyr|\u306e", "between two writings"},
+      {"\u00ab\u00a0x\u00a0\u00bb", 5, "\u00ab\u00a0x\u00a0\u00bb", "no-break blanks"},
+  };
+  for (const auto& row : rows) {
+    const QString word = QString::fromUtf8(row.word);
+    EXPECT_EQ(columnsOf(word), row.columns) << row.catches;
+    EXPECT_EQ(breakablePieces(word).join('|').toStdString(), row.pieces) << row.catches;
+  }
+  EXPECT_EQ(filledTo(QString::fromUtf8("\u6e2c"), 4).toStdString(), "\u6e2c  ");
+  EXPECT_EQ(filledTo("four", 3), "four");
 }

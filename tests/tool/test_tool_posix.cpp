@@ -24,4 +24,8 @@ TEST(ToolOnLinux, ReadsAndSpeaksAsItsUserDoes) {
                 "faults"},
                {"help tar extract", 0, "erklärt den Befehl\n", "", "help"},
                {"changelog", 0, "</span> new <code", "", "a page in English for everybody"}});
+  const KyrTest::ScopedEnvironment language("LANGUAGE", "ja");
+  KyrTest::expectAnswers(folder,
+                         {{"help zip pack", 0, "を指定すると、\n  チャンクに分けます\n", "",
+                           "a line of wide letters ends at the edge, and not before a comma"}});
 }

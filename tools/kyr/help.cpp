@@ -5,6 +5,7 @@
 #include "output.h"
 
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/terminal/KyrColumns.h>
 
 #include <algorithm>
 
@@ -48,17 +49,17 @@ QStringList partsOf(const QString& text) {
 QString wrapped(const QString& text, int used, int indent) {
   QString lines;
   int column = used;
-  for (const QString& part : partsOf(text)) {
-    const bool isFirst = lines.isEmpty();
-    if (!isFirst && column + 1 + part.size() >= width()) {
-      lines += '\n' + QString(indent, ' ');
-      column = indent;
-    } else if (!isFirst) {
-      lines += ' ';
-      ++column;
+  const QStringList parts = partsOf(text);
+  for (const QString& part : parts) {
+    QString gap = lines.isEmpty() ? "" : " ";
+    const QStringList pieces = part[0] == '[' ? QStringList(part) : Kyr::breakablePieces(part);
+    for (const QString& piece : pieces) {
+      const int columns = Kyr::columnsOf(gap + piece);
+      const bool fits = lines.isEmpty() || column + columns < width();
+      lines += fits ? gap + piece : '\n' + QString(indent, ' ') + piece;
+      column = fits ? column + columns : indent + Kyr::columnsOf(piece);
+      gap.clear();
     }
-    lines += part;
-    column += part.size();
   }
   return lines + '\n';
 }

@@ -5,6 +5,7 @@
 #include "zip_state.h"
 
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/terminal/KyrColumns.h>
 
 #include <QDateTime>
 
@@ -24,10 +25,10 @@ using Rows = std::vector<std::pair<QString, QString>>;
 void show(const Rows& rows) {
   int width = 17;
   for (const auto& row : rows) {
-    width = std::max(width, row.first.size() + 2);
+    width = std::max(width, Kyr::columnsOf(row.first) + 2);
   }
   for (const auto& row : rows) {
-    print(row.first.leftJustified(width) + row.second + '\n');
+    print(Kyr::filledTo(row.first, width) + row.second + '\n');
   }
 }
 

@@ -5,6 +5,7 @@
 #include "zip_state.h"
 
 #include <kyr/i18n/KyrTranslate.h>
+#include <kyr/terminal/KyrColumns.h>
 
 #include <algorithm>
 #include <limits>
@@ -17,15 +18,15 @@ constexpr std::uint64_t manyPieces = 20;
 constexpr std::uint64_t firstOfMany = 12;
 constexpr std::uint64_t lastOfMany = 3;
 
+QString atRight(const QString& text, int columns) {
+  return QString(std::max(columns - Kyr::columnsOf(text), 0), ' ') + text;
+}
+
 void showRow(const QString& number, const QString& place, const QString& size,
              const QString& plainPlace, const QString& plainSize, const QString& crc) {
   print(QString("%1 %2 %3 %4 %5  %6\n")
-            .arg(number, 7)
-            .arg(place, 14)
-            .arg(size, 9)
-            .arg(plainPlace, 14)
-            .arg(plainSize, 9)
-            .arg(crc));
+            .arg(atRight(number, 7), atRight(place, 14), atRight(size, 9), atRight(plainPlace, 14),
+                 atRight(plainSize, 9), crc));
 }
 
 void showSummary(const Kyr::ZipInStream& zip, std::uint64_t count) {

@@ -46,6 +46,7 @@
 #include <kyr/sync/KyrMutex.h>
 #include <kyr/sync/KyrSharedMemory.h>
 #include <kyr/sync/KyrThread.h>
+#include <kyr/terminal/KyrColumns.h>
 #include <kyr/terminal/KyrInterruptWatch.h>
 #include <kyr/terminal/KyrTerminalProgress.h>
 #include <kyr/text/KyrBase64.h>

@@ -1,3 +1,4 @@
+#include <kyr/terminal/KyrColumns.h>
 #include <kyr/terminal/progress_line_p.h>
 
 #include <QChar>
@@ -9,25 +10,6 @@
 namespace Kyr::ProgressLine {
 
 namespace {
-
-/// Whether terminals draw a letter or sign in two columns.
-bool isWide(uint character) {
-  constexpr struct {
-    uint first, last;
-  } ranges[] = {{0x1100, 0x115F},   {0x2E80, 0xA4CF},  {0xAC00, 0xD7A3}, {0xF900, 0xFAFF},
-                {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},  {0xFFE0, 0xFFE6}, {0x1F300, 0x1F64F},
-                {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD}};
-  return std::any_of(std::begin(ranges), std::end(ranges), [character](const auto& range) {
-    return range.first <= character && character <= range.last;
-  });
-}
-
-int columnsOf(uint character) {
-  const QChar::Category category = QChar::category(character);
-  const bool isPart = category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
-                      category == QChar::Other_Format;
-  return isPart ? 0 : isWide(character) ? 2 : 1;
-}
 
 /// A text without what would move the cursor elsewhere.
 QString inOneLine(QString text) {
@@ -43,27 +25,20 @@ QString inOneLine(QString text) {
 QString fitted(const QString& text, int width) {
   QString result;
   int used = 0;
-  const bool fits = columns(text) <= width;
+  const bool fits = columnsOf(text) <= width;
   for (const uint character : text.toUcs4()) {
-    if (used + columnsOf(character) > (fits ? width : width - 3)) {
+    const QString letter = QString::fromUcs4(&character, 1);
+    if (used + columnsOf(letter) > (fits ? width : width - 3)) {
       break;
     }
-    result += QString::fromUcs4(&character, 1);
-    used += columnsOf(character);
+    result += letter;
+    used += columnsOf(letter);
   }
   result += fits ? QString() : QString(std::min(3, std::max(width - used, 0)), '.');
-  return result + QString(std::max(width - columns(result), 0), ' ');
+  return filledTo(result, width);
 }
 
 }  // namespace
-
-int columns(const QString& text) {
-  int width = 0;
-  for (const uint character : text.toUcs4()) {
-    width += columnsOf(character);
-  }
-  return width;
-}
 
 QString remaining(int percent, double seconds) {
   constexpr double tooEarly = 1;  // second, before which nothing is known

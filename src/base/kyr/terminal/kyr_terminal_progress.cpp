@@ -2,6 +2,7 @@
 
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/sync/KyrThread.h>
+#include <kyr/terminal/KyrColumns.h>
 #include <kyr/terminal/progress_line_p.h>
 #include <kyr/terminal/terminal_p.h>
 
@@ -98,7 +99,7 @@ struct TerminalProgress::Implementation : Thread {
     }
     // The new line is written in one piece, over the old one, which is not wiped before: so nothing
     // flickers.
-    const int left = std::min(ProgressLine::columns(_drawn), width) - ProgressLine::columns(line);
+    const int left = std::min(columnsOf(_drawn), width) - columnsOf(line);
     Platform::writeErrors('\r' + line + QString(std::max(left, 0), ' '));
     _line = line;
     _drawn = line;
@@ -107,7 +108,7 @@ struct TerminalProgress::Implementation : Thread {
   void wipe() {
     if (!_drawn.isEmpty() && _onTerminal) {
       const int width =
-          std::min(ProgressLine::columns(_drawn), static_cast<int>(Platform::terminalWidth()) - 1);
+          std::min(columnsOf(_drawn), static_cast<int>(Platform::terminalWidth()) - 1);
       Platform::writeErrors('\r' + QString(std::max(width, 0), ' ') + '\r');
     }
     _drawn.clear();

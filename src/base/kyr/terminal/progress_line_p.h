@@ -6,9 +6,6 @@
 
 namespace Kyr::ProgressLine {
 
-/// How many columns of a terminal a text takes.
-int columns(const QString& text);
-
 /// A bar with what it is about, and how long it may still take.
 /// \param percent 0 to 100
 /// \param seconds since the progress was at 0
