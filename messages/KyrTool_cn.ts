@@ -579,63 +579,63 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
     </message>
     <message>
         <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
-        <translation type="unfinished"></translation>
+        <translation>根据崩溃程序所属构建的调试信息，给出崩溃报告中的函数和行</translation>
     </message>
     <message>
         <source>where debug information lies; may stand several times</source>
-        <translation type="unfinished"></translation>
+        <translation>调试信息的位置；可多次给出</translation>
     </message>
     <message>
         <source>%1: the dump is cut short or damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：内存转储被截断或已损坏</translation>
     </message>
     <message>
         <source>%1: is the dump of an unknown kind of machine</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：是未知种类计算机的内存转储</translation>
     </message>
     <message>
         <source>%1: is too large for a report or a dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：作为报告或内存转储过大</translation>
     </message>
     <message>
         <source>%1: is no folder</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：不是文件夹</translation>
     </message>
     <message>
         <source>%1 (no build id: not checked)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（没有构建 ID：未检查）</translation>
     </message>
     <message>
         <source>no build id; there are the builds %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有构建 ID；现有构建 %1</translation>
     </message>
     <message>
         <source>no build id</source>
-        <translation type="unfinished"></translation>
+        <translation>没有构建 ID</translation>
     </message>
     <message>
         <source>%1 crashed, there is %2</source>
-        <translation type="unfinished"></translation>
+        <translation>崩溃的是 %1，现有的是 %2</translation>
     </message>
     <message>
         <source>symbols:</source>
-        <translation type="unfinished"></translation>
+        <translation>调试信息：</translation>
     </message>
     <message>
         <source>%1: holds no backtrace, and is no dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：没有调用栈，也不是内存转储</translation>
     </message>
     <message>
         <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
-        <translation type="unfinished"></translation>
+        <translation>未安装可读取调试信息的 llvm-symbolizer 或 addr2line</translation>
     </message>
     <message>
         <source>%1: %2 cannot read it: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%2 无法读取：%3</translation>
     </message>
     <message>
         <source>%1: its debug information cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：无法读取其调试信息</translation>
     </message>
 </context>
 </TS>

@@ -559,15 +559,15 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
     </message>
     <message>
         <source>%1: the dump is cut short or damaged</source>
-        <translation>%1: der Dump ist abgeschnitten oder beschädigt</translation>
+        <translation>%1: das Speicherabbild ist abgeschnitten oder beschädigt</translation>
     </message>
     <message>
         <source>%1: is the dump of an unknown kind of machine</source>
-        <translation>%1: ist der Dump einer unbekannten Art von Rechner</translation>
+        <translation>%1: ist das Speicherabbild einer unbekannten Art von Rechner</translation>
     </message>
     <message>
         <source>%1: is too large for a report or a dump</source>
-        <translation>%1: ist zu groß für einen Bericht oder einen Dump</translation>
+        <translation>%1: ist zu groß für einen Bericht oder ein Speicherabbild</translation>
     </message>
     <message>
         <source>%1: is no folder</source>
@@ -595,7 +595,7 @@ geschwärzt, soweit ihre Namen es zeigen. Vor dem Weitergeben entpacken und inde
     </message>
     <message>
         <source>%1: holds no backtrace, and is no dump</source>
-        <translation>%1: enthält keine Aufrufliste und ist kein Dump</translation>
+        <translation>%1: enthält keine Aufrufliste und ist kein Speicherabbild</translation>
     </message>
     <message>
         <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>

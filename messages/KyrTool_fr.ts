@@ -587,31 +587,31 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>where debug information lies; may stand several times</source>
-        <translation>où se trouvent les informations de débogage ; peut figurer plusieurs fois</translation>
+        <translation>où se trouvent les informations de débogage&#xa0;; peut figurer plusieurs fois</translation>
     </message>
     <message>
         <source>%1: the dump is cut short or damaged</source>
-        <translation>%1 : le vidage est tronqué ou endommagé</translation>
+        <translation>%1&#xa0;: l’image mémoire est tronquée ou endommagée</translation>
     </message>
     <message>
         <source>%1: is the dump of an unknown kind of machine</source>
-        <translation>%1 : est le vidage d’un type de machine inconnu</translation>
+        <translation>%1&#xa0;: est l’image mémoire d’un type de machine inconnu</translation>
     </message>
     <message>
         <source>%1: is too large for a report or a dump</source>
-        <translation>%1 : est trop grand pour un rapport ou un vidage</translation>
+        <translation>%1&#xa0;: est trop grand pour un rapport ou une image mémoire</translation>
     </message>
     <message>
         <source>%1: is no folder</source>
-        <translation>%1 : n’est pas un dossier</translation>
+        <translation>%1&#xa0;: n’est pas un dossier</translation>
     </message>
     <message>
         <source>%1 (no build id: not checked)</source>
-        <translation>%1 (pas d’identifiant de build : non vérifié)</translation>
+        <translation>%1 (pas d’identifiant de build&#xa0;: non vérifié)</translation>
     </message>
     <message>
         <source>no build id; there are the builds %1</source>
-        <translation>pas d’identifiant de build ; il y a les builds %1</translation>
+        <translation>pas d’identifiant de build&#xa0;; il y a les builds %1</translation>
     </message>
     <message>
         <source>no build id</source>
@@ -623,23 +623,23 @@ autant que leurs noms les trahissent. Décompressez-le et regardez index.html av
     </message>
     <message>
         <source>symbols:</source>
-        <translation>informations de débogage :</translation>
+        <translation>informations de débogage&#xa0;:</translation>
     </message>
     <message>
         <source>%1: holds no backtrace, and is no dump</source>
-        <translation>%1 : ne contient aucune pile d’appels et n’est pas un vidage</translation>
+        <translation>%1&#xa0;: ne contient aucune pile d’appels et n’est pas une image mémoire</translation>
     </message>
     <message>
         <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
-        <translation>ni llvm-symbolizer ni addr2line n’est installé ; l’un des deux lit les informations de débogage</translation>
+        <translation>ni llvm-symbolizer ni addr2line n’est installé&#xa0;; l’un des deux lit les informations de débogage</translation>
     </message>
     <message>
         <source>%1: %2 cannot read it: %3</source>
-        <translation>%1 : %2 ne peut pas le lire : %3</translation>
+        <translation>%1&#xa0;: %2 ne peut pas le lire&#xa0;: %3</translation>
     </message>
     <message>
         <source>%1: its debug information cannot be read</source>
-        <translation>%1 : ses informations de débogage ne peuvent pas être lues</translation>
+        <translation>%1&#xa0;: ses informations de débogage ne peuvent pas être lues</translation>
     </message>
 </context>
 </TS>

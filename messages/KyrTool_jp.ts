@@ -579,63 +579,63 @@ names tell. Unpack it and look at index.html before you pass it on.</source>
     </message>
     <message>
         <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
-        <translation type="unfinished"></translation>
+        <translation>異常終了したビルドのデバッグ情報から、クラッシュレポートの関数と行を示します</translation>
     </message>
     <message>
         <source>where debug information lies; may stand several times</source>
-        <translation type="unfinished"></translation>
+        <translation>デバッグ情報の場所。複数回指定できます</translation>
     </message>
     <message>
         <source>%1: the dump is cut short or damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: メモリダンプが途切れているか破損しています</translation>
     </message>
     <message>
         <source>%1: is the dump of an unknown kind of machine</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: 未知の種類のコンピューターのメモリダンプです</translation>
     </message>
     <message>
         <source>%1: is too large for a report or a dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: レポートやメモリダンプとしては大きすぎます</translation>
     </message>
     <message>
         <source>%1: is no folder</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: フォルダーではありません</translation>
     </message>
     <message>
         <source>%1 (no build id: not checked)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1（ビルド ID なし: 未確認）</translation>
     </message>
     <message>
         <source>no build id; there are the builds %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ビルド ID なし。あるビルドは %1</translation>
     </message>
     <message>
         <source>no build id</source>
-        <translation type="unfinished"></translation>
+        <translation>ビルド ID なし</translation>
     </message>
     <message>
         <source>%1 crashed, there is %2</source>
-        <translation type="unfinished"></translation>
+        <translation>異常終了したのは %1、あるのは %2</translation>
     </message>
     <message>
         <source>symbols:</source>
-        <translation type="unfinished"></translation>
+        <translation>デバッグ情報:</translation>
     </message>
     <message>
         <source>%1: holds no backtrace, and is no dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: バックトレースがなく、メモリダンプでもありません</translation>
     </message>
     <message>
         <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
-        <translation type="unfinished"></translation>
+        <translation>デバッグ情報を読み取る llvm-symbolizer と addr2line のどちらもインストールされていません</translation>
     </message>
     <message>
         <source>%1: %2 cannot read it: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 では読み取れません: %3</translation>
     </message>
     <message>
         <source>%1: its debug information cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: デバッグ情報を読み取れません</translation>
     </message>
 </context>
 </TS>

@@ -583,63 +583,63 @@ os nomes os revelam. Extraia-o e veja index.html antes de o passar adiante.</tra
     </message>
     <message>
         <source>names the functions and lines of a crash report, from the debug information of the build that crashed</source>
-        <translation type="unfinished"></translation>
+        <translation>indica as funções e linhas de um relatório de falha, a partir da informação de depuração da compilação que falhou</translation>
     </message>
     <message>
         <source>where debug information lies; may stand several times</source>
-        <translation type="unfinished"></translation>
+        <translation>onde está a informação de depuração; pode ser indicado várias vezes</translation>
     </message>
     <message>
         <source>%1: the dump is cut short or damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: a imagem de memória está truncada ou danificada</translation>
     </message>
     <message>
         <source>%1: is the dump of an unknown kind of machine</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: é a imagem de memória de um tipo de máquina desconhecido</translation>
     </message>
     <message>
         <source>%1: is too large for a report or a dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: é demasiado grande para um relatório ou uma imagem de memória</translation>
     </message>
     <message>
         <source>%1: is no folder</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: não é uma pasta</translation>
     </message>
     <message>
         <source>%1 (no build id: not checked)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (sem identificador de compilação: não verificado)</translation>
     </message>
     <message>
         <source>no build id; there are the builds %1</source>
-        <translation type="unfinished"></translation>
+        <translation>sem identificador de compilação; há as compilações %1</translation>
     </message>
     <message>
         <source>no build id</source>
-        <translation type="unfinished"></translation>
+        <translation>sem identificador de compilação</translation>
     </message>
     <message>
         <source>%1 crashed, there is %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 falhou, existe %2</translation>
     </message>
     <message>
         <source>symbols:</source>
-        <translation type="unfinished"></translation>
+        <translation>informação de depuração:</translation>
     </message>
     <message>
         <source>%1: holds no backtrace, and is no dump</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: não contém pilha de chamadas nem é uma imagem de memória</translation>
     </message>
     <message>
         <source>neither llvm-symbolizer nor addr2line is installed, one of which reads debug information</source>
-        <translation type="unfinished"></translation>
+        <translation>não está instalado nem llvm-symbolizer nem addr2line, um dos quais lê a informação de depuração</translation>
     </message>
     <message>
         <source>%1: %2 cannot read it: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 não consegue lê-lo: %3</translation>
     </message>
     <message>
         <source>%1: its debug information cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: a sua informação de depuração não pode ser lida</translation>
     </message>
 </context>
 </TS>

@@ -299,11 +299,11 @@
     <name>Kyr_crash</name>
     <message>
         <source>%1 has crashed. The report is %2, the dump is %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已崩溃。报告位于 %2，内存转储位于 %3。</translation>
     </message>
     <message>
         <source>%1 has crashed. The report is %2; there is no dump.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 已崩溃。报告位于 %2；没有内存转储。</translation>
     </message>
 </context>
 <context>

@@ -299,11 +299,11 @@
     <name>Kyr_crash</name>
     <message>
         <source>%1 has crashed. The report is %2, the dump is %3.</source>
-        <translation>%1 s&apos;est arrêté sur une erreur. Le rapport est dans %2, l&apos;image de la mémoire dans %3.</translation>
+        <translation>%1 s’est arrêté sur une erreur. Le rapport est dans %2, l’image de la mémoire dans %3.</translation>
     </message>
     <message>
         <source>%1 has crashed. The report is %2; there is no dump.</source>
-        <translation>%1 s&apos;est arrêté sur une erreur. Le rapport est dans %2 ; il n&apos;y a pas d&apos;image de la mémoire.</translation>
+        <translation>%1 s’est arrêté sur une erreur. Le rapport est dans %2&#xa0;; il n’y a pas d’image de la mémoire.</translation>
     </message>
 </context>
 <context>

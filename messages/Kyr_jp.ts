@@ -299,11 +299,11 @@
     <name>Kyr_crash</name>
     <message>
         <source>%1 has crashed. The report is %2, the dump is %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 が異常終了しました。レポートは %2、メモリダンプは %3 にあります。</translation>
     </message>
     <message>
         <source>%1 has crashed. The report is %2; there is no dump.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 が異常終了しました。レポートは %2 にあります。メモリダンプはありません。</translation>
     </message>
 </context>
 <context>

@@ -299,11 +299,11 @@
     <name>Kyr_crash</name>
     <message>
         <source>%1 has crashed. The report is %2, the dump is %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 terminou com um erro. O relatório está em %2, a imagem de memória em %3.</translation>
     </message>
     <message>
         <source>%1 has crashed. The report is %2; there is no dump.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 terminou com um erro. O relatório está em %2; não há imagem de memória.</translation>
     </message>
 </context>
 <context>
