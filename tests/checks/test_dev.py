@@ -43,7 +43,7 @@ class Machine:
         self.root = root
         self.calls = root / "calls"
         (root / "bin").mkdir(parents=True)
-        for folder in ("src", "tests", "bench", "examples"):
+        for folder in ("src", "tests", "bench", "examples", "fuzz"):
             (root / folder).mkdir()
         shutil.copytree(DEV.parent / "tools/dev", root / "tools/dev")
         (root / "src/any.cpp").touch()
