@@ -181,6 +181,21 @@ void appendIdentity(Text& text, const CodeView& found) noexcept {
   text.count(found.age);
 }
 
+using LongPath = std::array<char, 4096>;
+
+/// The path of the dump; empty when there is none. The system ends its temporary directory with a
+/// separator, behind which another one stands in the path: people see one.
+void readDumpPath(LongPath& path) noexcept {
+  if (toUtf8(writtenDump(), -1, path) == 0) {
+    return;
+  }
+  char* const second = path.data() + (path[0] != '\0' ? 1 : 0);  // a share begins with two
+  char* const last = path.data() + std::strlen(path.data());
+  char* const end = std::unique(
+      second, last, [](char left, char right) { return left == '\\' && right == '\\'; });
+  *end = '\0';
+}
+
 void appendFile(Text& text, std::uintptr_t base) noexcept {
   static std::array<wchar_t, 1024> path;
   static std::array<char, 4096> bytes;
@@ -232,8 +247,9 @@ void Crash::printAbout(const Text& fault) noexcept {
   write(preparedLines(), std::strlen(preparedLines()));
   writeSystem();
   text = Text();
-  static std::array<char, 4096> dump;
-  if (toUtf8(writtenDump(), -1, dump) > 1) {
+  static LongPath dump;
+  readDumpPath(dump);
+  if (dump[0] != '\0') {
     text << "dump: " << dump.data() << "\n";
   }
   write(text << "\nthreads:\n");
@@ -247,10 +263,11 @@ void Crash::printAbout(const Text& fault) noexcept {
 }
 
 void Crash::showNotice() noexcept {
-  static std::array<char, 4096> path;
+  static LongPath path;
   static std::array<wchar_t, 4096> wide;
   std::intptr_t place = 0;
-  Text text = takeNotice(toUtf8(writtenDump(), -1, path) > 1 ? path.data() : "", place);
+  readDumpPath(path);
+  Text text = takeNotice(path.data(), place);
   if (text.length() == 0) {
     return;
   }
