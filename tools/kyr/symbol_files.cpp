@@ -67,7 +67,7 @@ FileIdentity identityOfElf(Numbers& file) {
   }
   // The segments are in the order of their addresses.
   for (unsigned i = 0; i < file.half(56); ++i) {
-    const std::uint64_t at = file.wide(32) + i * file.half(54);
+    const std::uint64_t at = file.wide(32) + i * std::uint64_t{file.half(54)};
     if (file.word(at) == loaded) {
       identity.base = file.wide(at + 16) / page * page;
       break;
