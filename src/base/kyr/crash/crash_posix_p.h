@@ -258,8 +258,9 @@ void printAbout(const Text& fault, const char* dump, const Threads& threads, con
 
 /// The same for a process that lives on, without the calling thread.
 /// \param hanging the number of the thread that comes first
+/// \param alone leaves out all other threads
 void printLivingBacktraces(const Threads& threads, const Memory& memory, std::uint64_t hanging,
-                           MetModules& met) noexcept;
+                           bool alone, MetModules& met) noexcept;
 
 // ---- stacks: platform/crash_stack_posix.cpp ---------------------------------------------------
 

@@ -91,7 +91,8 @@ void printBacktraces(const Break& broken, unsigned long helper) noexcept;
 
 /// Prints those of a process that lives on, without the calling thread.
 /// \param hanging the number of the thread that comes first
-void printLivingBacktraces(unsigned long hanging) noexcept;
+/// \param alone leaves out all other threads
+void printLivingBacktraces(unsigned long hanging, bool alone) noexcept;
 
 // ---- frames: platform/crash_frame_win.cpp -----------------------------------------------------
 

@@ -33,11 +33,6 @@ QString secondsText(qint64 milliseconds) {
 /// Held for one report after the other.
 Forever<Mutex> reportLock("Kyr::HeartbeatWatcher::reportHang", site::File, site::ReportMutex);
 
-QByteArray stacks(std::uint64_t hanging) {
-  const AutoMutex locked(&reportLock.object);
-  return Crash::stacksOfThreads(hanging);
-}
-
 /// Who holds which lock; empty unless the lock doctor watches.
 QByteArray lockHolders() {
   QByteArray lines;
@@ -58,6 +53,11 @@ QString ownName(const QString& given) {
 }
 
 }  // namespace
+
+QByteArray Crash::stacksInTurn(std::uint64_t hanging, bool alone) {
+  const AutoMutex locked(&reportLock.object);
+  return stacksOfThreads(hanging, alone);
+}
 
 /// Looks for beats at each tick, and adds up the ticks without one.
 class HeartbeatWatcher final : public Thread {
@@ -115,7 +115,7 @@ class HeartbeatWatcher final : public Thread {
     FlightRecorder::note("heartbeat", what);
     const QByteArray locks = lockHolders();
     write(what + "; this is where all threads stand:\n" +
-          QString::fromUtf8(stacks(_thread) + locks));
+          QString::fromUtf8(Crash::stacksInTurn(_thread, false) + locks));
     _silence += clock.elapsed();
   }
 

@@ -11,7 +11,11 @@ namespace Kyr::Crash {
 /// The backtraces of all threads but the calling one, with headings as in the report of a crash.
 /// What fails is said in between. For one thread at a time.
 /// \param hanging the system's number of the thread that comes first
-QByteArray stacksOfThreads(std::uint64_t hanging);
+/// \param alone leaves out all other threads
+QByteArray stacksOfThreads(std::uint64_t hanging, bool alone);
+
+/// The same, for several threads at once, which take turns.
+QByteArray stacksInTurn(std::uint64_t hanging, bool alone);
 
 /// Whether a debugger is attached to this process.
 bool isDebugged() noexcept;

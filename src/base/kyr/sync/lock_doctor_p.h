@@ -15,7 +15,8 @@ struct Sink {
 
 /// Sets what tells where another thread stands, in lines with their ends. Called while that thread
 /// runs on, by one that waits for it.
-/// \param hook must take no Mutex and not throw; null takes it back
+/// \param hook must not throw, nor wait for a Mutex under which others are taken; null takes it
+/// back
 void setStackHook(void (*hook)(std::uint64_t thread, const Sink& sink)) noexcept;
 
 }  // namespace Kyr::LockBooks

@@ -244,7 +244,7 @@ void Crash::printBacktraces(const Threads& threads, const Memory& memory, const 
 
 // Threads of an application that lives on do not stand still for ever.
 void Crash::printLivingBacktraces(const Threads& threads, const Memory& memory,
-                                  std::uint64_t hanging, MetModules& met) noexcept {
+                                  std::uint64_t hanging, bool alone, MetModules& met) noexcept {
   const std::time_t end = secondsNow() + patienceOfLiving;
   const auto isFirst = [hanging](const FoundThread& thread) {
     return static_cast<std::uint64_t>(thread.id) == hanging;
@@ -252,7 +252,8 @@ void Crash::printLivingBacktraces(const Threads& threads, const Memory& memory,
   BacktraceProgram program(memory, met);
   for (const bool first : {true, false}) {
     for (const FoundThread& thread : threads) {
-      if (thread.id == 0 || &thread == &threads.crashing() || isFirst(thread) != first) {
+      if (thread.id == 0 || &thread == &threads.crashing() || isFirst(thread) != first ||
+          (alone && !first)) {
         continue;
       }
       if (secondsNow() > end) {

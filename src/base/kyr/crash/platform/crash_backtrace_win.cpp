@@ -386,14 +386,16 @@ void Crash::printBacktraces(const Break& broken, unsigned long helper) noexcept 
   printOtherThreads(symbols, broken.thread, helper);
 }
 
-void Crash::printLivingBacktraces(unsigned long hanging) noexcept {
+void Crash::printLivingBacktraces(unsigned long hanging, bool alone) noexcept {
   Text heading;
   heading << "\nbacktrace of the hanging thread ";
   heading.hexadecimal(hanging) << ":\n";
   write(heading);
   const Symbols symbols;
   printThread(symbols, hanging);
-  printOtherThreads(symbols, hanging, 0);
+  if (!alone) {
+    printOtherThreads(symbols, hanging, 0);
+  }
 }
 
 }  // namespace Kyr

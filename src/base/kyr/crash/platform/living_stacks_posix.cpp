@@ -55,24 +55,24 @@ class Collection {
 
 /// Between stop() and release() nothing allocates or takes a lock: one of the stopped threads may
 /// hold it.
-void collectStacks(Work& tools, std::uint64_t hanging) noexcept {
+void collectStacks(Work& tools, std::uint64_t hanging, bool alone) noexcept {
   MetModules met;
   ucontext_t own;
   ::getcontext(&own);
   tools.memory.load();
   tools.threads.stop(own);
-  printLivingBacktraces(tools.threads, tools.memory, hanging, met);
+  printLivingBacktraces(tools.threads, tools.memory, hanging, alone, met);
   tools.threads.release();
   tools.memory.unload();
 }
 
 }  // namespace
 
-QByteArray Crash::stacksOfThreads(std::uint64_t hanging) {
+QByteArray Crash::stacksOfThreads(std::uint64_t hanging, bool alone) {
   Work& tools = work();
   findBacktraceProgram();
   const Collection collection;
-  collectStacks(tools, hanging);
+  collectStacks(tools, hanging, alone);
   return collection.take();
 }
 

@@ -6,11 +6,11 @@
 
 namespace Kyr {
 
-QByteArray Crash::stacksOfThreads(std::uint64_t hanging) {
+QByteArray Crash::stacksOfThreads(std::uint64_t hanging, bool alone) {
   QByteArray text;
   collectOutput(&text);
   loadDebugHelp();
-  printLivingBacktraces(static_cast<DWORD>(hanging));
+  printLivingBacktraces(static_cast<DWORD>(hanging), alone);
   collectOutput(nullptr);
   return text.replace("\r\n", "\n");
 }
