@@ -118,7 +118,8 @@ class LiteralReader {
     if (_rest.empty()) {
       return ended;
     }
-    const QString text = decoded(std::string(read()).c_str());
+    const std::string_view bytes = read();
+    const QString text = decoded(std::string(bytes.substr(0, bytes.find('\0'))));
     return text.endsWith('\n') ? text.left(text.size() - 1) : text;
   }
 
