@@ -125,7 +125,8 @@ void Crash::showNotice(const char* dump) noexcept {
   pollfd waiting = {static_cast<int>(place), POLLOUT, 0};
   if (text.length() > 0 && ::poll(&waiting, 1, patience) == 1) {
     text << "\n";
-    static_cast<void>(::write(waiting.fd, text.data(), text.length()));
+    const ssize_t written = ::write(waiting.fd, text.data(), text.length());
+    static_cast<void>(written);  // nobody is left to be told of a failure
   }
 }
 
