@@ -12,11 +12,12 @@ namespace Kyr {
 /// How many columns of a terminal a text takes: East Asian letters take two (Unicode Standard
 /// Annex #11), marks on letters none.
 /// \code
-/// int width = 0;
-/// for (const QString& title : names) {
-///   width = std::max(width, columnsOf(title));
+/// const QStringList titles = {"Width", "Krümmung", "曲率"};
+/// int columns = 0;
+/// for (const QString& title : titles) {
+///   columns = std::max(columns, Kyr::columnsOf(title));
 /// }
-/// const QString aligned = filledTo(names[0], width);
+/// const QString aligned = Kyr::filledTo(titles[0], columns + 2) + "1.25 mm";
 /// \endcode
 /// \threadsafety any thread
 KYR_EXPORT int columnsOf(const QString& text);
