@@ -157,7 +157,9 @@ TEST(StartOnLinux, NeedsAPlaceOfTheSoftware) {
   ASSERT_TRUE(QFile::copy("/proc/self/exe", program));
   ASSERT_TRUE(OS::mkdir(home.file("current")));
   const auto ended = inChild([&] {
-    ::chdir(home.file("current").toLocal8Bit());
+    if (::chdir(home.file("current").toLocal8Bit()) != 0) {
+      ::_exit(2);
+    }
     ::execl(program, program.data(), "--gtest_filter=*DISABLED_Nowhere",
             "--gtest_also_run_disabled_tests", nullptr);
   });

@@ -11,6 +11,8 @@
 #include <atomic>
 #include <memory>
 
+class QTimer;
+
 namespace Kyr {
 
 class HeartbeatWatcher;
@@ -30,8 +32,11 @@ struct HeartbeatOptions {
 /// Watches a thread, typically the one with windows: that thread beats, and another one, which
 /// belongs to this object, says once when the beats stay away. It names the thread and writes the
 /// backtraces of all threads and, where a LockDoctor watches, who holds which lock; when the beats
-/// come back it says how long they were away. \code HeartbeatOptions options; options.patience =
-/// 3000; Heartbeat heartbeat(options);  // on the thread that is watched
+/// come back it says how long they were away.
+/// \code
+/// HeartbeatOptions options;
+/// options.patience = 3000;
+/// Heartbeat heartbeat(options);  // on the thread that is watched
 /// heartbeat.beatInEventLoop();
 /// \endcode
 /// Nothing of that happens while a debugger is attached. Time during which the whole process stood
@@ -41,8 +46,8 @@ struct HeartbeatOptions {
 /// most. The signal SIGRTMAX-1 stops them, whose handler is the library's from the first hang on; a
 /// call that sleeps in the system may come back early with EINTR. As in a crash the program
 /// kyr-backtrace reads the stacks; without it only the functions' modules are known. On Windows
-/// each thread stands still only while its stack is copied. \threadsafety one thread, but for
-/// beat()
+/// each thread stands still only while its stack is copied.
+/// \threadsafety one thread, but for beat()
 class KYR_EXPORT Heartbeat {
  public:
   /// Begins to watch the calling thread, which counts as a beat.
@@ -64,8 +69,7 @@ class KYR_EXPORT Heartbeat {
 
   std::atomic<bool> _hasBeaten{true};
   const int _patience;
-  class Timer;
-  std::unique_ptr<Timer> _timer;
+  std::unique_ptr<QTimer> _timer;
   std::unique_ptr<HeartbeatWatcher> _watcher;
 };
 

@@ -152,8 +152,6 @@ class HeartbeatWatcher final : public Thread {
   bool _isHanging = false;
 };
 
-class Heartbeat::Timer : public QTimer {};
-
 Heartbeat::Heartbeat(const HeartbeatOptions& options)
     : _patience(std::max(options.patience, leastPatience)),
       _watcher(std::make_unique<HeartbeatWatcher>(*this, options)) {
@@ -165,7 +163,7 @@ Heartbeat::~Heartbeat() {
 }
 
 void Heartbeat::beatInEventLoop() {
-  _timer = std::make_unique<Timer>();
+  _timer = std::make_unique<QTimer>();
   QObject::connect(_timer.get(), &QTimer::timeout, _timer.get(), [this] { beat(); });
   _timer->start(_patience / 4);
   beat();
