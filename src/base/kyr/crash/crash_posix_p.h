@@ -128,7 +128,7 @@ std::size_t readBuildId(const Memory& memory, std::uint64_t base, BuildId& id) n
 // ---- threads: platform/crash_threads_posix.cpp ------------------------------------------------
 
 /// The signal that stops a thread: one that applications leave alone. It is taken only once the
-/// process is broken.
+/// process is broken, or a thread of it hangs.
 int stopSignal() noexcept;
 
 /// A thread as the report found it.

@@ -1,5 +1,6 @@
 #include <kyr/crash/crash_posix_p.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -20,9 +21,14 @@ using Crash::BacktraceRequest;
 using Crash::Memory;
 using Crash::Text;
 
-constexpr int patienceInMilliseconds = 20'000;  // for the backtrace of one thread
+constexpr std::time_t patienceInSeconds = 20;  // for the backtrace of one thread
 
-constexpr std::time_t patienceOfLiving = 20;  // seconds, for all threads
+/// For the backtraces of all threads that live on. Stopping them, and the end of kyr-backtrace, may
+/// take two seconds each besides.
+constexpr std::time_t patienceOfLiving = 15;  // seconds
+
+/// How long kyr-backtrace may take to end, once unasked and once by force.
+constexpr unsigned patienceAtEnd = 1000;  // milliseconds
 
 std::array<char, PATH_MAX> programPath;
 
@@ -40,9 +46,12 @@ class BacktraceProgram {
       : _memory(memory), _met(met) {
     start(memory);
   }
-  ~BacktraceProgram() { end(0); }
+  ~BacktraceProgram() { end(false); }
   BacktraceProgram(const BacktraceProgram&) = delete;
   BacktraceProgram& operator=(const BacktraceProgram&) = delete;
+
+  /// Waits for no answer longer than up to this moment of secondsNow().
+  void endAt(std::time_t moment) noexcept { _end = moment; }
 
   /// Has kyr-backtrace print the backtrace of a thread.
   /// \return false when it could not; then it is not asked again
@@ -69,14 +78,21 @@ class BacktraceProgram {
     Crash::BacktraceAnswer answer;
     pollfd waiting = {_socket, POLLIN, 0};
     if (::send(_socket, &request, sizeof request, MSG_NOSIGNAL) == sizeof request &&
-        ::poll(&waiting, 1, patienceInMilliseconds) == 1 &&
+        ::poll(&waiting, 1, patience()) == 1 &&
         ::recv(_socket, &answer, sizeof answer, MSG_WAITALL) == sizeof answer) {
       note(answer);
       return true;
     }
     Crash::print("error: kyr-backtrace gave up\n");
-    end(SIGKILL);
+    end(true);
     return false;
+  }
+
+  /// In milliseconds.
+  int patience() const noexcept {
+    const std::time_t left = std::max<std::time_t>(_end - secondsNow(), 0);
+    return static_cast<int>(_end == 0 ? patienceInSeconds : std::min(left, patienceInSeconds)) *
+           1000;
   }
 
   void note(const Crash::BacktraceAnswer& answer) noexcept {
@@ -97,6 +113,8 @@ class BacktraceProgram {
     if (::access(programPath.data(), X_OK) != 0 ||
         ::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) {
       Crash::printSystemError("error starting kyr-backtrace", errno);
+      ::close(maps);
+      ::close(program);
       return;
     }
     const int output = Crash::outputOfThread();
@@ -139,22 +157,38 @@ class BacktraceProgram {
     ::_exit(127);
   }
 
-  void end(int signal) noexcept {
+  /// Does not wait for ever, as other threads stand still meanwhile. Nothing of kyr-backtrace is
+  /// lost by force: what it has answered for is written.
+  void end(bool byForce) noexcept {
     if (_socket < 0) {
       return;
     }
-    if (signal != 0) {
-      ::kill(_process, signal);
-    }
+    // A process that a thread has just started may have the socket, too.
+    ::shutdown(_socket, SHUT_RDWR);
     ::close(_socket);
-    ::waitpid(_process, nullptr, 0);
     _socket = -1;
+    if (byForce || !hasEnded()) {
+      ::kill(_process, SIGKILL);
+      hasEnded();
+    }
+  }
+
+  bool hasEnded() const noexcept {
+    for (unsigned waited = 0; ::waitpid(_process, nullptr, WNOHANG) == 0; ++waited) {
+      if (waited == patienceAtEnd) {
+        return false;
+      }
+      const timespec millisecond{0, 1'000'000};
+      ::nanosleep(&millisecond, nullptr);
+    }
+    return true;
   }
 
   const Memory& _memory;
   Crash::MetModules& _met;
   int _socket = -1;
   pid_t _process = 0;
+  std::time_t _end = 0;  ///< 0 for none
 };
 
 /// Prints what can be said without debug information: the module and how far into it.
@@ -250,6 +284,7 @@ void Crash::printLivingBacktraces(const Threads& threads, const Memory& memory,
     return static_cast<std::uint64_t>(thread.id) == hanging;
   };
   BacktraceProgram program(memory, met);
+  program.endAt(end);
   for (const bool first : {true, false}) {
     for (const FoundThread& thread : threads) {
       if (thread.id == 0 || &thread == &threads.crashing() || isFirst(thread) != first ||

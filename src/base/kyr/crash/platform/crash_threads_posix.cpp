@@ -80,6 +80,9 @@ void Crash::Threads::release() noexcept {
 void Crash::Threads::standStill(const ucontext_t& context) noexcept {
   const int id = ::gettid();
   const int round = _round;
+  if (_released >= round) {
+    return;  // too late: nobody asks any more, and where this thread stands would soon be wrong
+  }
   for (unsigned i = 0; i < _count; ++i) {
     if (_found[i].id == id) {
       _found[i].context = &context;

@@ -30,6 +30,18 @@ Work& work() {
 
 constexpr off_t longestText = 1 << 20;
 
+/// The signals of the application. The crash handler stops the thread, and reports its faults, all
+/// the same.
+sigset_t signalsOfApplication() noexcept {
+  sigset_t all;
+  sigfillset(&all);
+  sigdelset(&all, stopSignal());
+  for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP}) {
+    sigdelset(&all, fault);
+  }
+  return all;
+}
+
 /// A file without a name, which takes what is printed.
 class Collection {
  public:
@@ -54,8 +66,11 @@ class Collection {
 };
 
 /// Between stop() and release() nothing allocates or takes a lock: one of the stopped threads may
-/// hold it.
+/// hold it. A handler of the application could want one, so none runs on this thread meanwhile.
 void collectStacks(Work& tools, std::uint64_t hanging, bool alone) noexcept {
+  const sigset_t away = signalsOfApplication();
+  sigset_t before;
+  ::pthread_sigmask(SIG_BLOCK, &away, &before);
   MetModules met;
   ucontext_t own;
   ::getcontext(&own);
@@ -64,6 +79,7 @@ void collectStacks(Work& tools, std::uint64_t hanging, bool alone) noexcept {
   printLivingBacktraces(tools.threads, tools.memory, hanging, alone, met);
   tools.threads.release();
   tools.memory.unload();
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 }  // namespace
@@ -86,14 +102,8 @@ bool Crash::isDebugged() noexcept {
 }
 
 void Crash::keepSignalsAway() noexcept {
-  sigset_t all;
-  sigfillset(&all);
-  // The crash handler stops this thread, too.
-  sigdelset(&all, stopSignal());
-  for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP}) {
-    sigdelset(&all, fault);
-  }
-  ::pthread_sigmask(SIG_SETMASK, &all, nullptr);
+  const sigset_t away = signalsOfApplication();
+  ::pthread_sigmask(SIG_SETMASK, &away, nullptr);
 }
 
 }  // namespace Kyr
