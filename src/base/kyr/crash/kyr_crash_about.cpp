@@ -83,7 +83,8 @@ void Crash::setPlaceOfNotice(std::intptr_t place) noexcept {
 
 Crash::Text Crash::takeNotice(const char* dump, std::intptr_t& place) noexcept {
   Text text;
-  if (!hasNotice.exchange(false)) {
+  // Until the library has started there are no words.
+  if (!hasNotice.exchange(false) || withoutDump[0] == '\0') {
     return text;
   }
   place = placeOfNotice;

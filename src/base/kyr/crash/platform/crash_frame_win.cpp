@@ -172,7 +172,9 @@ void Crash::Symbols::printFrame(unsigned number, std::uint32_t address) const no
   text.decimal(number) << (number < 10 ? "  " : " ");
   text.hexadecimal(address) << " ";
   const Module module = moduleAt(address);
-  met.add(module.base);
+  if (!isCollecting()) {
+    met.add(module.base);
+  }
   const std::uint32_t asked = number > 0 ? address - 1 : address;
   if (module.base == 0) {
     text << "?";

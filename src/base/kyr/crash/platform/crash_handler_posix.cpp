@@ -71,13 +71,21 @@ void becomeReporter() noexcept {
   waitForEnd();
 }
 
+/// What there is to do at the end may hang, too: at the second time nothing of it is tried.
 void giveUp(int) {
+  constexpr unsigned patienceAtEnd = 5;  // seconds
+  static std::atomic<bool> hasGivenUp{false};
+  if (hasGivenUp.exchange(true)) {
+    Fatal::endProcess(1);
+  }
+  ::alarm(patienceAtEnd);
   endProcess();
 }
 
 void limitTime() noexcept {
   struct sigaction action = {};
   action.sa_handler = giveUp;
+  action.sa_flags = SA_NODEFER;
   ::sigaction(SIGALRM, &action, nullptr);
   sigset_t alarm;
   sigemptyset(&alarm);
@@ -111,6 +119,9 @@ void onFault(int, siginfo_t* signal, void* given) {
   const auto& context = *static_cast<const ucontext_t*>(given);
   becomeReporter();
   limitTime();
+  if (outputOfThread() >= 0) {
+    collectOutput(-1);  // the thread broke while it told where the others stand
+  }
   memory.load();
   openReportFile();
   describe(*signal, context);

@@ -45,11 +45,20 @@ void limitTime() noexcept {
   isTimed = true;
 }
 
+/// Ends the process a little later, whatever its other threads wait for.
+DWORD WINAPI endSoon(void* /*unused*/) {
+  constexpr DWORD patienceAtEnd = 5'000;  // milliseconds
+  ::Sleep(patienceAtEnd);
+  Fatal::endProcess(1);
+}
+
 /// Ends the process when a report takes too long.
 DWORD WINAPI watch(void* /*unused*/) {
   while (true) {
     ::Sleep(pulse);
     if (isTimed && ::GetTickCount() - timedSince > patience) {
+      // Who reads the notice may not do so for ever, as of a console in which a text is selected.
+      ::CreateThread(nullptr, 0, &endSoon, nullptr, 0, nullptr);
       showNotice();
       Fatal::endProcess(1);
     }
@@ -91,6 +100,9 @@ DWORD WINAPI report(void* given) {
   const FaultGuard guard;
   const auto& broken = *static_cast<const Break*>(given);
   reporter = ::GetCurrentThreadId();
+  if (isCollecting()) {
+    collectOutput(nullptr);  // the thread broke while it told where the others stand
+  }
   openReportFile();
   describe(*broken.fault->ExceptionRecord, thrower == broken.thread ? uncaught.data() : nullptr,
            headline);
