@@ -116,6 +116,28 @@ TEST_F(CrashFiles, GiveTheNewestReportOfAnApplication) {
   }
 }
 
+TEST_F(CrashFiles, NameNoFileButTheDumpOfTheProcess) {
+  const struct {
+    const char* name;
+    bool isDump;
+    const char* catches;
+  } rows[] = {{"ORV-7.dmp", true, "a dump that nobody is offered"},
+              {"secret.txt", false, "any file, named by what a program has printed"},
+              {"ORV-8.dmp", false, "the dump of another process"},
+              {"none/ORV-7.dmp", false, "a dump that is not there any more"}};
+  for (const auto& row : rows) {
+    const QString path = _home.file(row.name);
+    plant({{"ORV-4000000001.log", reportOf("Viewer", "2026-01-02T03:04:05Z")
+                                      .replace("system: Linux\n", "dump: " + path.toUtf8() + '\n')},
+           {"ORV-7.dmp", "MDMP"},
+           {"ORV-8.dmp", "MDMP"},
+           {"secret.txt", "x"}});
+    const CrashReport found = CrashReports::newest().value_or(CrashReport());
+    EXPECT_EQ(found.process, 7) << row.catches;
+    EXPECT_EQ(found.dump, row.isDump ? path : QString()) << row.catches;
+  }
+}
+
 TEST_F(CrashFiles, AreSeenOnceAcknowledged) {
   plant({{"ORV-4000000001.log", reportOf("Viewer", "2026-01-02T03:04:05Z")}});
   const auto isSeen = [] { return CrashReports::newest().value_or(CrashReport()).isSeen; };

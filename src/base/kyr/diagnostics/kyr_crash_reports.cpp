@@ -111,6 +111,14 @@ int lastBeginning(const QString& text) {
   return at >= 0 ? at + 1 : text.startsWith(firstWords) ? 0 : -1;
 }
 
+/// Whether there is the dump that a report names. A program may print what looks like a report and
+/// names any file, which nobody should be asked to send.
+bool isDump(const CrashReport& report) {
+  OS::FileStatus status;
+  return QFileInfo(report.dump).fileName() == QString("ORV-%1.dmp").arg(report.process) &&
+         OS::stat(report.dump, &status) && status.isFile;
+}
+
 std::optional<CrashReport> reportIn(const Output& output) {
   Report::OwnFile file;
   if (Report::readOwnFile(output.path, mostOfFile, file) != Report::Reading_t::Done) {
@@ -128,9 +136,7 @@ std::optional<CrashReport> reportIn(const Output& output) {
   }
   report.path = output.path;
   report.seconds = report.seconds != 0 ? report.seconds : file.modified;
-  OS::FileStatus dump;
-  const bool isThere = !report.dump.isEmpty() && OS::stat(report.dump, &dump) && dump.isFile;
-  report.dump = isThere ? report.dump : QString();
+  report.dump = isDump(report) ? report.dump : QString();
   return report;
 }
 
