@@ -100,7 +100,8 @@ class Reader {
     match = whole.match(frame.rest);
     frame.given = {match.captured(2), match.captured(4), match.captured(5).toInt()};
     frame.isNamed = frame.given.line > 0;
-    _names[_report.frames.size()] = match.captured(1);
+    // A name, not a path: it leads to files below the folders of symbols.
+    _names[_report.frames.size()] = match.captured(1).section('/', -1);
     if (match.hasMatch() && frame.given.function.isEmpty()) {
       frame.offset = match.captured(3).toULongLong(nullptr, hexadecimal);
       frame.hasOffset = true;
