@@ -5,6 +5,7 @@
 
 #include <QThread>
 
+#include <optional>
 #include <regex>
 
 using namespace Kyr;
@@ -225,6 +226,42 @@ TEST(LockDoctor, FindsWhatMayLock) {
     }
     EXPECT_EQ(watch.kinds(), row.kinds) << row.catches;
   }
+}
+
+TEST(LockDoctor, LeavesTheLocksOfReportsAlone) {
+  Room locks;
+  std::vector<std::size_t> known;
+  LockDoctor::stop();
+  LockDoctorOptions options;
+  options.report = [&](const LockFinding&) {
+    known.push_back(LockDoctor::findings().size());
+    const AutoMutex own(&locks.c);  // before a elsewhere, and now behind it
+  };
+  LockDoctor::start(options);
+  const Locking orders[] = {both<&Room::c, &Room::a>, both<&Room::a, &Room::b>,
+                            both<&Room::b, &Room::a>};
+  for (const Locking& order : orders) {
+    inThread([&] { order(locks); });
+  }
+  LockDoctor::stop();
+  EXPECT_EQ(known, std::vector<std::size_t>{1});
+}
+
+/// A lock that ends while somebody holds it says nothing about the next one in its place.
+TEST(LockDoctor, ForgetsLocksThatEnd) {
+  Watch watch;
+  std::optional<MutexReadWrite> lock;
+  const auto hold = [&]() KYR_NO_THREAD_SAFETY_ANALYSIS {
+    lock.emplace("r", "locks", 4);
+    lock->lockRead();
+  };
+  hold();
+  EXPECT_EQ(LockDoctor::holders().size(), 1U);
+  lock.reset();
+  EXPECT_EQ(LockDoctor::holders().size(), 0U) << "of its own thread";
+  hold();
+  inThread([&] { lock.reset(); });
+  EXPECT_EQ(LockDoctor::holders().size(), 0U) << "of another one";
 }
 
 TEST(LockDoctor, FindsTheInversionInEveryRun) {

@@ -41,8 +41,9 @@ std::atomic<std::uint32_t> threadCount{0};
 std::atomic<std::uint32_t> watch{0};
 
 thread_local Watched* own = nullptr;
-/// While the doctor works for the thread: the locks that its reports take are not watched.
-thread_local bool isBusy = false;
+/// How often the doctor works for the thread, within its own work: the locks that its reports take
+/// are not watched.
+thread_local unsigned busyDepth = 0;
 
 std::int64_t now() noexcept {
   return std::chrono::steady_clock::now().time_since_epoch() / std::chrono::nanoseconds(1);
@@ -90,7 +91,7 @@ Watched* enter() noexcept {
 
 /// The calling thread; null when it is not watched.
 Watched* thisThread() noexcept {
-  if (isBusy) {
+  if (busyDepth != 0) {
     return nullptr;
   }
   if (!own) {
@@ -143,17 +144,19 @@ bool pop(Watched& thread, const void* lock, Use& use) noexcept {
 }
 
 /// For a lock that is given back by another thread than the one that took it.
-void popElsewhere(const void* lock) noexcept {
+/// \return whether some thread held it
+bool popElsewhere(const void* lock) noexcept {
   const std::uint32_t count = threadCount.load();
   for (std::uint32_t i = 0; i < count; ++i) {
     for (Held& held : threads[i].held) {
       const void* expected = lock;
       if (held.lock.load(std::memory_order_relaxed) == lock &&
           held.lock.compare_exchange_strong(expected, nullptr)) {
-        return;
+        return true;
       }
     }
   }
+  return false;
 }
 
 Chain chainOf(const Watched& thread, Use wanted) noexcept {
@@ -223,7 +226,7 @@ void LockBooks::keepOnlyThisThread() noexcept {
 }
 
 void LockBooks::setBusy(bool busy) noexcept {
-  isBusy = busy;
+  busyDepth += busy ? 1U : -1U;
 }
 
 LockBooks::Attempt::Attempt(const void* lock, const Origin& origin, Mode_t mode) noexcept
@@ -326,6 +329,9 @@ void LockBooks::release(const void* lock) noexcept {
 void LockBooks::forget(const void* lock) noexcept {
   Use use;
   while (own && pop(*own, lock, use)) {
+  }
+  // The next lock at this place must not be taken for it, whoever held it.
+  while (popElsewhere(lock)) {
   }
 }
 

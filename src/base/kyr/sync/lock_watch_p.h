@@ -88,7 +88,8 @@ void beginWatch() noexcept;
 
 /// In a forked child, whose only thread is the calling one.
 void keepOnlyThisThread() noexcept;
-/// Whether the locks of the calling thread are left alone.
+/// Whether the locks of the calling thread are left alone: until it was called with false as often
+/// as with true.
 void setBusy(bool busy) noexcept;
 /// Leaves them alone while it lives: the doctor works for the thread.
 class Busy {

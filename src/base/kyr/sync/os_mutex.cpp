@@ -96,7 +96,11 @@ MutexReadWrite::MutexReadWrite(const char* function, const char* file, unsigned 
       _file(file),
       _line(line) {}
 
-MutexReadWrite::~MutexReadWrite() = default;
+MutexReadWrite::~MutexReadWrite() {
+  if (LockWatch::isOn()) {
+    LockBooks::forget(this);
+  }
+}
 
 MutexReadWrite::MutexReadWrite(const MutexReadWrite&)
     : _internal(site::ReadWrite, site::File, site::CopiedMutex),
