@@ -59,10 +59,11 @@ struct LockHolder {
 /// Watches in which order the threads of a process hold its locks, and who waits for them.
 ///
 /// It is off unless the environment says `KYR_LOCK_DOCTOR=1` when the library is loaded, or
-/// start() is called; then a lock costs nothing more. It knows each Mutex and MutexReadWrite by the
-/// site where it was made, and remembers which site was held when another one was taken. An order
-/// that closes a circle is reported the first time that it is seen, by one thread after the other:
-/// nobody need wait for the deadlock. docs/locks.md tells how to read what it says.
+/// start() is called; until then a lock only looks whether it is on. It knows each Mutex and
+/// MutexReadWrite by the site where it was made, and remembers which site was held when another one
+/// was taken. An order that closes a circle is reported the first time that it is seen, by one
+/// thread after the other: nobody need wait for the deadlock. docs/locks.md tells how to read what
+/// it says.
 ///
 /// - All mutexes of a site count as one; those without a site are shown, but have no order. Two of
 ///   one site that a thread holds at once are a finding of its own.
