@@ -1,5 +1,5 @@
 /// \file
-/// What the lock doctor asks the system about threads.
+/// What the lock doctor, and reports of crashes, ask the system about threads.
 #pragma once
 
 #include <cstddef>

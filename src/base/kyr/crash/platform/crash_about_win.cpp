@@ -1,5 +1,6 @@
 #include <kyr/crash/crash_win_p.h>
 #include <kyr/sync/thread_sites_p.h>
+#include <kyr/sync/watched_thread_p.h>
 
 #include <algorithm>
 #include <array>
@@ -56,36 +57,12 @@ Function* systemFunction(const char* name) noexcept {
              : nullptr;
 }
 
-/// The description of a thread. GetThreadDescription() would take memory from the heap.
-void readName(DWORD thread, Piece& name) noexcept {
-  using Query = LONG NTAPI(HANDLE, int, void*, ULONG, ULONG*);
-  constexpr int threadName = 38;
-  struct {
-    struct {
-      USHORT length;  // in bytes
-      USHORT room;
-      wchar_t* text;
-    } head;
-    std::array<wchar_t, 128> text;
-  } description{};
-  auto* const query = systemFunction<Query>("NtQueryInformationThread");
-  const HANDLE handle = ::OpenThread(THREAD_QUERY_LIMITED_INFORMATION, FALSE, thread);
-  if (query && handle &&
-      query(handle, threadName, &description, sizeof description, nullptr) >= 0 &&
-      description.head.length > 0) {
-    toUtf8(description.head.text, description.head.length / int{sizeof(wchar_t)}, name);
-  }
-  if (handle) {
-    ::CloseHandle(handle);
-  }
-}
-
 void writeThread(DWORD thread) noexcept {
   Piece name{};
   Piece function{};
   Piece file{};
   ThreadSite site{};
-  readName(thread, name);
+  Platform::threadName(thread, name.data(), name.size());
   if (findThreadSite(thread, site)) {
     readText(site.function, function);
     readText(site.file, file);
