@@ -141,7 +141,7 @@ TEST(CrashOnWindows, ReportsWhatAnotherRuntimeRefuses) {
   }
   EXPECT_TRUE(ended.exited && ended.code == 1) << ended.code;
   const QByteArray report = readFile(home.file("output"));
-  EXPECT_TRUE(report.contains("caught exception: 0xc0000417\nat address 0x"))
+  EXPECT_TRUE(report.contains("caught exception: 0xc0000417\r\nat address 0x"))
       << report.toStdString();
 }
 

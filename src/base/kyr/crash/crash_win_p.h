@@ -35,6 +35,9 @@ inline void write(const Text& text) noexcept {
   write(text.data(), text.length());
 }
 
+/// Notes which line ends the runtime writes to standard error; reports have the same.
+void noteLineEnds() noexcept;
+
 /// Opens the file for the report, if there is to be one: what is written from here on goes there,
 /// too.
 void openReportFile() noexcept;

@@ -68,18 +68,17 @@ void Start::dropErrors(std::intptr_t kept) noexcept {
   }
 }
 
-// The runtime translates no line ends, as the crash handler writes to the same files without it.
 bool Start::redirectOutput(const QString& path, Target_t target) {
   const std::wstring name = Platform::nativePath(path).native();
   if (target == Target_t::Own) {
     ::DeleteFileW(name.c_str());
   }
-  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"ab", stdout) != nullptr;
+  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stdout) != nullptr;
 }
 
 bool Start::redirectErrors(const QString& path) {
   const std::wstring name = Platform::nativePath(path).native();
-  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"ab", stderr) != nullptr;
+  return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stderr) != nullptr;
 }
 
 bool Start::openConsole() {

@@ -236,6 +236,7 @@ void installInRuntimes() noexcept {
 
 void Crash::install(const char* dumpFile) noexcept {
   setDumpFile(dumpFile);
+  noteLineEnds();
   static std::atomic<bool> installed{false};
   if (installed.exchange(true)) {
     return;

@@ -1,11 +1,13 @@
 #include <kyr/crash/crash_handler_p.h>
 #include <kyr/crash/crash_win_p.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <new>
 
+#include <fcntl.h>
 #include <io.h>
 #include <windows.h>
 
@@ -15,6 +17,9 @@ namespace {
 
 std::array<wchar_t, 1024> reportPath{};
 HANDLE reportFile = nullptr;
+
+/// Whether the runtime writes line feeds to standard error as two characters.
+std::atomic<bool> hasTextLines{false};
 
 /// The handle behind standard error; the runtime's own functions would wait for the stream's lock.
 HANDLE standardError() noexcept {
@@ -33,6 +38,20 @@ void writeAll(HANDLE target, const char* bytes, std::size_t length) noexcept {
     }
     bytes += written;
     length -= written;
+  }
+}
+
+/// Writes with the line ends that the runtime gives to all else in the same file.
+void writeLines(HANDLE target, const char* bytes, std::size_t length) noexcept {
+  const char* const end = bytes + length;
+  while (bytes != end) {
+    const char* const feed = std::find(bytes, end, '\n');
+    writeAll(target, bytes, static_cast<std::size_t>(feed - bytes));
+    if (feed == end) {
+      return;
+    }
+    writeAll(target, "\r\n", 2);
+    bytes = feed + 1;
   }
 }
 
@@ -77,6 +96,16 @@ bool isSpace(const INPUT_RECORD& record) noexcept {
 
 }  // namespace
 
+// The runtime tells a stream's mode only to who sets it.
+void Crash::noteLineEnds() noexcept {
+  const int descriptor = ::_fileno(stderr);
+  const int mode = descriptor >= 0 ? ::_setmode(descriptor, _O_TEXT) : -1;
+  if (mode != -1) {
+    ::_setmode(descriptor, mode);
+  }
+  hasTextLines = mode == _O_TEXT;
+}
+
 void Crash::setReportFile(const char* file) noexcept {
   if (::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, file, -1, reportPath.data(),
                             int{reportPath.size()}) == 0) {
@@ -108,7 +137,11 @@ void Crash::write(const char* bytes, std::size_t length) noexcept {
   if (::GetFileType(target) == FILE_TYPE_DISK) {
     ::SetFilePointer(target, 0, nullptr, FILE_END);
   }
-  writeAll(target, bytes, length);
+  if (hasTextLines) {
+    writeLines(target, bytes, length);
+  } else {
+    writeAll(target, bytes, length);
+  }
   if (reportFile) {
     writeAll(reportFile, bytes, length);
   }
