@@ -20,6 +20,11 @@ target_compile_definitions(kyr_compile INTERFACE
 # Debug information that was split off, dumps and crash reports name the build by it. The 32-bit
 # compiler leaves frame pointers out, without which nobody finds the callers in a stripped program.
 target_link_options(kyr_compile INTERFACE -Wl,--build-id)
+if(WIN32)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  set(CMAKE_CXX_LINKER_LAUNCHER
+    "${Python3_EXECUTABLE};-B;${PROJECT_SOURCE_DIR}/tools/windows/link_named.py")
+endif()
 target_compile_options(kyr_compile INTERFACE $<$<PLATFORM_ID:Windows>:-fno-omit-frame-pointer>)
 if(KYR_SANITIZE)
   target_compile_options(kyr_compile INTERFACE
