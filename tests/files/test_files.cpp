@@ -7,7 +7,6 @@ namespace {
 
 using Kyr::FileParse::File;
 using KyrTest::Stream;
-using Texts = std::vector<std::string>;
 
 Stream streamOf(const std::string& bytes) {
   Stream stream = KyrTest::temporaryStream();
@@ -124,73 +123,6 @@ TEST(KeyedText, Operations) {
     }
   }
   EXPECT_GE(rows, 50);
-}
-
-// clang-format off
-const Texts pieces = {"N", "POINT", " ", " ", "\t", "  ", "12", "-7", "+", "3.2e-2", ".5", "nan", "0x1",
-                      "inf", "a=\"b c\"", "\"", "=", "word", "\v\f#", "\n", "\n", "\n", "99999999999"};
-const Texts wildPieces = {"\\\n", "\r\n", "\xC3\xA4", "\xD9\xA3", "\xFF", "\\", "\xEF\xBB\xBF",
-                          std::string(1, '\0'), std::string(4093, 'x')};
-const Texts valueOperations = {"i", "u", "b", "c", "h", "d", "s", "va", "k1", "f", "q", "x", "&"};
-const Texts otherOperations = {"L", "LN", "IN", "DN", "SPOINT", "RN", "k9", "w", "n", "p", "#", "=", "t", "e", "y", "m"};
-// clang-format on
-
-const std::string& oneOf(const Texts& texts, std::mt19937& random) {
-  return texts[random() % texts.size()];
-}
-
-std::string randomText(std::mt19937& random, int length, bool wild) {
-  std::string made;
-  while (length-- > 0) {
-    made += oneOf(wild && random() % 4 == 0 ? wildPieces : pieces, random);
-  }
-  return made;
-}
-
-TEST(KeyedText, AsciiReadsAsAllOtherText) {
-  const QRegularExpression lines("(^|\n)([^#\n][^\n]*)");
-  int compared = 0;
-  for (unsigned seed = 0; seed < 1000; ++seed) {
-    std::mt19937 random(seed);
-    const std::string bytes = "N 1\n" + randomText(random, 60, false);
-    const Stream stream = streamOf(bytes);
-    const QString longer = QString::fromStdString(bytes).replace(lines, "\\1\\2 \u00E4");
-    const Stream umlauts = streamOf(longer.toLatin1().toStdString());
-    File plain(stream.get());
-    File other(umlauts.get());
-    while (run(plain, "L") == "." && run(other, "L") == ".") {
-      for (int i = 0; i < 20 && !plain.atEndOfLine(); ++i, ++compared) {
-        ASSERT_EQ(plain.getCurrentLine() + QString::fromLatin1(" \xE4"), other.getCurrentLine());
-        const std::string& operation = oneOf(valueOperations, random);
-        ASSERT_EQ(run(plain, operation), run(other, operation)) << seed << operation;
-      }
-    }
-  }
-  EXPECT_GT(compared, 10000);
-}
-
-TEST(KeyedText, DamageKeepsWhatCameBefore) {
-  for (unsigned seed = 0; seed < 1500; ++seed) {
-    SCOPED_TRACE(seed);
-    std::mt19937 random(seed);
-    const std::string good = randomText(random, 20, true) + "\nEND\n";
-    std::string bytes = good + randomText(random, 20, true);
-    const std::size_t place = good.size() + random() % (bytes.size() - good.size());
-    bytes[place] = static_cast<char>(bytes[place] ^ (1 << random() % 8));
-    bytes.resize(random() % 2 == 0 ? place : bytes.size());
-    const Stream goodStream = streamOf(good);
-    File before(goodStream.get());
-    const Stream stream = streamOf(bytes);
-    File after(stream.get());
-    const std::string lines = run(before, "a");
-    ASSERT_EQ(run(after, "a").substr(0, lines.size()), lines);
-    std::rewind(stream.get());
-    for (int i = 0; i < 60; ++i) {
-      run(after, oneOf(random() % 3 == 0 ? otherOperations : valueOperations, random));
-    }
-    run(after, "a");
-    ASSERT_EQ(run(after, "L w"), "EOF EOF");
-  }
 }
 
 /// The sentence of the last step's error, without the file's name.
