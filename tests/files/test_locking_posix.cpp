@@ -1,5 +1,4 @@
 #include "files/Mounts.h"
-#include "files/Traced.h"
 #include "support/Support.h"
 
 #include <kyr/files/KyrLockingManager.h>
@@ -104,18 +103,6 @@ TEST(LockingPosix, OutlivesItsOwnerOnNoKindOfSystem) {
     GTEST_SKIP() << "this system lets nobody mount";
   }
   EXPECT_EQ(ended.output, "11") << ended.errors.toStdString();
-}
-
-TEST(LockingPosix, SurvivesADeathAtEverySystemCall) {
-  const KyrTest::TempDir dir;
-  const auto take = [&] { ExclusiveLock(dir.file("a")).tryLock(); };
-  int died = 0;
-  KyrTest::Traced locker = KyrTest::trace(take, 1);
-  for (; locker.wasKilled; locker = KyrTest::trace(take, ++died + 1)) {
-    ASSERT_TRUE(ExclusiveLock(dir.file("a")).tryLock()) << "at call " << died;
-    ASSERT_EQ(Kyr::OS::listDirectory(dir.path()), QStringList()) << "at call " << died;
-  }
-  EXPECT_TRUE(!locker.isPossible || died > 20);
 }
 
 }  // namespace

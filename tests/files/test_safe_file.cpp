@@ -1,7 +1,7 @@
-#include "files/Pieces.h"
 #include "support/Support.h"
 
 #include <kyr/files/KyrSafeFile.h>
+#include <kyr/pack/KyrZipStream.h>
 
 using namespace Kyr;
 using namespace KyrTest;
@@ -129,6 +129,14 @@ bool isWhole(const QByteArray& content, int unit) {
   return content == QByteArray(content.size(), static_cast<char>('a' + round)) && round >= 0;
 }
 
+/// The content of a file that is a whole zip stream in pieces; empty for any other.
+QByteArray unpackedPieces(const QString& path) {
+  ZipInStream in(path, 1);
+  const std::string content((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const bool isWhole = in.getState() == ZipInStream::StreamComplete && in.getStatistics().hasIndex;
+  return isWhole ? QByteArray::fromStdString(content) : QByteArray();
+}
+
 TEST(SafeFile, SurvivesTheEndOfItsWriterAtAnyStep) {
   const KyrTest::TempDir dir;
   for (const bool inPieces : {false, true}) {
@@ -147,7 +155,7 @@ TEST(SafeFile, SurvivesTheEndOfItsWriterAtAnyStep) {
       saver.waitForFinished();
       ASSERT_GE(saver.bytesAvailable(), steps) << saver.errorString().toStdString();
       seen += saver.readAll().right(1);
-      const QByteArray content = inPieces ? KyrTest::unpackedPieces(path) : readFile(path);
+      const QByteArray content = inPieces ? unpackedPieces(path) : readFile(path);
       ASSERT_TRUE(isWhole(content, inPieces ? 10000 : 1000)) << "after step " << steps;
       ASSERT_LE(OS::listDirectory(dir.path()).size(), 2) << "what the one before left stays";
     }
