@@ -7,34 +7,11 @@
 
 namespace KyrTest {
 
-namespace {
-
-/// Streams for the next use: a new file takes milliseconds, and some tests want thousands.
-std::vector<std::FILE*> idle;
-
-int recycle(std::FILE* stream) {
-  std::rewind(stream);
-  ::_chsize(::_fileno(stream), 0);
-  idle.push_back(stream);
-  return 0;
-}
-
 // tmpfile() would want to write to the root of the drive.
-std::FILE* newFile() {
+Stream temporaryStream() {
   static int count = 0;
   const QString name = QString("/kyr-test-%1-%2").arg(::GetCurrentProcessId()).arg(++count);
-  return ::_wfopen((QDir::tempPath() + name).toStdWString().c_str(), L"w+bTD");
-}
-
-}  // namespace
-
-Stream temporaryStream() {
-  if (idle.empty()) {
-    return {newFile(), &recycle};
-  }
-  std::FILE* const stream = idle.back();
-  idle.pop_back();
-  return {stream, &recycle};
+  return {::_wfopen((QDir::tempPath() + name).toStdWString().c_str(), L"w+bTD"), &std::fclose};
 }
 
 Stream pipeStream(const QByteArray& bytes) {
