@@ -94,18 +94,4 @@ TEST(Decompress, FillsBuffersAndTheRestGoesIntoAVector) {
   EXPECT_FALSE(Decompress(in).read(room.data(), 50001)) << "one byte too many is not filled";
 }
 
-TEST(Decompress, CutInputGivesItsPrefix) {
-  const std::string plain = noisy(1500);
-  Bytes out;
-  Compress(&out).write(plain.data(), 1500);
-  const std::string packed = textOf(out);
-  std::string back;
-  for (std::size_t size = 0; size < packed.size(); ++size) {
-    EXPECT_FALSE(decompresses(packed.substr(0, size), 0, &back)) << size;
-    EXPECT_EQ(back, plain.substr(0, back.size())) << size;
-  }
-  EXPECT_EQ(back.size(), 1500U) << "the decoded prefix is lost";
-  EXPECT_FALSE(decompresses(packed.substr(0, packed.size() - 1) + '?', 0, &back)) << "checksum";
-}
-
 }  // namespace
