@@ -10,22 +10,6 @@ namespace {
 constexpr std::size_t pieceSize = 262144;
 constexpr std::size_t entrySize = 16;  // of a piece in the index
 
-/// Points on a curved surface in records of 12 bytes, with the jitter of a scanner.
-std::string scan(std::size_t size) {
-  std::mt19937 random(1);
-  std::string bytes;
-  while (bytes.size() < size) {
-    const auto jitter = [&random] { return float(random() % 1000) * 1e-5F; };
-    const std::size_t record = bytes.size() / 12;
-    const auto number = float(record);
-    const float x = 0.2F * std::fmod(number, 512.0F) + jitter();
-    const float point[] = {x, number / 2560 + jitter(), 30 * std::sin(x / 20) + jitter()};
-    bytes.append(reinterpret_cast<const char*>(point), sizeof(point));
-  }
-  bytes.resize(size);
-  return bytes;
-}
-
 /// What is left of a file.
 struct Salvaged {
   explicit Salvaged(const std::string& file, const std::string& plain, unsigned workers = 1)
@@ -52,8 +36,8 @@ struct Salvaged {
   std::string all;
 };
 
-TEST(ZipSalvage, OneBitOfAScanCostsOnePiece) {
-  const std::string plain = scan(std::size_t{8} << 20U);
+TEST(ZipSalvage, OneBitCostsOnePiece) {
+  const std::string plain = noisy(std::size_t{8} << 20U);
   std::string file = zippedInPieces(plain);
   std::mt19937 random(3);
   std::size_t checked = 0;
