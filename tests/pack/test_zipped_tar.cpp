@@ -154,30 +154,6 @@ TEST(ZippedTar, TakesAllWhenAsked) {
             "/missing cannot be read:| a directory|/f its name in|/missing cannot be read:");
 }
 
-TEST(ZippedTar, TellsTheLackOfMemory) {
-  KYR_SKIP_SANITIZERS("they themselves end a process that is out of memory");
-  const TempDir dir;
-  const QString path = dir.path();
-  const auto ended = KyrTest::inChild([&path] {
-    Bytes out;
-    ZippedTarWriter writer(&out);
-    writer.setTaking(ZippedTarWriter::TakeAll);
-    KyrTest::limitMemory(true);
-    try {
-      for (;;) {
-        Kyr::reallocateStorage(nullptr, 16384);
-      }
-    } catch (const std::bad_alloc&) {
-    }
-    try {
-      writer.addDirectory(path, true, "d");
-    } catch (const std::bad_alloc&) {
-      std::_Exit(3);
-    }
-  });
-  EXPECT_EQ(ended.code, 3) << "a directory that cannot be read for lack of memory is at fault";
-}
-
 TEST(ZippedTar, WritesSizesBeyondTheHeader) {
   const TempDir dir;
   const QString path = dir.write("huge", "");
