@@ -20,6 +20,8 @@
 
 namespace KyrFuzz {
 
+constexpr std::size_t mostPlain = std::size_t{1} << 20U;
+
 /// Takes an input apart, from its front. Beyond the end there are zeros and empty texts.
 class Choices {
  public:
@@ -31,9 +33,22 @@ class Choices {
   unsigned upTo(unsigned most);
   bool yes() { return upTo(1) == 1; }
   std::string_view take(std::size_t count);
+  template <class Number>
+  Number number() {
+    Number value = 0;
+    const std::string_view bytes = take(sizeof value);
+    std::memcpy(&value, bytes.data(), bytes.size());
+    return value;
+  }
   /// The bytes up to the next line feed, which is dropped.
   std::string_view line();
   std::string_view rest() { return take(_rest.size()); }
+  /// What is left, so many times, but less than mostPlain of it.
+  std::string repeated(std::size_t times);
+  /// An index into the first 64 KiB of bytes.
+  std::size_t place(const std::string& bytes) {
+    return (upTo(255) * 256 + upTo(255)) % bytes.size();
+  }
 
  private:
   std::string_view _rest;
@@ -74,13 +89,16 @@ Stream streamOf(std::string_view bytes);
 /// \return valid until the next call
 std::string_view fenced(std::string_view bytes);
 
+QByteArray contentOf(const QString& path);
+
 inline Kyr::StructVector<unsigned char> vectorOf(std::string_view bytes) {
   Kyr::StructVector<unsigned char> vector;
   vector.append(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
   return vector;
 }
 
-inline std::string_view viewOf(const Kyr::StructVector<unsigned char>& bytes) {
+template <class Bytes>
+std::string_view viewOf(const Bytes& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 

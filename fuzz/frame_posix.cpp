@@ -1,6 +1,7 @@
 #include "Fuzz.h"
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <sys/mman.h>
@@ -24,6 +25,20 @@ std::string_view Choices::line() {
   const std::string_view taken = take(std::min(_rest.find('\n'), _rest.size()));
   take(1);
   return taken;
+}
+
+std::string Choices::repeated(std::size_t times) {
+  std::string all;
+  for (const std::string_view seed = rest(); times > 0 && all.size() + seed.size() < mostPlain;
+       --times) {
+    all.append(seed);
+  }
+  return all;
+}
+
+QByteArray contentOf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 const QString& folder() {

@@ -8,8 +8,6 @@ namespace KyrFuzz {
 
 namespace {
 
-constexpr std::size_t mostPlain = std::size_t{1} << 20U;
-
 /// What zlib makes of a stream.
 struct Inflated {
   std::string plain;
@@ -71,12 +69,8 @@ std::string checkCompress(bool gzip, std::string_view plain, Choices& choices) {
   Kyr::ZipPieces pieces;
   pieces.engine = choices.yes() ? Kyr::ZipPieces::FastestEngine : Kyr::ZipPieces::ZlibEngine;
   Kyr::StructVector<unsigned char> packed;
-  std::unique_ptr<Kyr::Compress> compress;
-  if (choices.yes()) {
-    compress = std::make_unique<Kyr::Compress>(format, &packed, pieces);
-  } else {
-    compress = std::make_unique<Kyr::Compress>(format, &packed);
-  }
+  const auto compress = choices.yes() ? std::make_unique<Kyr::Compress>(format, &packed, pieces)
+                                      : std::make_unique<Kyr::Compress>(format, &packed);
   const std::size_t step = 1 + std::size_t{choices.upTo(255)} * 97;
   for (std::size_t at = 0; at < plain.size(); at += step) {
     const std::string_view part = plain.substr(at, step);
@@ -98,15 +92,10 @@ void harness(Choices input) {
     return;
   }
   Choices choices(input.line());
-  const std::size_t times = 1 + choices.upTo(255);
-  std::string plain;
-  const std::string_view seed = input.rest();
-  for (std::size_t i = 0; i < times && plain.size() + seed.size() < mostPlain; ++i) {
-    plain.append(seed);
-  }
+  const std::string plain = input.repeated(1 + choices.upTo(255));
   std::string packed = checkCompress(gzip, plain, choices);
   while (!choices.atEnd()) {  // damaged here and there
-    const std::size_t at = (choices.upTo(255) * 256 + choices.upTo(255)) % packed.size();
+    const std::size_t at = choices.place(packed);
     packed[at] = static_cast<char>(packed[at] ^ static_cast<char>(choices.upTo(255)));
   }
   checkDecompress(gzip, packed, piece);

@@ -222,14 +222,14 @@ Outcome pairOf(Kyr::FileParse::File& file, const char* name) {
 /// Does an operation with both readers; letters name it.
 void step(char operation, Kyr::FileParse::File& file, LiteralReader& literal) {
   using Limits = std::numeric_limits<qint64>;
-  const auto both = [](const Outcome& expected, const Outcome& outcome) {
-    expect(outcome == expected, "the reader does what is documented");
+  const auto both = [](const Outcome& expected, const auto& action) {
+    expect(outcomeOf(action) == expected, "the reader does what is documented");
   };
   const auto line = [&](const char* key) {
     QString first;
     const bool hasLine = outcomeOf([&] { return Outcome(file.peekKey(first) ? "1" : ""); }) == "1";
     const Outcome outcome = outcomeOf([&] { return file.getLine(key), Outcome(); });
-    both(literal.getLine(QString::fromLatin1(key), file.isStrict()), outcome);
+    both(literal.getLine(QString::fromLatin1(key), file.isStrict()), [&] { return outcome; });
     expect(!hasLine || file.getDataLine().startsWith(first), "a look at the key was right");
   };
   switch (operation) {
@@ -238,24 +238,23 @@ void step(char operation, Kyr::FileParse::File& file, LiteralReader& literal) {
     case 'A':
       return line("\xC4");
     case 'i':
-      return both(literal.nextInteger(INT32_MIN, INT32_MAX),
-                  outcomeOf([&] { return numberOf<int>(file); }));
+      return both(literal.nextInteger(INT32_MIN, INT32_MAX), [&] { return numberOf<int>(file); });
     case 'q':
       return both(literal.nextInteger(Limits::min(), Limits::max()),
-                  outcomeOf([&] { return numberOf<qint64>(file); }));
+                  [&] { return numberOf<qint64>(file); });
     case 'u':
       return both(literal.nextInteger(0, std::numeric_limits<quint64>::max()),
-                  outcomeOf([&] { return numberOf<quint64>(file); }));
+                  [&] { return numberOf<quint64>(file); });
     case 'd':
-      return both(literal.nextDouble(), outcomeOf([&] { return doubleOf(file); }));
+      return both(literal.nextDouble(), [&] { return doubleOf(file); });
     case 'w':
-      return both(literal.nextWord(), outcomeOf([&] { return wordOf(file); }));
+      return both(literal.nextWord(), [&] { return wordOf(file); });
     case 'p':
-      return both(literal.nextPair("name"), outcomeOf([&] { return pairOf(file, "name"); }));
+      return both(literal.nextPair("name"), [&] { return pairOf(file, "name"); });
     case 's':
-      return both(literal.skip(2), outcomeOf([&] { return file.skipChars(2), Outcome(); }));
+      return both(literal.skip(2), [&] { return file.skipChars(2), Outcome(); });
     case 'r':
-      return both(literal.rawLine(), outcomeOf([&] { return file.getStringFromBlankLine(); }));
+      return both(literal.rawLine(), [&] { return file.getStringFromBlankLine(); });
     case 'S':
       return file.setStrict(!file.isStrict());
     default:

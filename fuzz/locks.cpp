@@ -30,11 +30,6 @@ bool isPlain(const QByteArray& text) {
          !text.contains("kept") && !text.contains("start");
 }
 
-QByteArray contentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void write(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   expect(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "there is room");

@@ -96,24 +96,16 @@ void harness(Choices input) {
       const std::string text(input.rest());
       const std::string visible = text.substr(0, text.find('\0'));
       checkDouble(visible);
-      checkInteger(visible);
-      return;
+      return checkInteger(visible);
     }
     case 1: {
       const char format = "fFeEgG"[input.upTo(5)];
       const auto precision = static_cast<int>(input.upTo(99));
-      double value = 0;
-      const std::string_view bytes = input.take(sizeof value);
-      std::memcpy(&value, bytes.data(), bytes.size());
-      checkWrittenDouble(value, format, precision);
-      return;
+      return checkWrittenDouble(input.number<double>(), format, precision);
     }
     default: {
       const auto base = static_cast<int>(2 + input.upTo(34));
-      long long value = 0;
-      const std::string_view bytes = input.take(sizeof value);
-      std::memcpy(&value, bytes.data(), bytes.size());
-      checkWrittenInteger(value, base);
+      checkWrittenInteger(input.number<long long>(), base);
     }
   }
 }

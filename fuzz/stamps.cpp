@@ -84,10 +84,7 @@ void harness(Choices input) {
   static const bool isUtc = qputenv("TZ", "UTC");
   expect(isUtc, "the time zone can be set");
   if (input.yes()) {
-    double seconds = 0;
-    const std::string_view bytes = input.take(sizeof seconds);
-    std::memcpy(&seconds, bytes.data(), bytes.size());
-    checkMoment(seconds);
+    checkMoment(input.number<double>());
   } else {
     checkStamp(std::string(input.rest()));
   }

@@ -48,25 +48,17 @@ void checkLine(std::string_view text) {
   expect(end == 1, "only its own line is consumed");
 }
 
+template <class Value>
+void check(std::string_view text) {
+  checkValue<Value>(textOf(text));
+  checkLine<Value>(text);
+}
+
 }  // namespace
 
 void harness(Choices input) {
-  const unsigned kind = input.upTo(2);
-  const std::string_view text = input.rest();
-  switch (kind) {
-    case 0:
-      checkValue<Kyr::Colour>(textOf(text));
-      checkLine<Kyr::Colour>(text);
-      break;
-    case 1:
-      checkValue<Kyr::Font>(textOf(text));
-      checkLine<Kyr::Font>(text);
-      break;
-    default:
-      checkValue<Kyr::Sound>(textOf(text));
-      checkLine<Kyr::Sound>(text);
-      break;
-  }
+  const auto kind = input.upTo(2);
+  (kind == 0 ? check<Kyr::Colour> : kind == 1 ? check<Kyr::Font> : check<Kyr::Sound>)(input.rest());
 }
 
 }  // namespace KyrFuzz

@@ -13,19 +13,13 @@ namespace {
 using Kyr::ZipInStream;
 using Kyr::ZipPart;
 
-constexpr std::size_t mostPlain = std::size_t{1} << 20U;
-
 /// The header stands in a file of every second; only its time differs.
 std::string written(std::string_view plain, bool inPieces, unsigned engine) {
   std::ostringstream file;
   Kyr::ZipPieces pieces;
   pieces.engine = static_cast<Kyr::ZipPieces::Engine_t>(engine);
-  std::unique_ptr<Kyr::ZipOutStream> out;
-  if (inPieces) {
-    out = std::make_unique<Kyr::ZipOutStream>(&file, 1, pieces);
-  } else {
-    out = std::make_unique<Kyr::ZipOutStream>(&file, 1);
-  }
+  const auto out = inPieces ? std::make_unique<Kyr::ZipOutStream>(&file, 1, pieces)
+                            : std::make_unique<Kyr::ZipOutStream>(&file, 1);
   out->write(plain.data(), static_cast<std::streamsize>(plain.size()));
   out->close();
   expect(bool(*out), "memory takes everything");
@@ -121,7 +115,7 @@ void checkRoundTrip(const std::string& plain, Choices& choices, std::size_t piec
     return;
   }
   for (unsigned i = 0; i < 2 && !choices.atEnd(); ++i) {
-    const std::size_t at = (choices.upTo(255) * 256 + choices.upTo(255)) % file.size();
+    const std::size_t at = choices.place(file);
     if (i == 1 && choices.yes()) {
       file.resize(at);
       break;
@@ -156,12 +150,7 @@ void harness(Choices input) {
   } else {
     Choices choices(input.line());
     const std::size_t times = 1 + std::size_t{choices.upTo(255)} * choices.upTo(31);
-    const std::string_view seed = input.rest();
-    std::string plain;
-    for (std::size_t i = 0; i < times && plain.size() + seed.size() < mostPlain; ++i) {
-      plain.append(seed);
-    }
-    checkRoundTrip(plain, choices, piece);
+    checkRoundTrip(input.repeated(times), choices, piece);
   }
 }
 
