@@ -25,6 +25,29 @@
 
 #define SHIM __attribute__((visibility("default")))
 
+/// A call that does what the C library does, or gives the value of a failure.
+#define SHIM_CALL(Type, name, parameters, kind, failure, ...)           \
+  SHIM Type name parameters {                                           \
+    return fails(kind) ? (failure) : real(&(name), #name)(__VA_ARGS__); \
+  }
+#define SHIM_OPEN(name, parameters, ...)                                      \
+  SHIM int name parameters {                                                  \
+    std::va_list list;                                                        \
+    va_start(list, flags);                                                    \
+    const mode_t mode = modeOf(flags, list);                                  \
+    va_end(list);                                                             \
+    return fails(Open) ? -1 : real(&(name), #name)(__VA_ARGS__, flags, mode); \
+  }
+/// One that fails has closed the file all the same.
+#define SHIM_CLOSE(name, Type)                     \
+  SHIM int name(Type file) {                       \
+    const bool failed = fails(Close);              \
+    const int error = errno;                       \
+    const int result = real(&(name), #name)(file); \
+    errno = failed ? error : errno;                \
+    return failed ? EOF : result;                  \
+  }
+
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -209,41 +232,12 @@ SHIM int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
   return made ? 0 : ENOMEM;
 }
 
-SHIM int open(const char* name, int flags, ...) {
-  std::va_list list;
-  va_start(list, flags);
-  const mode_t mode = modeOf(flags, list);
-  va_end(list);
-  return fails(Open) ? -1 : real(&open, "open")(name, flags, mode);
-}
-
-SHIM int open64(const char* name, int flags, ...) {
-  std::va_list list;
-  va_start(list, flags);
-  const mode_t mode = modeOf(flags, list);
-  va_end(list);
-  return fails(Open) ? -1 : real(&open64, "open64")(name, flags, mode);
-}
-
-SHIM int openat(int folder, const char* name, int flags, ...) {
-  std::va_list list;
-  va_start(list, flags);
-  const mode_t mode = modeOf(flags, list);
-  va_end(list);
-  return fails(Open) ? -1 : real(&openat, "openat")(folder, name, flags, mode);
-}
-
-SHIM std::FILE* fopen(const char* name, const char* mode) {
-  return fails(Open) ? nullptr : real(&fopen, "fopen")(name, mode);
-}
-
-SHIM std::FILE* fopen64(const char* name, const char* mode) {
-  return fails(Open) ? nullptr : real(&fopen64, "fopen64")(name, mode);
-}
-
-SHIM DIR* opendir(const char* name) {
-  return fails(Open) ? nullptr : real(&opendir, "opendir")(name);
-}
+SHIM_OPEN(open, (const char* name, int flags, ...), name)
+SHIM_OPEN(open64, (const char* name, int flags, ...), name)
+SHIM_OPEN(openat, (int folder, const char* name, int flags, ...), folder, name)
+SHIM_CALL(std::FILE*, fopen, (const char* name, const char* mode), Open, nullptr, name, mode)
+SHIM_CALL(std::FILE*, fopen64, (const char* name, const char* mode), Open, nullptr, name, mode)
+SHIM_CALL(DIR*, opendir, (const char* name), Open, nullptr, name)
 
 SHIM ssize_t read(int file, void* room, std::size_t size) {
   const ssize_t most = allowed(Read, size);
@@ -291,73 +285,27 @@ SHIM int fflush(std::FILE* stream) {
   return failed ? EOF : real(&fflush, "fflush")(stream);
 }
 
-SHIM int fsync(int file) {
-  return fails(Sync) ? -1 : real(&fsync, "fsync")(file);
-}
-
-SHIM int fdatasync(int file) {
-  return fails(Sync) ? -1 : real(&fdatasync, "fdatasync")(file);
-}
-
-SHIM int rename(const char* from, const char* to) {
-  return fails(Rename) ? -1 : real(&rename, "rename")(from, to);
-}
-
-SHIM int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
-  return fails(Rename) ? -1 : real(&renameat2, "renameat2")(fromFolder, from, toFolder, to, flags);
-}
-
-SHIM int link(const char* from, const char* to) {
-  return fails(Rename) ? -1 : real(&link, "link")(from, to);
-}
-
-// A failing close() has closed the file all the same.
-SHIM int close(int file) {
-  const bool failed = fails(Close);
-  const int error = errno;
-  const int result = real(&close, "close")(file);
-  errno = failed ? error : errno;
-  return failed ? -1 : result;
-}
-
-SHIM int fclose(std::FILE* stream) {
-  const bool failed = fails(Close);
-  const int error = errno;
-  const int result = real(&fclose, "fclose")(stream);
-  errno = failed ? error : errno;
-  return failed ? EOF : result;
-}
-
-SHIM int truncate(const char* name, off_t size) {
-  return fails(Cut) ? -1 : real(&truncate, "truncate")(name, size);
-}
-
-SHIM int ftruncate(int file, off_t size) {
-  return fails(Cut) ? -1 : real(&ftruncate, "ftruncate")(file, size);
-}
-
-SHIM int ftruncate64(int file, off64_t size) {
-  return fails(Cut) ? -1 : real(&ftruncate64, "ftruncate64")(file, size);
-}
-
-SHIM int posix_fallocate(int file, off_t offset, off_t size) {
-  return fails(Cut) ? fault.error : real(&posix_fallocate, "posix_fallocate")(file, offset, size);
-}
-
-SHIM void* mmap(void* at, std::size_t size, int protection, int flags, int file, off_t offset) {
-  return fails(Map) ? MAP_FAILED : real(&mmap, "mmap")(at, size, protection, flags, file, offset);
-}
-
-SHIM void* mmap64(void* at, std::size_t size, int protection, int flags, int file, off64_t offset) {
-  return fails(Map) ? MAP_FAILED
-                    : real(&mmap64, "mmap64")(at, size, protection, flags, file, offset);
-}
-
-SHIM int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
-                        void* (*function)(void*), void* argument) {
-  return fails(Start)
-             ? fault.error
-             : real(&pthread_create, "pthread_create")(thread, attributes, function, argument);
-}
+SHIM_CALL(int, fsync, (int file), Sync, -1, file)
+SHIM_CALL(int, fdatasync, (int file), Sync, -1, file)
+SHIM_CALL(int, rename, (const char* from, const char* to), Rename, -1, from, to)
+SHIM_CALL(int, renameat2, (int folder, const char* from, int other, const char* to, unsigned flags),
+          Rename, -1, folder, from, other, to, flags)
+SHIM_CALL(int, link, (const char* from, const char* to), Rename, -1, from, to)
+SHIM_CLOSE(close, int)
+SHIM_CLOSE(fclose, std::FILE*)
+SHIM_CALL(int, truncate, (const char* name, off_t size), Cut, -1, name, size)
+SHIM_CALL(int, ftruncate, (int file, off_t size), Cut, -1, file, size)
+SHIM_CALL(int, ftruncate64, (int file, off64_t size), Cut, -1, file, size)
+SHIM_CALL(int, posix_fallocate, (int file, off_t offset, off_t size), Cut, fault.error, file,
+          offset, size)
+SHIM_CALL(void*, mmap, (void* at, std::size_t size, int access, int flags, int file, off_t offset),
+          Map, MAP_FAILED, at, size, access, flags, file, offset)
+SHIM_CALL(void*, mmap64,
+          (void* at, std::size_t size, int access, int flags, int file, off64_t offset), Map,
+          MAP_FAILED, at, size, access, flags, file, offset)
+SHIM_CALL(int, pthread_create,
+          (pthread_t * thread, const pthread_attr_t* attributes, void* (*function)(void*),
+           void* argument),
+          Start, fault.error, thread, attributes, function, argument)
 
 }  // extern "C"
