@@ -30,4 +30,9 @@ inline void expectAnswers(const TempDir& folder, const std::vector<Answer>& rows
   }
 }
 
+/// Starts a program with some standard streams closed.
+/// \param closed any of the digits 0 for input, 1 for output and 2 for errors
+void startWithClosed(QProcess& process, const QString& program, const QStringList& words,
+                     const QString& closed);
+
 }  // namespace KyrTest

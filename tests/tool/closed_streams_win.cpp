@@ -1,6 +1,4 @@
-#include "tool/closed_streams.h"
-
-#include <QProcess>
+#include "tool/answers.h"
 
 #include <windows.h>
 

@@ -1,5 +1,4 @@
 #include "tool/answers.h"
-#include "tool/closed_streams.h"
 
 #include <filesystem>
 
