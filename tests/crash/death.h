@@ -39,6 +39,11 @@ inline Death die(const TempDir& folder, const QStringList& words,
           process.readAllStandardError().replace('\r', "")};
 }
 
+class Crash : public testing::Test {
+ protected:
+  void SetUp() override { KYR_SKIP_SANITIZERS("they report faults in the place of the library"); }
+};
+
 /// Makes the dump of an earlier crash, so many hours old.
 inline QString plantDump(const TempDir& folder, const QString& name, int hours) {
   QFile dump(folder.write(name, "old"));

@@ -13,8 +13,10 @@ void KyrTest::lockDump(const QFile& dump) {
   EXPECT_EQ(::flock(dump.handle(), LOCK_EX), 0);
 }
 
-TEST(CrashInTheWay, IsReportedWithWhatFailed) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+using CrashInTheWay = Crash;
+using CrashFromOutside = Crash;
+
+TEST_F(CrashInTheWay, IsReportedWithWhatFailed) {
   const struct {
     const char* prepare;  // a shell, which then becomes the program: $$ is the process's number
     const char* shows;
@@ -69,8 +71,7 @@ TEST(CrashInTheWay, IsReportedWithWhatFailed) {
   }
 }
 
-TEST(CrashInTheWay, NamesTheDumpOfAForkedChildByItsOwnNumber) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashInTheWay, NamesTheDumpOfAForkedChildByItsOwnNumber) {
   const Home home;
   inChild([&] {
     home.start({});
@@ -95,8 +96,7 @@ void sendToParent(int signal, const Home& home) {
   ::pause();
 }
 
-TEST(CrashFromOutside, NamesTheSender) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashFromOutside, NamesTheSender) {
   const struct {
     int signal;
     bool isOwn;
@@ -124,8 +124,7 @@ TEST(CrashFromOutside, NamesTheSender) {
   }
 }
 
-TEST(CrashInTheWay, IsKeptOfAProgramWhoseStreamsStay) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashInTheWay, IsKeptOfAProgramWhoseStreamsStay) {
   const struct {
     bool isKept;
     bool isInTheWay;
@@ -158,8 +157,7 @@ TEST(CrashInTheWay, IsKeptOfAProgramWhoseStreamsStay) {
   }
 }
 
-TEST(CrashInTheWay, IsToldInTheLanguageOfTheUser) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashInTheWay, IsToldInTheLanguageOfTheUser) {
   const Home home;
   const auto ended = inChild([&] {
     int count = 1;
@@ -175,8 +173,7 @@ TEST(CrashInTheWay, IsToldInTheLanguageOfTheUser) {
       << ended.errors.toStdString();
 }
 
-TEST(CrashInTheWay, NamesTheBuildAsTheFileHasIt) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashInTheWay, NamesTheBuildAsTheFileHasIt) {
   const TempDir folder;
   const QString report = die(folder, {"--kind", "null-read"}).report;
   const QByteArray notes = runProgram("readelf", {"-n", KYR_CRASH}).output;
@@ -185,8 +182,7 @@ TEST(CrashInTheWay, NamesTheBuildAsTheFileHasIt) {
   EXPECT_TRUE(report.contains(" " + id + " ")) << report.toStdString();
 }
 
-TEST(CrashInTheWay, LeavesTheDumpsOfOthers) {
-  KYR_SKIP_SANITIZERS("they report faults in the place of the library");
+TEST_F(CrashInTheWay, LeavesTheDumpsOfOthers) {
   if (::geteuid() != 0) {
     GTEST_SKIP() << "only root gives files away";
   }

@@ -107,16 +107,6 @@ TEST(Heartbeat, AHangLeavesTheStacksOnceAndTheProcessLivesOn) {
   EXPECT_FALSE(stacks.contains("HeartbeatWatcher")) << "the thread that watches is left out";
 }
 
-TEST(Heartbeat, SaysNothingOfAThreadThatBeats) {
-  Kyr::SyncErrorLog log(true);
-  Heartbeat heartbeat(optionsFor(log));
-  for (int i = 0; i < 60; ++i) {
-    std::this_thread::sleep_for(Milliseconds(20));
-    heartbeat.beat();
-  }
-  EXPECT_EQ(log.getLog().toStdString(), "");
-}
-
 TEST(Heartbeat, BeatsInTheEventLoop) {
   int count = 1;
   char name[] = "test";
