@@ -46,15 +46,15 @@ Forever<std::mutex> guardRoom;
 
 // Zeros until somebody watches, and so no part of any memory; all but the numbers of entries and
 // the words of known pairs belong to guard().
-Site sites[siteCapacity];
+Site sites[siteCapacity]{};
 std::uint32_t siteCount = 1;  // the first stands for all without a name
-Entry entries[entryCapacity];
+Entry entries[entryCapacity]{};
 std::uint32_t entryCount = 0;
-std::atomic<std::uint64_t> known[nodeCapacity][nodeCapacity / 64];
-Pair pairs[pairCapacity];
+std::atomic<std::uint64_t> known[nodeCapacity][nodeCapacity / 64]{};
+Pair pairs[pairCapacity]{};
 std::uint32_t pairCount = 0;
 std::uint32_t firstPair[nodeCapacity];  // one more than its index
-Step steps[pairCapacity + 1];           // of the search that runs
+Step steps[pairCapacity + 1]{};         // of the search that runs
 bool reached[nodeCapacity];
 
 std::uint32_t hashOf(const Origin& origin) noexcept {

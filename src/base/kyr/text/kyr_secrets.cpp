@@ -1,5 +1,6 @@
 #include <kyr/text/secrets_p.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace Kyr::Secrets {
@@ -117,7 +118,7 @@ void Blanker::Room::add(std::string_view piece) noexcept {
     _isFull = true;
     return;
   }
-  std::memcpy(_bytes.data() + _length, piece.data(), piece.size());
+  std::copy(piece.begin(), piece.end(), _bytes.data() + _length);
   _length += piece.size();
 }
 
