@@ -88,6 +88,9 @@ class HeartbeatWatcher final : public Thread {
       // two.
       look(std::min<qint64>(clock.restart(), qint64{2} * tick));
     }
+    if (_heartbeat._hasBeaten.load(std::memory_order_relaxed)) {
+      reportRecovery();  // the hang ended while it was reported, and all else right behind
+    }
   }
 
  private:
