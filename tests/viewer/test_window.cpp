@@ -322,12 +322,9 @@ TEST_F(Viewing, TextsFitInEveryLanguage) {
   const QString path = write("scan.obj", curvedSquare(-1));
   const QString large = write("large.obj", curvedSquare(1, 60));
   const std::tuple<const char*, const char*, const char*> languages[] = {
-      {"en", "Abort", "2.000 mm"},
-      {"de", "Abbrechen", "2,000 mm"},
-      {"fr", "Interrompre", "2,000 mm"},
-      {"jp", "中止", "2.000 mm"},
-      {"cn", "中止", "2.000 mm"},
-      {"pt", "Interromper", "2,000 mm"}};
+      {"en", "Abort", "2.000 mm"},       {"de", "Abbrechen", "2,000 mm"},
+      {"fr", "Interrompre", "2,000 mm"}, {"jp", "中止", "2.000 mm"},
+      {"cn", "中止", "2.000 mm"},        {"pt", "Interromper", "2,000 mm"}};
   for (const auto& [language, abort, width] : languages) {
     Kyr::KyrInit::InitTranslator(language);
     Kyr::installTranslator("Examples");

@@ -28,9 +28,9 @@ struct CrashReport {
 ///
 /// Reports lie in the files to which the start of the library sends standard error: that of each
 /// process in the temporary directory, and the one that KYR_CONSOLE names. Programs whose streams
-/// stay as they are leave none, unless they ask for it (StartOptions::keepReport). A file counts only if it is a plain one
-/// of this user, without a second name; links are not followed. What processes that still run are
-/// writing, and what an application merely prints, is no report.
+/// stay as they are leave none, unless they ask for it (StartOptions::keepReport). A file counts
+/// only if it is a plain one of this user, without a second name; links are not followed. What
+/// processes that still run are writing, and what an application merely prints, is no report.
 /// \code
 /// if (const std::optional<CrashReport> last = KyrInit::lastCrash(); last && !last->isSeen) {
 ///   std::printf("%s\n%s\n", qPrintable(last->fault), qPrintable(last->path));
