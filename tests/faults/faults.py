@@ -219,8 +219,9 @@ class Bench:
         try:
             code, out, err = self.run(session, folder, " ".join(map(str, point)))
             log = (folder / "tmp/faults.log").read_text()
-            if "at " not in log:
-                return ("unmet", log, b"") if code == 0 else ("fails without a fault", log, err)
+            # Where nothing gets memory any more, the shim may not come to say where that was.
+            if "at " not in log and code == 0:
+                return ("unmet", log, b"")
             fault = self.judge(session, point, folder, code, out, err) or self.rerun(session, folder)
             return (fault, log, err)
         finally:

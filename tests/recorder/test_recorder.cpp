@@ -50,7 +50,7 @@ TEST(FlightRecorder, TellsTheTimeInUtc) {
   ASSERT_EQ(line.at(headLength - 1), ' ');
   const QDateTime told = QDateTime::fromString(line.left(23) + 'Z', Qt::ISODateWithMs);
   ASSERT_TRUE(told.isValid()) << line.toStdString();
-  EXPECT_LT(std::abs(before.msecsTo(told)), 1000) << line.toStdString();
+  EXPECT_LT(std::abs(before.msecsTo(told)), 60000) << line.toStdString();
 }
 
 TEST(FlightRecorder, KeepsTheNewestOfOneThread) {
