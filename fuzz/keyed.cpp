@@ -228,7 +228,7 @@ void step(char operation, Kyr::FileParse::File& file, LiteralReader& literal) {
   const auto line = [&](const char* key) {
     QString first;
     const bool hasLine = outcomeOf([&] { return Outcome(file.peekKey(first) ? "1" : ""); }) == "1";
-    const Outcome outcome = outcomeOf([&] { return file.getLine(key), Outcome(); });
+    Outcome outcome = outcomeOf([&] { return file.getLine(key), Outcome(); });
     both(literal.getLine(QString::fromLatin1(key), file.isStrict()), [&] { return outcome; });
     expect(!hasLine || file.getDataLine().startsWith(first), "a look at the key was right");
   };

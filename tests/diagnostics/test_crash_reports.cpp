@@ -37,15 +37,17 @@ std::string textOf(const std::optional<CrashReport>& report) {
 }
 
 class CrashFiles : public testing::Test {
- protected:
-  CrashFiles() {
-    _home.setVariables(
-        {{"TEMP", _home.path()}, {"KYR_CONSOLE", "file:" + _home.file("named.txt")}});
-  }
+ public:
   ~CrashFiles() override {
     for (const char* name : {"KYR_CONSOLE", "KYR_CONFIG_DIR", "TMPDIR", "TMP", "TEMP"}) {
       OS::unsetEnv(name);
     }
+  }
+
+ protected:
+  CrashFiles() {
+    _home.setVariables(
+        {{"TEMP", _home.path()}, {"KYR_CONSOLE", "file:" + _home.file("named.txt")}});
   }
   /// Replaces the files of output by these.
   void plant(const std::vector<std::pair<QString, QByteArray>>& files) const {

@@ -20,6 +20,7 @@ TEST(LockDoctorPosix, GoesOnInAForkedChild) {
       const AutoMutex outer(&b);
       if (a.tryLock(0)) {
         std::cout << "free";
+        a.unlock("", "", 0);
       }
     }).join();
     Mutex again("a", "locks", 1);

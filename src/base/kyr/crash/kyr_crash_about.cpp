@@ -134,9 +134,10 @@ void Crash::appendMoment(Text& text, std::int64_t seconds) noexcept {
 }
 
 void Crash::appendBytes(Text& text, const unsigned char* bytes, std::size_t count) noexcept {
+  const char* const digits = "0123456789abcdef";
   for (std::size_t i = 0; i < count; ++i) {
-    text.append("0123456789abcdef" + bytes[i] / 16, 1);
-    text.append("0123456789abcdef" + bytes[i] % 16, 1);
+    text.append(digits + bytes[i] / 16, 1);
+    text.append(digits + bytes[i] % 16, 1);
   }
 }
 

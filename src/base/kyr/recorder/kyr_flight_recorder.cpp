@@ -30,7 +30,7 @@ struct alignas(256) Slot {
   std::array<std::atomic<std::uint64_t>, textWords> words{};
 };
 
-struct alignas(64) Ring {
+struct Ring {
   std::atomic<std::uint64_t> next{0};  ///< number of the next entry
   std::array<Slot, ringEntries> slots;
 };
