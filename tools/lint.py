@@ -1,16 +1,22 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the sources of a build folder, as many at once as there are processors.
 
+Most of its time goes into the headers of others, so sources of one folder are looked at together, as
+one that includes them. Whatever it has to say then, that they share a name included, may come from
+their company: each of them is looked at alone, and only what is said of it there counts.
+
 A file that was found clean is not looked at again, in this checkout or in another one on this
 machine, until it, a header of this project that it includes, its compiler command or the
 configuration of the lint changes.
 """
 import argparse
+import collections
 import concurrent.futures
 import hashlib
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 import time
@@ -18,6 +24,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 TIDY = "clang-tidy-14"
+TOGETHER = 8  # more would share more names, and one of them changed would cost more
+Entry = collections.namedtuple("Entry", "source stamp options")
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', re.MULTILINE)
 FOLDERS = [ROOT / folder for folder in ("src/base", "tests", "bench", "fuzz", "examples", "tools")]
 
@@ -58,23 +66,65 @@ def fingerprint(source, command):
     return digest.hexdigest()
 
 
-def lint(build, source):
-    """The complaints about a source; empty if it is clean."""
-    ran = subprocess.run([TIDY, "--quiet", "-p", build, source],
-                         capture_output=True, text=True, check=False)
+def tidy(*options):
+    """What clang-tidy complains of; empty if it finds nothing."""
+    ran = subprocess.run([TIDY, "--quiet", *options], capture_output=True, text=True, check=False)
     return "" if ran.returncode == 0 else (ran.stdout or ran.stderr)
 
 
+def clean_together(build, entries):
+    """Whether clang-tidy finds nothing in sources of one folder with the same options."""
+    if len(entries) == 1:
+        return False
+    # The analyzer looks into an included source only for a file of this name.
+    together = build / "lint" / f"UnifiedSource{entries[0].stamp.name}.cpp"
+    together.write_text("".join(f'#include "{entry.source}"\n' for entry in entries))
+    return not tidy("--checks=-bugprone-suspicious-include", together, "--", *entries[0].options)
+
+
+def lint(build, entries):
+    """Gives the clean ones of such sources their stamps; the complaints about the others."""
+    if clean_together(build, entries):
+        found = [""] * len(entries)
+    else:
+        found = [tidy("-p", build, entry.source) for entry in entries]
+    for entry, complaints in zip(entries, found):
+        if not complaints:
+            entry.stamp.touch()
+    return "".join(found)
+
+
+def options(command):
+    """A compiler's options without the names of what it reads and writes."""
+    words = shlex.split(command)
+    output = words.index("-o")
+    del words[output:output + 2]
+    return tuple(words[next(i for i, word in enumerate(words) if word.startswith("-")):
+                       words.index("-c")])
+
+
 def outdated(build, stamps):
-    """Pairs of a source and the stamp that it earns by being clean, the largest first."""
+    """What has not been found clean as it is now."""
     for entry in json.loads((build / "compile_commands.json").read_text()):
         source = Path(entry["file"]).resolve()
-        generated = build.resolve() in source.parents
-        stamp = stamps / fingerprint(source, entry["command"]) if not generated else None
-        if stamp and stamp.exists():
+        if build in source.parents:
+            continue
+        stamp = stamps / fingerprint(source, entry["command"])
+        if stamp.exists():
             stamp.touch()
-        elif stamp:
-            yield source, stamp
+        else:
+            yield Entry(source, stamp, options(entry["command"]))
+
+
+def batches(entries):
+    """Entries that can be looked at together, the longest first."""
+    alike = collections.defaultdict(list)
+    for entry in entries:
+        own = (entry.source.parent / ".clang-tidy").exists()
+        alike[entry.source if own else entry.source.parent, entry.options].append(entry)
+    found = [group[begin:begin + TOGETHER]
+             for group in alike.values() for begin in range(0, len(group), TOGETHER)]
+    return sorted(found, key=lambda batch: -sum(e.source.stat().st_size for e in batch))
 
 
 def forget_old(stamps):
@@ -88,18 +138,17 @@ def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("build", type=Path, help="with compile_commands.json")
     arguments.add_argument("stamps", type=Path, help="folder for the names of what was clean")
-    options = arguments.parse_args()
-    build, stamps = options.build, options.stamps
+    told = arguments.parse_args()
+    build, stamps = told.build.resolve(), told.stamps
     stamps.mkdir(parents=True, exist_ok=True)
-    work = sorted(outdated(build, stamps), key=lambda pair: -pair[0].stat().st_size)
+    (build / "lint").mkdir(exist_ok=True)
+    work = batches(outdated(build, stamps))
     clean = True
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
-        for (_, stamp), found in zip(work, pool.map(lambda pair: lint(build, pair[0]), work)):
+        for found in pool.map(lambda batch: lint(build, batch), work):
             if found:
                 clean = False
                 print(found)
-            else:
-                stamp.touch()
     forget_old(stamps)
     return 0 if clean else 1
 
