@@ -1,6 +1,6 @@
 /// \file
 /// What tests of several rooms share, with GoogleTest and what many of them need of the standard
-/// library, of Qt and of this one: tests have all of it compiled in advance.
+/// library, of Qt and of this one; what is not its own is compiled in advance.
 #pragma once
 
 #include <kyr/core/KyrException.h>
