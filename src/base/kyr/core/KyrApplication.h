@@ -23,6 +23,7 @@ enum Application_t : int {
 };
 
 /// What the library must know of one application.
+/// \threadsafety any thread; the table is constant
 struct ApplicationProperties {
   const char* name;       ///< plain English name, static text
   bool usesProfile;       ///< has a directory of measurement profiles

@@ -12,8 +12,10 @@ namespace Kyr {
 
 /// An error that a caller is expected to catch; carries one message for people.
 /// Thrown by value, caught by reference. A broken invariant is no Exception but a ProgError.
+/// \threadsafety any thread, as long as nobody assigns to the object
 class KYR_EXPORT Exception : public std::logic_error {
  public:
+  /// An empty message.
   Exception();
   /// \param text the message; kept as UTF-8, which what() gives
   Exception(const QString& text);
@@ -29,6 +31,7 @@ class KYR_EXPORT Exception : public std::logic_error {
 namespace FileParse {
 
 /// Where in a text something stands. What is not known is 0 or empty.
+/// \threadsafety a value
 struct KYR_EXPORT Place {
   QString fileName;   ///< the name by which the reader opened the file
   qint64 line = 0;    ///< from 1, as an editor counts
@@ -50,9 +53,12 @@ struct KYR_EXPORT Place {
 ///   std::cerr << qPrintable(translate(error));  // points.txt:12:7: "wide" is no integer
 /// }
 /// \endcode
+/// \threadsafety as Exception
 class KYR_EXPORT Error : public Exception {
  public:
+  /// An empty message, and no place.
   Error();
+  /// \param text the message; no place
   Error(const QString& text);
   Error(const Error&) = default;
   Error& operator=(const Error&) = default;
@@ -68,9 +74,12 @@ class KYR_EXPORT Error : public Exception {
 };
 
 /// The file has ended, or its next line has another key; catch it before Error.
+/// \threadsafety as Exception
 class KYR_EXPORT EndOfFile : public Error {
  public:
+  /// An empty message, and no place.
   EndOfFile();
+  /// \param text the message; no place
   EndOfFile(const QString& text);
   EndOfFile(const EndOfFile&) = default;
   EndOfFile& operator=(const EndOfFile&) = default;

@@ -40,8 +40,9 @@ class StructVector {
   static_assert(alignof(T) <= alignof(std::max_align_t), "the C heap aligns no further");
 
  public:
-  using value_type = T;
+  using value_type = T;  ///< as standard containers call it
 
+  /// Empty, without memory.
   StructVector() = default;
   /// \param size number of elements, each a copy of \a value
   explicit StructVector(std::size_t size, const T& value = T()) {
@@ -68,12 +69,18 @@ class StructVector {
   std::size_t size() const noexcept { return _size; }
   /// Elements for which there is memory.
   std::size_t capacity() const noexcept { return _capacity; }
+  /// Whether size() is 0.
   bool empty() const noexcept { return _size == 0; }
+  /// The first element; null where capacity() is 0. What makes it grow or shrink moves it.
   T* data() noexcept { return _data; }
   const T* data() const noexcept { return _data; }
+  /// As data(), for loops and algorithms.
   T* begin() noexcept { return _data; }
+  /// Behind the last element in use.
   T* end() noexcept { return _data + _size; }
+  /// As data(), for loops and algorithms.
   const T* begin() const noexcept { return _data; }
+  /// Behind the last element in use.
   const T* end() const noexcept { return _data + _size; }
   /// \param index below size(); not checked
   T& operator[](std::size_t index) noexcept { return _data[index]; }
@@ -106,6 +113,7 @@ class StructVector {
     reserve(size);
     _size = size;
   }
+  /// No element is in use any more; the memory stays for the next ones.
   void clear() noexcept { _size = 0; }
 
   /// Appends one element, which may be one of this vector.
@@ -131,6 +139,7 @@ class StructVector {
     _size += count;
   }
 
+  /// Exchanges elements and memory with another vector; no element moves.
   void swap(StructVector& other) noexcept {
     std::swap(_data, other._data);
     std::swap(_size, other._size);
