@@ -12,6 +12,10 @@
 namespace Kyr {
 
 /// Base64 in the standard alphabet of RFC 4648, with padding. Never instantiated; it has no state.
+/// \code
+/// const QByteArray letters = Base64::encode("foo");   // "Zm9v"
+/// const QByteArray bytes = Base64::decode(letters);  // "foo"
+/// \endcode
 /// \threadsafety any thread, each with its own vectors
 class KYR_EXPORT Base64 {
  public:

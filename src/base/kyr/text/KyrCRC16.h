@@ -11,6 +11,9 @@ namespace Kyr {
 
 /// The cyclic redundancy check known as CRC-16/XMODEM: polynomial 0x1021, initial value 0, most
 /// significant bit first, no final XOR. Never instantiated; it has no state.
+/// \code
+/// const unsigned short sum = CRC16::compute(StructVector<unsigned char>{'1', '2', '3'});
+/// \endcode
 /// \threadsafety any thread
 class KYR_EXPORT CRC16 {
  public:

@@ -27,12 +27,15 @@ class KYR_EXPORT NumString {
  public:
   /// An empty text, without parts.
   NumString() = default;
+  /// As setString().
   NumString(const QString& text) { setString(text); }
 
   /// Stores a text and finds its parts, at a cost linear in its length.
   void setString(const QString& text);
+  /// The text as it was set or counted up.
   QString getString() const { return _text; }
 
+  /// How many parts the text has, of digits and of other characters; 0 for an empty one.
   unsigned int partsCount() const { return static_cast<unsigned>(count()); }
   /// The value of a part of digits.
   /// \param index below partsCount(); not checked

@@ -23,6 +23,7 @@ namespace Kyr {
 KYR_EXPORT qint64 qstringToInt64(const QString& text, bool* ok = nullptr, int base = 10,
                                  int* end = nullptr);
 /// As qstringToInt64(), without "-".
+/// \threadsafety any thread
 KYR_EXPORT quint64 qstringToUInt64(const QString& text, bool* ok = nullptr, int base = 10,
                                    int* end = nullptr);
 
@@ -31,10 +32,16 @@ KYR_EXPORT quint64 qstringToUInt64(const QString& text, bool* ok = nullptr, int 
 /// \threadsafety any thread
 KYR_EXPORT short qstringToShort(const QString& text, bool* ok = nullptr, int base = 10,
                                 int* end = nullptr);
+/// As qstringToShort(), for its own type.
+/// \threadsafety any thread
 KYR_EXPORT unsigned short qstringToUShort(const QString& text, bool* ok = nullptr, int base = 10,
                                           int* end = nullptr);
+/// As qstringToShort(), for its own type.
+/// \threadsafety any thread
 KYR_EXPORT int qstringToInt(const QString& text, bool* ok = nullptr, int base = 10,
                             int* end = nullptr);
+/// As qstringToShort(), for its own type.
+/// \threadsafety any thread
 KYR_EXPORT unsigned int qstringToUInt(const QString& text, bool* ok = nullptr, int base = 10,
                                       int* end = nullptr);
 
@@ -47,6 +54,7 @@ KYR_EXPORT unsigned int qstringToUInt(const QString& text, bool* ok = nullptr, i
 /// \threadsafety any thread
 KYR_EXPORT double qstringToDouble(const QString& text, bool* ok = nullptr, int* end = nullptr);
 /// As qstringToDouble(); values beyond the range of float become infinite, with success.
+/// \threadsafety any thread
 KYR_EXPORT float qstringToFloat(const QString& text, bool* ok = nullptr, int* end = nullptr);
 
 /// As the parsers above without an end index, where there must be a number: they say what is wrong
@@ -54,11 +62,26 @@ KYR_EXPORT float qstringToFloat(const QString& text, bool* ok = nullptr, int* en
 /// \throws FileParse::Error with column and token; getText() is "column 3: \"12a\" is no integer"
 /// \threadsafety any thread
 KYR_EXPORT qint64 expectInt64(const QString& text, int base = 10);
+/// As expectInt64(), without "-".
+/// \throws FileParse::Error as expectInt64()
+/// \threadsafety any thread
 KYR_EXPORT quint64 expectUInt64(const QString& text, int base = 10);
+/// As expectInt64(), for what the type holds.
+/// \throws FileParse::Error as expectInt64()
+/// \threadsafety any thread
 KYR_EXPORT int expectInt(const QString& text, int base = 10);
+/// As expectInt64(), for what the type holds.
+/// \throws FileParse::Error as expectInt64()
+/// \threadsafety any thread
 KYR_EXPORT unsigned int expectUInt(const QString& text, int base = 10);
+/// As expectInt64(), for what qstringToDouble() takes, but for the empty text.
+/// \throws FileParse::Error as expectInt64()
+/// \threadsafety any thread
 KYR_EXPORT double expectDouble(const QString& text);
-/// Refuses what float cannot hold, unlike qstringToFloat(); infinity itself it takes.
+/// As expectDouble(). Refuses what float cannot hold, unlike qstringToFloat(); infinity itself it
+/// takes.
+/// \throws FileParse::Error as expectInt64()
+/// \threadsafety any thread
 KYR_EXPORT float expectFloat(const QString& text);
 
 /// The first index at or after \a from whose character occurs in \a set, upper and lower case
@@ -68,6 +91,7 @@ KYR_EXPORT float expectFloat(const QString& text);
 /// \threadsafety any thread
 KYR_EXPORT int findFirstOf(const QString& text, const QString& set, int from = 0);
 /// As findFirstOf(), for a character that does not occur in \a set.
+/// \threadsafety any thread
 KYR_EXPORT int findFirstNotOf(const QString& text, const QString& set, int from = 0);
 /// The last index at or before \a from whose character occurs in \a set.
 /// \param from outside of the text means its last character
@@ -75,6 +99,7 @@ KYR_EXPORT int findFirstNotOf(const QString& text, const QString& set, int from 
 /// \threadsafety any thread
 KYR_EXPORT int findLastOf(const QString& text, const QString& set, int from = -1);
 /// As findLastOf(), for a character that does not occur in \a set.
+/// \threadsafety any thread
 KYR_EXPORT int findLastNotOf(const QString& text, const QString& set, int from = -1);
 
 }  // namespace Kyr

@@ -41,9 +41,13 @@ class KYR_EXPORT KString : public std::string {
   using IfView = std::enable_if_t<isView<T>>;
 
  public:
+  /// The empty string.
   KString() = default;
   KString(const KString&) = default;
   KString(KString&&) = default;
+  /// The constructors of std::string: a string or a part of it, a text up to its zero byte or of so
+  /// many bytes, or so many times a character.
+  /// \throws std::out_of_range for a part that begins behind the end
   KString(const std::string& text) : std::string(text) {}
   KString(std::string&& text) noexcept : std::string(std::move(text)) {}
   KString(const std::string& text, size_type pos, size_type n = npos) : std::string(text, pos, n) {}
@@ -53,6 +57,7 @@ class KYR_EXPORT KString : public std::string {
   /// In braces two characters are two characters, as with std::string: a count and a character
   /// stand in parentheses.
   KString(std::initializer_list<char> bytes) : std::string(bytes) {}
+  /// The bytes of a view.
   template <class View, class = IfView<View>>
   explicit KString(const View& text) : std::string(std::string_view(text)) {}
   ~KString() = default;
@@ -73,6 +78,7 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::assign(text));
   }
 
+  /// As append(), for one argument.
   KString& operator+=(const std::string& text) { return self(std::string::append(text)); }
   KString& operator+=(const char* text) { return self(std::string::append(text)); }
   KString& operator+=(char c) { return self(std::string::append(1, c)); }
@@ -85,6 +91,9 @@ class KYR_EXPORT KString : public std::string {
   // The changing operations of std::string in all their shapes, with the derived type as result so
   // that calls chain. Those that give an iterator there give it here.
 
+  /// As std::string::append() in all its forms.
+  /// \return this string
+  /// \throws std::out_of_range for a part that begins behind the end of \a text
   KString& append(const std::string& text) { return self(std::string::append(text)); }
   KString& append(const std::string& text, size_type pos, size_type n = npos) {
     return self(std::string::append(text, pos, n));
@@ -106,6 +115,9 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::append(first, last));
   }
 
+  /// As std::string::assign() in all its forms.
+  /// \return this string
+  /// \throws std::out_of_range for a part that begins behind the end of \a text
   KString& assign(const std::string& text) { return self(std::string::assign(text)); }
   KString& assign(std::string&& text) noexcept {
     return self(std::string::assign(std::move(text)));
@@ -130,6 +142,9 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::assign(first, last));
   }
 
+  /// As std::string::insert() in its forms with a place in bytes.
+  /// \return this string
+  /// \throws std::out_of_range for a place or a part behind the end
   KString& insert(size_type at, const std::string& text) {
     return self(std::string::insert(at, text));
   }
@@ -153,6 +168,8 @@ class KYR_EXPORT KString : public std::string {
     return self(std::string::insert(at, text, pos, n));
   }
 
+  /// As std::string::insert() in its forms with an iterator.
+  /// \return the place of the first byte that came in
   iterator insert(const_iterator at, char c) { return std::string::insert(at, c); }
   iterator insert(const_iterator at, size_type n, char c) { return std::string::insert(at, n, c); }
   iterator insert(const_iterator at, std::initializer_list<char> bytes) {
@@ -164,8 +181,15 @@ class KYR_EXPORT KString : public std::string {
   }
 
   using std::string::erase;
+  /// Removes \a n bytes from \a pos on, or fewer where the string ends. The forms with iterators
+  /// are those of std::string.
+  /// \return this string
+  /// \throws std::out_of_range for a \a pos behind the end
   KString& erase(size_type pos = 0, size_type n = npos) { return self(std::string::erase(pos, n)); }
 
+  /// As std::string::replace() in all its forms.
+  /// \return this string
+  /// \throws std::out_of_range for a place or a part behind the end
   KString& replace(size_type pos, size_type n, const std::string& text) {
     return self(std::string::replace(pos, n, text));
   }
@@ -218,13 +242,18 @@ class KYR_EXPORT KString : public std::string {
   /// The \a n bytes from \a pos on, or fewer where the string ends.
   /// \throws std::out_of_range for a \a pos beyond the end
   KString substr(size_type pos = 0, size_type n = npos) const;
+  /// As substr().
+  /// \throws std::out_of_range for a \a pos beyond the end
   KString mid(size_type pos, size_type n = npos) const { return substr(pos, n); }
-  /// The first, or last, \a n bytes; the whole string when it is not longer.
+  /// The first \a n bytes; the whole string when it is not longer.
   KString left(size_type n) const { return substr(0, n); }
+  /// The last \a n bytes; the whole string when it is not longer.
   KString right(size_type n) const;
-  /// Brings the string to a width in bytes by appending, or for the right by prepending.
+  /// Brings the string to a width in bytes by appending.
   /// \param truncate cuts a longer string after its first \a width bytes
   KString leftJustified(size_type width, char fill = ' ', bool truncate = false) const;
+  /// Brings the string to a width in bytes by prepending.
+  /// \param truncate cuts a longer string after its first \a width bytes
   KString rightJustified(size_type width, char fill = ' ', bool truncate = false) const;
 
   /// Replaces the leftmost of the placeholders "%0" to "%9" with the lowest number; later ones
@@ -327,6 +356,7 @@ class KYR_EXPORT KString : public std::string {
 
 namespace KStringSum {
 
+/// Whether a type is a KString, or derives from it.
 template <class T>
 constexpr bool isKString = std::is_base_of_v<KString, std::decay_t<T>>;
 /// Whether operator+ takes it beside a KString: of the numbers only a char itself, as all the
@@ -335,9 +365,11 @@ template <class T>
 constexpr bool isPart =
     std::is_same_v<std::decay_t<T>, char> || std::is_convertible_v<const T&, std::string_view>;
 
+/// What operator+ appends, as a view.
 inline std::string_view view(const char& c) {
   return {&c, 1};
 }
+/// As above.
 inline std::string_view view(std::string_view text) {
   return text;
 }

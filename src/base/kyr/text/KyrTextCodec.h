@@ -59,9 +59,11 @@ QString fromCodec(TextCodec_t codec, const Bytes& bytes) {
 /// \threadsafety any thread
 KYR_EXPORT TextCodec_t actualExportCodec();
 
-/// toCodec() and fromCodec() with the export codec.
+/// toCodec() with the export codec.
 /// \threadsafety any thread
 KYR_EXPORT QByteArray toExportCodec(const QString& text);
+/// fromCodec() with the export codec.
+/// \threadsafety any thread
 KYR_EXPORT QString fromExportCodec(const char* data, int length);
 KYR_EXPORT QString fromExportCodec(std::string bytes);
 template <class Bytes, class = std::enable_if_t<std::is_same_v<Bytes, QByteArray>>>
