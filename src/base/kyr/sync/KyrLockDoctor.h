@@ -13,18 +13,21 @@
 namespace Kyr {
 
 /// What a LockDoctor has noticed.
+/// \threadsafety a value
 struct LockFinding {
+  /// What is wrong with the locks.
   enum Kind_t : unsigned {
     Circle = 0,    ///< locks are taken in an order that lets threads wait for each other for ever
     OneSite = 1,   ///< a thread holds two locks of one site, whose order nobody watches
     LongWait = 2,  ///< a thread has waited for a lock for longer than is allowed
   };
 
-  Kind_t kind = Circle;
-  std::string text;  ///< UTF-8, in English; lines without the end of the last
+  Kind_t kind = Circle;  ///< says which of them the text is about
+  std::string text;      ///< UTF-8, in English; lines without the end of the last
 };
 
 /// What a LockDoctor does.
+/// \threadsafety a value
 struct LockDoctorOptions {
   /// Waits longer than this, in milliseconds, are reported, each once; 0 reports none.
   unsigned longestWait = 5000;
@@ -37,13 +40,15 @@ struct LockDoctorOptions {
 };
 
 /// A thread with the locks that it holds.
+/// \threadsafety a value
 struct LockHolder {
   /// How it holds or wants a lock.
   enum Mode_t : unsigned { Whole = 0, Write = 1, Read = 2 };
   /// A lock, told by the site where it was made.
   struct Lock {
+    /// As its constructor was given them.
     std::string function, file;
-    unsigned line = 0;
+    unsigned line = 0;    ///< as its constructor was given it
     Mode_t mode = Whole;  ///< Whole for a Mutex
   };
 
@@ -91,6 +96,7 @@ class KYR_EXPORT LockDoctor {
   static void start(const LockDoctorOptions& options = {});
   /// Watches no longer. A report that has begun may still come to its end.
   static void stop() noexcept;
+  /// Whether it watches.
   static bool isOn() noexcept { return LockWatch::isOn(); }
 
   /// The first 32 findings since start().

@@ -16,10 +16,12 @@ class Attempt;
 }
 
 /// Whether a LockDoctor looks after the locks of this process. Read by every lock and seldom
-/// written, so it has a cache line of its own.
+/// written, so it has a cache line of its own. Not for applications, which ask LockDoctor::isOn().
+/// \threadsafety any thread
 struct alignas(64) LockWatch {
-  KYR_EXPORT static LockWatch the;
+  KYR_EXPORT static LockWatch the;  ///< the only one
 
+  /// Whether locks are watched; one relaxed load.
   static bool isOn() noexcept {
     return __builtin_expect(the._on.load(std::memory_order_relaxed), false);
   }
@@ -39,8 +41,11 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
  public:
   /// Site "global", "unknown file", 0.
   constexpr Mutex() noexcept : Mutex("global", "unknown file", 0) {}
+  /// Site "global", "unknown file", 0.
+  /// \param mode QMutex::Recursive lets a thread take it several times
   explicit Mutex(QMutex::RecursionMode mode)
       : QMutex(mode), _function("global"), _file("unknown file"), _line(0) {}
+  /// \param function, file, line the creation site; literals
   constexpr Mutex(const char* function, const char* file, unsigned line) noexcept
       : _function(function), _file(file), _line(line) {}
   ~Mutex();

@@ -43,6 +43,7 @@ class KYR_EXPORT Thread : public QThread {
     Platform::orderedAfter(this);
     return finished;
   }
+  /// As above.
   /// \param milliseconds ULONG_MAX waits for ever
   bool wait(unsigned long milliseconds) {
     const bool finished = QThread::wait(milliseconds);
@@ -50,15 +51,19 @@ class KYR_EXPORT Thread : public QThread {
     return finished;
   }
 
+  /// Whether the user interface is to be locked while the thread runs; nothing here locks it.
   bool lockGUI() const { return _lockGui; }
   /// Whether what the thread does can be undone; starts false.
   bool isUndoable() const { return _undoable; }
+  /// Set before start(), by whoever makes the thread.
   void setUndoable(bool undoable) { _undoable = undoable; }
   /// Whether the thread's changes must be undone when it ends early; starts false.
   bool requiresUndo() const { return _requiresUndo; }
+  /// Set before start(), by whoever makes the thread.
   void setRequiresUndo(bool requiresUndo) { _requiresUndo = requiresUndo; }
 
  protected:
+  /// What the thread does; called on the thread itself by start().
   void run() override = 0;
 
  private:
