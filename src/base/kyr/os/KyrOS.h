@@ -72,7 +72,7 @@ class KYR_EXPORT OS {
 
   /// What stat() tells. Times are milliseconds since 1970-01-01 00:00 UTC, negative before.
   struct FileStatus {
-    bool isDirectory = false;
+    bool isDirectory = false;   ///< a directory, or a link to one
     std::int64_t size = 0;      ///< in bytes; 0 for all but plain files
     bool isFile = false;        ///< a plain file, neither directory nor device nor pipe
     bool isLink = false;        ///< the name is a link; all else is about what it leads to
@@ -83,12 +83,12 @@ class KYR_EXPORT OS {
 
   /// A drive that can be taken out, with a medium in it.
   struct RemovableDrive {
-    QString path;           ///< its root, as "E:/" or "/media/user/STICK"
-    QString label;          ///< the medium's name; may be empty
-    QString fileSystem;     ///< as "vfat"; may be empty
-    std::int64_t size = 0;  ///< in bytes
-    std::int64_t free = 0;  ///< what the user may still write, in bytes
-    bool isReadOnly = false;
+    QString path;             ///< its root, as "E:/" or "/media/user/STICK"
+    QString label;            ///< the medium's name; may be empty
+    QString fileSystem;       ///< as "vfat"; may be empty
+    std::int64_t size = 0;    ///< in bytes
+    std::int64_t free = 0;    ///< what the user may still write, in bytes
+    bool isReadOnly = false;  ///< nobody can write to it, as to a disc
   };
 
   /// How programs reach the network. Each proxy is "host:port", with "user:password@" in front
@@ -223,6 +223,7 @@ class KYR_EXPORT OS {
 
   // ---- processes ----
 
+  /// The system's number of this process.
   static unsigned getPID() noexcept;
   /// Whether a process of this number runs, whoever owns it. One that has ended is none, also
   /// while its parent has not asked for it.

@@ -15,6 +15,7 @@
 namespace Kyr {
 
 /// How a program ended.
+/// \threadsafety a value
 struct ProcessResult {
   int exitCode = 0;      ///< what the program returned; meaningless if it crashed
   bool crashed = false;  ///< ended by a fault, a signal or terminate()
