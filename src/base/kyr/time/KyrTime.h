@@ -42,8 +42,10 @@ class KYR_EXPORT Time {
   static Time actualTime() { return currentTime(); }
 
   /// The moment of another clock. What is below a microsecond is cut off, towards the past.
-  /// \throws Exception "moment outside of 1970 to 2106"; also for a \a moment that is not valid
+  /// \throws Exception "moment outside of 1970 to 2106"
   static Time fromTimePoint(std::chrono::system_clock::time_point moment);
+  /// The moment of a QDateTime, in whatever time zone that is; to the millisecond.
+  /// \throws Exception "moment outside of 1970 to 2106"; also for a \a moment that is not valid
   static Time fromDateTime(const QDateTime& moment);
   /// A span; what is below a microsecond is cut off, which leaves all from 0 ns to
   /// 4294967295 s 999999999 ns.
