@@ -32,15 +32,18 @@ class KYR_EXPORT LogText {
   /// The bound of every log unless it is given another: 256 Mi characters.
   static constexpr int defaultLimit = 1 << 28;
 
+  /// An empty text with the default bound.
   LogText();
   LogText(const LogText& other);
   LogText& operator=(const LogText& other);
   ~LogText();
 
+  /// Whether the text has no character.
   bool isEmpty() const { return _text.isEmpty(); }
   /// Empties the text; the lines that fell out are forgotten.
   void clear();
 
+  /// The bound, in characters of QString.
   int limit() const { return _limit; }
   /// Sets the bound that counts from the next message on.
   /// \param characters 0 to 2^29; others are taken for the nearest of these
@@ -78,11 +81,13 @@ class KYR_EXPORT LogText {
 };
 
 /// Where a log's messages go besides: into a journal, at one level.
+/// \threadsafety any thread, as long as nobody assigns
 struct LogFeed {
-  Journal* journal = nullptr;  ///< lives longer than the log; null for none
-  Journal::Level_t level = Journal::Warning;
-  const char* source = nullptr;  ///< a literal
+  Journal* journal = nullptr;                 ///< lives longer than the log; null for none
+  Journal::Level_t level = Journal::Warning;  ///< of all entries
+  const char* source = nullptr;               ///< a literal
 
+  /// Adds an entry to the journal, if there is one.
   void give(const QString& message) const {
     if (journal) {
       journal->add(level, source, message);
@@ -91,7 +96,8 @@ struct LogFeed {
 };
 
 /// What can be inserted into a log with `<<`, for all logs alike; the base of ErrorLog and
-/// SyncErrorLog, not for use by itself.
+/// SyncErrorLog, not for use by itself. Each inserts into the message that is being built.
+/// \threadsafety as the log
 template <class Log>
 class LogInserters {
  public:
@@ -111,7 +117,7 @@ class LogInserters {
   Log& operator<<(double value) { return log().addDouble(value); }
   /// Adds a Latin-1 character, or ends the message with #END_LOG.
   Log& operator<<(char value) { return log().addChar(value); }
-  /// Adds UTF-8 text; null adds nothing.
+  /// Adds a text, of which a pointer names UTF-8; null adds nothing.
   Log& operator<<(const char* text) { return log().addString(QString::fromUtf8(text)); }
   Log& operator<<(const QString& text) { return log().addString(text); }
   /// Adds an address as "0x" and at least eight hexadecimal digits.
@@ -170,11 +176,17 @@ class KYR_EXPORT ErrorLog : public LogInserters<ErrorLog> {
   /// Takes the finished message over and empties it; here, adds it to the log text.
   virtual void appendLine();
 
+  /// Adds a number to the message, in decimal.
   ErrorLog& addUInt64(unsigned long long value);
+  /// Adds a number to the message, in decimal.
   ErrorLog& addInt64(long long value);
+  /// Adds a number to the message, with six significant digits.
   ErrorLog& addDouble(double value);
+  /// Adds a Latin-1 character to the message; #END_LOG finishes it.
   ErrorLog& addChar(char value);
+  /// Adds a text to the message.
   ErrorLog& addString(const QString& text);
+  /// Adds an address to the message, as "0x" and at least eight hexadecimal digits.
   ErrorLog& addPointer(const void* address);
 
   /// The message that is being built, or was just finished when appendLine() runs.

@@ -15,6 +15,7 @@ namespace Kyr {
 class JournalWriter;
 
 /// How a Journal keeps its file.
+/// \threadsafety a value
 struct JournalOptions {
   /// Bytes from which on the file becomes an old one; at least 4096 are taken.
   std::int64_t mostBytes = 10 << 20;
@@ -50,6 +51,7 @@ struct JournalOptions {
 /// \threadsafety any thread
 class KYR_EXPORT Journal {
  public:
+  /// How much an entry matters; what is below the level of the journal is not written.
   enum Level_t : int {
     Debug = 0,    ///< for developers
     Info = 1,     ///< what was done

@@ -50,11 +50,17 @@ class KYR_EXPORT SyncErrorLog : public LogInserters<SyncErrorLog> {
   /// the lock held: overriding functions neither lock again nor insert into this log.
   virtual void appendLine() KYR_REQUIRES(_mutex);
 
+  /// Adds a number to the message, in decimal.
   SyncErrorLog& addUInt64(unsigned long long value);
+  /// Adds a number to the message, in decimal.
   SyncErrorLog& addInt64(long long value);
+  /// Adds a number to the message, with six significant digits.
   SyncErrorLog& addDouble(double value);
+  /// Adds a Latin-1 character to the message; #END_LOG finishes it.
   SyncErrorLog& addChar(char value);
+  /// Adds a text to the message.
   SyncErrorLog& addString(const QString& text);
+  /// Adds an address to the message, as "0x" and at least eight hexadecimal digits.
   SyncErrorLog& addPointer(const void* address);
 
   /// The message that is being built, or was just finished when appendLine() runs.
@@ -108,6 +114,7 @@ class KYR_EXPORT SyncSystemErrorLog : public SyncErrorLog {
   SyncSystemErrorLog(bool flag, const QString& fileName);
   ~SyncSystemErrorLog() override;
 
+  /// What the constructor was given.
   bool flag() const { return _flag; }
 
  protected:
