@@ -122,6 +122,7 @@ class KYR_EXPORT File {
   /// is passed over.
   /// \param strict in the beginning false over a stream, true for a file opened by name
   void setStrict(bool strict);
+  /// What setStrict() was given last.
   bool isStrict() const;
 
   /// Moves to the next data line, which must begin with \a key; its values follow.
@@ -152,10 +153,14 @@ class KYR_EXPORT File {
   void getInt(const char* key, unsigned char& value);
   void getInt(const char* key, qint64& value);
   void getInt(const char* key, quint64& value);
-  /// getLine() and then nextDouble(), nextFloat() or nextDoubles().
+  /// getLine() and then nextDouble().
   /// \throws EndOfFile, Error as these two
   void getDouble(const char* key, double& value);
+  /// getLine() and then nextFloat().
+  /// \throws EndOfFile, Error as these two
   void getFloat(const char* key, float& value);
+  /// getLine() and then nextDoubles().
+  /// \throws EndOfFile, Error as these two
   void getDoubles(const char* key, std::vector<double>& values);
   /// getLine() and then nextString().
   /// \throws EndOfFile, Error as these two

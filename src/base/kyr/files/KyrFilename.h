@@ -35,6 +35,7 @@ class KYR_EXPORT Name {
 
   /// Drops one "/" at the end; one that is written "\" stays, as "/".
   virtual void setDirectory(const QString& directory);
+  /// \param baseName without directory and extension; taken as it is, also with dots in it
   virtual void setBaseName(const QString& baseName);
   /// \param extension with its dot
   virtual void setExtension(const QString& extension);
@@ -42,6 +43,7 @@ class KYR_EXPORT Name {
   /// this and the two below with const: without it a class has a function of its own, which nobody
   /// calls.
   virtual QString getDirectory() const;
+  /// What stands between the directory and the extension.
   virtual QString getBaseName() const;
   /// The extension with its dot.
   virtual QString getExtension() const;
@@ -105,6 +107,7 @@ class KYR_EXPORT Name {
 /// image.incrementNumber();
 /// const QString next = image.getFileName();  // "img0008.tif"
 /// \endcode
+/// \threadsafety one thread per object
 class KYR_EXPORT NameWithNumber : public Name {
  public:
   /// \param digits the least width of the number, filled with zeros. Negative takes over the
@@ -119,16 +122,22 @@ class KYR_EXPORT NameWithNumber : public Name {
   QString getBaseName() const override;
   /// The base name without the number.
   QString getBaseNameNoNumber() const;
+  /// \param baseName the text before the number, which stays; its digits belong to the text
   void setBaseNameNoNumber(const QString& baseName);
 
   /// Whether the base name that was set last ended in digits.
   bool isFilenameCorrect() const { return _correct; }
+  /// The number, as it was set or counted.
   unsigned int getNumber() const { return _number; }
+  /// Sets the number; the first one stays.
   void setNumber(unsigned int number) { _number = number; }
   /// The number that the name had when it was set.
   unsigned int getFirstNumber() const { return _firstNumber; }
+  /// Sets where resetNumber() goes; the number stays.
   void setFirstNumber(unsigned int number) { _firstNumber = number; }
+  /// The least width of the number; negative until a name has settled it.
   int getDigits() const { return _digits; }
+  /// \param digits as the constructor's
   void setDigits(int digits) { _digits = digits; }
 
   /// Back to the first number.
@@ -156,15 +165,16 @@ class KYR_EXPORT NameWithNumber : public Name {
 /// \threadsafety one thread per object
 class KYR_EXPORT Series {
  public:
+  /// A file of the series.
   struct Member {
-    QString fileName;  ///< without the directory
-    unsigned int number;
-    int digits;  ///< the width in which the number is written
+    QString fileName;     ///< without the directory
+    unsigned int number;  ///< at the end of its base name
+    int digits;           ///< the width in which the number is written
   };
   /// Numbers without a member between two that have one.
   struct Gap {
-    unsigned int first;
-    unsigned int last;
+    unsigned int first;  ///< the lowest number without a member
+    unsigned int last;   ///< the highest; the next one has a member
   };
 
   /// Lists the directory once. Numbers above 4294967295 are none of the series.

@@ -44,6 +44,7 @@ class KYR_EXPORT LockingManager {
   /// The lock file of \a path: "scan.dat.lock" beside "scan.dat".
   QString getLockFileName(const QString& path) const;
 
+  /// Who holds the lock of \a path at this moment. Changes nothing: a stale lock stays.
   LockingMode_t isLocked(const QString& path) const;
 
   /// Takes the lock if nobody has it, a stale one included.
@@ -64,6 +65,7 @@ class KYR_EXPORT LockingManager {
 };
 
 /// Who took an ExclusiveLock, as its lock file tells. A LockingManager leaves the number alone.
+/// \threadsafety a value
 struct LockOwner {
   std::int64_t pid = 0;  ///< 0 when nobody can be told
   QString start;  ///< no other process of this number on that host has the same; may be empty

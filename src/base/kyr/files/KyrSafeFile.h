@@ -54,6 +54,7 @@ class KYR_EXPORT SafeFile {
 
   /// The file that is going to be replaced, with its full path and behind all links.
   const QString& getTargetName() const;
+  /// The file that stream() writes, with its full path, in the directory of the target.
   const QString& getTemporaryName() const;
 
   /// Puts the new file in the place of the old one. Close before whatever uses stream(): a
