@@ -12,6 +12,7 @@ namespace Kyr {
 /// thread, owned by Qt's event queue until it is delivered or its receiver dies.
 ///
 /// The receiver calls process() in its QObject::customEvent().
+/// \threadsafety one thread at a time: the computing one until it is posted, then the receiver's
 class KYR_EXPORT GUIThreadEvent : public QEvent {
  public:
   /// \param type Qt's number for the kind of event, by default the first one free for
@@ -26,6 +27,7 @@ class KYR_EXPORT GUIThreadEvent : public QEvent {
 
 /// Makes the events that tell a user interface of a change of Progress. One object for each
 /// interested part of an application, registered with Progress::registerGUIEventCreator().
+/// \threadsafety createEvent() is called on any thread, one call at a time
 class KYR_EXPORT GUIThreadEventCreator {
  public:
   /// May run under the lock of the registered creators: it must not call what createEvent()

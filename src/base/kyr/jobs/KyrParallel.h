@@ -15,16 +15,19 @@
 namespace Kyr {
 
 /// The numbers from begin on, without end.
+/// \threadsafety a value
 struct IndexRange {
   /// The numbers from 0 on, so many.
   IndexRange(std::size_t count) : end(count) {}
+  /// The numbers from \a first on, without \a behindLast.
   IndexRange(std::size_t first, std::size_t behindLast) : begin(first), end(behindLast) {}
 
-  std::size_t begin = 0;
-  std::size_t end = 0;  ///< a range that ends before its beginning is empty
+  std::size_t begin = 0;  ///< the first number
+  std::size_t end = 0;    ///< a range that ends before its beginning is empty
 };
 
 /// How parallelFor() does its work.
+/// \threadsafety a value
 struct ParallelOptions {
   /// Of the scope that the loop makes; a literal.
   const char* name = "parallelFor";
@@ -42,8 +45,10 @@ struct ParallelOptions {
 
 namespace Parallel {
 
+/// A run of calls of a body, which is passed back as it was handed over.
 using Block = void (*)(void* body, std::size_t begin, std::size_t end);
-/// What parallelFor() hands over.
+/// What parallelFor() calls, which says all that is to be said of it.
+/// \threadsafety as parallelFor()
 KYR_EXPORT void run(IndexRange range, Block block, void* body, const ParallelOptions& options);
 
 }  // namespace Parallel
@@ -84,6 +89,7 @@ void parallelFor(IndexRange range, Body&& body, const ParallelOptions& options =
 
 /// Calls body(element) for each element of a container that knows data() and size(), as a
 /// std::vector; otherwise as above.
+/// \threadsafety as above
 template <class Container, class Body,
           class = decltype(std::declval<Container&>().data() + std::declval<Container&>().size())>
 void parallelFor(Container& container, Body&& body, const ParallelOptions& options = {}) {
@@ -95,6 +101,7 @@ void parallelFor(Container& container, Body&& body, const ParallelOptions& optio
 
 /// Calls functions without arguments, several at a time; otherwise as parallelFor(), with a step
 /// for each function.
+/// \threadsafety as parallelFor()
 template <class... Functions>
 void parallelInvoke(Functions&&... functions) {
   static_assert(sizeof...(functions) != 0);

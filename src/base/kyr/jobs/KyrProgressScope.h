@@ -105,6 +105,7 @@ class KYR_EXPORT ProgressScope {
   /// \param force as for Progress::setProgressString()
   static void setText(const QString& text, bool force = false);
 
+  /// The name that the constructor was given.
   const char* name() const { return _name; }
 
  private:

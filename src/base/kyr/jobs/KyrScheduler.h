@@ -58,11 +58,13 @@ class Worker;
 /// smoothing.startAllWorker();
 /// smoothing.waitForWorker();
 /// \endcode
+/// \threadsafety as each function says; the controlling thread is the one that starts the workers
 class KYR_EXPORT JobManager {
  public:
-  using WorkerIterator = std::vector<Worker*>::iterator;
-  using ConstWorkerIterator = std::vector<Worker*>::const_iterator;
+  using WorkerIterator = std::vector<Worker*>::iterator;             ///< over pointers, never null
+  using ConstWorkerIterator = std::vector<Worker*>::const_iterator;  ///< over pointers, never null
 
+  /// A manager without workers, not interrupted.
   JobManager();
   /// Deletes the workers in the order of their registration.
   /// \throws ProgError "should never destroy a job manager with running jobs." at the first
@@ -110,8 +112,14 @@ class KYR_EXPORT JobManager {
   /// The workers in the order of their registration.
   /// \threadsafety any thread, as long as nobody creates a worker
   WorkerIterator workerBegin() { return _workers.begin(); }
+  /// Behind the last worker.
+  /// \threadsafety as workerBegin()
   WorkerIterator workerEnd() { return _workers.end(); }
+  /// The workers in the order of their registration.
+  /// \threadsafety any thread, as long as nobody creates a worker
   ConstWorkerIterator workerBegin() const { return _workers.begin(); }
+  /// Behind the last worker.
+  /// \threadsafety as workerBegin()
   ConstWorkerIterator workerEnd() const { return _workers.end(); }
 
  protected:
@@ -169,6 +177,7 @@ enum WorkerState_t : int {
 /// manager fills and reads, and supplies executeJob(). An exception that leaves executeJob()
 /// ends the process, which is right where jobs do not throw; derive from CatchingWorker where
 /// they may.
+/// \threadsafety as each function says
 class KYR_EXPORT Worker : public Thread {
  public:
   /// Registers the worker with \a manager, which deletes it.
@@ -224,8 +233,11 @@ class KYR_EXPORT Worker : public Thread {
 /// The manager gets jobDone() for the failed job as well, with isInterrupted() already true;
 /// failed() of the worker tells it there that no result is to be taken and that what depends
 /// on the job must not become available.
+/// \threadsafety as each function says
 class KYR_EXPORT CatchingWorker : public Worker {
  public:
+  /// As the constructor of Worker.
+  /// \threadsafety one thread at a time for a manager, none of whose workers runs
   CatchingWorker(LockGUI_t lock, JobManager* manager);
   ~CatchingWorker() override;
 

@@ -12,8 +12,10 @@ namespace Kyr {
 
 /// Thrown by work that met a stop. No fault: catch it before Exception, and say that the work was
 /// stopped.
+/// \threadsafety as Exception
 class KYR_EXPORT Stopped : public Exception {
  public:
+  /// With the message "stopped".
   Stopped();
   Stopped(const Stopped&) = default;
   Stopped& operator=(const Stopped&) = default;
@@ -73,7 +75,7 @@ class KYR_EXPORT StopToken {
 
   /// The longest time that a thread with a ProgressScope went on without a look.
   struct Pause {
-    double seconds = 0;
+    double seconds = 0;  ///< how long it was; 0 when nothing was measured
     /// Name of the scope in which most of that time was spent; null when nothing was measured.
     const char* scope = nullptr;
   };
@@ -108,8 +110,10 @@ KYR_EXPORT bool isStopped() noexcept;
 
 /// Makes a token the current one of this thread while it lives. Automatic objects only: they end
 /// in the reverse order of their beginning.
+/// \threadsafety one thread
 class KYR_EXPORT StopScope {
  public:
+  /// \param token current until this object ends; then the one before is again
   explicit StopScope(const StopToken& token);
   ~StopScope();
   StopScope(const StopScope&) = delete;
@@ -121,6 +125,7 @@ class KYR_EXPORT StopScope {
 };
 
 /// Calls a function when a token is stopped, while it lives.
+/// \threadsafety one thread; the function is called on the thread that stops the token
 class KYR_EXPORT StopCallback {
  public:
   /// \param callback called on the thread that stops the token, without a lock of the library but

@@ -33,6 +33,7 @@ namespace Kyr {
 /// reader->waitForWorking();
 /// PoolForThreads::getPool()->destroyThreads("readers");
 /// \endcode
+/// \threadsafety as each function says
 class KYR_EXPORT PoolThread : public Thread {
  public:
   /// \param lock kept by the thread, see Thread::lockGUI()
