@@ -22,6 +22,7 @@ class TranslationCache;
 /// application object, and KyrInit::CloseTranslator() deletes it, both on the main thread.
 /// Without an application object no text is translated. Answers are kept for as long as the
 /// translator lives, so install catalogues before somebody asks for their texts.
+/// \threadsafety translate() on any thread; all else as its functions say
 class KYR_EXPORT Translator {
  public:
   /// The languages. The numbers are stored in settings and never change; those of the bits in a
@@ -82,6 +83,7 @@ class KYR_EXPORT Translator {
   Lang_t getLanguage() const;
   /// The language that the installation or the system asks for.
   Lang_t getDefaultLanguage() const;
+  /// The language as two letters, as "de".
   const QString& getLanguageShortcut() const { return _language; }
   /// Lists the languages that the application offers, in the order of their numbers.
   /// \param shortcuts, names emptied first; not null. The same index means the same language,
