@@ -14,28 +14,31 @@
 namespace Kyr {
 
 /// A unit by one of its names. Many are understood that no catalogue has: "cm", "inch", "psi".
+/// \threadsafety a value
 struct UnitName {
-  QString name;
+  QString name;         ///< as it was typed, or as the kind shows it
   double factor = 1.0;  ///< internal units in one of the unit
   double offset = 0.0;  ///< the unit's reading at internal zero
   int number = -1;      ///< of Unit::Units_t; -1 for a unit that the kind's catalogue has not
 };
 
 /// What a typed text means, or where and why it means nothing.
+/// \threadsafety a value
 struct QuantityReading {
   /// The numbers are those of QValidator::State.
   enum State_t : int {
     Invalid = 0,       ///< nothing typed behind it would make it a quantity
     Intermediate = 1,  ///< no quantity, but the beginning of one, or one beyond the limits
-    Acceptable = 2,
+    Acceptable = 2,    ///< a quantity within the limits
   };
-  State_t state = Invalid;
+  State_t state = Invalid;  ///< what an editor's validator would return
   double value = std::numeric_limits<double>::quiet_NaN();  ///< in the internal unit; NaN if none
   UnitName unit;         ///< as typed, otherwise the one that was expected
   bool hasUnit = false;  ///< whether it was typed
   int position = -1;     ///< index of the first error, the text's length when something is missing
   QString reason;        ///< why not, a sentence in the user's language; empty for a quantity
 
+  /// Whether value counts.
   bool isAcceptable() const { return state == Acceptable; }
 };
 
@@ -91,6 +94,7 @@ class KYR_EXPORT QuantityText {
   /// Limits of what is read, in the internal unit.
   QuantityText& setRange(double least, double most);
 
+  /// The kind that the constructor was given.
   const Unit& kind() const { return *_kind; }
 
   /// The quantity with its unit: "12,5 mm", with a no-break space.

@@ -198,6 +198,7 @@ class KYR_EXPORT Unit {
 ///
 /// A value v in the internal unit is v / factor + offset in the unit: the factor counts internal
 /// units in one unit, the offset is the unit's reading at internal zero.
+/// \threadsafety as Unit
 class KYR_EXPORT UnitLinear : public Unit {
  public:
   ~UnitLinear() override;
@@ -265,6 +266,7 @@ class KYR_EXPORT UnitLinear : public Unit {
 /// A kind that another kind divided by something else makes, as length per "s".
 ///
 /// Made on request by getUnit() and owned by the class's registry until clearUnits().
+/// \threadsafety one thread at a time for the static functions; the objects as Unit
 class KYR_EXPORT UnitDiff : public UnitLinear {
  public:
   /// Makes and registers the unit; use getUnit(), which does so once only. The registry owns the

@@ -30,8 +30,10 @@ class KYR_EXPORT UnitSet {
   /// \param decimals to show, at most 99, or allDigits
   /// \throws ProgError "wrong unit" when the kind has no such unit
   void choose(const Unit& kind, Unit::Units_t unit, int decimals = allDigits);
-  /// Writes and reads quantities as preferred, otherwise in the kind's default unit.
+  /// Writes and reads quantities as preferred, otherwise in the kind's default unit; as the user's
+  /// language has it.
   QuantityText texts(const Unit& kind) const;
+  /// As above, with the separators of a locale.
   QuantityText texts(const Unit& kind, const QLocale& locale) const;
 
   /// The values of a line for each kind, as "LENGTH 3 2", in the order of their identifiers.
