@@ -30,6 +30,7 @@ namespace Kyr {
 /// \endcode
 ///
 /// One for a process, for as long as it has work to do that can be stopped.
+/// \threadsafety one thread makes and ends it; wasInterrupted() on any thread
 class KYR_EXPORT InterruptWatch {
  public:
   /// \param token stopped by the first wish, on a thread of the watch or of the system; with that
@@ -43,6 +44,7 @@ class KYR_EXPORT InterruptWatch {
   InterruptWatch(const InterruptWatch&) = delete;
   InterruptWatch& operator=(const InterruptWatch&) = delete;
 
+  /// Whether the wish came while this object lived.
   /// \threadsafety any thread
   bool wasInterrupted() const noexcept;
 

@@ -31,13 +31,16 @@ namespace Kyr {
 ///   }
 /// }
 /// \endcode
+/// \threadsafety one object for a process; print() and wipe() on any thread
 class KYR_EXPORT TerminalProgress {
  public:
+  /// What is seen of the progress.
   enum Show_t : int {
     ShowWhereSeen = 0,  ///< a bar on a terminal, lines elsewhere
     ShowNothing = 1,    ///< as for the option --quiet; print() still prints
   };
 
+  /// Begins to show; nothing is seen before half a second of work.
   /// \threadsafety one thread at a time; one object for a process
   explicit TerminalProgress(Show_t show = ShowWhereSeen);
   /// Wipes the bar.
