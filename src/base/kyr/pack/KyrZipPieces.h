@@ -15,7 +15,9 @@ namespace Kyr {
 /// pieces.workers = 4;
 /// ZipOutStream out(name, 1, pieces);
 /// \endcode
+/// \threadsafety a value
 struct ZipPieces {
+  /// Who compresses and decompresses; each reads what the other one wrote.
   enum Engine_t {
     ZlibEngine = 0,     ///< the same bytes on every system
     FastestEngine = 1,  ///< the fastest that this library was built with; several times as fast as
@@ -24,7 +26,7 @@ struct ZipPieces {
   /// Threads that work at the same time, the calling one included: 1 starts none. Each takes up to
   /// three pieces, about 2 MB of memory. Anything but 1 to 64 counts as the nearest of them.
   unsigned workers = 1;
-  Engine_t engine = ZlibEngine;
+  Engine_t engine = ZlibEngine;  ///< of writers and of readers
 };
 
 }  // namespace Kyr

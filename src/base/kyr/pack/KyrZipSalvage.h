@@ -16,13 +16,15 @@
 namespace Kyr {
 
 /// A part of a zip stream that is read in spite of damage.
+/// \threadsafety a value
 struct ZipPart {
+  /// How far its bytes can be trusted.
   enum State_t {
     Checked = 0,    ///< its bytes are those that were written
     Unchecked = 1,  ///< its bytes may be wrong: without an index nobody knows
     Lost = 2,       ///< it has no bytes
   };
-  State_t state = Lost;
+  State_t state = Lost;      ///< says whether there are bytes, and whether they are the right ones
   std::uint64_t offset = 0;  ///< where it begins in the stream, from the header's first byte
   std::uint64_t size = 0;    ///< of it in the stream; 0 when what is lost is not even there
   std::uint64_t plainOffset =
@@ -80,6 +82,7 @@ class KYR_EXPORT ZipSalvage {
   QString getHeaderErrorText() const;
   /// The number of pieces in the index; 0 without one.
   std::uint64_t getPieceCount() const;
+  /// Whether the stream has an index that could be read, so that its pieces can be checked.
   bool hasIndex() const;
   /// Whether all content was read and is what was written, also that of a stream without an index.
   /// Before next() has given false it is not.

@@ -102,6 +102,14 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
 /// way until then, and a full disk may show only there. When the content does not become whole,
 /// leave with an exception or call abandon(): nobody takes what is there for all of it then.
 /// The file's format is described in docs/formats/zip-stream.md.
+/// \code
+/// ZipOutStream out(name, 1);
+/// out.write(room, sizeof room);
+/// out.close();
+/// if (!out) {
+///   throw Exception("cannot write " + name);
+/// }
+/// \endcode
 ///
 /// A stream may be written in pieces of 256 KiB with an index behind its end, so that several
 /// processors compress, and what is not damaged can be read: see ZipInStream and ZipSalvage.
@@ -162,6 +170,7 @@ inline ZipOutStream& ZipOutStream::write(const char* bytes, std::streamsize coun
 }
 
 /// What the header of a zip stream says; not to be trusted.
+/// \threadsafety a value
 struct ZipHeaderInfo {
   unsigned fileVersion = 0;  ///< the version of the application's own format
   unsigned time = 0;         ///< time of writing, seconds since 1970-01-01 00:00 UTC
@@ -170,6 +179,7 @@ struct ZipHeaderInfo {
 };
 
 /// How far a reader has come.
+/// \threadsafety a value
 struct ZipStatistics {
   std::uint64_t blocks = 0;           ///< whole blocks that were read
   std::uint64_t compressedBytes = 0;  ///< bytes within blocks
@@ -182,6 +192,7 @@ struct ZipStatistics {
 };
 
 /// What the index says of a piece. Places are counted from the first byte of the header.
+/// \threadsafety a value
 struct ZipPieceInfo {
   std::uint64_t offset = 0;       ///< where it begins in the stream
   std::uint64_t size = 0;         ///< of it in the stream, in bytes
@@ -258,13 +269,17 @@ class KYR_EXPORT ZipInStream : public std::istream {
   /// \throws std::bad_alloc; the stream goes on as before then
   void setWorkers(const ZipPieces& pieces);
 
+  /// What is wrong with the header; known from the constructor on, and never changes.
   HeaderError_t getHeaderError() const;
   /// The error for people, translated; empty for a good header.
   QString getHeaderErrorText() const;
   /// The header's fields; all zero when the error is HeaderUnreadable or HeaderInvalid.
   ZipHeaderInfo getHeaderInfo() const;
+  /// How the content stands where the reader looks, which is ahead of what was delivered.
   State_t getState() const;
+  /// How far the reader has come.
   ZipStatistics getStatistics() const;
+  /// What the index says of a piece.
   /// \param number below getStatistics().pieces, from 0
   /// \throws std::out_of_range
   ZipPieceInfo getPiece(std::uint64_t number) const;
@@ -311,13 +326,21 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
   ZipInStreamBuffer(const ZipInStreamBuffer&) = delete;
   ZipInStreamBuffer& operator=(const ZipInStreamBuffer&) = delete;
 
-  // See the functions of ZipInStream.
+  /// As ZipInStream::getHeaderError().
   ZipInStream::HeaderError_t headerError() const { return _headerError; }
+  /// As ZipInStream::getHeaderErrorText().
   const QString& headerErrorText() const { return _headerErrorText; }
+  /// As ZipInStream::getHeaderInfo().
   const ZipHeaderInfo& headerInfo() const { return _headerInfo; }
+  /// As ZipInStream::getState().
   ZipInStream::State_t state() const { return _state; }
+  /// As ZipInStream::getStatistics().
   ZipStatistics statistics() const;
+  /// As ZipInStream::getPiece().
+  /// \throws std::out_of_range
   ZipPieceInfo piece(std::uint64_t number) const;
+  /// As ZipInStream::setWorkers().
+  /// \throws std::bad_alloc; the buffer goes on as before then
   void setWorkers(const ZipPieces& pieces);
 
  protected:

@@ -29,6 +29,7 @@ struct Facts;
 }
 
 /// Something that an archive, or what was taken out of it, is without.
+/// \threadsafety a value
 struct ZippedTarLoss {
   QString name;    ///< on the disk, or in the archive
   QString reason;  ///< in English
@@ -172,6 +173,7 @@ class KYR_EXPORT ZippedTarWriter {
 };
 
 /// How much a ZippedTarReader takes from an archive, as a small one can unpack to anything.
+/// \threadsafety a value
 struct ZippedTarLimits {
   std::uint64_t totalSize = 512U << 20U;  ///< of the unpacked stream, headers included, of copies
                                           ///< for hard links and of holes in files; in bytes
