@@ -19,9 +19,9 @@ namespace Kyr {
 /// \endcode
 /// \threadsafety as an int
 struct KYR_EXPORT Colour {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
+  std::uint8_t red = 0;      ///< 255 is all of it, as of the two below
+  std::uint8_t green = 0;    ///< 0 to 255
+  std::uint8_t blue = 0;     ///< 0 to 255
   std::uint8_t alpha = 255;  ///< 0 is invisible, 255 covers what is behind
 
   /// The values of a line, as "255 128 0 255".

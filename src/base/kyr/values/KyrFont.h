@@ -11,6 +11,10 @@ namespace Kyr {
 
 /// A font of a setting. A plain value that knows no screen: whether there is such a font shows
 /// when somebody draws with it. As text: docs/formats/values.md.
+/// \code
+/// const Font title("DejaVu Sans", 10.5, Font::bold, Font::StyleItalic);
+/// std::cout << title.toText().toStdString() << '\n';  // DejaVu\_Sans 10.5 700 italic
+/// \endcode
 /// \threadsafety as QString
 class KYR_EXPORT Font {
  public:
@@ -24,12 +28,12 @@ class KYR_EXPORT Font {
                      ///< unknown
   };
 
-  static constexpr double smallestSize = 0.1;  ///< points
-  static constexpr double largestSize = 10000;
-  static constexpr int lightest = 1;
-  static constexpr int normal = 400;
-  static constexpr int bold = 700;
-  static constexpr int heaviest = 1000;
+  static constexpr double smallestSize = 0.1;   ///< points
+  static constexpr double largestSize = 10000;  ///< points
+  static constexpr int lightest = 1;            ///< the least weight
+  static constexpr int normal = 400;            ///< the weight of plain text
+  static constexpr int bold = 700;              ///< the weight of what stands out
+  static constexpr int heaviest = 1000;         ///< the greatest weight
 
   /// The system's own font in 10 points.
   Font() = default;
@@ -40,10 +44,15 @@ class KYR_EXPORT Font {
   /// \throws Exception for values outside these
   Font(const QString& family, double size, int weight = normal, unsigned styles = StylePlain);
 
+  /// The name of the family; empty for the system's own.
   const QString& family() const { return _family; }
+  /// In points (1/72 inch), smallestSize to largestSize.
   double size() const { return _size; }
+  /// How thick the strokes are, lightest to heaviest.
   int weight() const { return _weight; }
+  /// A sum of Style_t.
   unsigned styles() const { return _styles; }
+  /// Whether a style is part of the sum; true for StylePlain.
   bool has(Style_t style) const { return (_styles & style) == style; }
 
   /// The values of a line, as "DejaVu\_Sans 10.5 700 italic".

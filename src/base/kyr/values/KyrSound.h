@@ -11,12 +11,16 @@ namespace Kyr {
 
 /// A sound of a setting, for instance at the end of a measurement. A plain value: nothing here
 /// plays it or asks whether the file exists. As text: docs/formats/values.md.
+/// \code
+/// const Sound done("sounds/done.wav", 80, 3);
+/// std::cout << done.toLine("DONE").toStdString() << '\n';  // DONE sounds/done.wav 80 3
+/// \endcode
 /// \threadsafety as QString
 class KYR_EXPORT Sound {
  public:
-  static constexpr int loudest = 100;
-  static constexpr int untilStopped = 0;
-  static constexpr int mostRepetitions = 1000000;
+  static constexpr int loudest = 100;              ///< percent
+  static constexpr int untilStopped = 0;           ///< repetitions without end
+  static constexpr int mostRepetitions = 1000000;  ///< the largest number of them
 
   /// Silence.
   Sound() = default;
@@ -26,9 +30,13 @@ class KYR_EXPORT Sound {
   /// \throws Exception for values outside these
   explicit Sound(const QString& file, int volume = loudest, int repetitions = 1);
 
+  /// The name of the file; empty for silence.
   const QString& file() const { return _file; }
+  /// In percent, 0 to loudest.
   int volume() const { return _volume; }
+  /// How often it is played, 1 to mostRepetitions, or untilStopped.
   int repetitions() const { return _repetitions; }
+  /// Whether there is nothing to be heard: no file, or no volume.
   bool isSilent() const { return _file.isEmpty() || _volume == 0; }
 
   /// The values of a line, as "sounds/done.wav 80 3".
