@@ -29,7 +29,9 @@ class KYR_EXPORT VersionNumber {
   /// \param build counts the release's packages
   /// \return the invalid version for a release outside the enumeration
   static VersionNumber version(const Version_t& release, unsigned build);
+  /// As version() with Version610.
   static VersionNumber version610(unsigned build);
+  /// As version() with Version620.
   static VersionNumber version620(unsigned build);
   /// The version of these four parts. Not called after a constructor, because four numbers in a
   /// row are easily taken for something else.
@@ -44,10 +46,10 @@ class KYR_EXPORT VersionNumber {
   /// As "v6.2.0-6", the same under every locale.
   QString toString() const;
 
-  unsigned getMajor() const { return _major; }
-  unsigned getMinor() const { return _minor; }
-  unsigned getPatch() const { return _patch; }
-  unsigned getBuild() const { return _build; }
+  unsigned getMajor() const { return _major; }  ///< the 6 of "v6.2.0-5"
+  unsigned getMinor() const { return _minor; }  ///< the 2 of "v6.2.0-5"
+  unsigned getPatch() const { return _patch; }  ///< the 0 of "v6.2.0-5"
+  unsigned getBuild() const { return _build; }  ///< the 5 of "v6.2.0-5"
 
   /// Compares major, then minor, then patch, then build.
   bool operator<(const VersionNumber& other) const;
@@ -83,6 +85,7 @@ class KYR_EXPORT VersionNumber {
 /// \threadsafety one thread per object
 class KYR_EXPORT LogEntry {
  public:
+  /// What happened to the element; any other number makes an entry without a sentence.
   enum Type_t : int {
     Created = 0,           ///< the element is new
     Renamed = 1,           ///< from here on the related element is its name
@@ -94,7 +97,9 @@ class KYR_EXPORT LogEntry {
   const QString& getContext() const { return _context; }
   /// When the change happened.
   const VersionNumber& getVersion() const { return _version; }
+  /// What happened to the element.
   Type_t getType() const { return _type; }
+  /// The name that changed: of a renamed element the old one.
   const QString& getElement() const { return _element; }
   /// The new name of a renamed element, empty for others.
   const QString& getRelatedElement() const { return _relatedElement; }
@@ -109,16 +114,26 @@ class KYR_EXPORT LogEntry {
   QString getHtmlText() const;
 
  protected:
+  /// An entry of any type; the four functions below say more at the place of the call.
+  /// \param context the area, which heads the lists that are grouped; may be empty
+  /// \param version when the change happened
+  /// \param element its name, of a renamed one the old name
+  /// \param relatedElement the new name of a renamed element
+  /// \param description what else is to say; may be empty
   LogEntry(const QString& context, const VersionNumber& version, Type_t type,
            const QString& element, const QString& relatedElement, const QString& description);
 
+  /// An element that is new in \a version.
   static LogEntry elementCreated(const QString& context, const VersionNumber& version,
                                  const QString& element, const QString& description = QString());
+  /// An element that is called \a newName from \a version on.
   static LogEntry elementRenamed(const QString& context, const VersionNumber& version,
                                  const QString& element, const QString& newName,
                                  const QString& description = QString());
+  /// An element that \a version has no more.
   static LogEntry elementRemoved(const QString& context, const VersionNumber& version,
                                  const QString& element, const QString& description = QString());
+  /// An element that means something else from \a version on, under the same name.
   static LogEntry elementSemantics(const QString& context, const VersionNumber& version,
                                    const QString& element, const QString& description = QString());
 
@@ -141,8 +156,8 @@ class KYR_EXPORT Log {
     ByContext = 1,   ///< a list for each context by name, the newest version first
     ByVersion = 2,   ///< the newest version first, and in it a list for each context by name
   };
-  using iterator = std::vector<LogEntry>::iterator;
-  using const_iterator = std::vector<LogEntry>::const_iterator;
+  using iterator = std::vector<LogEntry>::iterator;              ///< as standard containers call it
+  using const_iterator = std::vector<LogEntry>::const_iterator;  ///< as standard containers call it
 
   /// Appends an entry.
   /// \return this log
@@ -151,9 +166,13 @@ class KYR_EXPORT Log {
   /// \return this log
   Log& addLog(const Log& other);
 
+  /// The first entry, in the order added; adding others makes iterators invalid.
   iterator begin() { return _entries.begin(); }
+  /// Behind the last entry.
   iterator end() { return _entries.end(); }
+  /// The first entry, in the order added.
   const_iterator begin() const { return _entries.begin(); }
+  /// Behind the last entry.
   const_iterator end() const { return _entries.end(); }
   /// The number of entries.
   std::size_t size() const { return _entries.size(); }
