@@ -14,6 +14,7 @@ namespace Kyr {
 /// ever: the place stays taken when the manager is destroyed.
 ///
 /// Created at the start of the application, on the main thread. By itself it records nothing.
+/// \threadsafety one thread at a time
 class KYR_EXPORT RecordManagerBase {
  public:
   /// Takes the place of the manager.
@@ -56,6 +57,7 @@ class KYR_EXPORT RecordManagerBase {
 /// static Lengths lengths;
 /// StructRecordVectorBase::resetAllRecordingModes();  // as for a new project
 /// \endcode
+/// \threadsafety as each function says
 class KYR_EXPORT StructRecordVectorBase {
  public:
   /// \threadsafety any thread
