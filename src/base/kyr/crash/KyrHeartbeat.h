@@ -18,6 +18,7 @@ namespace Kyr {
 class HeartbeatWatcher;
 
 /// What a Heartbeat takes for a hang, and who learns of it.
+/// \threadsafety a value
 struct HeartbeatOptions {
   /// Milliseconds without a beat that are a hang; at least 50 are taken.
   int patience = 5000;

@@ -26,6 +26,7 @@ namespace Kyr {
 ///   std::vector<char> _bytes = std::vector<char>(1000000);
 /// };
 /// \endcode
+/// \threadsafety as each function says; freeSomeMemory() is called on any thread, one at a time
 class KYR_EXPORT NewHandler {
  public:
   virtual ~NewHandler();
