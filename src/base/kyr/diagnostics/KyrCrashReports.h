@@ -12,6 +12,7 @@
 namespace Kyr {
 
 /// A crash of a process of this user.
+/// \threadsafety a value
 struct CrashReport {
   QString path;              ///< of the file with the report, which may hold other output, too
   QString dump;              ///< path of the dump; empty when there is none, or none any more

@@ -30,14 +30,15 @@ namespace Kyr {
 /// \threadsafety one thread per object
 class KYR_EXPORT DebugTimer {
  public:
+  /// A moment that was given a name.
   struct Mark {
-    QString name;
-    double time;  ///< milliseconds since the start
+    QString name;  ///< as mark() was given it
+    double time;   ///< milliseconds since the start
   };
   /// What the intervals of one label come to.
   struct Interval {
-    double total = 0;  ///< milliseconds
-    unsigned count = 0;
+    double total = 0;    ///< milliseconds
+    unsigned count = 0;  ///< how many have ended
   };
 
   /// Begins an interval and ends it where its block ends, also by an exception.
@@ -61,6 +62,7 @@ class KYR_EXPORT DebugTimer {
   /// \param title stands above the tables; empty for none
   explicit DebugTimer(const QString& title);
 
+  /// \param title as the constructor's
   void setTitle(const QString& title) { _title = title; }
   /// \param precision decimals of every time in the tables, 2 at first; at most 99 count, and
   ///        negative ones mean 6

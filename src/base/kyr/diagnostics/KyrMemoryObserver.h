@@ -11,14 +11,15 @@
 namespace Kyr {
 
 /// Sizes in bytes at one moment; 0 for what the system does not tell.
+/// \threadsafety a value
 struct MemoryUse {
-  std::uint64_t resident = 0;         ///< what the process has in memory
-  std::uint64_t peakResident = 0;     ///< the most that it ever had
-  std::uint64_t systemTotal = 0;      ///< what the machine has
-  std::uint64_t systemAvailable = 0;  ///< what it can still give without swapping
-  std::uint64_t addressTotal = 0;     ///< what the process can address; 0 on 64-bit systems, which
-                                      ///< have enough of it
-  std::uint64_t addressAvailable = 0;
+  std::uint64_t resident = 0;          ///< what the process has in memory
+  std::uint64_t peakResident = 0;      ///< the most that it ever had
+  std::uint64_t systemTotal = 0;       ///< what the machine has
+  std::uint64_t systemAvailable = 0;   ///< what it can still give without swapping
+  std::uint64_t addressTotal = 0;      ///< what the process can address; 0 on 64-bit systems, which
+                                       ///< have enough of it
+  std::uint64_t addressAvailable = 0;  ///< what of that is free; 0 where addressTotal is
 };
 
 /// Calls back when memory runs short, so that an application drops caches or warns the user
@@ -43,9 +44,12 @@ class KYR_EXPORT MemoryObserver {
     SystemLeft = 1,        ///< MemoryUse::systemAvailable falls to the threshold or less
     AddressSpaceLeft = 2,  ///< MemoryUse::addressAvailable falls to the threshold or less
   };
+  /// Gets what poll() has measured, and runs on its thread.
   using Callback = std::function<void(const MemoryUse&)>;
+  /// Measures in the place of measure(), on the thread of poll().
   using Source = std::function<MemoryUse()>;
 
+  /// Watches what measure() tells; nothing until watch() is called.
   MemoryObserver();
   /// \param source measures in the place of measure(), for instance for a container with limits
   ///        of its own; not empty

@@ -38,7 +38,7 @@ class KYR_EXPORT SystemReport {
  public:
   /// A table of the report.
   struct Section {
-    QString title;
+    QString title;                  ///< the heading above the table
     QStringList columns;            ///< headings; empty for pairs of a name and a value
     std::vector<QStringList> rows;  ///< cells; as many as columns, or two
     QStringList remarks;            ///< what a reader has to know, as where lists were cut
@@ -76,8 +76,8 @@ class KYR_EXPORT SystemReport {
 
   /// A file that the archive will hold.
   struct File {
-    QString name;  ///< in the archive
-    QByteArray contents;
+    QString name;           ///< in the archive
+    QByteArray contents;    ///< as they are packed
     std::int64_t modified;  ///< seconds since 1970-01-01 00:00 UTC
   };
 
@@ -105,7 +105,9 @@ class KYR_EXPORT SystemReport {
   /// \param name as for addFile()
   void addContents(const QString& name, const QByteArray& contents);
 
+  /// What was collected and added so far, in that order.
   const std::vector<Section>& sections() const { return _sections; }
+  /// The files that write() will pack beside the page and the text.
   const std::vector<File>& files() const { return _files; }
   /// The newest crash of this user, of whatever application, as far as the logs were collected; it
   /// stands on top of the page and of the text.
