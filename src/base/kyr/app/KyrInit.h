@@ -24,6 +24,7 @@ namespace Kyr {
 /// const QString version = KyrInit::getApplicationVersion();
 /// std::printf("%s %s\n", KyrInit::getApplicationName(), qPrintable(version));
 /// \endcode
+/// \threadsafety a value
 struct StartOptions {
   /// Names the program to people and to Qt, and its language file; without "/" and its like. Empty
   /// for the application's name in the suite.
@@ -65,6 +66,7 @@ struct StartOptions {
 /// KyrInit::CloseTranslator();
 /// KyrInit::CloseLibrary();
 /// \endcode
+/// \threadsafety start and end on the main thread; getters on any thread between the two
 class KYR_EXPORT KyrInit {
  public:
   /// Directories of the user's settings.
