@@ -46,10 +46,10 @@ struct LockHolder {
   enum Mode_t : unsigned { Whole = 0, Write = 1, Read = 2 };
   /// A lock, told by the site where it was made.
   struct Lock {
-    /// As its constructor was given them.
-    std::string function, file;
-    unsigned line = 0;    ///< as its constructor was given it
-    Mode_t mode = Whole;  ///< Whole for a Mutex
+    std::string function,  ///< as its constructor was given it
+        file;              ///< as its constructor was given it
+    unsigned line = 0;     ///< as its constructor was given it
+    Mode_t mode = Whole;   ///< Whole for a Mutex
   };
 
   std::uint64_t thread = 0;  ///< the system's number
