@@ -29,13 +29,14 @@ hardened() {
 
 verb_check() {
   # shellcheck disable=SC2086
-  need $test_packages $bench_packages $lint_packages
+  need $test_packages $bench_packages $lint_packages $docs_packages
   worst=0
   quietly 'Scripts' scripts_linted || worst=1
   quietly 'Formatting (./dev format mends it)' format_sources --dry-run -Werror || worst=1
   quietly 'Rooms' python3 "$top/tools/check_rooms.py" || worst=1
   quietly 'Platform rules' python3 "$top/tools/check_platform.py" || worst=1
   quietly 'Translations' python3 "$top/tools/check_messages.py" || worst=1
+  quietly 'Reference' python3 -B "$top/tools/reference/reference.py" --check || worst=1
   quietly 'Hardening of what is installed' hardened || worst=1
   quietly 'Configuring for clang' configure clang || exit 1
   quietly 'Every public header alone, by clang' \

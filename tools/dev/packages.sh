@@ -5,6 +5,7 @@ build_packages='g++ ccache cmake ninja-build qtbase5-dev qttools5-dev-tools qttr
 test_packages="$build_packages libgtest-dev glmark2-data libarchive-tools lldb-14 llvm-14 locales pkg-config python3 units"
 bench_packages="$build_packages libarchive-dev libbenchmark-dev libboost-dev libboost-iostreams-dev libspdlog-dev libssl-dev libtbb-dev glmark2-data"
 lint_packages='clang-14 clang-tidy-14 clang-format-14 shellcheck'
+docs_packages='doxygen doxygen-awesome-css graphviz python3'
 
 # missing PACKAGE...: those that are not installed, each with a space before it.
 missing() {
@@ -64,5 +65,6 @@ windows_packages() {
 
 verb_packages() {
   # shellcheck disable=SC2046,SC2086
-  need $test_packages $bench_packages $lint_packages $fuzz_packages $(windows_packages)
+  need $test_packages $bench_packages $lint_packages $docs_packages $fuzz_packages \
+    $(windows_packages)
 }

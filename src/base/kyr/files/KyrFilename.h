@@ -78,6 +78,7 @@ class KYR_EXPORT Name {
     return left.getDirectory() == right.getDirectory() &&
            left.getBaseName() == right.getBaseName() && left.getExtension() == right.getExtension();
   }
+  /// Whether one of the parts differs.
   friend bool operator!=(const Name& left, const Name& right) { return !(left == right); }
 
   /// What is left of a name without its last element: the directory, by the rules of this class.

@@ -115,7 +115,7 @@ class LogInserters {
   /// Adds a number with six significant digits, as "0.1" or "1.23457e+06".
   Log& operator<<(float value) { return log().addDouble(double(value)); }
   Log& operator<<(double value) { return log().addDouble(value); }
-  /// Adds a Latin-1 character, or ends the message with #END_LOG.
+  /// Adds a Latin-1 character, or ends the message with END_LOG.
   Log& operator<<(char value) { return log().addChar(value); }
   /// Adds a text, of which a pointer names UTF-8; null adds nothing.
   Log& operator<<(const char* text) { return log().addString(QString::fromUtf8(text)); }
