@@ -50,7 +50,8 @@ install(FILES ${KYR_CATALOGUES} DESTINATION messages)
 
 # In the folders of the sources: headers and texts name each other by these.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "ARCHITECTURE.md" EXCLUDE)
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "ARCHITECTURE.md" EXCLUDE
+  PATTERN "reference" EXCLUDE)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 # Its links to headers lead to those that are installed.
 file(RELATIVE_PATH KYR_DOCS_TO_INCLUDE
