@@ -10,6 +10,9 @@ CODE = re.compile(r"`([^`]+)`")
 HEADING = re.compile(r"^(#+)\s+(.*?)\s*$")
 
 
+MAIN = "README.md"  # the document that is the first page
+
+
 class DeadLink(Exception):
     pass
 
@@ -41,6 +44,8 @@ class Pages:
         path, _, anchor = link.partition("#")
         path = os.path.normpath(os.path.join(os.path.dirname(place), path)) if path else place
         if path in self.known:
+            if path == MAIN and not anchor:
+                return "index.html"
             return f"@ref {page_id(path)}" + (f"-{anchor}" if anchor else "")
         if path.startswith("src/base/kyr/") and (self.root / path).is_file():
             return f"@ref {os.path.basename(path)}"
@@ -61,8 +66,18 @@ class Pages:
             bang, shown, link = match.groups()
             if bang:
                 return f"![{shown}]({self.image(place, link)})"
-            return f"[{shown}]({self.target(place, link)})"
+            return self.link(self.target(place, link), shown)
         return LINK.sub(replace, text)
+
+    @staticmethod
+    def link(target, shown):
+        """A link as Doxygen reads it, which knows no code between brackets."""
+        if "`" not in shown or not target.startswith("@ref "):
+            return f"[{shown}]({target})"
+        parts = CODE.split(shown)
+        return "".join(f"[{part}]({target})" if number % 2 == 0 else
+                       rf'<code>\ref {target.removeprefix("@ref ")} "{part}"</code>'
+                       for number, part in enumerate(parts) if part)
 
     def line(self, place, text):
         """A line with its links."""
@@ -75,7 +90,7 @@ class Pages:
         def name(match):
             inside = any(begin <= match.start() < end for begin, end in links)
             full = None if inside else self.classes.get(match[1])
-            return f"[`{match[1]}`](@ref {full})" if full else escaped(match[1])
+            return rf'<code>\ref {full} "{match[1]}"</code>' if full else escaped(match[1])
         return CODE.sub(name, text)
 
     def page(self, place, text):
@@ -98,7 +113,7 @@ class Pages:
             elif found := HEADING.match(line):
                 flush()
                 anchor = self.anchor(place, found[2], seen)
-                lines.append(f"{found[1]} {self.linked(place, found[2])} {{#{anchor}}}")
+                lines.append(f"{found[1]} {found[2].replace('`', '')} {{#{anchor}}}")
             elif line.startswith("    ") and not prose:
                 lines.append(line)  # code
             elif line.strip():
@@ -115,7 +130,8 @@ class Pages:
         name = slug(heading) if seen else ""
         seen[name] = seen.get(name, -1) + 1
         number = f"-{seen[name]}" if seen[name] else ""
-        return page_id(place) + (f"-{name}{number}" if name else "")
+        page = "mainpage" if place == MAIN and not name else page_id(place)
+        return page + (f"-{name}{number}" if name else "")
 
 
 def escaped(code):
@@ -127,10 +143,10 @@ def escaped(code):
     return "<code>" + re.sub(r"\\(?=[][*!()`_])", r"\\\\", marked) + "</code>"
 
 
-def mention(text, known):
+def mention(text, titles):
     """A docstring's words about a document, as 'docs/crash.md', as a link to its page."""
     def replace(match):
-        path = match[0] + ("" if match[0].endswith(".md") else "-")
-        hits = [page for page in known if page == path or page.startswith(path)]
-        return rf"\ref {page_id(hits[0])}" if len(hits) == 1 else match[0]
+        path = match[0] if match[0].endswith(".md") else match[0] + "-"
+        hits = [page for page in titles if page == path or page.startswith(path)]
+        return rf'\ref {page_id(hits[0])} "{titles[hits[0]]}"' if len(hits) == 1 else match[0]
     return PAGE_MENTION.sub(replace, text)

@@ -46,6 +46,14 @@ def without_rule(text):
             yield text.count("\n", 0, found.start(1)) + 1, found[1]
 
 
+def description_first(layout):
+    """A layout in which a class says what it is for, with its example, before its members."""
+    begin, end = layout.index("<class>"), layout.index("</class>")
+    part = re.sub(r"\n *<detaileddescription[^\n]*", "", layout[begin:end])
+    part = re.sub(r"<briefdescription[^\n]*", '<detaileddescription title="What it is for"/>', part)
+    return layout[:begin] + part + layout[end:]
+
+
 class Reference:
     def __init__(self, work):
         self.work = work
@@ -65,6 +73,7 @@ class Reference:
         path.write_text(text)
 
     def add_headers(self):
+        titles = {str(path): re.sub(r"^\d+\. ", "", self.title(path)) for path in self.documents}
         for header in sorted(self.rooms.library.glob("*/Kyr*.h")):
             text = header.read_text()
             place = header.relative_to(ROOT)
@@ -72,7 +81,7 @@ class Reference:
                             for line, name in without_rule(text)]
             shown = without_private_types(with_shared_docstrings(text))
             self.write("kyr/" + header.relative_to(self.rooms.library).as_posix(),
-                       mention(shown, self.pages.known))
+                       mention(shown, titles))
         shutil.copy(ROOT / "docs/reference/namespaces.dox", self.input)
 
     def add_places_of_classes(self):
@@ -83,7 +92,7 @@ class Reference:
                 if name in self.classes:
                     kind, full = self.classes[name]
                     room, shown = header.split("/")[0], example.removeprefix("../examples/")
-                    lines += [f"/*! \\{kind} {full}", rf"\par See also",
+                    lines += [f"/*! \\{kind} {full}", r"\par See also",
                               rf"The room \ref room_{room} ""\"" + room + '", and the example '
                               rf"\ref examples_{shown} ""\"" + shown + '". */']
         self.write("places.dox", "\n".join(lines) + "\n")
@@ -116,7 +125,10 @@ class Reference:
             place = str(path)
             text = self.drawn(place, (ROOT / path).read_text())
             subpages = self.subpages(place)
-            self.write(f"pages/{page_id(place)}.md", self.pages.page(place, text) + subpages)
+            page = self.pages.page(place, text) + subpages
+            if place == "docs/ARCHITECTURE.md":
+                page = re.sub(r"^\| `(\w+)` \|", r"| [\1](@ref room_\1) |", page, flags=re.M)
+            self.write(f"pages/{page_id(place)}.md", page)
         for name, title, pattern in GROUPS:
             paths = [str(path) for path in self.documents if pattern and path.match(pattern)]
             names = [page_id(path) for path in paths] or \
@@ -194,6 +206,9 @@ class Reference:
                   ROOT / "docs/reference/style.css"]
         extra = [AWESOME / f"doxygen-awesome-{name}.js" for name in SCRIPTS]
         (self.work / "Doxyfile").write_text((ROOT / "docs/reference/Doxyfile").read_text())
+        layout = self.work / "layout.xml"
+        subprocess.run(["doxygen", "-l", layout], check=True, stdout=subprocess.DEVNULL)
+        layout.write_text(description_first(layout.read_text()))
         subprocess.run(["doxygen", "-w", "html", header, self.work / "footer.html",
                         self.work / "style.css", "Doxyfile"], cwd=self.work, check=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -202,7 +217,7 @@ class Reference:
             f'<script type="text/javascript">DoxygenAwesome{script}.init()</script>\n'
             for name, script in SCRIPTS.items())
         header.write_text(header.read_text().replace("</head>", loaded + "</head>"))
-        self.doxygen(["GENERATE_HTML = YES", f"HTML_OUTPUT = {target}", f"HTML_HEADER = {header}",
+        self.doxygen(["GENERATE_HTML = YES", f"HTML_OUTPUT = {target}", f"HTML_HEADER = {header}", f"LAYOUT_FILE = {layout}",
                       "HTML_EXTRA_STYLESHEET = " + " ".join(map(str, styles)),
                       "HTML_EXTRA_FILES = " + " ".join(map(str, extra))])
         self.faults += dead_links(target)
