@@ -1,4 +1,4 @@
-"""Follows all links inside of a folder of HTML."""
+"""Follows all links inside of a folder of HTML, and finds those that did not become any."""
 import urllib.parse
 from html.parser import HTMLParser
 
@@ -8,8 +8,11 @@ class Page(HTMLParser):
 
     def __init__(self, text):
         super().__init__()
-        self.places, self.links = set(), set()
+        self.places, self.links, self.raw = set(), set(), False
         self.feed(text)
+
+    def handle_data(self, data):
+        self.raw = self.raw or "@ref " in data or "@section " in data or "](@" in data
 
     def handle_starttag(self, tag, attrs):
         for name, value in attrs:
@@ -27,6 +30,8 @@ def dead_links(folder):
         return [f"{folder} has no pages"]
     found = []
     for name, page in pages.items():
+        if page.raw:
+            found.append(f"{name}: shows a command of Doxygen as text")
         for link in sorted(page.links):
             if urllib.parse.urlparse(link).scheme:
                 continue

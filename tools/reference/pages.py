@@ -72,6 +72,7 @@ class Pages:
     @staticmethod
     def link(target, shown):
         """A link as Doxygen reads it, which knows no code between brackets."""
+        shown = " ".join(shown.split())  # a line that ends inside would end the link
         if "`" not in shown or not target.startswith("@ref "):
             return f"[{shown}]({target})"
         parts = CODE.split(shown)

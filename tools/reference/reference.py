@@ -124,8 +124,9 @@ class Reference:
         for path in self.documents:
             place = str(path)
             text = self.drawn(place, (ROOT / path).read_text())
-            subpages = self.subpages(place)
-            page = self.pages.page(place, text) + subpages
+            page = self.pages.page(place, text) + self.subpages(place)
+            if place == "docs/cookbook/README.md":
+                page = re.sub(r"^- \[(.*)\]\(@ref (\w+)\)$", r'- \\subpage \2 "\1"', page, flags=re.M)
             if place == "docs/ARCHITECTURE.md":
                 page = re.sub(r"^\| `(\w+)` \|", r"| [\1](@ref room_\1) |", page, flags=re.M)
             self.write(f"pages/{page_id(place)}.md", page)
@@ -138,10 +139,7 @@ class Reference:
 
     def subpages(self, place):
         """What hangs below a document in the tree of pages."""
-        if place == "docs/cookbook/README.md":
-            below = [page_id(str(path)) for path in self.documents
-                     if path.match("docs/cookbook/*.md") and path.name != "README.md"]
-        elif place == "README.md":
+        if place == "README.md":
             below = ["docs_ARCHITECTURE", "rooms", "docs_cookbook_README", "docs_formats",
                      *(page_id(str(path)) for path in self.documents
                        if path.match("docs/*.md") and len(path.parts) == 2
@@ -149,7 +147,7 @@ class Reference:
                      "docs_decisions", "examples", "CONTRIBUTING", "CHANGELOG"]
         else:
             return ""
-        return "\n".join(["", "", *(f"- \\subpage {page}" for page in below), ""])
+        return "\n".join(["", "## All pages", "", *(f"- \\subpage {page}" for page in below), ""])
 
     def add_rooms(self):
         for room in self.rooms.order:
