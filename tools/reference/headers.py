@@ -9,6 +9,7 @@ NO_FUNCTION = re.compile(r"^\s*(?:class|struct|enum|union|friend|using|typedef|s
 SCOPE = re.compile(r"\b(class|struct|enum|union|namespace)\b[^;()]*\{\s*$")
 LABEL = re.compile(r"^\s*(public|protected|private):\s*$")
 LITERAL = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])*\'|//.*')
+COPY = re.compile(r"\b(\w+)\((?:const )?\1 ?&&?[^,]*\)|= (?:default|delete);")
 PAGE_MENTION = re.compile(r"docs/[\w/-]+\.md|docs/decisions/\d{4}\b")
 
 
@@ -54,7 +55,8 @@ def with_shared_docstrings(text):
             continue
         name = None if not first or COMMENT.match(first) else declared_name(statement)
         if name and not fresh and name == documented and "///<" not in statement[-1]:
-            lines[begin] = r"/** \overload */ " + lines[begin]
+            if not COPY.search(" ".join(statement)):
+                lines[begin] = "/** As above, for other arguments. */ " + lines[begin]
         elif not fresh:
             name = None
         documented, fresh = name, False
