@@ -43,7 +43,11 @@ struct LockDoctorOptions {
 /// \threadsafety a value
 struct LockHolder {
   /// How it holds or wants a lock.
-  enum Mode_t : unsigned { Whole = 0, Write = 1, Read = 2 };
+  enum Mode_t : unsigned {
+    Whole = 0,  ///< a Mutex
+    Write = 1,  ///< a MutexReadWrite, alone
+    Read = 2    ///< a MutexReadWrite, with other readers
+  };
   /// A lock, told by the site where it was made.
   struct Lock {
     std::string function,  ///< as its constructor was given it

@@ -107,7 +107,9 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
 class KYR_EXPORT KYR_SCOPED_CAPABILITY AutoMutex {
  public:
   /// Says that the mutex is already the caller's.
-  enum Taken_t : int { Taken = 0 };
+  enum Taken_t : int {
+    Taken = 0  ///< on this thread
+  };
 
   /// Locks \a mutex, which must not be null.
   explicit AutoMutex(Mutex* mutex) KYR_ACQUIRE(mutex) : _mutex(mutex) { mutex->lock(); }

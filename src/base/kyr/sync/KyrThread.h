@@ -27,7 +27,10 @@ namespace Kyr {
 class KYR_EXPORT Thread : public QThread {
  public:
   /// Whether the user interface is locked while the thread runs; only zero or not matters.
-  enum LockGUI_t : int { NoLockGUI = 0, LockGUI = 1 };
+  enum LockGUI_t : int {
+    NoLockGUI = 0,  ///< the user goes on working meanwhile
+    LockGUI = 1     ///< the user waits for the thread
+  };
 
   /// \param lock kept as "is not zero", read with lockGUI()
   /// \param function, file, line the creation site; literals
