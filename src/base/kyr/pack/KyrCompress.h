@@ -33,7 +33,10 @@ class PieceStream;
 class KYR_EXPORT Compress {
  public:
   /// The wrapper around the compressed data; any value but 0 means gzip.
-  enum Format : int { ZlibFormat = 0, GzipFormat = 1 };
+  enum Format : int {
+    ZlibFormat = 0,  ///< RFC 1950
+    GzipFormat = 1   ///< RFC 1952
+  };
 
   /// Compresses in zlib format.
   /// \param out is emptied and gives its memory back; must outlive this object
@@ -86,7 +89,10 @@ class KYR_EXPORT Compress {
 class KYR_EXPORT Decompress {
  public:
   /// The wrapper around the compressed data; any value but 0 means gzip.
-  enum Format : int { ZlibFormat = 0, GzipFormat = 1 };
+  enum Format : int {
+    ZlibFormat = 0,  ///< RFC 1950
+    GzipFormat = 1   ///< RFC 1952
+  };
 
   /// Decompresses zlib format.
   /// \throws std::bad_alloc

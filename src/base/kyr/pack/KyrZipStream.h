@@ -233,7 +233,7 @@ class KYR_EXPORT ZipInStream : public std::istream {
  public:
   /// What is wrong with the header.
   enum HeaderError_t {
-    HeaderGood = 0,
+    HeaderGood = 0,        ///< of a version that this application reads
     HeaderUnreadable = 1,  ///< no file, no permission, or shorter than a header
     HeaderInvalid = 2,     ///< no zip stream, or one that went through a text-mode transfer
     HeaderFromNewer = 3,   ///< written by an application newer than this one
