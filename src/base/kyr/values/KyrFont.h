@@ -20,12 +20,12 @@ class KYR_EXPORT Font {
  public:
   /// What may be added to one another.
   enum Style_t : unsigned {
-    StylePlain = 0,
-    StyleItalic = 1,
-    StyleUnderline = 2,
-    StyleStrikeOut = 4,
-    StyleFixed = 8,  ///< all characters are of one width; chooses the font where the family is
-                     ///< unknown
+    StylePlain = 0,      ///< none of these
+    StyleItalic = 1,     ///< slanted letters
+    StyleUnderline = 2,  ///< a line below
+    StyleStrikeOut = 4,  ///< a line through the middle
+    StyleFixed = 8,      ///< all characters are of one width; chooses the font where the family is
+                         ///< unknown
   };
 
   static constexpr double smallestSize = 0.1;   ///< points
