@@ -63,7 +63,7 @@ class KYR_EXPORT SystemReport {
     PartModules = 256,      ///< what the process has loaded
     PartFiles = 512,        ///< names and sizes of the files in the settings' directories
     PartLogs = 1024,        ///< output of the suite's processes, which is packed, and their dumps
-    AllParts = 2047,
+    AllParts = 2047,        ///< their sum
   };
 
   /// How much of the files of the suite's processes is packed; the newest come first.
