@@ -81,3 +81,23 @@ def without_private_types(text):
         elif re.match(r"\s*friend (?:class|struct) ", line):
             lines[begin] = ""
     return "\n".join(lines) + "\n"
+
+
+def values_without_words(text):
+    """The values of public enumerations that have no docstring, with their lines."""
+    private = inside = False
+    previous = ""
+    for number, line in enumerate(text.splitlines(), 1):
+        if found := LABEL.match(line):
+            private = found[1] == "private"
+        elif re.match(r"(?:class|struct) ", line):
+            private = False
+        if re.match(r"\s*enum\b.*\{", line):
+            inside = not line.rstrip().endswith("};")
+            if not inside and not private:
+                yield number, line.strip()
+        elif inside and (found := re.match(r"\s*(\w+)(?: = [^,]+)?(?:,| |$)", line)) and not private:
+            if "///<" not in line and not previous.strip().startswith("///"):
+                yield number, found[1]
+        inside = inside and "}" not in line
+        previous = line

@@ -14,7 +14,7 @@ import tempfile
 from pathlib import Path
 
 from dead_links import dead_links
-from headers import with_shared_docstrings, without_private_types
+from headers import values_without_words, with_shared_docstrings, without_private_types
 from pages import DeadLink, Pages, mention, page_id
 from rooms import Rooms, picture
 
@@ -79,6 +79,8 @@ class Reference:
             place = header.relative_to(ROOT)
             self.faults += [f"{place}:{line}: {name} has no rule for threads"
                             for line, name in without_rule(text)]
+            self.faults += [f"{place}:{line}: {name} has no docstring"
+                            for line, name in values_without_words(text)]
             shown = without_private_types(with_shared_docstrings(text))
             self.write("kyr/" + header.relative_to(self.rooms.library).as_posix(),
                        mention(shown, titles))
