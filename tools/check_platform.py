@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Keeps what differs between platforms in its places.
 
-Conditions on a compiler or platform stand in core/KyrPlatform.h alone. Headers of an operating
+Conditions on a compiler or platform stand in core/KyrPlatform.h alone, those on the version of Qt in
+core/KyrQtVersion.h. Headers of an operating
 system are included only by whole files for one system, named *_posix.cpp or *_win.cpp; those of
 the library lie in a folder "platform". Prints one line for each breach and ends with 1 if there
 is any.
@@ -12,12 +13,15 @@ import sys
 from pathlib import Path
 
 PLATFORM_HEADER = "src/base/kyr/core/KyrPlatform.h"
+QT_HEADER = "src/base/kyr/core/KyrQtVersion.h"
 FOLDERS = ("src", "tests", "bench", "fuzz", "examples", "tools")
 
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
 # Names that compilers and Qt predefine: _WIN32, __linux__, __has_feature, Q_OS_WIN, ...
 PLATFORM_NAME = re.compile(
     r"\b(_\w+|WIN32|WIN64|UNICODE|linux|unix|MINGW\w*|Q_(?:OS|CC|PROCESSOR)_\w+|QT_BUILD\w*)\b")
+
+QT_NAME = re.compile(r"\b(QT_VERSION\w*|KYR_QT)\b")
 
 INCLUDE = re.compile(r"^\s*#\s*include\s*<([^>]+)>")
 # Every other header whose name ends in .h belongs to an operating system.
@@ -60,12 +64,20 @@ def header_breach(path, relative, header):
     return f"<{header}> belongs to an operating system; only files {places} may include it"
 
 
+def condition_breach(condition, relative):
+    """What is wrong with a condition here; empty if nothing is."""
+    for home, names in ((PLATFORM_HEADER, PLATFORM_NAME), (QT_HEADER, QT_NAME)):
+        if relative != home and (name := names.search(condition)):
+            return f"asks for {name[1]}; only {home} may"
+    return ""
+
+
 def breaches_of(path, relative):
     if relative == PLATFORM_HEADER:
         return
     for number, line in enumerate(path.read_text().splitlines(), 1):
-        if (match := CONDITION.match(line)) and (name := PLATFORM_NAME.search(match[1])):
-            yield f"{relative}:{number}: asks for {name[1]}; only {PLATFORM_HEADER} may"
+        if (match := CONDITION.match(line)) and (breach := condition_breach(match[1], relative)):
+            yield f"{relative}:{number}: {breach}"
         if (match := INCLUDE.match(line)) and (breach := header_breach(path, relative, match[1])):
             yield f"{relative}:{number}: {breach}"
 

@@ -66,6 +66,7 @@ PLATFORM = [
     ({LOW + "low.cpp": "\n#  ifdef _WIN32\n"}, "low/low.cpp:2: asks for _WIN32"),
     ({LOW + "low.cpp": "#elif defined(X) && defined(Q_OS_WIN)\n"}, "asks for Q_OS_WIN"),
     ({HIGH + "platform/h_posix.cpp": "#if __linux__\n"}, "asks for __linux__"),
+    ({LOW + "low.cpp": "#if QT_VERSION < 0x060000\n"}, "low/low.cpp:1: asks for QT_VERSION"),
     ({"tests/t.cpp": "#include <unistd.h>\n"}, "t.cpp:1: <unistd.h> belongs to an operating"),
     ({LOW + "Low.h": "#include <sys/wait.h>\n"}, "only files platform/*_posix.cpp may"),
     ({LOW + "Low.h": "#include <fcntl.h>\n"}, "platform/*_posix.cpp and platform/*_win.cpp may"),

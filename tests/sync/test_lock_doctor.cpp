@@ -69,7 +69,7 @@ void inThread(const std::function<void()>& work) {
 /// and two for readers and writers.
 struct Room {
   Mutex a{"a", "locks", 1}, b{"b", "locks", 2}, c{"c", "locks", 3};
-  Mutex twin{"a", "locks", 1}, nameless, anonymous, again{QMutex::Recursive};
+  Mutex twin{"a", "locks", 1}, nameless, anonymous, again{Mutex::Recursive};
   MutexReadWrite r{"r", "locks", 4}, s{"s", "locks", 5};
 };
 

@@ -11,12 +11,12 @@
 #include "work.h"
 
 #include <kyr/app/KyrInit.h>
+#include <kyr/core/KyrQtVersion.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/jobs/KyrStopToken.h>
 
 #include <QCoreApplication>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <cstdio>
@@ -167,8 +167,11 @@ int runTool(int argc, char** argv) {
   std::ios_base::sync_with_stdio(false);
   prepareOutput();
   // Names of files and units are the same whatever the user's locale is.
-  QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+  Kyr::QtVersion::setLocalEncoding("UTF-8");
+  // Qt 6 would tell everybody without a UTF-8 locale that it takes another one.
+  const QtMessageHandler usual = qInstallMessageHandler([](auto, const auto&, const auto&) {});
   const QCoreApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   try {
     return runStarted();
   } catch (const std::bad_alloc&) {

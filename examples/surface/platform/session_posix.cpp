@@ -1,7 +1,7 @@
 #include "surface/session.h"
 #include "surface/session_p.h"
 
-#include <QTextCodec>
+#include <kyr/core/KyrQtVersion.h>
 
 #include <cstring>
 
@@ -24,7 +24,7 @@ void keepStandardStreams() {
 
 void assumeUtf8() {
   if (std::strcmp(::nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0) {
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    Kyr::QtVersion::setLocalEncoding("UTF-8");
   }
 }
 

@@ -8,6 +8,7 @@
 #include <kyr/core/KyrException.h>
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/core/KyrProgError.h>
+#include <kyr/core/KyrQtVersion.h>
 #include <kyr/core/KyrStructVector.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/crash/KyrHeartbeat.h>

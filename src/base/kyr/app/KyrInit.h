@@ -4,6 +4,7 @@
 
 #include <kyr/core/KyrApplication.h>
 #include <kyr/core/KyrPlatform.h>
+#include <kyr/core/KyrQtVersion.h>  // which compares the Qt of the application
 #include <kyr/diagnostics/KyrCrashReports.h>
 
 #include <QString>

@@ -81,11 +81,11 @@ QString freeText(const QString& path) {
 }
 
 QString settingText(const QString& key, const QVariant& value) {
-  if (value.type() == QVariant::ByteArray) {
+  if (value.userType() == QMetaType::QByteArray) {
     return QString("[%1 bytes]").arg(value.toByteArray().size());
   }
-  const QString text =
-      value.type() == QVariant::StringList ? value.toStringList().join(", ") : value.toString();
+  const QString text = value.userType() == QMetaType::QStringList ? value.toStringList().join(", ")
+                                                                  : value.toString();
   return SystemReport::blankSecrets(key, text);
 }
 

@@ -3,9 +3,7 @@
 #pragma once
 
 #include <kyr/core/KyrPlatform.h>
-
-#include <QMutex>
-#include <QWaitCondition>
+#include <kyr/core/KyrQtVersion.h>
 
 #include <atomic>
 
@@ -31,20 +29,23 @@ struct alignas(64) LockWatch {
   std::atomic<bool> _on{false};
 };
 
-/// A mutex with its creation site. Non-recursive unless built with a recursion mode.
+/// A mutex with its creation site. Non-recursive unless built with a recursion mode, as in
+/// `Mutex mutex(Mutex::Recursive)`; QMutex::Recursive is the same, but only Qt 5 has it.
 ///
 /// The site's texts are not copied: they are literals that outlive the mutex. Destroying a
 /// mutex that somebody holds raises ProgError "mutex is still locked" with the creation site.
 /// Hold it with AutoMutex.
 /// \threadsafety any thread
-class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
+class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QtVersion::AnyMutex {
+  using Base = QtVersion::AnyMutex;
+
  public:
   /// Site "global", "unknown file", 0.
   constexpr Mutex() noexcept : Mutex("global", "unknown file", 0) {}
   /// Site "global", "unknown file", 0.
   /// \param mode QMutex::Recursive lets a thread take it several times
-  explicit Mutex(QMutex::RecursionMode mode)
-      : QMutex(mode), _function("global"), _file("unknown file"), _line(0) {}
+  explicit Mutex(RecursionMode mode)
+      : Base(mode), _function("global"), _file("unknown file"), _line(0) {}
   /// \param function, file, line the creation site; literals
   constexpr Mutex(const char* function, const char* file, unsigned line) noexcept
       : _function(function), _file(file), _line(line) {}
@@ -52,11 +53,11 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
 
   /// Waits for the mutex and takes it.
   void lock() KYR_ACQUIRE() KYR_NO_THREAD_SAFETY_ANALYSIS {
-    // The base's inline attempt saves the call into Qt; it fails on every recursive mutex.
+    // The inline attempt saves the call into Qt; it fails on every recursive mutex.
     if (LockWatch::isOn()) {
       lockWatched();
-    } else if (!QBasicMutex::tryLock()) {
-      QMutex::lock();
+    } else if (!QtVersion::tryLockInline(*this)) {
+      Base::lock();
     }
     Platform::orderedAfter(this);
   }
@@ -64,7 +65,7 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
   /// \return true when the caller now holds it
   bool tryLock(int milliseconds = 0) KYR_TRY_ACQUIRE(true) KYR_NO_THREAD_SAFETY_ANALYSIS {
     const bool taken =
-        LockWatch::isOn() ? tryLockWatched(milliseconds) : QMutex::tryLock(milliseconds);
+        LockWatch::isOn() ? tryLockWatched(milliseconds) : Base::tryLock(milliseconds);
     if (taken) {
       Platform::orderedAfter(this);
     }
@@ -78,7 +79,7 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") Mutex : public QMutex {
     if (LockWatch::isOn()) {
       forgetHolder();
     }
-    QMutex::unlock();
+    Base::unlock();
   }
 
  private:
@@ -182,7 +183,7 @@ class KYR_EXPORT Condition {
   Condition& operator=(const Condition&);
 
   Mutex* _mutex = nullptr;
-  QWaitCondition _condition;
+  QtVersion::AnyWaitCondition _condition;
   const char* _function = "";
   const char* _file = "";
   unsigned _line = 0;

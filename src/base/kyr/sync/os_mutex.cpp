@@ -21,13 +21,13 @@ Mutex::~Mutex() {
   if (LockWatch::isOn()) {
     LockBooks::forget(this);
   }
-  if (!QMutex::tryLock()) {
+  if (!Base::tryLock()) {
     const ProgError heldMutex(_function, _file, _line, "mutex is still locked");
   }
-  QMutex::unlock();
+  Base::unlock();
 }
 
-Mutex::Mutex(const Mutex&) : QMutex() {
+Mutex::Mutex(const Mutex&) : Base() {
   throw ProgError(_function, _file, _line, "copy constructor for mutex is not allowed");
 }
 
@@ -38,11 +38,11 @@ Mutex& Mutex::operator=(const Mutex&) {
 void Mutex::lockWatched() {
   const bool again = isRecursive();
   LockBooks::Attempt attempt(this, {_function, _file, _line}, LockBooks::Whole);
-  if (!QMutex::tryLock()) {
+  if (!Base::tryLock()) {
     attempt.wait(again);
-    if (!QMutex::tryLock(attempt.patience())) {
+    if (!Base::tryLock(attempt.patience())) {
       attempt.reportWait();
-      QMutex::lock();
+      Base::lock();
     }
   }
   attempt.hold(again);
@@ -53,7 +53,7 @@ bool Mutex::tryLockWatched(int milliseconds) {
     lockWatched();
     return true;
   }
-  const bool taken = QMutex::tryLock(milliseconds);
+  const bool taken = Base::tryLock(milliseconds);
   if (taken) {
     LockBooks::Attempt::holdTried(this, {_function, _file, _line}, LockBooks::Whole);
   }

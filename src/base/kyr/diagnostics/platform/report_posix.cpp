@@ -1,5 +1,6 @@
 #include <kyr/diagnostics/report_p.h>
 
+#include <kyr/core/KyrQtVersion.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_file_p.h>
 
@@ -88,7 +89,7 @@ bool isOwn(const struct stat& found) {
 
 Report::SettingsPlace placeOf(const char* name, QSettings::Scope scope) {
   auto settings = std::make_unique<QSettings>(QSettings::NativeFormat, scope, "ORV");
-  settings->setIniCodec("UTF-8");
+  QtVersion::assumeUtf8In(*settings);
   settings->setFallbacksEnabled(false);
   return {QString("%1: %2").arg(name, settings->fileName()), std::move(settings)};
 }

@@ -1,3 +1,4 @@
+#include <kyr/core/KyrQtVersion.h>
 #include <kyr/os/KyrOS.h>
 #include <kyr/os/os_environment_p.h>
 #include <kyr/os/os_file_p.h>
@@ -120,7 +121,7 @@ QString OS::getRegistryValue(RegistryScope_t scope, const QString& name) {
   QSettings settings(QSettings::NativeFormat,
                      scope == RegistryMachine ? QSettings::SystemScope : QSettings::UserScope,
                      "ORV");
-  settings.setIniCodec("UTF-8");
+  QtVersion::assumeUtf8In(settings);
   settings.setFallbacksEnabled(false);
   return settings.value(name).toString();
 }
@@ -142,7 +143,7 @@ QMap<QString, QString> Platform::readEnvironment() {
   QMap<QString, QString> all;
   for (char** entry = environ; entry && *entry; ++entry) {
     const QString text = nameOf(std::string(*entry));
-    const int end = text.indexOf('=');
+    const auto end = text.indexOf('=');
     if (end > 0) {
       all.insert(text.left(end), text.mid(end + 1));
     }

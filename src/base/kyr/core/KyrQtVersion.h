@@ -1,0 +1,118 @@
+/// \file
+/// What Qt 5 and Qt 6 do not have in common, for the classes of the library. Only this header asks
+/// which of the two it is.
+#pragma once
+
+#include <QMutex>
+#include <QWaitCondition>
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#include <QTextCodec>
+#else
+#include <QThread>
+#endif
+
+/// The Qt that the library was built with; its CMake and pkg-config files define it unless it is 5.
+#if !defined(KYR_QT)
+#define KYR_QT 5
+#endif
+static_assert(QT_VERSION_MAJOR == KYR_QT, "libKyr was built with another Qt than this is");
+
+namespace Kyr::QtVersion {
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+
+/// A mutex that its holder can take again if it is built with RecursionMode Recursive.
+using AnyMutex = QMutex;
+
+/// Waits with an AnyMutex; returns at once with one that can be taken again.
+using AnyWaitCondition = QWaitCondition;
+
+/// Takes a mutex that is free, without a call into Qt.
+/// \return false also for every mutex that can be taken again
+inline bool tryLockInline(AnyMutex& mutex) {
+  return mutex.QBasicMutex::tryLock();
+}
+
+/// Has a QSettings read its file as UTF-8.
+template <class Settings>
+void assumeUtf8In(Settings& settings) {
+  settings.setIniCodec("UTF-8");
+}
+
+/// Whether file names, arguments and what else comes from the system may be anything but UTF-8.
+constexpr bool hasLocalEncodings = true;
+
+/// Sets the encoding of all that, where there is a choice.
+/// \param name as "UTF-8"
+inline void setLocalEncoding(const char* name) {
+  QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
+}
+
+#else
+
+/// A mutex that its holder can take again if it is built with RecursionMode Recursive. Such a one
+/// is only locked and unlocked by this class: its base knows nothing of that.
+class AnyMutex : public QMutex {
+ public:
+  enum RecursionMode : int { NonRecursive = 0, Recursive = 1 };
+
+  constexpr AnyMutex() noexcept = default;
+  explicit AnyMutex(RecursionMode mode) noexcept : _isRecursive(mode == Recursive) {}
+
+  bool isRecursive() const noexcept { return _isRecursive; }
+
+  void lock() { tryLock(-1); }
+
+  bool tryLock(int milliseconds = 0) {
+    const Qt::HANDLE self = _isRecursive ? QThread::currentThreadId() : nullptr;
+    if (_isRecursive && _holder.loadRelaxed() == self) {
+      ++_again;
+      return true;
+    }
+    const bool taken = QMutex::tryLock(milliseconds);
+    if (taken && _isRecursive) {
+      _holder.storeRelaxed(self);
+    }
+    return taken;
+  }
+
+  void unlock() noexcept {
+    if (_again > 0) {
+      --_again;
+      return;
+    }
+    if (_isRecursive) {
+      _holder.storeRelaxed(nullptr);
+    }
+    QMutex::unlock();
+  }
+
+ private:
+  const bool _isRecursive = false;
+  unsigned _again = 0;           // guarded by the base
+  QAtomicPointer<void> _holder;  // a thread finds itself here only while it is the holder
+};
+
+/// Waits with an AnyMutex; returns at once with one that can be taken again.
+class AnyWaitCondition : public QWaitCondition {
+ public:
+  bool wait(AnyMutex* mutex, QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever)) {
+    return !mutex->isRecursive() && QWaitCondition::wait(mutex, end);
+  }
+};
+
+inline bool tryLockInline(AnyMutex& mutex) {
+  return !mutex.isRecursive() && mutex.QBasicMutex::tryLock();
+}
+
+template <class Settings>
+void assumeUtf8In(Settings& /*settings*/) {}
+
+constexpr bool hasLocalEncodings = false;
+
+inline void setLocalEncoding(const char* /*name*/) {}
+
+#endif
+
+}  // namespace Kyr::QtVersion
