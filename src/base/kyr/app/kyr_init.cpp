@@ -143,7 +143,7 @@ void applyNumberOfCPUs() {
 void takeLauncherSocket(QStringList& arguments) {
   launcherSocket = -1;
   mainWindowStarted = false;
-  const int option = arguments.indexOf(socketOption, 1);
+  const auto option = arguments.indexOf(socketOption, 1);
   if (option < 0 || option + 1 >= arguments.size()) {
     return;
   }

@@ -96,7 +96,7 @@ void Start::setReportFile(const QString& path) {
 
 void Start::prepareNotice() {
   const QString whole = sentence(withDump);
-  const int dump = whole.indexOf(dumpMark);
+  const auto dump = whole.indexOf(dumpMark);
   const QByteArray before = whole.left(dump).toUtf8();
   const QByteArray behind = dump < 0 ? QByteArray() : whole.mid(dump + 1).toUtf8();
   const QByteArray without = sentence(withoutDump).toUtf8();

@@ -12,8 +12,8 @@ namespace {
 void tellStack(std::uint64_t thread, const LockBooks::Sink& sink) {
   try {
     const QByteArray all = Crash::stacksInTurn(thread, true);
-    const int heading = all.indexOf("backtrace of the hanging thread ");
-    const int begin = heading < 0 ? -1 : all.indexOf('\n', heading);
+    const auto heading = all.indexOf("backtrace of the hanging thread ");
+    const auto begin = heading < 0 ? heading : all.indexOf('\n', heading);
     const QByteArray frames = all.mid(begin < 0 ? all.size() : begin + 1).trimmed();
     sink.write(sink.context, frames.constData(), static_cast<std::size_t>(frames.size()));
   } catch (const std::exception&) {

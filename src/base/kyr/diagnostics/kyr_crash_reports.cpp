@@ -72,12 +72,12 @@ std::vector<Output> outputs() {
 /// The value of a line of the section about the crash; empty without one.
 QString valueOf(const QString& section, const char* key) {
   const QString begin = QString("\n%1: ").arg(key);
-  const int at = section.indexOf(begin);
+  const auto at = section.indexOf(begin);
   return at < 0 ? QString() : section.mid(at + begin.size()).section('\n', 0, 0);
 }
 
 /// A report that has come to its end, or nearly so.
-CrashReport wholeReport(const QString& text, int about) {
+CrashReport wholeReport(const QString& text, QString::size_type about) {
   const QString rest = text.mid(about);
   const QString section = rest.section("\n\n", 0, 0, QString::SectionSkipEmpty);
   CrashReport report;
@@ -94,7 +94,7 @@ CrashReport wholeReport(const QString& text, int about) {
 
 /// The beginning of a report, of a process that did not get further. Who wrote it stands in the
 /// first line of its own file.
-CrashReport brokenReport(const QString& text, int first, const Output& output) {
+CrashReport brokenReport(const QString& text, QString::size_type first, const Output& output) {
   static const Forever<QRegularExpression> greeting(
       Report::expression(R"(\A([^\n]+) \S+ Rev\. \S+ Build \S+: System memory management\n)"));
   CrashReport report;
@@ -107,8 +107,8 @@ CrashReport brokenReport(const QString& text, int first, const Output& output) {
 }
 
 /// Where the last line of a report that begins with these words stands; negative for nowhere.
-int lastBeginning(const QString& text) {
-  const int at = text.lastIndexOf(QString('\n') + firstWords);
+QString::size_type lastBeginning(const QString& text) {
+  const auto at = text.lastIndexOf(QString('\n') + firstWords);
   return at >= 0 ? at + 1 : text.startsWith(firstWords) ? 0 : -1;
 }
 
@@ -126,8 +126,8 @@ std::optional<CrashReport> reportIn(const Output& output) {
     return {};
   }
   const QString text = QString::fromUtf8(file.end).remove('\r');
-  const int about = text.lastIndexOf(aboutWords);
-  const int first = lastBeginning(text);
+  const auto about = text.lastIndexOf(aboutWords);
+  const auto first = lastBeginning(text);
   if (about < 0 && first < 0) {
     return {};
   }

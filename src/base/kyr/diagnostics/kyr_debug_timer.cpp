@@ -46,8 +46,8 @@ class Table {
     _rows.push_back(row);
   }
   QString text() const {
-    int width = 8;  // of the two separators, and two columns more
-    for (const int column : _widths) {
+    Width width = 8;  // of the two separators, and two columns more
+    for (const Width column : _widths) {
       width += column;
     }
     QString text = aligned(_header, &QString::leftJustified) + '\n' + QString(width, '-') + '\n';
@@ -65,7 +65,8 @@ class Table {
   void fit(const QString& number) { _widths[1] = std::max(_widths[1], number.size()); }
 
  private:
-  using Justified = QString (QString::*)(int, QChar, bool) const;
+  using Width = QString::size_type;
+  using Justified = QString (QString::*)(Width, QChar, bool) const;
   static constexpr const char* separator = " | ";
 
   void fit(const Row& row) {
@@ -83,7 +84,7 @@ class Table {
 
   Row _header;
   std::vector<Row> _rows;
-  std::array<int, columns> _widths = {};
+  std::array<Width, columns> _widths = {};
 };
 
 }  // namespace

@@ -28,13 +28,13 @@ QRegularExpression expression(const QString& pattern) {
 /// take a search that failed for one that found nothing.
 QString replaced(const QString& text, const QRegularExpression& pattern, const QString& by) {
   QString shown;
-  int from = 0;
+  QString::size_type from = 0;
   for (QRegularExpressionMatch found = Report::search(pattern, text, from); found.hasMatch();
        found = Report::search(pattern, text, from)) {
-    shown += text.midRef(from, found.capturedStart() - from) + found.captured(1) + by;
+    shown += text.mid(from, found.capturedStart() - from) + found.captured(1) + by;
     from = found.capturedEnd();
   }
-  return shown + text.midRef(from);
+  return shown + text.mid(from);
 }
 
 /// Whether a name tells of a secret. PWD and OLDPWD do not: they are the working directories.

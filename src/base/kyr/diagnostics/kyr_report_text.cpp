@@ -20,7 +20,7 @@ std::vector<int> widthsOf(const std::vector<QStringList>& rows) {
     widths.resize(std::max(widths.size(), std::size_t(row.size())));
     for (int i = 0; i < row.size(); ++i) {
       int& width = widths[std::size_t(i)];
-      width = std::min(std::max(width, row[i].size()), widestColumn);
+      width = std::min(std::max(width, static_cast<int>(row[i].size())), widestColumn);
     }
   }
   return widths;
@@ -94,7 +94,7 @@ QRegularExpression Report::expression(const QString& pattern,
 }
 
 QRegularExpressionMatch Report::search(const QRegularExpression& pattern, const QString& text,
-                                       int from) {
+                                       QString::size_type from) {
   QRegularExpressionMatch found = pattern.match(text, from);
   if (!found.isValid()) {
     found = pattern.match(withoutHalves(text), from);

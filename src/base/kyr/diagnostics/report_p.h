@@ -59,7 +59,7 @@ QRegularExpression expression(const QString& pattern,
 /// What an expression finds from a place on, also in texts with halves of characters.
 /// \throws std::bad_alloc when the search could not be finished, which Qt takes for nothing found
 QRegularExpressionMatch search(const QRegularExpression& pattern, const QString& text,
-                               int from = 0);
+                               QString::size_type from = 0);
 /// A size for people, as "1.5 MiB".
 QString sizeText(std::uint64_t bytes);
 /// A moment in the user's time zone, as "2026-11-21 11:51:10 +00:00".

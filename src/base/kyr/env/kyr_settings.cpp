@@ -137,7 +137,7 @@ Settings::ConfigDirectories Settings::configDirectories() {
 
 QString Settings::softwareRoot(const QString& executable, const QString& elsewhere) {
   const QString path = OS::convertSeparatorsToUnix(executable);
-  const int end = path.lastIndexOf("/bin/", -1, Qt::CaseInsensitive);
+  const auto end = path.lastIndexOf("/bin/", -1, Qt::CaseInsensitive);
   const QString root = end >= 0 ? path.left(end) : elsewhere;
   return end < 0 && root.isEmpty() ? QString() : plainPath(root);
 }

@@ -25,11 +25,11 @@ bool beginsWithDrive(const QString& name) {
 
 Parts split(const QString& fullName) {
   const QString name = OS::convertSeparatorsToUnix(fullName);
-  const int slash = name.lastIndexOf('/');
+  const auto slash = name.lastIndexOf('/');
   const int drive = slash < 0 && beginsWithDrive(name) ? 2 : 0;
   const QString directory = slash >= 0 ? name.left(slash) : drive > 0 ? name.left(drive) : ".";
   const QString rest = name.mid(slash >= 0 ? slash + 1 : drive);
-  const int dot = rest.lastIndexOf('.');
+  const auto dot = rest.lastIndexOf('.');
   const bool extended = dot >= 0 && dot < rest.size() - 1;
   return {directory, extended ? rest.left(dot) : rest, extended ? rest.mid(dot) : QString()};
 }
@@ -56,9 +56,9 @@ class Cleaner {
  private:
   /// Whether a separator and this whole segment come next.
   bool endsSegment(int length, const char* segment) const {
-    const int end = _at + 1 + length;
+    const auto end = _at + 1 + length;
     return _path[_at] == '/' && end <= _path.size() &&
-           _path.midRef(_at + 1, length) == QLatin1String(segment, length) &&
+           QStringView(_path).mid(_at + 1, length) == QLatin1String(segment, length) &&
            (end == _path.size() || _path[end] == '/');
   }
 
@@ -73,7 +73,7 @@ class Cleaner {
   /// none is remembered, so that ".." after ".." does not search it anew.
   void dropSegment() {
     if (_firstSlash >= 0) {
-      const int slash = _clean.lastIndexOf('/');
+      const auto slash = _clean.lastIndexOf('/');
       _clean.truncate(slash);
       _firstSlash = slash == _firstSlash ? -1 : _firstSlash;
     }
@@ -81,8 +81,8 @@ class Cleaner {
 
   const QString& _path;
   QString _clean;
-  int _at = 0;
-  int _firstSlash = -1;
+  QString::size_type _at = 0;
+  QString::size_type _firstSlash = -1;
 };
 
 }  // namespace
@@ -189,7 +189,7 @@ void NameWithNumber::setBaseName(const QString& baseName) {
   _number = _correct ? qstringToUInt(baseName.mid(begin)) : 0;
   if (_correct) {
     _firstNumber = _number;
-    _digits = _digits < 0 ? baseName.size() - begin : _digits;
+    _digits = _digits < 0 ? static_cast<int>(baseName.size()) - begin : _digits;
   }
 }
 

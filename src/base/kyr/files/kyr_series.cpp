@@ -21,7 +21,7 @@ struct Pattern {
 
   /// \return false for a name that is none of the series
   bool read(const QString& name, Member* member) const {
-    const int digits = name.size() - begin.size() - end.size();
+    const auto digits = static_cast<int>(name.size() - begin.size() - end.size());
     if (digits < 1 || !name.startsWith(begin, sensitivity) || !name.endsWith(end, sensitivity)) {
       return false;
     }
@@ -83,7 +83,8 @@ bool Series::hasMixedWidths() const {
   const auto narrower = [](const Member& a, const Member& b) { return a.digits < b.digits; };
   const auto least = std::min_element(_members.begin(), _members.end(), narrower);
   return std::any_of(_members.begin(), _members.end(), [least](const Member& member) {
-    return member.digits != std::max(least->digits, QString::number(member.number).size());
+    return member.digits !=
+           std::max(least->digits, static_cast<int>(QString::number(member.number).size()));
   });
 }
 

@@ -150,7 +150,7 @@ bool deleteDirectoryTree(const QString& directory, ErrorLog* log) {
     return refuse(directory, Platform::badName, log);
   }
   const QString path = Platform::withoutEndSlashes(QDir::fromNativeSeparators(directory));
-  const int start = path.lastIndexOf('/') + 1;
+  const auto start = path.lastIndexOf('/') + 1;
   const QString name = path.mid(start);
   if (name.isEmpty() || name == "." || name == "..") {
     return refuse(directory, "its last part is no name of a directory", log);

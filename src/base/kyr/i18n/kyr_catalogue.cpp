@@ -175,7 +175,7 @@ bool isSoundChain(const QByteArray& contexts, quint32 start, int& budget) {
 bool areSoundContexts(const QByteArray& contexts) {
   Reader reader(contexts, 0);
   const quint32 size = reader.number16();
-  int budget = contexts.size();
+  auto budget = static_cast<int>(contexts.size());
   bool sound = size > 0;
   for (quint32 i = 0; i < size && sound; ++i) {
     const quint32 chain = reader.number16();
@@ -206,7 +206,7 @@ QByteArray catalogueOf(Tables tables) {
   QByteArray bytes;
   QDataStream stream(&bytes, QIODevice::WriteOnly);
   const QByteArray start = magic();
-  stream.writeRawData(start.constData(), start.size());
+  stream.writeRawData(start.constData(), static_cast<int>(start.size()));
   for (const auto& [tag, table] : tables) {
     stream << tag << table;
   }
@@ -248,7 +248,9 @@ class HoldingTranslator : private HeldBytes, public QTranslator {
  public:
   explicit HoldingTranslator(const QByteArray& checked) : HeldBytes{checked} {}
   /// \return also false for wrong rules of plural forms, which Qt checks
-  bool read() { return load(reinterpret_cast<const uchar*>(bytes.constData()), bytes.size()); }
+  bool read() {
+    return load(reinterpret_cast<const uchar*>(bytes.constData()), static_cast<int>(bytes.size()));
+  }
 };
 
 /// Loads a catalogue with all that it continues in.

@@ -89,8 +89,8 @@ void LogText::put(const QString& message, bool withFeed) {
     _text = message;
     return;
   }
-  const int before = _text.size();
-  const int count = message.size();
+  const auto before = _text.size();
+  const auto count = message.size();
   const int feed = withFeed && before > _fallen[_reversed].noteSize ? 1 : 0;
   _text.resize(before + feed + count);
   QChar* end = _text.data() + before;
@@ -107,13 +107,14 @@ void LogText::put(const QString& message, bool withFeed) {
 void LogText::shorten(std::int64_t most) {
   Fallen& fallen = _fallen[_reversed];
   const std::int64_t start = fallen.noteSize;
-  int from = int(qBound(start, _text.size() - most, std::int64_t(_text.size())));
+  const auto size = std::int64_t(_text.size());
+  auto from = QString::size_type(qBound(start, size - most, size));
   if (from > start && from < _text.size() && _text.at(from - 1) != '\n') {
-    const int feed = _text.indexOf('\n', from);
+    const auto feed = _text.indexOf('\n', from);
     from = feed < 0 ? _text.size() : feed + 1;
   }
   const std::uint64_t lines =
-      fallen.lines + countLines(_text.midRef(fallen.noteSize, from - fallen.noteSize));
+      fallen.lines + countLines(QStringView(_text).mid(fallen.noteSize, from - fallen.noteSize));
   if (lines == fallen.noted) {
     return;
   }
@@ -121,9 +122,10 @@ void LogText::shorten(std::int64_t most) {
   if (_text.isDetached()) {
     _text.replace(0, from, note);
   } else {
-    _text = note + _text.midRef(from);  // a copy, as somebody holds the whole text
+    // A copy, as somebody holds the whole text.
+    _text = QString(note).append(_text.constData() + from, _text.size() - from);
   }
-  fallen = {lines, lines, note.size()};
+  fallen = {lines, lines, static_cast<int>(note.size())};
 }
 
 // A string grows cheaply at its end only. Newest first is therefore the reverse of a text that

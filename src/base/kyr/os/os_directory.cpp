@@ -70,7 +70,7 @@ bool OS::mkdir(const QString& name, bool ownerOnly) {
   // decides. If it has no place to be made in, the reason is that of the missing place.
   const QString path = QDir::fromNativeSeparators(name);
   Platform::SystemError above;
-  for (int end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {
+  for (auto end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1)) {
     if (!ensureDirectory(path.left(end), ownerOnly) && Platform::lastError().known != ENOENT) {
       above = Platform::lastError();
     }

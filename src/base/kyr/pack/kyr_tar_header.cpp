@@ -41,7 +41,7 @@ QByteArray bytesIn(const Block& block, Field field) {
 /// The text of a field, up to its first zero byte.
 QByteArray textIn(const Block& block, Field field) {
   const QByteArray bytes = bytesIn(block, field);
-  const int end = bytes.indexOf('\0');
+  const auto end = bytes.indexOf('\0');
   return end < 0 ? bytes : bytes.left(end);
 }
 
@@ -144,7 +144,7 @@ bool apply(const QByteArray& key, const QByteArray& value, Record& record, std::
 
 QByteArray recordOf(const QByteArray& key, const QByteArray& value) {
   const QByteArray rest = ' ' + key + '=' + value + '\n';
-  int length = rest.size() + 1;
+  auto length = rest.size() + 1;
   while (length != rest.size() + QByteArray::number(length).size()) {
     ++length;
   }
@@ -199,12 +199,12 @@ void markAsPosix(Block& block) {
 /// An entry whose content is records about the next one.
 QByteArray attributes(const Entry& about, const QByteArray& records) {
   const QByteArray folder = "PaxHeaders/";
-  const Entry entry{folder + startOf(about.name, longestName - folder.size()), about.modified,
-                    records.size()};
+  const Entry entry{folder + startOf(about.name, longestName - static_cast<int>(folder.size())),
+                    about.modified, records.size()};
   Block block;
   fillHeader(block, entry, "x");
   markAsPosix(block);
-  const int blocks = (records.size() + int{blockSize} - 1) / int{blockSize};
+  const auto blocks = (records.size() + int{blockSize} - 1) / int{blockSize};
   return finished(block) + records.leftJustified(blocks * int{blockSize}, '\0');
 }
 
@@ -339,11 +339,12 @@ bool readSparseBlock(const Block& block, bool isFirst, SparseMap& map) {
 
 // Each record is "25 path=directory/name\n", the number being its own length.
 bool readRecords(const QByteArray& bytes, Record& record, std::uint64_t& left) {
-  for (int start = 0; start < bytes.size();) {
-    const int blank = bytes.indexOf(' ', start);
+  for (QByteArray::size_type start = 0; start < bytes.size();) {
+    const auto blank = bytes.indexOf(' ', start);
     bool ok = false;
-    const int length = bytes.mid(start, std::min(blank - start, 10)).toInt(&ok);
-    const int equals = bytes.indexOf('=', blank);
+    const int length =
+        bytes.mid(start, std::min<QByteArray::size_type>(blank - start, 10)).toInt(&ok);
+    const auto equals = bytes.indexOf('=', blank);
     if (left == 0 || blank < 0 || !ok || length > bytes.size() - start || equals < 0 ||
         equals >= start + length || bytes[start + length - 1] != '\n') {
       return false;

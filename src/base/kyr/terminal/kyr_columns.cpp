@@ -30,7 +30,7 @@ int columnsOf(uint character) {
 }
 
 /// Whether a wide letter is beside this place; elsewhere lines end at blanks only, not in "a-b".
-bool isBesideWide(const QString& word, int place) {
+bool isBesideWide(const QString& word, QString::size_type place) {
   return isWide(word[place - 1].unicode()) || isWide(word[place].unicode());
 }
 
@@ -50,9 +50,9 @@ QString filledTo(const QString& text, int columns) {
 
 QStringList breakablePieces(const QString& word) {
   QStringList pieces;
-  int begin = 0;
+  QString::size_type begin = 0;
   QTextBoundaryFinder finder(QTextBoundaryFinder::Line, word);
-  for (int place = finder.toNextBoundary(); place > 0; place = finder.toNextBoundary()) {
+  for (auto place = finder.toNextBoundary(); place > 0; place = finder.toNextBoundary()) {
     if (place == word.size() || isBesideWide(word, place)) {
       pieces << word.mid(begin, place - begin);
       begin = place;

@@ -78,7 +78,7 @@ class KYR_EXPORT NumString {
   void keepStart();
   bool isPartNumber(unsigned int index) const { return (index % 2 == 0) == _firstIsNumber; }
   bool isInPlace() const { return _inPlaceCount <= static_cast<int>(_endsInPlace.size()); }
-  int count() const { return isInPlace() ? _inPlaceCount : _ends.size(); }
+  int count() const { return isInPlace() ? _inPlaceCount : static_cast<int>(_ends.size()); }
   const qint32* ends() const { return isInPlace() ? _endsInPlace.data() : _ends.constData(); }
   const qint32* values() const { return isInPlace() ? _valuesInPlace.data() : _values.constData(); }
   int partBegin(int index) const { return index == 0 ? 0 : ends()[index - 1]; }

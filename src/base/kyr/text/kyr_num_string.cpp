@@ -126,7 +126,7 @@ inline QStringView NumString::textBetween(int begin, int end) const {
   if (end <= static_cast<int>(_start.size())) {
     return {_start.data() + begin, end - begin};
   }
-  const int size = _text.size();
+  const auto size = static_cast<int>(_text.size());
   return {_text.constData() + std::min(begin, size), std::min(end, size) - std::min(begin, size)};
 }
 

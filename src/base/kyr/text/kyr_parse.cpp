@@ -115,7 +115,7 @@ int findForward(const QString& text, const QString& set, int from, bool wanted) 
 
 int findBackward(const QString& text, const QString& set, int from, bool wanted) {
   const bool inside = from >= 0 && from < text.size();
-  for (int i = inside ? from : text.size() - 1; i >= 0; --i) {
+  for (int i = inside ? from : static_cast<int>(text.size()) - 1; i >= 0; --i) {
     if (set.contains(text.at(i)) == wanted) {
       return i;
     }

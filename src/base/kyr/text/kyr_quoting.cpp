@@ -82,8 +82,8 @@ QByteArray toQuotedShellString(const QString& text) {
 }
 
 QString qstringStripQuotes(const QString& text) {
-  int start = text.startsWith(quote) ? 1 : 0;
-  int end = text.size();
+  QString::size_type start = text.startsWith(quote) ? 1 : 0;
+  QString::size_type end = text.size();
   if (end > start && text.at(end - 1) == quote) {
     --end;
   }

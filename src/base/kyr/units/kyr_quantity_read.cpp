@@ -64,7 +64,7 @@ bool meansDegreeOrGon(const Unit& kind, const QString& name) {
 }
 
 int endOfBlanks(const QString& text) {
-  int end = text.size();
+  auto end = static_cast<int>(text.size());
   while (end > 0 && Scan::plain(text.at(end - 1)) == ' ') {
     --end;
   }
@@ -247,7 +247,7 @@ class Reader {
     const int begin = *at;
     if (begin >= _end) {
       if (!first) {
-        refuse(Fault::UnitMissing, _text.size(), true);
+        refuse(Fault::UnitMissing, static_cast<int>(_text.size()), true);
       }
       return ownUnit(_kind, _expected);
     }

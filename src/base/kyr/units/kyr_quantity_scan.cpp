@@ -32,6 +32,9 @@ struct Run {
   QVarLengthArray<Mark, 8> marks;
   int begin = 0;
   int end = 0;
+
+  int countOfDigits() const { return static_cast<int>(digits.size()); }
+  int countOfMarks() const { return static_cast<int>(marks.size()); }
 };
 
 bool isMark(ushort sign) {
@@ -48,7 +51,7 @@ bool isGroupMark(QChar sign, Separators separators) {
 
 /// Digits from one mark, or the beginning, to the next.
 int groupSize(const Run& run, int mark) {
-  const int last = mark < run.marks.size() ? run.marks[mark].before : run.digits.size();
+  const int last = mark < run.marks.size() ? run.marks[mark].before : run.countOfDigits();
   return last - (mark == 0 ? 0 : run.marks[mark - 1].before);
 }
 
@@ -56,7 +59,7 @@ constexpr int groupDigits = 3;
 
 /// Whether a mark stands between groups of three digits.
 bool separatesGroups(const QString& text, const Run& run, int index) {
-  const int first = groupSize(run, run.marks.size());
+  const int first = groupSize(run, run.countOfMarks());
   const bool fits = run.marks.isEmpty()
                         ? first >= 1 && first <= groupDigits
                         : run.marks.back().sign == at(text, index) && first == groupDigits;
@@ -77,7 +80,7 @@ Run collect(const QString& text, int begin, Separators separators) {
       run.digits.append(static_cast<char>(sign));
     } else if (isMark(sign) || (index < text.size() && isGroupMark(text.at(index), separators) &&
                                 separatesGroups(text, run, index))) {
-      run.marks.append({sign, index, run.digits.size()});
+      run.marks.append({sign, index, run.countOfDigits()});
     } else {
       break;
     }
@@ -135,7 +138,7 @@ Refusal wrongGroups(const QString& text, const Run& run, int mark, Separators se
 
 /// How many of the marks separate groups; the one behind them, if any, is the decimal separator.
 int groupMarks(const QString& text, const Run& run, Separators separators, Refusal* refusal) {
-  const int count = run.marks.size();
+  const int count = run.countOfMarks();
   if (count == 0) {
     return 0;
   }
@@ -247,7 +250,7 @@ Number readDecimal(const QString& text, Separators separators, const Run& run) {
     return result;
   }
   const bool hasDecimals = groups < run.marks.size();
-  const int whole = hasDecimals ? run.marks[groups].before : run.digits.size();
+  const int whole = hasDecimals ? run.marks[groups].before : run.countOfDigits();
   if (run.digits.isEmpty() || (hasDecimals && whole == run.digits.size())) {
     result.refusal = {Fault::DigitMissing, run.end, run.end == text.size(), {}};
     return result;
@@ -258,10 +261,10 @@ Number readDecimal(const QString& text, Separators separators, const Run& run) {
     number.append('.');
     number.append(run.digits.data() + whole, run.digits.size() - whole);
   }
-  const int mantissa = number.size();
+  const auto mantissa = number.size();
   result.end = readExponent(text, run.end, &number);
   if (result.end < 0) {
-    result.refusal = {Fault::DigitMissing, text.size(), true, {}};
+    result.refusal = {Fault::DigitMissing, static_cast<int>(text.size()), true, {}};
     return result;
   }
   const char* stop = nullptr;
@@ -280,7 +283,7 @@ Number readDecimal(const QString& text, Separators separators, const Run& run) {
     qint64 exponent = 0;
     if (mantissa == number.size() ||
         Numeric::parseInt64(number.data() + mantissa + 1, end, &stop, &exponent)) {
-      result.value.low = restOf(run, run.digits.size() - whole, exponent, result.value.high);
+      result.value.low = restOf(run, run.countOfDigits() - whole, exponent, result.value.high);
     }
   }
   return result;

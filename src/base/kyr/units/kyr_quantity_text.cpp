@@ -243,7 +243,12 @@ Decimal shortest(Decimal number, Exact::Pair reading, LeadsBack leadsBack) {
 }
 
 int decimalsIn(const Decimal& number) {
-  return std::max(number.digits.size() - number.exponent, 0);
+  return std::max(static_cast<int>(number.digits.size()) - number.exponent, 0);
+}
+
+/// What stands between digits: a character, or a text of one.
+QChar signOf(const QString& separator) {
+  return separator.isEmpty() ? QChar() : separator.at(0);
 }
 
 bool callsDegreesGrad(QLocale::Language language) {
@@ -260,8 +265,8 @@ QuantityText::QuantityText(const Unit& kind) : QuantityText(kind, userLocale()) 
 QuantityText::QuantityText(const Unit& kind, const QLocale& locale)
     : _kind(&kind),
       _linear(KnownKind(kind).linear),
-      _decimal(locale.decimalPoint()),
-      _group(locale.groupSeparator()),
+      _decimal(signOf(locale.decimalPoint())),
+      _group(signOf(locale.groupSeparator())),
       _grad_is_degree(callsDegreesGrad(locale.language())) {}
 
 QuantityText& QuantityText::setUnit(Unit::Units_t unit) {

@@ -28,7 +28,7 @@ bool readHex(const QString& text, Channels& channels) {
     return false;
   }
   for (int i = 0; 2 * i + 1 < text.size(); ++i) {
-    channels[std::size_t(i)] = text.midRef(2 * i + 1, 2).toInt(nullptr, 16);
+    channels[std::size_t(i)] = text.mid(2 * i + 1, 2).toInt(nullptr, 16);
   }
   return true;
 }

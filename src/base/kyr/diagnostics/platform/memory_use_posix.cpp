@@ -19,7 +19,7 @@ QByteArray readSystemFile(const char* name) {
 /// The number behind a name at the start of a line, in bytes; 0 without such a line.
 std::uint64_t field(const QByteArray& text, const char* name) {
   const QByteArray start = QByteArray("\n") + name + ":";
-  const int at = ("\n" + text).indexOf(start);
+  const auto at = ("\n" + text).indexOf(start);
   const QByteArray rest = at < 0 ? QByteArray() : text.mid(at + start.size() - 1, 40);
   int end = 0;
   return qstringToUInt64(QString::fromLatin1(rest), nullptr, 10, &end) * 1024;

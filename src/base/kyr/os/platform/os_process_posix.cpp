@@ -30,7 +30,7 @@ QByteArray firstLine(const std::string& file) {
 /// state. Empty where the system has no such file.
 QList<QByteArray> fieldsOf(std::int64_t pid) {
   const QByteArray line = firstLine("/proc/" + std::to_string(pid) + "/stat");
-  const int nameEnd = line.lastIndexOf(") ");
+  const auto nameEnd = line.lastIndexOf(") ");
   return nameEnd < 0 ? QList<QByteArray>() : line.mid(nameEnd + 2).split(' ');
 }
 
