@@ -3,7 +3,7 @@
 # package and one for pkg-config. All of it can be moved to another folder as a whole.
 include(CMakePackageConfigHelpers)
 
-set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/Kyr")
+set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/${KYR_PACKAGE}")
 set(KYR_INSTALL_PKGCONFIGDIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 install(TARGETS Kyr EXPORT KyrTargets
@@ -19,24 +19,30 @@ endif()
 install(EXPORT KyrTargets NAMESPACE Kyr:: DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
 configure_package_config_file(
-  "${CMAKE_CURRENT_LIST_DIR}/KyrConfig.cmake.in" "${PROJECT_BINARY_DIR}/KyrConfig.cmake"
+  "${CMAKE_CURRENT_LIST_DIR}/KyrConfig.cmake.in" "${PROJECT_BINARY_DIR}/${KYR_PACKAGE}Config.cmake"
   INSTALL_DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersionOfCode.cmake"
   COMPATIBILITY SameMajorVersion)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/KyrConfigVersionOfPackage.cmake"
   VERSION "${PROJECT_VERSION}.${KYR_PACKAGE_RELEASE}" COMPATIBILITY SameMajorVersion)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/KyrConfigVersion.cmake.in"
-  "${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake" COPYONLY)
+  "${PROJECT_BINARY_DIR}/${KYR_PACKAGE}ConfigVersion.cmake" COPYONLY)
 install(FILES
-  "${PROJECT_BINARY_DIR}/KyrConfig.cmake" "${PROJECT_BINARY_DIR}/KyrConfigVersion.cmake"
+  "${PROJECT_BINARY_DIR}/${KYR_PACKAGE}Config.cmake"
+  "${PROJECT_BINARY_DIR}/${KYR_PACKAGE}ConfigVersion.cmake"
   "${PROJECT_BINARY_DIR}/KyrConfigVersionOfCode.cmake"
   "${PROJECT_BINARY_DIR}/KyrConfigVersionOfPackage.cmake"
   DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
 # The way from the .pc file back to the root of the installation.
 file(RELATIVE_PATH KYR_PC_TO_PREFIX "/${KYR_INSTALL_PKGCONFIGDIR}" "/")
-configure_file("${CMAKE_CURRENT_LIST_DIR}/kyr.pc.in" "${PROJECT_BINARY_DIR}/kyr.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/kyr.pc" DESTINATION "${KYR_INSTALL_PKGCONFIGDIR}")
+set(KYR_PC_DEFINITION "")
+if(KYR_QT_DEFINITION)
+  set(KYR_PC_DEFINITION " -D${KYR_QT_DEFINITION}")
+endif()
+configure_file("${CMAKE_CURRENT_LIST_DIR}/kyr.pc.in" "${PROJECT_BINARY_DIR}/${KYR_PKGCONFIG}.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/${KYR_PKGCONFIG}.pc"
+  DESTINATION "${KYR_INSTALL_PKGCONFIGDIR}")
 
 if(TARGET kyr_tool)
   file(RELATIVE_PATH KYR_BIN_TO_LIB "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")

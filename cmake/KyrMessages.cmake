@@ -1,24 +1,25 @@
 # The translated texts: messages/NAME_LANGUAGE.ts becomes NAME_LANGUAGE.qm in the folder "messages"
 # beside "bin", of the build and of an installation, where the translator looks for it.
-get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+get_target_property(qmake Qt${KYR_QT}::qmake IMPORTED_LOCATION)
 cmake_path(GET qmake PARENT_PATH qt_tools)
 # Qt's own place first: what stands in PATH may only be a switch to a Qt that is not there. A build
 # for a foreign system takes the tool of this one.
-find_program(KYR_LRELEASE lrelease PATHS "${qt_tools}" /usr/lib/qt5/bin
+find_program(KYR_LRELEASE lrelease PATHS "${qt_tools}" /usr/lib/qt${KYR_QT}/bin
   NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
-find_program(KYR_LRELEASE NAMES lrelease-qt5 lrelease NO_CMAKE_FIND_ROOT_PATH)
+find_program(KYR_LRELEASE NAMES lrelease-qt${KYR_QT} lrelease NO_CMAKE_FIND_ROOT_PATH)
 if(NOT KYR_LRELEASE)
-  message(FATAL_ERROR "lrelease of Qt Linguist is missing; Debian has it in qttools5-dev-tools")
+  message(FATAL_ERROR "lrelease of Qt Linguist is missing; Debian has it in qttools5-dev-tools and, "
+    "for Qt 6, in qt6-l10n-tools")
 endif()
 mark_as_advanced(KYR_LRELEASE)
 
 # Qt's own texts, as those of its dialogues and of wrong arguments, out of the Qt of this machine.
-# Debian has them in qttranslations5-l10n; without them they stay English.
-find_path(KYR_QT_MESSAGES qtbase_de.qm PATHS "${qt_tools}/../translations" /usr/share/qt5/translations
+# Debian has them in qttranslations5-l10n and qt6-translations-l10n; without them they stay English.
+find_path(KYR_QT_MESSAGES qtbase_de.qm PATHS "${qt_tools}/../translations" /usr/share/qt${KYR_QT}/translations
   NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
 mark_as_advanced(KYR_QT_MESSAGES)
 if(NOT KYR_QT_MESSAGES)
-  message(STATUS "Qt's own texts stay English: there is no qttranslations5-l10n")
+  message(STATUS "Qt's own texts stay English: the catalogues of Qt ${KYR_QT} are missing")
 endif()
 
 # kyr_qt_messages(variable): copies the catalogues of Qt's own texts beside the others, under the

@@ -34,7 +34,7 @@ TEST_F(CrashInTheWay, IsReportedWithWhatFailed) {
       {"ulimit -f 1", "error writing crashdump: File too large\n", 0,
        "a limit that kills; half a dump that stays"},
       {"ulimit -v 400000", "\n#0  ", 1, "an address space that is used up"},
-      {"mkdir \"$TMPDIR/l\"; cp \"$LIBRARY\" \"$TMPDIR/l/libKyr.so.6\"; LD_LIBRARY_PATH=$TMPDIR/l; "
+      {"mkdir \"$TMPDIR/l\"; cp \"$LIBRARY\" \"$TMPDIR/l\"; LD_LIBRARY_PATH=$TMPDIR/l; "
        "export LD_LIBRARY_PATH",
        "error starting kyr-backtrace: No such file or directory\n", 1, "a lone library"},
       {"head -c 144 /dev/zero | \"${LIBRARY%/*}/kyr/kyr-backtrace\" 0 3 4 5 3</dev/null "

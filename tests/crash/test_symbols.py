@@ -45,7 +45,7 @@ def windows_path(path):
 
 program = "crash.exe" if emulator else "crash"
 ship(crash, program)
-ship(library, "libKyr.dll" if emulator else "libKyr.so.6")
+ship(library, re.sub(r"(\.so\.\d+).*", r"\1", os.path.basename(library)))  # as it is asked for
 if emulator:
     for each in glob.glob(os.path.dirname(crash) + "/*.dll"):
         if os.path.basename(each) not in os.listdir(away):

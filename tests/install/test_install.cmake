@@ -1,4 +1,4 @@
-# Run by CTest with: source, build, version, libdir, generator, compiler, tool, system; and for a
+# Run by CTest with: source, build, version, package, pc, libdir, generator, compiler, tool, system; and for a
 # foreign system: toolchain, emulator, qt.
 # Files are split when split is true; objdump looks into them.
 cmake_minimum_required(VERSION 3.25)
@@ -50,7 +50,7 @@ if(system STREQUAL Windows)
   set(exe .exe)
   list(APPEND files bin/libKyr.dll bin/Qt5Core.dll ${libdir}/libKyr.dll.a)
 else()
-  list(APPEND files ${libdir}/libKyr.so ${libdir}/libKyr.so.6)
+  list(APPEND files ${libdir}/lib${package}.so ${libdir}/lib${package}.so.6)
   if(tool)
     list(APPEND files share/man/man1/kyr.1 share/bash-completion/completions/kyr
       share/zsh/site-functions/_kyr)
@@ -65,7 +65,7 @@ file(GLOB_RECURSE private "${root}/include/*_p.h" "${root}/include/*.cpp")
 if(private)
   message(FATAL_ERROR "installed, though private: ${private}")
 endif()
-file(GLOB described "${root}/${libdir}/cmake/Kyr/*.cmake" "${root}/${libdir}/pkgconfig/*.pc")
+file(GLOB described "${root}/${libdir}/cmake/${package}/*.cmake" "${root}/${libdir}/pkgconfig/*.pc")
 foreach(file IN LISTS described)
   file(READ "${file}" text)
   foreach(place IN ITEMS "${build}" "${planned}")
@@ -106,7 +106,7 @@ if(split)
   if(system STREQUAL Windows)
     set(shipped bin/libKyr.dll)
   else()
-    set(shipped ${libdir}/libKyr.so.${version}.6 ${libdir}/kyr/kyr-backtrace)
+    set(shipped ${libdir}/lib${package}.so.${version}.6 ${libdir}/kyr/kyr-backtrace)
   endif()
   if(tool)
     list(APPEND shipped bin/kyr${exe})
@@ -162,7 +162,7 @@ else()
   set(places -D "CMAKE_PREFIX_PATH=${root}")
 endif()
 set(consume "${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/consumer" -B "${area}/consumer"
-  -G "${generator}" -D "CMAKE_CXX_COMPILER=${compiler}" ${places})
+  -G "${generator}" -D "CMAKE_CXX_COMPILER=${compiler}" -D "KYR_PACKAGE=${package}" ${places})
 refuses("libKyr has no component \"pack\": it is one library, .* target Kyr::Kyr"
   ${consume} -D "KYR_WANTED=6.2\;COMPONENTS\;Kyr\;pack")
 refuses("version \"${version}\\.7\"" ${consume} -D "KYR_WANTED=${version}.7")
@@ -186,14 +186,23 @@ else()
   set(rpath "-Wl,-rpath,${root}/${libdir}")
 endif()
 set(ENV{PKG_CONFIG_PATH} "${root}/${libdir}/pkgconfig")
-say("${pkgconfig}" --modversion kyr)
+say("${pkgconfig}" --modversion ${pc})
 expect_said("^${version}\n")
-say("${pkgconfig}" --cflags --libs kyr)
+say("${pkgconfig}" --cflags --libs ${pc})
 separate_arguments(flags UNIX_COMMAND "${said}")
 say("${compiler}" "${CMAKE_CURRENT_LIST_DIR}/consumer/consumer.cpp" -o "${area}/by pkg-config${exe}"
   ${flags} ${rpath})
 run_program("${area}/by pkg-config${exe}")
 expect_said("${version}-6 caught")
+
+# Who compiles with the one Qt and asks for the library of the other is told.
+set(other KYR_QT=6)
+if(package STREQUAL KyrQt6)
+  set(other KYR_QT=5)
+endif()
+list(FILTER flags EXCLUDE REGEX "^-DKYR_QT=")
+refuses("libKyr was built with another Qt than this is" "${compiler}" -fsyntax-only
+  "${CMAKE_CURRENT_LIST_DIR}/consumer/consumer.cpp" ${flags} "-D${other}")
 
 # The tool finds its library wherever both were moved to.
 if(tool)
