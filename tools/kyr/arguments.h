@@ -39,7 +39,7 @@ class Arguments {
   ///         more plain arguments than the command has
   Arguments(const QStringList& words, const Command& command);
 
-  int count() const { return _plain.size(); }
+  int count() const { return static_cast<int>(_plain.size()); }
   const QString& operator[](int index) const { return _plain[index]; }
   bool has(const QString& option) const { return _options.contains(option); }
   /// The value of an option; of one that stands there several times the last.

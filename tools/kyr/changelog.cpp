@@ -14,7 +14,7 @@ using Kyr::ChangeLog::Log;
 
 Log::Grouping_t groupingOf(const QString& name) {
   const QStringList names = {"none", "context", "version"};  // in the order of the enumeration
-  const int index = names.indexOf(name);
+  const auto index = names.indexOf(name);
   if (index < 0) {
     throw UsageError{Kyr::translate("Kyr_tool", "--group takes one of %1").arg(names.join(", "))};
   }

@@ -75,8 +75,8 @@ class Reader {
       _report.stacks += QString();
     }
     CrashFrame frame;
-    frame.line = _report.lines.size();
-    frame.stack = _report.stacks.size() - 1;
+    frame.line = static_cast<int>(_report.lines.size());
+    frame.stack = static_cast<int>(_report.stacks.size()) - 1;
     frame.number = match.captured(1).toInt();
     frame.address = match.captured(2).toULongLong(nullptr, hexadecimal);
     frame.isCall = !_isFirst;

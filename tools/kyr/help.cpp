@@ -77,7 +77,8 @@ QString entry(const QString& term, const QString& explanation, int column) {
 void printUsage(const Command& command) {
   constexpr int indent = 6;
   const QString start = "kyr " + QString(command.name) + ' ';
-  print(styled(start, Strong) + wrapped(usageOf(command).mid(start.size()), start.size(), indent));
+  print(styled(start, Strong) +
+        wrapped(usageOf(command).mid(start.size()), static_cast<int>(start.size()), indent));
 }
 
 QString termOf(const Option& option) {
@@ -124,7 +125,7 @@ int distance(const QString& one, const QString& other) {
       }
     }
   }
-  return at(one.size(), other.size());
+  return at(static_cast<int>(one.size()), static_cast<int>(other.size()));
 }
 
 }  // namespace
@@ -176,7 +177,7 @@ QString suggestion(const QString& word, const QStringList& known) {
     return {};
   }
   QString nearest;
-  int least = std::max(1, word.size() / lettersForAFault) + 1;
+  int least = std::max(1, static_cast<int>(word.size()) / lettersForAFault) + 1;
   for (const QString& name : known) {
     const bool begins = word.size() >= 2 && name.startsWith(word);
     const int faults = begins ? 0 : distance(word, name);
