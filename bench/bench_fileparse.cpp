@@ -124,7 +124,7 @@ void fileparse_any_key(benchmark::State& state) {
   readAll(state, "vertices", [&key](Kyr::FileParse::File& file, double& sum) {
     file.getLine("");
     file.nextString(key);
-    sum += key.size();
+    sum += static_cast<double>(key.size());
     addVertex(file, sum);
   });
 }
