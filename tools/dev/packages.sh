@@ -2,6 +2,7 @@
 # Debian's packages: what is missing and its installation. Read by ./dev.
 
 build_packages='g++ ccache cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n zlib1g-dev libdw-dev libisal-dev libdeflate-dev'
+qt6_packages='qt6-base-dev qt6-l10n-tools qt6-translations-l10n'
 test_packages="$build_packages libgtest-dev glmark2-data libarchive-tools lldb-14 llvm-14 locales pkg-config python3 units"
 bench_packages="$build_packages libarchive-dev libbenchmark-dev libboost-dev libboost-iostreams-dev libspdlog-dev libssl-dev libtbb-dev glmark2-data"
 lint_packages='clang-14 clang-tidy-14 clang-format-14 shellcheck'
@@ -65,6 +66,6 @@ windows_packages() {
 
 verb_packages() {
   # shellcheck disable=SC2046,SC2086
-  need $test_packages $bench_packages $lint_packages $docs_packages $fuzz_packages \
+  need $test_packages $qt6_packages $bench_packages $lint_packages $docs_packages $fuzz_packages \
     $(windows_packages)
 }

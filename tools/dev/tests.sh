@@ -62,6 +62,15 @@ verb_test() {
   run_tests tests dev "$@"
 }
 
+# What may differ with another Qt. The compiler's cache has nothing of it at first.
+verb_qt6() {
+  # shellcheck disable=SC2086
+  need $test_packages $qt6_packages
+  german_locale
+  build 'with Qt 6' qt6
+  run_tests 'Qt 6' qt6 "$@"
+}
+
 # repeat_tests [N] [CTEST OPTION...]: what happens only now and then, and what only without time.
 repeat_tests() {
   times=200
