@@ -90,7 +90,7 @@ void Units_qtRead(benchmark::State& state) {
   const QLocale german(QLocale::German);
   for (auto _ : state) {
     const QString& text = typedLength();
-    const int blank = text.indexOf(' ');
+    const auto blank = text.indexOf(' ');
     bool ok = false;
     const double number = german.toDouble(text.left(blank), &ok);
     Unit::Units_t unit;

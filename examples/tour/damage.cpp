@@ -55,7 +55,7 @@ QByteArray fromNewerProgram(QByteArray whole) {
 }
 
 QByteArray withFlippedBit(QByteArray whole) {
-  const int middle = headerSize + (whole.size() - headerSize) / 2;
+  const auto middle = headerSize + (whole.size() - headerSize) / 2;
   whole[middle] = static_cast<char>(whole[middle] ^ 0x10);
   return whole;
 }

@@ -76,9 +76,9 @@ void Page::row(const QString& name, const QString& value) {
 
 void Page::cells(const QString& name, const QStringList& values) {
   QString line = Kyr::filledTo("   " + name, nameWidth);
-  const int width = (pageWidth - nameWidth) / std::max<int>(1, values.size());
+  const int width = (pageWidth - nameWidth) / std::max(1, static_cast<int>(values.size()));
   for (const QString& value : values) {
-    const QString cell = value.rightJustified(std::max<int>(width, value.size() + 1));
+    const QString cell = value.rightJustified(std::max(width, static_cast<int>(value.size()) + 1));
     if (Kyr::columnsOf(line + cell) > pageWidth) {
       print(line);
       line = QString(nameWidth, ' ');

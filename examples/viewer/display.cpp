@@ -1,5 +1,7 @@
 #include "display.h"
 
+#include <kyr/core/KyrQtVersion.h>
+
 #include <QByteArray>
 #include <QCoreApplication>
 
@@ -35,8 +37,7 @@ bool prepareDisplay(int argc, char** argv) {
       (isGiven("--screenshot", argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))) {
     qputenv("QT_QPA_PLATFORM", "offscreen");  // needs no display, and nothing flashes up
   }
-  QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-  QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+  Kyr::QtVersion::scaleForScreens<QCoreApplication>();
   return !headless;
 }
 

@@ -1,6 +1,6 @@
 /// \file
-/// What Qt 5 and Qt 6 do not have in common, for the classes of the library. Only this header asks
-/// which of the two it is.
+/// What Qt 5 and Qt 6 do not have in common, for the library and its examples. Only this
+/// header asks which of the two it is.
 #pragma once
 
 #include <QMutex>
@@ -8,6 +8,7 @@
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
+#include <Qt>
 #else
 #include <QThread>
 #endif
@@ -47,6 +48,14 @@ constexpr bool hasLocalEncodings = true;
 /// \param name as "UTF-8"
 inline void setLocalEncoding(const char* name) {
   QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
+}
+
+/// Has windows and pictures grow with the resolution of the screen. To be called before the
+/// application object, a QCoreApplication, is made.
+template <class Application>
+void scaleForScreens() {
+  Application::setAttribute(Qt::AA_EnableHighDpiScaling);
+  Application::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
 #else
@@ -112,6 +121,9 @@ void assumeUtf8In(Settings& /*settings*/) {}
 constexpr bool hasLocalEncodings = false;
 
 inline void setLocalEncoding(const char* /*name*/) {}
+
+template <class Application>
+void scaleForScreens() {}
 
 #endif
 
