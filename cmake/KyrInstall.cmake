@@ -5,6 +5,12 @@ include(CMakePackageConfigHelpers)
 
 set(KYR_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/${KYR_PACKAGE}")
 set(KYR_INSTALL_PKGCONFIGDIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+# Of the places in which the translator looks, that which the system wants.
+if(WIN32)
+  set(KYR_INSTALL_MESSAGESDIR messages)
+else()
+  set(KYR_INSTALL_MESSAGESDIR "share/${KYR_FOLDER}/messages")
+endif()
 
 install(TARGETS Kyr EXPORT KyrTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
@@ -51,8 +57,7 @@ if(TARGET kyr_tool)
   kyr_split_symbols(kyr_tool "${CMAKE_INSTALL_BINDIR}")
 endif()
 
-# The translator looks for them beside "bin".
-install(FILES ${KYR_CATALOGUES} DESTINATION messages)
+install(FILES ${KYR_CATALOGUES} DESTINATION "${KYR_INSTALL_MESSAGESDIR}")
 
 # In the folders of the sources: headers and texts name each other by these.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${CMAKE_INSTALL_DOCDIR}"

@@ -45,9 +45,11 @@ say("${CMAKE_COMMAND}" --install "${build}" --prefix "${planned}")
 file(RENAME "${planned}" "${root}")
 
 # What is there, and what must not be.
-set(files include/kyr/core/KyrException.h messages/Kyr_en.qm messages/Kyr_pt.qm)
+set(files include/kyr/core/KyrException.h)
+set(messages share/kyr/messages)
 if(system STREQUAL Windows)
   set(exe .exe)
+  set(messages messages)
   list(APPEND files bin/libKyr.dll bin/Qt5Core.dll ${libdir}/libKyr.dll.a)
 else()
   list(APPEND files ${libdir}/lib${package}.so ${libdir}/lib${package}.so.6)
@@ -56,7 +58,7 @@ else()
       share/zsh/site-functions/_kyr)
   endif()
 endif()
-foreach(file IN LISTS files)
+foreach(file IN LISTS files ITEMS ${messages}/Kyr_en.qm ${messages}/Kyr_pt.qm)
   if(NOT EXISTS "${root}/${file}")
     message(FATAL_ERROR "not installed: ${file}")
   endif()
@@ -172,7 +174,7 @@ foreach(wanted IN ITEMS "${version}.6" "${version}.6\;EXACT" "${version}\;EXACT"
 endforeach()
 say("${CMAKE_COMMAND}" --build "${area}/consumer")
 run_program("${area}/consumer/consumer${exe}")
-expect_said("${version}-6 caught")
+expect_said("${version}-6 caught Deutsch .*/moved to here\n")
 
 # A static library is refused before anything is looked for.
 refuses("libKyr is a shared library only" "${CMAKE_COMMAND}" -S "${source}" -B "${area}/static"
@@ -193,7 +195,7 @@ separate_arguments(flags UNIX_COMMAND "${said}")
 say("${compiler}" "${CMAKE_CURRENT_LIST_DIR}/consumer/consumer.cpp" -o "${area}/by pkg-config${exe}"
   ${flags} ${rpath})
 run_program("${area}/by pkg-config${exe}")
-expect_said("${version}-6 caught")
+expect_said("${version}-6 caught Deutsch .*/moved to here\n")
 
 # Who compiles with the one Qt and asks for the library of the other is told.
 set(other KYR_QT=6)

@@ -147,9 +147,11 @@ class KYR_EXPORT KyrInit {
   static const QString& getConfigDirectory(ConfigDirectory which);
   /// \throws ProgError "unknown directory" for a value outside the enumeration
   static const QString& getProfileDirectory(ProfileDirectory_t which);
-  /// Where the software is installed: bin, lib, messages and config are folders of it. The
-  /// variable KYR names it; otherwise it is the folder with the "bin" in which the program lies,
-  /// and for a program that lies in none the current directory.
+  /// Where the software is installed: bin, lib, messages and config are folders of it; catalogues
+  /// may lie below its share instead, see Translator::installTranslator(). The variable KYR names
+  /// it; otherwise it is the folder with the "bin" in which the program lies. For a program that
+  /// lies in none it is the current directory, or the folder in which the library is installed:
+  /// see StartOptions::trustCurrentDirectory.
   static const QString& getSoftwareDirectory();
   /// The version that names directories, as "v6.2.0".
   static QString getConfigVersionString();

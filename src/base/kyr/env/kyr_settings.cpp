@@ -8,6 +8,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace Kyr {
 
 namespace {
@@ -85,17 +87,17 @@ QString softwareDirectoryOr(const QString& elsewhere) {
   return set.isEmpty() ? Settings::softwareRoot(OS::getExecutable(), elsewhere) : set;
 }
 
-/// Where the library is installed: the folder with its catalogues, which it lies in or one or two
-/// below, as in lib of it.
+bool hasCatalogues(const QString& root) {
+  const QStringList directories = Settings::catalogueDirectories(root);
+  return std::any_of(directories.begin(), directories.end(),
+                     [](const QString& directory) { return OS::stat(directory); });
+}
+
+/// Where the library is installed: the folder with its catalogues.
 QString libraryRoot() {
-  QString library = Platform::libraryDirectory();
-  for (const char* way : {"", "/..", "/../.."}) {
-    QString root = QDir::cleanPath(library + way);
-    if (OS::stat(root + "/messages")) {
-      return root;
-    }
-  }
-  return library;
+  const QStringList roots = Settings::libraryRoots();
+  const auto root = std::find_if(roots.begin(), roots.end(), &hasCatalogues);
+  return root != roots.end() ? *root : Platform::libraryDirectory();
 }
 
 }  // namespace
@@ -140,6 +142,17 @@ QString Settings::softwareRoot(const QString& executable, const QString& elsewhe
   const auto end = path.lastIndexOf("/bin/", -1, Qt::CaseInsensitive);
   const QString root = end >= 0 ? path.left(end) : elsewhere;
   return end < 0 && root.isEmpty() ? QString() : plainPath(root);
+}
+
+QStringList Settings::catalogueDirectories(const QString& root) {
+  return {root + "/messages", root + "/share/" KYR_FOLDER "/messages"};
+}
+
+QStringList Settings::libraryRoots() {
+  const QString library = Platform::libraryDirectory();
+  return library.isEmpty() ? QStringList()
+                           : QStringList{library, QDir::cleanPath(library + "/.."),
+                                         QDir::cleanPath(library + "/../..")};
 }
 
 QString Settings::softwareDirectory() {

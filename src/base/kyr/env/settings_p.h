@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace Kyr::Settings {
 
@@ -79,6 +80,17 @@ QString softwareDirectory();
 /// \return null when neither tells it
 /// \threadsafety any thread
 QString softwareRoot(const QString& executable, const QString& elsewhere);
+
+/// Where software has its catalogues: "messages" of a folder that is its own, or a folder below
+/// "share" of one that many programs share, as /usr.
+/// \param root the folder that the software is installed in
+/// \threadsafety any thread
+QStringList catalogueDirectories(const QString& root);
+/// The folders in which the library may be installed, the nearest first: it lies in such a folder,
+/// in "lib" of it, or in a folder below "lib".
+/// \return empty when the system does not tell where the library is
+/// \threadsafety any thread
+QStringList libraryRoots();
 
 // Files of settings, as KyrInit describes them.
 

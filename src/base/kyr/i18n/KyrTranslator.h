@@ -65,8 +65,10 @@ class KYR_EXPORT Translator {
   /// Loads the catalogue \a name + "_" + shortcut + ".qm" and installs it into the Qt
   /// application: from the user's configuration directory, otherwise from "messages" of the
   /// software directory, otherwise from "messages" in the library's directory, beside it or one
-  /// further up. If none has it, a warning goes to standard error. One that is damaged, so that
-  /// look-ups would end the process, is named there and counts as missing.
+  /// further up. Beside each "messages" the same folder is meant as distributions have it,
+  /// "share/kyr/messages", with the name that KYR_FOLDER had in the build. If none has the
+  /// catalogue, a warning goes to standard error. One that is damaged, so that look-ups would end
+  /// the process, is named there and counts as missing.
   /// \param name as "Kyr"; of "qt", the texts of Qt itself, nobody is warned
   /// \threadsafety the main thread
   void installTranslator(const char* name);

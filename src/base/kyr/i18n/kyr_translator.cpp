@@ -3,7 +3,6 @@
 #include <kyr/core/KyrApplication.h>
 #include <kyr/core/KyrProgError.h>
 #include <kyr/core/file_parse_error_p.h>
-#include <kyr/env/library_place_p.h>
 #include <kyr/env/settings_p.h>
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/catalogue_p.h>
@@ -13,7 +12,6 @@
 #include <kyr/text/KyrParse.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QTranslator>
@@ -140,13 +138,12 @@ bool writeLanguageFile(const QString& fileName, const QString& shortcut) {
 
 /// The directories in which a catalogue is searched, in this order.
 QStringList catalogueDirectories() {
-  QStringList directories = {Settings::settled().config.roaming,
-                             Settings::settled().software + "/messages"};
-  // The last ones serve programs that are not installed where the library is. It may lie in a
-  // folder below "lib".
-  const QString library = Platform::libraryDirectory();
-  for (const char* way : {"/messages", "/../messages", "/../../messages"}) {
-    directories.append(library.isEmpty() ? QString() : QDir::cleanPath(library + way));
+  const QString& software = Settings::settled().software;
+  QStringList directories = {Settings::settled().config.roaming};
+  directories += Settings::catalogueDirectories(software);
+  // The last ones serve programs that are not installed where the library is.
+  for (const QString& root : Settings::libraryRoots()) {
+    directories += Settings::catalogueDirectories(root);
   }
   return directories;
 }

@@ -238,7 +238,7 @@ void printStack(BacktraceProgram& program, const Crash::FoundThread& thread, con
 
 }  // namespace
 
-// kyr-backtrace lies in the folder "kyr" beside the library, in every installation and in the
+// kyr-backtrace lies in a folder of its own beside the library, in every installation and in the
 // build.
 void Crash::findBacktraceProgram() noexcept {
   if (programPath[0] != '\0') {
@@ -253,7 +253,7 @@ void Crash::findBacktraceProgram() noexcept {
   Text program;
   const char* slash = std::strrchr(path.data(), '/');
   program.append(path.data(), static_cast<std::size_t>(slash - path.data()));
-  program << "/kyr/kyr-backtrace";
+  program << "/" KYR_FOLDER "/kyr-backtrace";
   std::memcpy(programPath.data(), program.data(), program.length() + 1);
 }
 
