@@ -31,7 +31,7 @@ OTHERS = [
 ]
 # The library's own sources name no licence.
 OWN_PROGRAMS = ["*/libKyr*.dll", "*/libKyr*.so*", "*/libKyr*.dll.a", "*/kyr.exe", "*/bin/kyr",
-                "*/kyr-backtrace"]
+                "*/kyr-backtrace", "*/lib/debug/*.debug"]
 PROGRAM_HEADS = (b"MZ", b"\x7fELF")
 
 
