@@ -5,6 +5,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
@@ -17,6 +18,17 @@ target_compile_options(kyr_compile INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion -Wthread-safety>)
 target_compile_definitions(kyr_compile INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x050000)
+# What is shipped does not tell where it was built: in every folder the same bytes come out. A compiler
+# cache turns paths into relative ones, which are called the same. The last name that fits counts.
+if(NOT KYR_SANITIZE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  cmake_path(RELATIVE_PATH PROJECT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_BINARY_DIR}"
+    OUTPUT_VARIABLE kyr_way_to_sources)
+  target_compile_options(kyr_compile INTERFACE
+    "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=."
+    "-ffile-prefix-map=${kyr_way_to_sources}=."
+    "-ffile-prefix-map=${PROJECT_BINARY_DIR}=./build"
+    "-ffile-prefix-map=${PROJECT_BINARY_DIR}/=")
+endif()
 # Debug information that was split off, dumps and crash reports name the build by it. The 32-bit
 # compiler leaves frame pointers out, without which nobody finds the callers in a stripped program.
 target_link_options(kyr_compile INTERFACE -Wl,--build-id)
@@ -26,6 +38,8 @@ if(WIN32)
     "${Python3_EXECUTABLE};-B;${PROJECT_SOURCE_DIR}/tools/windows/link_named.py")
 endif()
 target_compile_options(kyr_compile INTERFACE $<$<PLATFORM_ID:Windows>:-fno-omit-frame-pointer>)
+# Of the time of linking link_named.py makes one that only what is linked decides about.
+target_link_options(kyr_compile INTERFACE $<$<PLATFORM_ID:Windows>:-Wl,--no-insert-timestamp>)
 if(KYR_SANITIZE)
   target_compile_options(kyr_compile INTERFACE
     -fsanitize=${KYR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -5,6 +5,10 @@
 The linker's record of the build (CodeView, "RSDS") has an identity and an empty name of the file with
 the debug information. Wine's dbghelp.dll breaks the heap over such a name, and other debuggers show
 it. The name becomes that of the program with ".pdb", as they expect it.
+
+Dumps and debuggers also know a program by its time stamp. The linker is told to leave the time out; the
+stamp becomes the beginning of the identity, which the linker makes of all that it writes: the same
+sources have the same stamp, and others another one.
 """
 
 import struct
@@ -42,6 +46,10 @@ def name_build(path):
         image[begin + RECORD_HEAD : content + size] = name
         struct.pack_into("<I", image, content + 16, RECORD_HEAD + len(name))
         struct.pack_into("<I", image, header + 8, size)
+        stamp = image[begin + 4 : begin + 8]  # of the identity, behind the signature
+        head = struct.unpack_from("<I", image, 0x3C)[0]
+        image[head + 8 : head + 12] = stamp
+        image[content + 4 : content + 8] = stamp
         program.seek(0)
         program.write(image)
 
