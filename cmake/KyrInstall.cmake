@@ -40,6 +40,18 @@ install(FILES
   "${PROJECT_BINARY_DIR}/KyrConfigVersionOfPackage.cmake"
   DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
+# Applications for a foreign system are built as the library was.
+if(CMAKE_TOOLCHAIN_FILE)
+  cmake_path(GET CMAKE_TOOLCHAIN_FILE FILENAME KYR_TOOLCHAIN)
+  cmake_path(GET CMAKE_TOOLCHAIN_FILE PARENT_PATH toolchains)
+  file(RELATIVE_PATH KYR_CMAKEDIR_TO_PREFIX "/${KYR_INSTALL_CMAKEDIR}" "/")
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/toolchain-of-package.cmake.in"
+    "${PROJECT_BINARY_DIR}/toolchain.cmake" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/toolchain.cmake" DESTINATION "${KYR_INSTALL_CMAKEDIR}")
+  install(DIRECTORY "${toolchains}/" DESTINATION "${KYR_INSTALL_CMAKEDIR}/toolchains"
+    FILES_MATCHING PATTERN "*.cmake")
+endif()
+
 # The way from the .pc file back to the root of the installation.
 file(RELATIVE_PATH KYR_PC_TO_PREFIX "/${KYR_INSTALL_PKGCONFIGDIR}" "/")
 set(KYR_PC_DEFINITION "")

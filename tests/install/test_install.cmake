@@ -156,10 +156,11 @@ if(dead OR NOT followed GREATER 100)
   message(FATAL_ERROR "of ${followed} links in documents these are dead:\n${dead}")
 endif()
 
-# A CMake project. Who builds for a foreign system finds packages below that system's root only.
+# A CMake project. Who builds for a foreign system finds packages below that system's root only, to which
+# the package's own toolchain file adds itself.
 if(toolchain)
-  set(places -D "CMAKE_TOOLCHAIN_FILE=${toolchain}" -D "KYR_WINDOWS_QT=${qt}"
-    -D "CMAKE_FIND_ROOT_PATH=${root}")
+  set(places -D "CMAKE_TOOLCHAIN_FILE=${root}/${libdir}/cmake/Kyr/toolchain.cmake"
+    -D "KYR_WINDOWS_QT=${qt}")
 else()
   set(places -D "CMAKE_PREFIX_PATH=${root}")
 endif()
