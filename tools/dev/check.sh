@@ -16,8 +16,8 @@ format_sources() {
 # dev with the parts that it reads, and all scripts that stand alone.
 scripts_linted() {
   (cd "$top" && shellcheck -x dev) &&
-    find "$top/.ci/run" "$top/tools" -name dev -prune -o \( -name run -o -name '*.sh' \) \
-      -type f -print0 | xargs -0 shellcheck
+    find "$top/.ci/run" "$top/debian/tests" "$top/tools" -name dev -prune -o \
+      \( -name run -o -name first-program -o -name '*.sh' \) -type f -print0 | xargs -0 shellcheck
 }
 
 # What is installed, as ./dev test builds it.

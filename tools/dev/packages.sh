@@ -67,5 +67,5 @@ windows_packages() {
 verb_packages() {
   # shellcheck disable=SC2046,SC2086
   need $test_packages $qt6_packages $bench_packages $lint_packages $docs_packages $fuzz_packages \
-    $(windows_packages)
+    $package_packages $try_packages $(windows_packages)
 }
