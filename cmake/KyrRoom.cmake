@@ -1,22 +1,41 @@
-# kyr_room(NAME room [SOURCES file...] [POSIX file...] [WINDOWS file...] [ENGINES name...]
-#          [NEEDS room...] [OFFERS header...])
+# The processor, in the names of files that are about one: x86, x64, or as the system calls it.
+string(TOLOWER "${CMAKE_SYSTEM_PROCESSOR}" KYR_MACHINE)
+if(KYR_MACHINE MATCHES "^(x86_64|amd64|i[3-6]86)$")
+  set(KYR_MACHINE x64)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)  # which 64-bit systems run as well
+    set(KYR_MACHINE x86)
+  endif()
+endif()
+
+# kyr_room(NAME room [SOURCES file...] [POSIX file...] [WINDOWS file...] [MACHINES file...]
+#          [ENGINES name...] [NEEDS room...] [OFFERS header...])
 #
 # Adds a room's sources and its public headers to the library. POSIX and WINDOWS name whole
-# files, of which one set is compiled. ENGINES names libraries that a build may lack, as KyrEngines
+# files, of which one set is compiled, and MACHINES such that are about a processor of a system as
+# well, as thing_x64_win.cpp. ENGINES names libraries that a build may lack, as KyrEngines
 # knows them: of two files for each, one is compiled. NEEDS lists the rooms whose headers this one may
 # include besides those that they need themselves; tools/check_rooms.py holds the includes against
 # it. Every header of the folder is public and installed, unless its name ends in _p.h;
 # OFFERS lists those of the others that other rooms of the library may include all the same.
 function(kyr_room)
-  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;POSIX;WINDOWS;ENGINES;NEEDS;OFFERS" ${ARGN})
+  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;POSIX;WINDOWS;MACHINES;ENGINES;NEEDS;OFFERS" ${ARGN})
   if(ROOM_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "kyr_room(${ROOM_NAME}): unknown words ${ROOM_UNPARSED_ARGUMENTS}")
   endif()
   set(files ${ROOM_SOURCES})
   if(WIN32)
+    set(system win)
     list(APPEND files ${ROOM_WINDOWS})
   else()
+    set(system posix)
     list(APPEND files ${ROOM_POSIX})
+  endif()
+  if(ROOM_MACHINES)
+    list(FILTER ROOM_MACHINES INCLUDE REGEX "_${KYR_MACHINE}_${system}\\.cpp$")
+    if(NOT ROOM_MACHINES)
+      message(FATAL_ERROR "The room ${ROOM_NAME} has no files for the processor ${KYR_MACHINE}")
+    endif()
+    list(APPEND files ${ROOM_MACHINES})
   endif()
   foreach(engine IN LISTS ROOM_ENGINES)
     kyr_engine("${engine}" file)

@@ -12,7 +12,7 @@ import re
 import sys
 from pathlib import Path
 
-LISTS = ("SOURCES", "POSIX", "WINDOWS", "ENGINES", "NEEDS", "OFFERS")
+LISTS = ("SOURCES", "POSIX", "WINDOWS", "MACHINES", "ENGINES", "NEEDS", "OFFERS")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 CLASS = r"^(?:class|struct) (?:KYR_\w+(?:\(.*?\))? )*(\w+)"
 DEFINED = re.compile(CLASS + r"(?: : .*)?\s*\{", re.M)
@@ -36,7 +36,8 @@ class Room:
     def listed(self):
         engines = [f"engines/{start}{name}_pieces.cpp"
                    for name in self.parts["ENGINES"] for start in ("", "no_")]
-        return self.parts["SOURCES"] + self.parts["POSIX"] + self.parts["WINDOWS"] + engines
+        return engines + [name for part in ("SOURCES", "POSIX", "WINDOWS", "MACHINES")
+                          for name in self.parts[part]]
 
 
 def read_rooms(library):
@@ -104,7 +105,8 @@ def check_declarations(rooms):
             yield f"{place}: {name} is in the folder, but not in the list of sources"
         for name in sorted(set(room.listed()) - present):
             yield f"{place}: {name} is in the list of sources, but not in the folder"
-        for part, end in (("POSIX", "_posix.cpp"), ("WINDOWS", "_win.cpp")):
+        for part, end in (("POSIX", "_posix.cpp"), ("WINDOWS", "_win.cpp"),
+                          ("MACHINES", "_(x86|x64|arm64)_(posix|win).cpp")):
             for name in room.parts[part]:
                 if not re.fullmatch(rf"platform/\w+{end}", name):
                     yield f"{place}: {part} file {name} is not called platform/...{end}"

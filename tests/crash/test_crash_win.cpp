@@ -56,13 +56,32 @@ struct Dump {
 };
 
 /// The numbers in a report behind a word.
-std::set<DWORD> numbersBehind(const QString& report, const QString& word) {
-  std::set<DWORD> numbers;
+std::set<quint64> numbersBehind(const QString& report, const QString& word) {
+  std::set<quint64> numbers;
   const QStringList parts = report.split(word);
   for (int i = 1; i < parts.size(); ++i) {
-    numbers.insert(parts[i].section(QRegularExpression("[^0-9a-fx]"), 0, 0).toUInt(nullptr, 16));
+    const QString number = parts[i].section(QRegularExpression("[^0-9a-fx]"), 0, 0);
+    numbers.insert(number.toULongLong(nullptr, 16));
   }
   return numbers;
+}
+
+// Each processor has one of the two names of a register.
+template <class Context>
+auto instructionOf(const Context& context) -> decltype(context.Eip) {
+  return context.Eip;
+}
+template <class Context>
+auto instructionOf(const Context& context) -> decltype(context.Rip) {
+  return context.Rip;
+}
+template <class Context>
+auto stackOf(const Context& context) -> decltype(context.Esp) {
+  return context.Esp;
+}
+template <class Context>
+auto stackOf(const Context& context) -> decltype(context.Rsp) {
+  return context.Rsp;
 }
 
 TEST(CrashOnWindows, LeavesADumpThatDebuggersRead) {
@@ -70,16 +89,15 @@ TEST(CrashOnWindows, LeavesADumpThatDebuggersRead) {
   const Death death = die(folder, {"--kind", "null-write", "--in-thread", "--threads", "2"});
   ASSERT_EQ(death.dumps.size(), 1) << death.report.toStdString();
   const Dump dump(folder.file(death.dumps[0]));
-  const DWORD crashing = *numbersBehind(death.report, "crashing thread ").begin();
-  const DWORD address = *numbersBehind(death.report, "at address ").begin();
+  const quint64 crashing = *numbersBehind(death.report, "crashing thread ").begin();
+  const quint64 address = *numbersBehind(death.report, "at address ").begin();
 
-  std::set<DWORD> expected = numbersBehind(death.report, "next thread: ");
+  std::set<quint64> expected = numbersBehind(death.report, "next thread: ");
   expected.insert(crashing);
   EXPECT_EQ(expected.size(), 4U);
   for (const auto& thread : dump.list<MINIDUMP_THREAD>(ThreadListStream)) {
     const auto context = dump.at<CONTEXT>(thread.ThreadContext.Rva);
-    const auto begin = DWORD(thread.Stack.StartOfMemoryRange);
-    EXPECT_TRUE(begin <= context.Esp && context.Esp < begin + thread.Stack.Memory.DataSize);
+    EXPECT_LT(stackOf(context) - thread.Stack.StartOfMemoryRange, thread.Stack.Memory.DataSize);
     expected.erase(thread.ThreadId);
   }
   EXPECT_TRUE(expected.empty()) << "threads of the report that are not in the dump";
@@ -88,7 +106,7 @@ TEST(CrashOnWindows, LeavesADumpThatDebuggersRead) {
   EXPECT_EQ(fault.ThreadId, crashing);
   EXPECT_EQ(fault.ExceptionRecord.ExceptionCode, DWORD{EXCEPTION_ACCESS_VIOLATION});
   EXPECT_EQ(fault.ExceptionRecord.ExceptionInformation[0], 1U);  // a write
-  EXPECT_EQ(dump.at<CONTEXT>(fault.ThreadContext.Rva).Eip, address);
+  EXPECT_EQ(instructionOf(dump.at<CONTEXT>(fault.ThreadContext.Rva)), address);
 }
 
 TEST(CrashOnWindows, SaysWhatFailsAndGoesOn) {

@@ -20,7 +20,7 @@
 
 namespace Kyr::Crash {
 
-// ---- the processor: platform/crash_machine_posix.cpp ------------------------------------------
+// ---- the processor: platform/crash_machine_x64_posix.cpp --------------------------------------
 
 /// The registers as dumps hold them.
 using DumpContext = std::array<unsigned char, 1232>;

@@ -14,9 +14,11 @@
 
 #include <cstdint>
 
-// The system's names of EXCEPTION_POINTERS and EXCEPTION_RECORD.
+// The system's names of EXCEPTION_POINTERS, EXCEPTION_RECORD, CONTEXT and STACKFRAME64.
 struct _EXCEPTION_POINTERS;
 struct _EXCEPTION_RECORD;
+struct _CONTEXT;
+struct _tagSTACKFRAME64;
 
 namespace Kyr::Crash {
 
@@ -97,6 +99,30 @@ void printBacktraces(const Break& broken, unsigned long helper) noexcept;
 /// \param alone leaves out all other threads
 void printLivingBacktraces(unsigned long hanging, bool alone) noexcept;
 
+// ---- processor: platform/crash_machine_x86_win.cpp or platform/crash_machine_x64_win.cpp ------
+
+/// The registers that lead through a stack.
+struct Position {
+  std::uintptr_t instruction;
+  std::uintptr_t stack;
+  std::uintptr_t base;  ///< of the frame, in functions that keep it in a register
+};
+
+Position positionIn(const _CONTEXT& registers) noexcept;
+void setPosition(_CONTEXT& registers, const Position& position) noexcept;
+
+/// Where a step through a stack has led.
+/// \param before, after  the registers that the step began with, and what it has made of them
+Position positionIn(const _tagSTACKFRAME64& frame, const _CONTEXT& before,
+                    const _CONTEXT& after) noexcept;
+
+/// The number that debuggers know the processor by.
+unsigned long processorNumber() noexcept;
+
+/// Calls a function. A fault in it that nobody handles ends the process with exit code 1, where the
+/// system would end it with the fault's number.
+void callGuarded(void (*function)(void*), void* given);
+
 // ---- frames: platform/crash_frame_win.cpp -----------------------------------------------------
 
 /// What is known of addresses in code; a process has one such object.
@@ -113,7 +139,7 @@ class Symbols {
 
   /// Prints a line of a backtrace.
   /// \param number of the frame; in all but frame 0 the address is behind a call
-  void printFrame(unsigned number, std::uint32_t address) const noexcept;
+  void printFrame(unsigned number, std::uintptr_t address) const noexcept;
 
  private:
   unsigned long _error = 0;

@@ -112,12 +112,12 @@ void writeSystem() noexcept {
 
 // ---- modules ----------------------------------------------------------------------------------
 
-bool readHead(std::uintptr_t base, IMAGE_NT_HEADERS32& head) noexcept {
+bool readHead(std::uintptr_t base, IMAGE_NT_HEADERS& head) noexcept {
   IMAGE_DOS_HEADER start{};
   return read(base, &start, sizeof start) && start.e_magic == IMAGE_DOS_SIGNATURE &&
          read(base + static_cast<std::uintptr_t>(start.e_lfanew), &head, sizeof head) &&
          head.Signature == IMAGE_NT_SIGNATURE &&
-         head.OptionalHeader.Magic == IMAGE_NT_OPTIONAL_HDR32_MAGIC;
+         head.OptionalHeader.Magic == IMAGE_NT_OPTIONAL_HDR_MAGIC;
 }
 
 /// What a linker writes to tell a build from others.
@@ -128,7 +128,7 @@ struct CodeView {
 };
 constexpr DWORD codeViewSignature = 0x53445352;  // "RSDS"
 
-bool readCodeView(std::uintptr_t base, const IMAGE_NT_HEADERS32& head, CodeView& found) noexcept {
+bool readCodeView(std::uintptr_t base, const IMAGE_NT_HEADERS& head, CodeView& found) noexcept {
   const IMAGE_DATA_DIRECTORY& list = head.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_DEBUG];
   IMAGE_DEBUG_DIRECTORY entry{};
   for (DWORD at = 0; at + sizeof entry <= list.Size; at += DWORD{sizeof entry}) {
@@ -184,7 +184,7 @@ void appendFile(Text& text, std::uintptr_t base) noexcept {
 }
 
 void writeModule(std::uintptr_t base) noexcept {
-  IMAGE_NT_HEADERS32 head{};
+  IMAGE_NT_HEADERS head{};
   if (!readHead(base, head)) {
     return;
   }

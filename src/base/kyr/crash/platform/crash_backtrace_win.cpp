@@ -12,6 +12,7 @@ namespace Kyr {
 
 namespace {
 
+using Crash::Position;
 using Crash::Symbols;
 using Crash::Text;
 
@@ -27,20 +28,19 @@ constexpr DWORD patience = 10'000;  // milliseconds
 /// A copy of a thread's stack. The thread stands still only while it is made: reading symbols needs
 /// locks that the thread may hold.
 struct StackCopy {
-  std::uint32_t begin = 0;
-  std::uint32_t size = 0;
+  std::uintptr_t begin = 0;
+  SIZE_T size = 0;
   std::array<unsigned char, std::size_t{256} << 10> bytes{};
 
-  void take(std::uint32_t top) noexcept {
+  void take(std::uintptr_t top) noexcept {
     MEMORY_BASIC_INFORMATION memory{};
     ::VirtualQuery(reinterpret_cast<void*>(top), &memory, sizeof memory);
-    const auto end = static_cast<std::uint32_t>(
-        reinterpret_cast<std::uintptr_t>(memory.BaseAddress) + memory.RegionSize);
+    const std::uintptr_t end =
+        reinterpret_cast<std::uintptr_t>(memory.BaseAddress) + memory.RegionSize;
     begin = top;
-    SIZE_T count = 0;
+    size = 0;
     ::ReadProcessMemory(::GetCurrentProcess(), reinterpret_cast<void*>(top), bytes.data(),
-                        std::min<SIZE_T>(end - top, bytes.size()), &count);
-    size = static_cast<std::uint32_t>(count);
+                        std::min<SIZE_T>(end - top, bytes.size()), &size);
   }
 
   bool holds(DWORD64 address, DWORD count) const noexcept {
@@ -78,12 +78,12 @@ struct Walker {
   }
 };
 
-ADDRESS64 flat(DWORD offset) noexcept {
+ADDRESS64 flat(std::uintptr_t offset) noexcept {
   return {offset, 0, AddrModeFlat};
 }
 
 /// Whether a program or library has code at an address.
-bool isCode(std::uint32_t address) noexcept {
+bool isCode(std::uintptr_t address) noexcept {
   constexpr DWORD executable =
       PAGE_EXECUTE | PAGE_EXECUTE_READ | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
   MEMORY_BASIC_INFORMATION memory{};
@@ -94,33 +94,35 @@ bool isCode(std::uint32_t address) noexcept {
 /// Puts the registers back to the caller, where the thread has called an address without code: such
 /// a call leaves the return address on top of the stack.
 bool returnToCaller(CONTEXT& context) noexcept {
-  DWORD caller = 0;
+  Position position = Crash::positionIn(context);
+  std::uintptr_t caller = 0;
   DWORD count = 0;
-  if (isCode(context.Eip) ||
-      !readMemory(::GetCurrentProcess(), context.Esp, &caller, sizeof caller, &count)) {
+  if (isCode(position.instruction) ||
+      !readMemory(::GetCurrentProcess(), position.stack, &caller, sizeof caller, &count)) {
     return false;
   }
-  context.Eip = caller;
-  context.Esp += sizeof caller;
+  position.instruction = caller;
+  position.stack += sizeof caller;
+  Crash::setPosition(context, position);
   return true;
 }
 
 /// A function of a stack that was called or interrupted.
 struct Frame {
-  DWORD address;  ///< where the function goes on
-  DWORD stack;    ///< the stack pointer then, behind the return address
+  std::uintptr_t address;  ///< where the function goes on
+  std::uintptr_t stack;    ///< the stack pointer then, behind the return address
 };
 
 /// A recursion: so many frames, the same ones again and again, in as many bytes of the stack.
 struct Circle {
   unsigned frames;  ///< 0 for none
-  DWORD bytes;
+  std::uintptr_t bytes;
 };
 
-bool holdsWayBack(const Frame& frame, DWORD distance) noexcept {
-  DWORD address = 0;
+bool holdsWayBack(const Frame& frame, std::uintptr_t distance) noexcept {
+  std::uintptr_t address = 0;
   DWORD count = 0;
-  return readMemory(::GetCurrentProcess(), frame.stack + distance - DWORD{sizeof address}, &address,
+  return readMemory(::GetCurrentProcess(), frame.stack + distance - sizeof address, &address,
                     sizeof address, &count) &&
          count == sizeof address && address == frame.address;
 }
@@ -142,7 +144,7 @@ class Frames {
 
   /// Leaves out a recursion up to its outermost frames, which may be a hundred thousand calls.
   /// \return by how many bytes the last frame has moved outwards, to be added again; 0 for none
-  DWORD skipCircle() noexcept {
+  std::uintptr_t skipCircle() noexcept {
     const Circle circle = _known >= 2 * longestCircle ? findCircle() : Circle{};
     const unsigned whole = circle.frames > 0 ? countRepetitions(circle) : 0;
     const unsigned walked = circle.frames > 0 ? mostOutermost / circle.frames + 1 : 0;
@@ -224,33 +226,33 @@ class Walk {
   /// \return false behind the outermost frame
   bool next() noexcept {
     const DWORD64 before = _frame.AddrStack.Offset;
+    const CONTEXT begin = _context;
     const bool found =
-        _walker.walk(IMAGE_FILE_MACHINE_I386, ::GetCurrentProcess(), _thread, &_frame, &_context,
+        _walker.walk(Crash::processorNumber(), ::GetCurrentProcess(), _thread, &_frame, &_context,
                      &readMemory, _walker.tableAccess, _walker.moduleBase, nullptr) &&
         _frame.AddrPC.Offset != 0 && (_isFirst || _frame.AddrStack.Offset > before);
+    _position = Crash::positionIn(_frame, begin, _context);
     _isFirst = false;
     return found;
   }
 
-  Frame frame() const noexcept {
-    return {static_cast<DWORD>(_frame.AddrPC.Offset), static_cast<DWORD>(_frame.AddrStack.Offset)};
-  }
+  Frame frame() const noexcept { return {_position.instruction, _position.stack}; }
 
   /// Goes on at the same place of a function that was called in the same way, further outwards.
-  void move(DWORD bytes) noexcept {
-    const auto base = static_cast<DWORD>(_frame.AddrFrame.Offset);
-    _context.Eip = frame().address;
-    _context.Esp = frame().stack + bytes;
-    _context.Ebp = base - frame().stack < bytes ? base + bytes : base;
+  void move(std::uintptr_t bytes) noexcept {
+    const bool hasBase = _position.base - _position.stack < bytes;
+    Crash::setPosition(_context, {_position.instruction, _position.stack + bytes,
+                                  _position.base + (hasBase ? bytes : 0)});
     start();
   }
 
  private:
   void start() noexcept {
+    _position = Crash::positionIn(_context);
     _frame = {};
-    _frame.AddrPC = flat(_context.Eip);
-    _frame.AddrFrame = flat(_context.Ebp);
-    _frame.AddrStack = flat(_context.Esp);
+    _frame.AddrPC = flat(_position.instruction);
+    _frame.AddrFrame = flat(_position.base);
+    _frame.AddrStack = flat(_position.stack);
     _isFirst = true;
   }
 
@@ -258,15 +260,16 @@ class Walk {
   HANDLE _thread;
   CONTEXT _context;
   STACKFRAME64 _frame{};
+  Position _position{};
   bool _isFirst = true;
 };
 
 void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
                 CONTEXT context) noexcept {
   Frames frames(symbols);
-  const Frame first{context.Eip, context.Esp};
+  const Position position = Crash::positionIn(context);
   if (returnToCaller(context)) {
-    frames.add(first);
+    frames.add({position.instruction, position.stack});
   }
   Walk walk(walker, thread, context);
   DWORD begin = 0;
@@ -277,7 +280,7 @@ void printStack(const Symbols& symbols, const Walker& walker, HANDLE thread,
       Crash::write(Text() << "further frames are left out\n");
       return;
     }
-    const DWORD bytes = number % mostInnermost == 0 ? frames.skipCircle() : 0;
+    const std::uintptr_t bytes = number % mostInnermost == 0 ? frames.skipCircle() : 0;
     if (bytes > 0) {
       walk.move(bytes);
     }
@@ -293,7 +296,7 @@ void printBacktrace(const Symbols& symbols, HANDLE thread, const CONTEXT& contex
     return;
   }
   Crash::printSystemError("error getting process addresses", error);
-  symbols.printFrame(0, context.Eip);
+  symbols.printFrame(0, Crash::positionIn(context).instruction);
 }
 
 /// Copies the registers and the stack of a thread, which stands still meanwhile.
@@ -305,7 +308,7 @@ bool copyThread(HANDLE thread, CONTEXT& context) noexcept {
   const bool known = ::GetThreadContext(thread, &context) != FALSE;
   const DWORD error = ::GetLastError();
   if (known) {
-    stackCopy.take(context.Esp);
+    stackCopy.take(Crash::positionIn(context).stack);
   }
   ::ResumeThread(thread);
   ::SetLastError(error);
@@ -368,7 +371,7 @@ void printThrow(const Symbols& symbols, const Crash::CallChain& thrown) noexcept
     Crash::write(Text() << "the exception was thrown by:\n");
   }
   for (unsigned i = 0; i < thrown.count; ++i) {
-    symbols.printFrame(i, static_cast<std::uint32_t>(thrown.addresses[i]));
+    symbols.printFrame(i, static_cast<std::uintptr_t>(thrown.addresses[i]));
   }
 }
 

@@ -73,11 +73,11 @@ const char* baseName(const char* path) noexcept {
 
 /// What the system has loaded at an address.
 struct Module {
-  std::uint32_t base = 0;  // 0 for none
+  std::uintptr_t base = 0;  // 0 for none
   std::array<char, MAX_PATH> path{};
 };
 
-Module moduleAt(std::uint32_t address) noexcept {
+Module moduleAt(std::uintptr_t address) noexcept {
   Module module;
   MEMORY_BASIC_INFORMATION memory{};
   if (::VirtualQuery(reinterpret_cast<void*>(address), &memory, sizeof memory) == 0 ||
@@ -85,7 +85,7 @@ Module moduleAt(std::uint32_t address) noexcept {
     return module;
   }
   const auto handle = static_cast<HMODULE>(memory.AllocationBase);
-  module.base = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(handle));
+  module.base = reinterpret_cast<std::uintptr_t>(handle);
   IMAGEHLP_MODULE64 known{};
   known.SizeOfStruct = moduleSize;
   if (call.getModule && call.getModule(::GetCurrentProcess(), address, &known)) {
@@ -110,7 +110,7 @@ void appendName(Text& text, const char* name) noexcept {
 /// Appends the function and the line of an address.
 /// \param asked an address inside the function, \a address or before it
 /// \return false when the function is not known
-bool appendFunction(Text& text, std::uint32_t asked, std::uint32_t address) noexcept {
+bool appendFunction(Text& text, std::uintptr_t asked, std::uintptr_t address) noexcept {
   struct Found {
     IMAGEHLP_SYMBOL64 symbol;
     std::array<char, 1024> rest;  // of the name, which begins in the structure
@@ -129,7 +129,7 @@ bool appendFunction(Text& text, std::uint32_t asked, std::uint32_t address) noex
   return true;
 }
 
-void appendLine(Text& text, std::uint32_t asked) noexcept {
+void appendLine(Text& text, std::uintptr_t asked) noexcept {
   IMAGEHLP_LINE64 line{};
   line.SizeOfStruct = sizeof line;
   DWORD offset = 0;
@@ -166,7 +166,7 @@ Crash::Symbols::~Symbols() {
 
 // In all frames but the first the line of the call is looked up: behind a call that does not return
 // another line may stand, or another function.
-void Crash::Symbols::printFrame(unsigned number, std::uint32_t address) const noexcept {
+void Crash::Symbols::printFrame(unsigned number, std::uintptr_t address) const noexcept {
   Text text;
   text << "#";
   text.decimal(number) << (number < 10 ? "  " : " ");
@@ -175,7 +175,7 @@ void Crash::Symbols::printFrame(unsigned number, std::uint32_t address) const no
   if (!isCollecting()) {
     met.add(module.base);
   }
-  const std::uint32_t asked = number > 0 ? address - 1 : address;
+  const std::uintptr_t asked = number > 0 ? address - 1 : address;
   if (module.base == 0) {
     text << "?";
   } else {

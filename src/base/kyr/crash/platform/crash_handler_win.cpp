@@ -65,39 +65,7 @@ DWORD WINAPI watch(void* /*unused*/) {
   }
 }
 
-/// The block that the system keeps for a thread. The compiler warns of the header's own way to it.
-NT_TIB* threadBlock() noexcept {
-  NT_TIB* block = nullptr;
-  asm("movl %%fs:0x18, %0" : "=r"(block));
-  return block;
-}
-
-/// Ends the process, as long as this object lives, at a fault that nobody handles. The system would
-/// end it, too, but with the fault's number as exit code.
-class FaultGuard {
- public:
-  FaultGuard() noexcept : _record() {
-    _record.Next = _chain;
-    _record.Handler = &endProcess;
-    _chain = &_record;
-  }
-  ~FaultGuard() { _chain = _record.Next; }
-  FaultGuard(const FaultGuard&) = delete;
-  FaultGuard& operator=(const FaultGuard&) = delete;
-
- private:
-  static EXCEPTION_DISPOSITION NTAPI endProcess(EXCEPTION_RECORD* /*fault*/, void* /*record*/,
-                                                CONTEXT* /*context*/, void* /*dispatcher*/) {
-    Fatal::endProcess(1);
-  }
-
-  EXCEPTION_REGISTRATION_RECORD _record;
-  /// Where the system finds the handlers of the thread, the innermost first.
-  EXCEPTION_REGISTRATION_RECORD*& _chain = threadBlock()->ExceptionList;
-};
-
-DWORD WINAPI report(void* given) {
-  const FaultGuard guard;
+void makeReport(void* given) {
   const auto& broken = *static_cast<const Break*>(given);
   reporter = ::GetCurrentThreadId();
   if (isCollecting()) {
@@ -123,6 +91,11 @@ DWORD WINAPI report(void* given) {
   Fatal::callHook();
   Journals::flushForEnd();  // what threads added meanwhile
   Fatal::endProcess(1);
+}
+
+DWORD WINAPI report(void* broken) {
+  callGuarded(&makeReport, broken);
+  return 1;
 }
 
 /// Lets one thread go on to the report and holds all others. A second fault of that thread ends the
