@@ -1,7 +1,7 @@
 // Remembers where exceptions were thrown. On Linux that is done in threads of the suite: Qt catches
 // whatever leaves run() and ends the process only then, when the stack of the throw is gone, unlike
-// in other threads. On 32-bit Windows it is done in all of them, as frames of the C++ library stand
-// between the throw and the end that only its unwind tables lead through.
+// in other threads. On Windows it is done in all of them, as frames of the C++ library stand
+// between the throw and the end that, with 32 bits, only its unwind tables lead through.
 #include <kyr/core/KyrPlatform.h>
 #include <kyr/crash/crash_throw_p.h>
 
