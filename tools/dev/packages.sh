@@ -57,15 +57,15 @@ need() {
   fi
 }
 
-# What the verbs for Windows need of packages.
+# windows_packages MACHINE...: what the verbs for Windows need of packages.
 windows_packages() {
   printf 'googletest '
-  "$top/tools/windows/build_qt.sh" --packages
-  "$top/tools/windows/prepare_wine.sh" --packages
+  "$top/tools/windows/build_qt.sh" --packages "$@"
+  "$top/tools/windows/prepare_wine.sh" --packages "$@"
 }
 
 verb_packages() {
   # shellcheck disable=SC2046,SC2086
   need $test_packages $qt6_packages $bench_packages $lint_packages $docs_packages $fuzz_packages \
-    $package_packages $try_packages $(windows_packages)
+    $package_packages $try_packages $(windows_packages i686 x86_64)
 }

@@ -1,16 +1,12 @@
 #!/bin/sh
-# Builds Qt 5.15 Core for 32-bit Windows from Debian's own source package, once.
+# Builds Qt 5.15 Core for Windows from Debian's own source package, once for each machine.
 #
-#   tools/windows/build_qt.sh        prints the folder of the finished Qt
+#   tools/windows/build_qt.sh i686 x86_64   prints the folder of each finished Qt, on a line
 #
-# The result lies in KYR_CACHE (default: kyr in the user's cache folder), where a clean of the
-# build folder does not reach it. It is built anew when this recipe or Debian's version changes.
-# Needs the packages that packages() lists, and a source of Debian's packages.
+# The results lie in KYR_CACHE (default: kyr in the user's cache folder), where a clean of the
+# build folder does not reach them. One is built anew when this recipe or Debian's version changes.
+# Needs the packages that --packages lists for these machines, and a source of Debian's packages.
 set -eu
-
-packages() {
-  echo 'g++-mingw-w64-i686-posix libz-mingw-w64-dev dpkg-dev make perl python3 qtbase5-dev-tools qt5-qmake-bin'
-}
 
 fail() {
   printf '%s\n' "build_qt: $*" >&2
@@ -19,10 +15,28 @@ fail() {
 
 recipe=$(CDPATH='' cd -- "$(dirname -- "$0")" && pwd -P)/$(basename -- "$0")
 cache=${KYR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kyr}
-prefix=$cache/qt5-windows-i686
-work=$cache/qt5-windows-i686.work
-log=$cache/qt5-windows-i686.log
+work=$cache/qt5-windows.work
+log=$cache/qt5-windows.log
 source_package=qtbase-opensource-src
+host_tools=/usr/lib/qt5/bin  # of the same version as the source
+
+packages() {
+  echo 'libz-mingw-w64-dev dpkg-dev make perl qtbase5-dev-tools qt5-qmake-bin'
+  for machine; do
+    case $machine in
+      i686) echo g++-mingw-w64-i686-posix ;;
+      x86_64) echo g++-mingw-w64-x86-64-posix ;;
+      *) fail "unknown machine $machine" ;;
+    esac
+  done
+}
+
+# use_machine MACHINE: which Qt is meant from here on.
+use_machine() {
+  machine=$1
+  prefix=$cache/qt5-windows-$machine
+  build=$work/$machine
+}
 
 # apt with the machine's sources, but for source packages and with lists of its own: neither the
 # machine's sources nor its lists change.
@@ -51,32 +65,64 @@ fetch_source() {
   mv "$work"/"$source_package"-*/ "$work/source"
 }
 
-# The prefix that Qt knows is one of a Windows machine: nothing of this machine gets into it, and
-# its CMake files find each other wherever they lie.
-configure_qt() {
-  mkdir -p "$work/build"
-  (cd "$work/build" && ../source/configure -opensource -confirm-license \
-    -xplatform win32-g++ -device-option CROSS_COMPILE=i686-w64-mingw32- -release \
-    -no-gui -no-widgets -no-opengl -no-dbus -no-icu -no-openssl -no-sql-sqlite \
-    -nomake examples -nomake tests -qt-zlib -qt-pcre -qt-doubleconversion \
-    -prefix /qt -extprefix "$prefix.new" -hostprefix "$prefix.new" \
-    "QMAKE_CXXFLAGS+=-ffile-prefix-map=$work/source=qtbase")
+# The configuration asks about this machine's sources of windows, networks and databases as well:
+# nobody needs the answers. What it asks of Core stays.
+ask_of_core_only() {
+  sed -i '/"subconfigs": \[/,/\]/{/"src\/corelib"/s/,//;/"src\/corelib"\|subconfigs\|\]/!d}' \
+    "$work/source/configure.json"
 }
 
-# Its CMake files name programs that run on this machine; the system's own serve.
-add_host_programs() {
-  mkdir -p "$prefix.new/bin"
-  for program in qmake moc rcc; do
-    [ -e "$prefix.new/bin/$program" ] || ln -s "/usr/lib/qt5/bin/$program" "$prefix.new/bin/$program"
+# What neither the library nor its tests and examples use.
+left_out() {
+  for feature in animation easingcurve statemachine itemmodel mimetype sharedmemory \
+    systemsemaphore filesystemwatcher jalalicalendar hijricalendar topleveldomain \
+    gestures xmlstreamwriter sha3-fast future zstd; do
+    printf '%s ' "-no-feature-$feature"
   done
 }
 
-build_qt() {
-  make -C "$work/build" sub-src-qmake_all
-  make -C "$work/build/src" -j "$(nproc)" sub-corelib sub-winmain
-  make -C "$work/build/src" sub-corelib-install_subtargets sub-winmain-install_subtargets
-  make -C "$work/build" install_mkspecs
+# run_qmake PROJECT [ARGUMENT...]: the system's qmake, as if it were the one of this build.
+run_qmake() {
+  project=$1
+  shift
+  mkdir -p "$build/$(dirname "$project")"
+  (cd "$build/$(dirname "$project")" &&
+    MAKE="make" "$host_tools/qmake" -qtconf "$build/bin/qt.conf" "$work/source/$project" "$@")
+}
+
+# What Qt's own configure does, without the qmake that it builds first. The prefix that Qt knows is
+# one of a Windows machine: nothing of this machine gets into it, and its CMake files find each
+# other wherever they lie.
+configure_qt() {
+  mkdir -p "$build/bin" "$build/mkspecs"
+  printf '%s\n' '[EffectivePaths]' 'Prefix=..' '[Paths]' 'TargetSpec=dummy' 'HostSpec=linux-g++' \
+    '[EffectiveSourcePaths]' "Prefix=$work/source" >"$build/bin/qt.conf"
+  # shellcheck disable=SC2046 # a list of words
+  run_qmake qtbase.pro -- -opensource -confirm-license -release \
+    -xplatform win32-g++ -device-option "CROSS_COMPILE=$machine-w64-mingw32-" \
+    -external-hostbindir "$host_tools" -prefix /qt -extprefix "$prefix.new" \
+    -hostprefix "$prefix.new" -nomake examples -nomake tests -no-gui -no-widgets -no-dbus -no-icu \
+    -qt-zlib -qt-pcre -qt-doubleconversion $(left_out) \
+    "QMAKE_CXXFLAGS+=-ffile-prefix-map=$work/source=qtbase"
+}
+
+# Its CMake files name programs that run on this machine; the system's own serve, also here.
+add_host_programs() {
+  mkdir -p "$prefix.new/bin"
+  for program in qmake moc rcc; do
+    ln -s "$host_tools/$program" "$prefix.new/bin/$program"
+  done
+}
+
+make_qt() {
   add_host_programs
+  for part in 3rdparty/pcre2 corelib winmain; do
+    run_qmake "src/$part/$(basename "$part").pro" QMAKE_CFLAGS_OPTIMIZE_FULL=-O2
+    make -C "$build/src/$part" -j "$(nproc)" release
+  done
+  make -C "$build/src/corelib" -j "$(nproc)" release-install
+  make -C "$build/src/winmain" release-install
+  make -C "$build" install_mkspecs
 }
 
 keep_licences() {
@@ -84,34 +130,55 @@ keep_licences() {
   cp "$work"/source/LICENSE.* "$work/source/debian/copyright" "$prefix.new/licences/"
 }
 
-build_all() {
-  rm -rf "$work" "$prefix.new"
-  mkdir -p "$work"
-  fetch_source
+build_machine() {
+  rm -rf "$prefix.new"
   configure_qt
-  build_qt
+  make_qt
   keep_licences
   # shellcheck disable=SC2016 # for pkg-config to expand
   sed -i 's|^prefix=.*|prefix=${pcfiledir}/../..|' "$prefix.new"/lib/pkgconfig/*.pc
-  rm -rf "$prefix"
+  printf '%s\n' "$stamp" >"$prefix.new/stamp"
+  rm -rf "$prefix" "$build"
   mv "$prefix.new" "$prefix"
+}
+
+# build_all MACHINE...: all of them out of one unpacked source.
+build_all() {
+  rm -rf "$work"
+  mkdir -p "$work"
+  fetch_source
+  ask_of_core_only
+  for machine; do
+    use_machine "$machine"
+    build_machine
+  done
   rm -rf "$work"
 }
 
+stamp=$(sha256sum <"$recipe" | cut -c1-64)-$(dpkg-query -W -f '${source:Version}' qtbase5-dev-tools)
+
 case ${1-} in
-  '') ;;
-  --packages) packages; exit 0 ;;
-  --build) build_all; exit 0 ;;  # a process of its own, so that set -e holds in every function
-  *) fail "unknown argument $1" ;;
+  --packages) shift; packages "$@"; exit 0 ;;
+  # A process of its own, so that set -e holds in every function.
+  --build) shift; build_all "$@"; exit 0 ;;
+  '') fail 'for which machines? i686, x86_64 or both' ;;
 esac
 
-stamp=$(sha256sum <"$recipe" | cut -c1-64)-$(dpkg-query -W -f '${source:Version}' qtbase5-dev-tools)
-if [ "$(cat "$prefix/stamp" 2>/dev/null)" != "$stamp" ]; then
+packages "$@" >/dev/null  # knows the machines
+missing=
+for machine; do
+  use_machine "$machine"
+  [ "$(cat "$prefix/stamp" 2>/dev/null)" = "$stamp" ] || missing="$missing $machine"
+done
+if [ -n "$missing" ]; then
   mkdir -p "$cache"
-  if ! sh "$recipe" --build >"$log" 2>&1; then
+  # shellcheck disable=SC2086 # a list of words
+  if ! sh "$recipe" --build $missing >"$log" 2>&1; then
     tail -n 30 "$log" >&2
     fail "Qt could not be built; all of its output is in $log"
   fi
-  printf '%s\n' "$stamp" >"$prefix/stamp"
 fi
-printf '%s\n' "$prefix"
+for machine; do
+  use_machine "$machine"
+  printf '%s\n' "$prefix"
+done

@@ -1,18 +1,15 @@
 #!/bin/sh
 # Unpacks Wine for 32-bit Windows programs, once.
 #
-#   tools/windows/prepare_wine.sh    prints the folder that holds it
+#   tools/windows/prepare_wine.sh i686 x86_64
 #
-# Debian's i386 packages of Wine are fetched with lists of their own and unpacked into KYR_CACHE
-# (default: kyr in the user's cache folder). The machine's packages stay as they are: i386
+# The Wine for 64-bit programs is a package like any other, which --packages names. Debian's i386
+# packages of Wine are fetched with lists of their own and unpacked into KYR_CACHE (default: kyr in
+# the user's cache folder). The machine's packages stay as they are: i386
 # packages often lag behind the installed amd64 ones, and apt then refuses to install both, or
 # would downgrade half of the machine. Nothing here needs root. All that the machine itself must
 # have is libc6-i386, an amd64 package: the C library that starts 32-bit programs.
 set -eu
-
-packages() {
-  echo 'libc6-i386'
-}
 
 fail() {
   printf '%s\n' "prepare_wine: $*" >&2
@@ -24,6 +21,16 @@ cache=${KYR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kyr}
 root=$cache/wine-i386
 work=$cache/wine-i386.work
 log=$cache/wine-i386.log
+
+packages() {
+  for machine; do
+    case $machine in
+      i686) echo libc6-i386 ;;
+      x86_64) echo wine64 ;;
+      *) fail "unknown machine $machine" ;;
+    esac
+  done
+}
 
 # apt as a machine of its own: i386, with nothing installed.
 apt_i386() {
@@ -86,12 +93,16 @@ build_all() {
 }
 
 case ${1-} in
-  '') ;;
-  --packages) packages; exit 0 ;;
+  --packages) shift; packages "$@"; exit 0 ;;
   --build) build_all; exit 0 ;;  # a process of its own, so that set -e holds in every function
-  *) fail "unknown argument $1" ;;
+  '') fail 'for which machines? i686, x86_64 or both' ;;
 esac
 
+packages "$@" >/dev/null  # knows the machines
+case " $* " in
+  *' i686 '*) ;;
+  *) exit 0 ;;
+esac
 stamp=$(sha256sum <"$recipe" | cut -c1-64)
 if [ "$(cat "$root/stamp" 2>/dev/null)" != "$stamp" ]; then
   mkdir -p "$cache"
@@ -101,4 +112,3 @@ if [ "$(cat "$root/stamp" 2>/dev/null)" != "$stamp" ]; then
   fi
   printf '%s\n' "$stamp" >"$root/stamp"
 fi
-printf '%s\n' "$root"

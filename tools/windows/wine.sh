@@ -1,33 +1,44 @@
 #!/bin/sh
-# Runs a 32-bit Windows program in Wine.
+# Runs a Windows program in Wine.
 #
 #   tools/windows/wine.sh PROGRAM.EXE [ARGUMENT...]
 #   tools/windows/wine.sh --fresh    forgets the Windows of earlier runs and makes a new one
 #   tools/windows/wine.sh --stop     ends Wine's server with all that still runs in it
+#   tools/windows/wine.sh --64 ...   all of this for 64-bit programs instead of 32-bit ones
 #
-# WINEPREFIX names the folder of that Windows; without it, it lies in the folder build. The Wine
-# is the one that tools/windows/prepare_wine.sh unpacked.
+# WINEPREFIX names the folder of that Windows; without it, it lies in the folder build, one for each
+# kind of programs. The Wine for 32-bit programs is the one that tools/windows/prepare_wine.sh
+# unpacked, that for 64-bit ones Debian's package wine64.
 set -eu
 
+bits=32
+if [ "${1-}" = --64 ]; then
+  bits=64
+  shift
+fi
 top=$(CDPATH='' cd -- "$(dirname -- "$0")/../.." && pwd -P)
 cache=${KYR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kyr}
-root=$cache/wine-i386
-
-export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix}"
-export WINEARCH=win32
+if [ "$bits" = 64 ]; then
+  libraries=
+  export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix64}" WINEARCH=win64
+  export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
+else
+  root=$cache/wine-i386
+  libraries=$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu
+  export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix}" WINEARCH=win32
+  export WINELOADER="$root/usr/lib/wine/wine" WINESERVER="$root/usr/lib/wine/wineserver"
+fi
 export WINEDEBUG="${WINEDEBUG--all}"
 # Neither offers to download anything, nor makes entries in the desktop's menus.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES-mscoree=;mshtml=;winemenubuilder.exe=}"
-export WINELOADER="$root/usr/lib/wine/wine"
-export WINESERVER="$root/usr/lib/wine/wineserver"
 
 if [ ! -x "$WINELOADER" ]; then
-  printf '%s\n' "wine.sh: there is no Wine yet; run tools/windows/prepare_wine.sh" >&2
+  printf '%s\n' "wine.sh: there is no Wine for $bits bits yet; ./dev windows --$bits prepares it" >&2
   exit 127
 fi
 
 with_libraries() {
-  LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu" "$@"
+  LD_LIBRARY_PATH="$libraries" "$@"
 }
 
 stop() {
@@ -91,7 +102,7 @@ case ${1-} in
     ;;
   *)
     ensure_started
-    export LD_LIBRARY_PATH="$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu"
+    export LD_LIBRARY_PATH="$libraries"
     run "$@"
     ;;
 esac
