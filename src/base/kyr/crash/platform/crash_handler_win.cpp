@@ -132,8 +132,8 @@ bool startHelper(LPTHREAD_START_ROUTINE function, Break* broken) noexcept {
   Fatal::endProcess(1);
 }
 
-/// Whether it is a throw of C++ that finds nobody to catch it: 64-bit programs throw by exceptions of
-/// the system. The throw goes on behind it, to std::terminate().
+/// Whether it is a throw of C++ that finds nobody to catch it: 64-bit programs throw by exceptions
+/// of the system. The throw goes on behind it, to std::terminate().
 bool isThrow(const EXCEPTION_RECORD& record) noexcept {
   return record.ExceptionCode == uncaughtExceptionCode &&
          (record.ExceptionFlags & EXCEPTION_NONCONTINUABLE) == 0;
