@@ -70,7 +70,8 @@ fetch_source() {
 # fourth source reads the system's headers, which takes longer than the rest of it: they become part
 # of the header that is parsed once.
 prepare_source() {
-  sed -i '$i\#include <qt_windows.h>' "$work/source/src/corelib/global/qt_pch.h"
+  sed -i '$i\#define NOMINMAX\n#include <winsock2.h>\n#include <qt_windows.h>' \
+    "$work/source/src/corelib/global/qt_pch.h"
   sed -i '/"subconfigs": \[/,/\]/{/"src\/corelib"/s/,//;/"src\/corelib"\|subconfigs\|\]/!d}' \
     "$work/source/configure.json"
 }
@@ -120,8 +121,7 @@ add_host_programs() {
 make_qt() {
   add_host_programs
   for part in 3rdparty/pcre2 corelib winmain; do
-    run_qmake "src/$part/$(basename "$part").pro" QMAKE_CFLAGS_OPTIMIZE_FULL=-O2 \
-      DEFINES+=WIN32_LEAN_AND_MEAN
+    run_qmake "src/$part/$(basename "$part").pro" QMAKE_CFLAGS_OPTIMIZE_FULL=-O2
     make -C "$build/src/$part" -j "$(nproc)" release
   done
   make -C "$build/src/corelib" -j "$(nproc)" release-install

@@ -7,8 +7,7 @@
 #   tools/windows/wine.sh --64 ...   all of this for 64-bit programs instead of 32-bit ones
 #
 # WINEPREFIX names the folder of that Windows; without it, it lies in the folder build, one for each
-# kind of programs. The Wine for 32-bit programs is the one that tools/windows/prepare_wine.sh
-# unpacked, that for 64-bit ones Debian's package wine64.
+# kind of programs. The Wine is the one that tools/windows/prepare_wine.sh unpacked.
 set -eu
 
 bits=32
@@ -19,15 +18,15 @@ fi
 top=$(CDPATH='' cd -- "$(dirname -- "$0")/../.." && pwd -P)
 cache=${KYR_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kyr}
 if [ "$bits" = 64 ]; then
-  libraries=
+  root=$cache/wine-amd64
+  libraries=$root/usr/lib/x86_64-linux-gnu:$root/lib/x86_64-linux-gnu
   export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix64}" WINEARCH=win64
-  export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
 else
   root=$cache/wine-i386
   libraries=$root/usr/lib/i386-linux-gnu:$root/lib/i386-linux-gnu
   export WINEPREFIX="${WINEPREFIX:-$top/build/wine-prefix}" WINEARCH=win32
-  export WINELOADER="$root/usr/lib/wine/wine" WINESERVER="$root/usr/lib/wine/wineserver"
 fi
+export WINELOADER="$root/usr/lib/wine/wine" WINESERVER="$root/usr/lib/wine/wineserver"
 export WINEDEBUG="${WINEDEBUG--all}"
 # Neither offers to download anything, nor makes entries in the desktop's menus.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES-mscoree=;mshtml=;winemenubuilder.exe=}"
