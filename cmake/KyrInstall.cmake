@@ -22,6 +22,7 @@ if(WIN32)
 else()
   kyr_split_symbols(Kyr "${CMAKE_INSTALL_LIBDIR}")
 endif()
+include(KyrDebuggers)
 install(EXPORT KyrTargets NAMESPACE Kyr:: DESTINATION "${KYR_INSTALL_CMAKEDIR}")
 
 configure_package_config_file(

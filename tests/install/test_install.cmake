@@ -45,14 +45,15 @@ say("${CMAKE_COMMAND}" --install "${build}" --prefix "${planned}")
 file(RENAME "${planned}" "${root}")
 
 # What is there, and what must not be.
-set(files include/kyr/core/KyrException.h)
+set(files include/kyr/core/KyrException.h share/kyr/kyr.natvis)
 set(messages share/kyr/messages)
 if(system STREQUAL Windows)
   set(exe .exe)
   set(messages messages)
   list(APPEND files bin/libKyr.dll bin/Qt5Core.dll ${libdir}/libKyr.dll.a)
 else()
-  list(APPEND files ${libdir}/lib${package}.so ${libdir}/lib${package}.so.6)
+  list(APPEND files ${libdir}/lib${package}.so ${libdir}/lib${package}.so.6
+    ${libdir}/lib${package}.so.${version}.6-gdb.py)
   if(tool)
     list(APPEND files share/man/man1/kyr.1 share/bash-completion/completions/kyr
       share/zsh/site-functions/_kyr)
@@ -63,6 +64,15 @@ foreach(file IN LISTS files ITEMS ${messages}/Kyr_en.qm ${messages}/Kyr_pt.qm)
     message(FATAL_ERROR "not installed: ${file}")
   endif()
 endforeach()
+# A debugger of the system looks elsewhere for what belongs to libraries of the system.
+if(NOT system STREQUAL Windows)
+  say("${CMAKE_COMMAND}" -E env "DESTDIR=${area}/system"
+    "${CMAKE_COMMAND}" --install "${build}" --prefix /usr --component debuggers)
+  set(script "share/gdb/auto-load/usr/${libdir}/libKyr.so.${version}.6-gdb.py")
+  if(NOT EXISTS "${area}/system/usr/${script}")
+    message(FATAL_ERROR "not installed for a debugger of the system: ${script}")
+  endif()
+endif()
 file(GLOB_RECURSE private "${root}/include/*_p.h" "${root}/include/*.cpp")
 if(private)
   message(FATAL_ERROR "installed, though private: ${private}")
