@@ -13,7 +13,8 @@
 #define KYR_EXPORT __attribute__((visibility("default")))
 #endif
 
-/// For a private class inside of an exported one, which otherwise is exported with it.
+/// For what is private inside of an exported class, and otherwise is exported with it: classes,
+/// functions that are not virtual, and data, unless inline code of public headers needs them.
 #if defined(_WIN32)
 #define KYR_HIDDEN
 #else

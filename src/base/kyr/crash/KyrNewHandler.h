@@ -62,16 +62,16 @@ class KYR_EXPORT NewHandler {
  private:
   friend class KyrInit;
   /// Makes freeMemory() the process's handler; a second call changes nothing.
-  static void install() noexcept;
-  static void addHandler(NewHandler* handler);
-  static void removeHandler(NewHandler* handler);
-  static bool askHandlers() KYR_REQUIRES(_lock);
-  static bool askHandlersUnlessLocked();
+  KYR_HIDDEN static void install() noexcept;
+  KYR_HIDDEN static void addHandler(NewHandler* handler);
+  KYR_HIDDEN static void removeHandler(NewHandler* handler);
+  KYR_HIDDEN static bool askHandlers() KYR_REQUIRES(_lock);
+  KYR_HIDDEN static bool askHandlersUnlessLocked();
 
   // References to what is never destroyed: allocations fail until the very end of a process.
-  static Mutex& _lock;
-  static std::vector<NewHandler*>& _new_handler KYR_GUARDED_BY(_lock);
-  static std::new_handler _system_new_handler;  // set before other threads exist
+  KYR_HIDDEN static Mutex& _lock;
+  KYR_HIDDEN static std::vector<NewHandler*>& _new_handler KYR_GUARDED_BY(_lock);
+  KYR_HIDDEN static std::new_handler _system_new_handler;  // set before other threads exist
 };
 
 }  // namespace Kyr

@@ -100,10 +100,10 @@ class KYR_EXPORT DebugTimer {
     std::int64_t traced;  // of the trace; 0 without one
   };
 
-  double milliseconds(std::int64_t from, std::int64_t to) const;
-  QString timeText(double time) const;
-  QString marksText() const;
-  QString intervalsText() const;
+  KYR_HIDDEN double milliseconds(std::int64_t from, std::int64_t to) const;
+  KYR_HIDDEN QString timeText(double time) const;
+  KYR_HIDDEN QString marksText() const;
+  KYR_HIDDEN QString intervalsText() const;
 
   QString _title;
   int _precision = 2;

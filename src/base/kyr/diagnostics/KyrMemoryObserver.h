@@ -91,8 +91,8 @@ class KYR_EXPORT MemoryObserver {
     Callback callback;
     bool armed;  ///< would call back
   };
-  std::vector<Watch>::iterator find(unsigned number);
-  void callBack(unsigned number, const MemoryUse& use);
+  KYR_HIDDEN std::vector<Watch>::iterator find(unsigned number);
+  KYR_HIDDEN void callBack(unsigned number, const MemoryUse& use);
 
   Source _source;
   std::vector<Watch> _watches;

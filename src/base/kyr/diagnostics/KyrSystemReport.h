@@ -145,10 +145,10 @@ class KYR_EXPORT SystemReport {
   static QString blankSecrets(const QString& name, const QString& value);
 
  private:
-  void findCrash();
-  void addFile(const QString& name, const QByteArray& contents, std::int64_t modified);
-  QString textName(std::size_t index) const;
-  void pack(const QString& fileName) const;
+  KYR_HIDDEN void findCrash();
+  KYR_HIDDEN void addFile(const QString& name, const QByteArray& contents, std::int64_t modified);
+  KYR_HIDDEN QString textName(std::size_t index) const;
+  KYR_HIDDEN void pack(const QString& fileName) const;
 
   std::int64_t _seconds;  // when it was made
   bool _isOutOfMemory = false;

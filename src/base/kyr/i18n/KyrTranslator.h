@@ -100,7 +100,8 @@ class KYR_EXPORT Translator {
   void setLanguage(Lang_t language);
 
  private:
-  void initLanguage(const QString& language, const QString& defaultLanguage, unsigned mask);
+  KYR_HIDDEN void initLanguage(const QString& language, const QString& defaultLanguage,
+                               unsigned mask);
 
   QString _language;
   QString _default_language;

@@ -144,37 +144,40 @@ class KYR_EXPORT Progress {
   KYR_HIDDEN static bool store(int min, int max, unsigned value) KYR_REQUIRES(_mutex_progress);
   /// Holds #_event_mutex while it asks the creators and posts; never called with
   /// #_mutex_progress held.
-  static void createGUIEvents();
+  KYR_HIDDEN static void createGUIEvents();
 
   // References to what is never destroyed: threads of an application, and its static objects,
   // may outlive the static data of this library. Lock order: _split_mutex before each of
   // _mutex_progress and _event_mutex, which never nest.
-  static Mutex& _mutex_progress;
-  static Mutex& _split_mutex;
-  static Mutex& _abort_mutex;
-  static Mutex& _event_mutex;
+  KYR_HIDDEN static Mutex& _mutex_progress;
+  KYR_HIDDEN static Mutex& _split_mutex;
+  KYR_HIDDEN static Mutex& _abort_mutex;
+  KYR_HIDDEN static Mutex& _event_mutex;
 
-  static unsigned _value KYR_GUARDED_BY(_mutex_progress);
-  static int _min KYR_GUARDED_BY(_mutex_progress);
-  static int _max KYR_GUARDED_BY(_mutex_progress);
-  static int _overall KYR_GUARDED_BY(_mutex_progress);  // the percentage of the three above
-  static QString& _text KYR_GUARDED_BY(_mutex_progress);
-  static bool _text_time_set KYR_GUARDED_BY(_mutex_progress);
-  static Time _text_time KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static unsigned _value KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static int _min KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static int _max KYR_GUARDED_BY(_mutex_progress);
+  // The percentage of the three above.
+  KYR_HIDDEN static int _overall KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static QString& _text KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static bool _text_time_set KYR_GUARDED_BY(_mutex_progress);
+  KYR_HIDDEN static Time _text_time KYR_GUARDED_BY(_mutex_progress);
 
-  static int _split_min KYR_GUARDED_BY(_split_mutex);
-  static int _split_max KYR_GUARDED_BY(_split_mutex);
-  static unsigned _split_steps KYR_GUARDED_BY(_split_mutex);
-  static unsigned _steps_done KYR_GUARDED_BY(_split_mutex);
+  KYR_HIDDEN static int _split_min KYR_GUARDED_BY(_split_mutex);
+  KYR_HIDDEN static int _split_max KYR_GUARDED_BY(_split_mutex);
+  KYR_HIDDEN static unsigned _split_steps KYR_GUARDED_BY(_split_mutex);
+  KYR_HIDDEN static unsigned _steps_done KYR_GUARDED_BY(_split_mutex);
 
-  static bool _abort KYR_GUARDED_BY(_abort_mutex);
+  KYR_HIDDEN static bool _abort KYR_GUARDED_BY(_abort_mutex);
 
-  static void settleEvents() KYR_REQUIRES(_event_mutex);
+  KYR_HIDDEN static void settleEvents() KYR_REQUIRES(_event_mutex);
 
-  static int _create_events KYR_GUARDED_BY(_event_mutex);
-  static QObject* _event_receiver KYR_GUARDED_BY(_event_mutex);
-  static std::vector<GUIThreadEventCreator*>& _event_creators KYR_GUARDED_BY(_event_mutex);
-  static std::atomic<bool> _makes_events;  // of the first two; written under _event_mutex
+  KYR_HIDDEN static int _create_events KYR_GUARDED_BY(_event_mutex);
+  KYR_HIDDEN static QObject* _event_receiver KYR_GUARDED_BY(_event_mutex);
+  KYR_HIDDEN static std::vector<GUIThreadEventCreator*>& _event_creators
+      KYR_GUARDED_BY(_event_mutex);
+  // Of the first two; written under _event_mutex.
+  KYR_HIDDEN static std::atomic<bool> _makes_events;
 };
 
 }  // namespace Kyr

@@ -137,18 +137,18 @@ class KYR_EXPORT JobManager {
  private:
   friend class Worker;
 
-  void waitForJob() KYR_REQUIRES(_jobMutex);
-  void wakeWaiting() KYR_REQUIRES(_jobMutex);
-  void registerWorker(Worker* worker);
+  KYR_HIDDEN void waitForJob() KYR_REQUIRES(_jobMutex);
+  KYR_HIDDEN void wakeWaiting() KYR_REQUIRES(_jobMutex);
+  KYR_HIDDEN void registerWorker(Worker* worker);
   /// Raises an internal error for a worker that is not registered.
-  bool isValidWorker(const Worker* worker) const;
-  bool isInterruptedNow() const KYR_REQUIRES(_interruptMutex);
-  bool getJobData(Worker* worker) KYR_REQUIRES(_jobMutex);
-  void notifyJobDone(Worker* worker) KYR_REQUIRES(_jobMutex);
+  KYR_HIDDEN bool isValidWorker(const Worker* worker) const;
+  KYR_HIDDEN bool isInterruptedNow() const KYR_REQUIRES(_interruptMutex);
+  KYR_HIDDEN bool getJobData(Worker* worker) KYR_REQUIRES(_jobMutex);
+  KYR_HIDDEN void notifyJobDone(Worker* worker) KYR_REQUIRES(_jobMutex);
   /// Reports the job that a worker has done, if any, and gives it the next; waits for one. Does all
   /// of it in one lock of the job mutex: giving it back in between would cost a turn of the others.
   /// \return false when the worker is to end
-  bool takeJob(Worker* worker, bool hasDone);
+  KYR_HIDDEN bool takeJob(Worker* worker, bool hasDone);
 
   std::vector<Worker*> _workers;
   Mutex _jobMutex;
@@ -210,10 +210,10 @@ class KYR_EXPORT Worker : public Thread {
  private:
   friend class CatchingWorker;
 
-  void setState(WorkerState_t state);
-  void setState(WorkerState_t state, int progress);
+  KYR_HIDDEN void setState(WorkerState_t state);
+  KYR_HIDDEN void setState(WorkerState_t state, int progress);
   /// Counts the present job as a step, once.
-  void countJob();
+  KYR_HIDDEN void countJob();
 
   JobManager* _manager;
   mutable Mutex _workerMutex;
@@ -265,7 +265,7 @@ class KYR_EXPORT CatchingWorker : public Worker {
 
  private:
   void executeJob() final;
-  void keep(std::exception_ptr exception);
+  KYR_HIDDEN void keep(std::exception_ptr exception);
 
   mutable Mutex _failureMutex;
   std::exception_ptr _exception KYR_GUARDED_BY(_failureMutex);

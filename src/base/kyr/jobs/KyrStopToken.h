@@ -93,9 +93,9 @@ class KYR_EXPORT StopToken {
 
   explicit StopToken(std::shared_ptr<State> state);
   /// What Progress tells under its lock.
-  static void markOfProgress(bool stopped) noexcept;
+  KYR_HIDDEN static void markOfProgress(bool stopped) noexcept;
   /// What Progress tells behind its lock.
-  static void callOfProgress() noexcept;
+  KYR_HIDDEN static void callOfProgress() noexcept;
 
   std::shared_ptr<State> _state;
 };

@@ -70,8 +70,8 @@ class KYR_EXPORT PoolThread : public Thread {
   };
 
   /// \return false when the thread is to exit
-  bool awaitRequest();
-  void reportDone();
+  KYR_HIDDEN bool awaitRequest();
+  KYR_HIDDEN void reportDone();
 
   PoolState_t _state KYR_GUARDED_BY(_mutex) = Idle;
   Mutex _mutex;
@@ -116,13 +116,13 @@ class KYR_EXPORT PoolForThreads {
   PoolForThreads();
   ~PoolForThreads();
 
-  void destroyThreadsImp(QString name) KYR_REQUIRES(_m);
-  void destroyAllThreads() KYR_REQUIRES(_m);
+  KYR_HIDDEN void destroyThreadsImp(QString name) KYR_REQUIRES(_m);
+  KYR_HIDDEN void destroyAllThreads() KYR_REQUIRES(_m);
 
   std::map<QString, std::vector<PoolThread*>> _threads KYR_GUARDED_BY(_m);
 
-  static PoolForThreads* _pool;
-  static Mutex& _m;  // never destroyed: a thread may hold it while the process ends
+  KYR_HIDDEN static PoolForThreads* _pool;
+  KYR_HIDDEN static Mutex& _m;  // never destroyed: a thread may hold it while the process ends
 };
 
 }  // namespace Kyr

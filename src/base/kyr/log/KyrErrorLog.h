@@ -68,11 +68,12 @@ class KYR_EXPORT LogText {
     int noteSize = 0;         ///< characters of the note and its line feed; 0 without a note
   };
 
-  void turn(bool reversed) const;
-  void enter(const QString& message, bool reversed, bool withFeed) noexcept;
-  bool keep(const QString& message, bool reversed, bool withFeed, std::int64_t most) noexcept;
-  void put(const QString& message, bool withFeed);
-  void shorten(std::int64_t most);
+  KYR_HIDDEN void turn(bool reversed) const;
+  KYR_HIDDEN void enter(const QString& message, bool reversed, bool withFeed) noexcept;
+  KYR_HIDDEN bool keep(const QString& message, bool reversed, bool withFeed,
+                       std::int64_t most) noexcept;
+  KYR_HIDDEN void put(const QString& message, bool withFeed);
+  KYR_HIDDEN void shorten(std::int64_t most);
 
   mutable QString _text;
   mutable bool _reversed = false;  ///< _text runs from its last character to its first

@@ -63,11 +63,11 @@ class KYR_EXPORT Compress {
 
  private:
   enum State_t { Open, Finished, Failed };
-  void compress(const void* data, unsigned length, bool finish);
-  bool toPieces(const void* data, unsigned length, bool finish);
-  bool toEngine(const void* data, unsigned length, bool finish);
-  void provideRoom();
-  void commit();
+  KYR_HIDDEN void compress(const void* data, unsigned length, bool finish);
+  KYR_HIDDEN bool toPieces(const void* data, unsigned length, bool finish);
+  KYR_HIDDEN bool toEngine(const void* data, unsigned length, bool finish);
+  KYR_HIDDEN void provideRoom();
+  KYR_HIDDEN void commit();
 
   StructVector<unsigned char>* _out;
   std::unique_ptr<DeflateEngine> _engine;
@@ -119,7 +119,7 @@ class KYR_EXPORT Decompress {
   bool read(StructVector<unsigned char>* out);
 
  private:
-  bool inflateInto(void* room, unsigned length, unsigned* produced, bool* ended);
+  KYR_HIDDEN bool inflateInto(void* room, unsigned length, unsigned* produced, bool* ended);
 
   const unsigned char* _rest;
   std::size_t _restSize;

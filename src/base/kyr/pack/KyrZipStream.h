@@ -70,18 +70,18 @@ class KYR_EXPORT ZipOutStreamBuffer : public std::streambuf {
 
  private:
   friend class ZipOutStream;
-  void start(unsigned fileVersion, const ZipPieces* pieces);
-  bool startPieces(const ZipPieces& pieces);
-  bool addPiece();
-  bool compress(const char* bytes, unsigned length, bool finish);
-  bool compressPutArea(bool finish);
-  bool finish();
-  bool send(const char* bytes, std::size_t count);
-  bool sendBlock(unsigned length, bool withEndMark);
-  void sendWhatIsHeld();
-  bool settleTarget();
-  void provideRoom();
-  void release();
+  KYR_HIDDEN void start(unsigned fileVersion, const ZipPieces* pieces);
+  KYR_HIDDEN bool startPieces(const ZipPieces& pieces);
+  KYR_HIDDEN bool addPiece();
+  KYR_HIDDEN bool compress(const char* bytes, unsigned length, bool finish);
+  KYR_HIDDEN bool compressPutArea(bool finish);
+  KYR_HIDDEN bool finish();
+  KYR_HIDDEN bool send(const char* bytes, std::size_t count);
+  KYR_HIDDEN bool sendBlock(unsigned length, bool withEndMark);
+  KYR_HIDDEN void sendWhatIsHeld();
+  KYR_HIDDEN bool settleTarget();
+  KYR_HIDDEN void provideRoom();
+  KYR_HIDDEN void release();
   bool hasRoom(std::streamsize count) const { return count <= epptr() - pptr(); }
   void store(const char* bytes, std::streamsize count);
 
@@ -149,7 +149,7 @@ class KYR_EXPORT ZipOutStream : public std::ostream {
   void abandon();
 
  private:
-  void start();
+  KYR_HIDDEN void start();
 
   const std::unique_ptr<ZipOutStreamBuffer> _buffer;
 };
@@ -305,7 +305,7 @@ class KYR_EXPORT ZipInStream : public std::istream {
   static constexpr std::size_t mostHeaderBytes = std::size_t{16} << 20U;
 
  private:
-  void start();
+  KYR_HIDDEN void start();
 
   struct Count;
   friend class ZipInStreamBuffer;
@@ -352,25 +352,25 @@ class KYR_EXPORT ZipInStreamBuffer : public std::streambuf {
 
  private:
   friend class ZipInStream;
-  void start(unsigned newestVersion);
-  void readHeader(unsigned newestVersion);
-  void refuse(ZipInStream::HeaderError_t error, const QString& text);
-  std::size_t producePieces(char* room, std::size_t length);
-  void judgeFrame();
-  void goTo(std::uint64_t position);
-  void lookAhead();
-  std::size_t takeAhead();
-  std::size_t produce(char* room, std::size_t length);
-  void inflateOnce();
-  void provideInput();
-  void judgeEnd();
-  bool fillGetArea();
+  KYR_HIDDEN void start(unsigned newestVersion);
+  KYR_HIDDEN void readHeader(unsigned newestVersion);
+  KYR_HIDDEN void refuse(ZipInStream::HeaderError_t error, const QString& text);
+  KYR_HIDDEN std::size_t producePieces(char* room, std::size_t length);
+  KYR_HIDDEN void judgeFrame();
+  KYR_HIDDEN void goTo(std::uint64_t position);
+  KYR_HIDDEN void lookAhead();
+  KYR_HIDDEN std::size_t takeAhead();
+  KYR_HIDDEN std::size_t produce(char* room, std::size_t length);
+  KYR_HIDDEN void inflateOnce();
+  KYR_HIDDEN void provideInput();
+  KYR_HIDDEN void judgeEnd();
+  KYR_HIDDEN bool fillGetArea();
   bool holds(std::streamsize count) const { return count <= egptr() - gptr(); }
   void fetch(char* room, std::streamsize count);
-  std::streamsize fillAreas(char* room, std::streamsize count);
-  void keepForUnget(char last);
-  bool isFaulty() const;
-  void reportFault(std::streamsize delivered, std::streamsize wanted);
+  KYR_HIDDEN std::streamsize fillAreas(char* room, std::streamsize count);
+  KYR_HIDDEN void keepForUnget(char last);
+  KYR_HIDDEN bool isFaulty() const;
+  KYR_HIDDEN void reportFault(std::streamsize delivered, std::streamsize wanted);
 
   TraceLife _traced{"ZipInStream", "read"};
   std::unique_ptr<std::ifstream> _file;

@@ -150,16 +150,17 @@ class KYR_EXPORT ZippedTarWriter {
   const std::vector<ZippedTarLoss>& getLosses() const { return _losses; }
 
  private:
-  QString writeHeader(const QString& name, std::int64_t modified, std::int64_t size);
-  QString addStream(std::ifstream& in, const QString& name, std::int64_t modified,
-                    std::int64_t size);
-  bool copyContent(std::ifstream& in, std::int64_t size);
-  void fillLastBlock(std::int64_t size);
-  bool expectAdded(const QString& path, const QString& reason);
-  QString addIfReadable(const QString& path, const TarFiles::Facts& facts, const QString& name);
-  void addEntries(const QString& dir, const QStringList& entries, bool recursive,
-                  const QString& prefix);
-  void addEntry(const QString& path, bool recursive, const QString& name);
+  KYR_HIDDEN QString writeHeader(const QString& name, std::int64_t modified, std::int64_t size);
+  KYR_HIDDEN QString addStream(std::ifstream& in, const QString& name, std::int64_t modified,
+                               std::int64_t size);
+  KYR_HIDDEN bool copyContent(std::ifstream& in, std::int64_t size);
+  KYR_HIDDEN void fillLastBlock(std::int64_t size);
+  KYR_HIDDEN bool expectAdded(const QString& path, const QString& reason);
+  KYR_HIDDEN QString addIfReadable(const QString& path, const TarFiles::Facts& facts,
+                                   const QString& name);
+  KYR_HIDDEN void addEntries(const QString& dir, const QStringList& entries, bool recursive,
+                             const QString& prefix);
+  KYR_HIDDEN void addEntry(const QString& path, bool recursive, const QString& name);
 
   TraceLife _traced{"ZippedTarWriter", "save"};
   std::unique_ptr<TarTarget> _target;
@@ -276,7 +277,7 @@ class KYR_EXPORT ZippedTarReader {
     std::int64_t modified;
   };
   friend class TarParser;
-  const File& at(unsigned int index, const char* function, unsigned line) const;
+  KYR_HIDDEN const File& at(unsigned int index, const char* function, unsigned line) const;
 
   std::vector<File> _files;
   std::vector<QString> _directories;

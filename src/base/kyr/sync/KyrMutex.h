@@ -177,7 +177,7 @@ class KYR_EXPORT Condition {
   void waitWatched();
   /// \param milliseconds a negative number waits for ever
   /// \return false when nobody woke it in time
-  bool waitAtMost(int milliseconds);
+  KYR_HIDDEN bool waitAtMost(int milliseconds);
 
   Condition(const Condition&);
   Condition& operator=(const Condition&);
@@ -253,11 +253,11 @@ class KYR_EXPORT KYR_CAPABILITY("mutex") MutexReadWrite {
     Platform::orderedBefore(&_internal);
     static_cast<QBasicMutex&>(_internal).unlock();
   }
-  void sleep();
+  KYR_HIDDEN void sleep();
   void awaitNoWriter();
-  void sleep(LockBooks::Attempt& attempt);
+  KYR_HIDDEN void sleep(LockBooks::Attempt& attempt);
   void lockReadWatched();
-  void lockWriteWatched();
+  KYR_HIDDEN void lockWriteWatched();
   void forgetHolder() noexcept;
   /// Leaves the internal mutex locked.
   [[noreturn]] static void refuseReader(const char* function, const char* file, unsigned line);

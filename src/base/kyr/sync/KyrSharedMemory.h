@@ -67,8 +67,8 @@ class KYR_EXPORT SharedMemory {
   static void freeSharedMemoryResources();
 
  private:
-  void enter();
-  void leave();
+  KYR_HIDDEN void enter();
+  KYR_HIDDEN void leave();
 
   unsigned _size;
   int _id;
@@ -77,8 +77,8 @@ class KYR_EXPORT SharedMemory {
 
   // The registry: a list through the objects, as it must not need the heap. Its lock is never
   // destroyed.
-  static Mutex& _m_shm_obj;
-  static SharedMemory* _first KYR_GUARDED_BY(_m_shm_obj);
+  KYR_HIDDEN static Mutex& _m_shm_obj;
+  KYR_HIDDEN static SharedMemory* _first KYR_GUARDED_BY(_m_shm_obj);
   SharedMemory* _previous = nullptr;
   SharedMemory* _next = nullptr;
 };

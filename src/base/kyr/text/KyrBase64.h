@@ -40,11 +40,12 @@ class KYR_EXPORT Base64 {
 
  private:
   Base64() = delete;
-  static void encodeAll(const unsigned char* from, std::size_t size, unsigned char* to);
-  static unsigned char* decodeAll(const unsigned char* from, std::size_t size, unsigned char* to);
-  static void encodeBlock(unsigned char* in, unsigned char* out, unsigned int count);
-  static void decodeBlock(unsigned char* in, unsigned char* out);
-  static unsigned int decodeGroup(const unsigned char* in, unsigned char* out);
+  KYR_HIDDEN static void encodeAll(const unsigned char* from, std::size_t size, unsigned char* to);
+  KYR_HIDDEN static unsigned char* decodeAll(const unsigned char* from, std::size_t size,
+                                             unsigned char* to);
+  KYR_HIDDEN static void encodeBlock(unsigned char* in, unsigned char* out, unsigned int count);
+  KYR_HIDDEN static void decodeBlock(unsigned char* in, unsigned char* out);
+  KYR_HIDDEN static unsigned int decodeGroup(const unsigned char* in, unsigned char* out);
 };
 
 }  // namespace Kyr

@@ -73,9 +73,9 @@ class KYR_EXPORT NumString {
   void increment();
 
  private:
-  void parseString();
-  void addPart(int end, const int* value);
-  void keepStart();
+  KYR_HIDDEN void parseString();
+  KYR_HIDDEN void addPart(int end, const int* value);
+  KYR_HIDDEN void keepStart();
   bool isPartNumber(unsigned int index) const { return (index % 2 == 0) == _firstIsNumber; }
   bool isInPlace() const { return _inPlaceCount <= static_cast<int>(_endsInPlace.size()); }
   int count() const { return isInPlace() ? _inPlaceCount : static_cast<int>(_ends.size()); }

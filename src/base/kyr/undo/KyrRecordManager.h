@@ -80,8 +80,9 @@ class KYR_EXPORT StructRecordVectorBase {
   static void resetAllRecordingModes();
 
  private:
-  static Mutex& _lock;
-  static std::set<StructRecordVectorBase*>* _instances KYR_GUARDED_BY(_lock);  // null at first
+  KYR_HIDDEN static Mutex& _lock;
+  // Null at first.
+  KYR_HIDDEN static std::set<StructRecordVectorBase*>* _instances KYR_GUARDED_BY(_lock);
 };
 
 }  // namespace Kyr

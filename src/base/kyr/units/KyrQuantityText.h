@@ -118,10 +118,10 @@ class KYR_EXPORT QuantityText {
  private:
   enum class Digits_t : unsigned { Meaningful, Decimals, Significant, Exact };
 
-  Unit::Units_t expectedUnit() const;
-  QuantityReading reckoned(const QString& text, QuantityReading single) const;
-  QString numberIn(double value, const UnitName& unit) const;
-  QString textIn(double value, const UnitName& unit) const;
+  KYR_HIDDEN Unit::Units_t expectedUnit() const;
+  KYR_HIDDEN QuantityReading reckoned(const QString& text, QuantityReading single) const;
+  KYR_HIDDEN QString numberIn(double value, const UnitName& unit) const;
+  KYR_HIDDEN QString textIn(double value, const UnitName& unit) const;
 
   const Unit* _kind;
   const UnitLinear* _linear;  // the kind; null for one with conversions of its own

@@ -189,7 +189,7 @@ class KYR_EXPORT Unit {
  private:
   friend class UnitDiff;
   /// Identifiers of all living kinds.
-  static std::map<const Unit*, QString>& unit_ids;
+  KYR_HIDDEN static std::map<const Unit*, QString>& unit_ids;
 
   Units_t _default = Millimetre;
   QString _name;
@@ -293,10 +293,10 @@ class KYR_EXPORT UnitDiff : public UnitLinear {
 
  private:
   UnitDiff(const UnitDiff& other);
-  static QString getID(const Unit* base, const QString& denominator);
+  KYR_HIDDEN static QString getID(const Unit* base, const QString& denominator);
 
   /// All living difference units by their identifiers.
-  static std::map<QString, UnitDiff*>& diff_units;
+  KYR_HIDDEN static std::map<QString, UnitDiff*>& diff_units;
 };
 
 }  // namespace Kyr
