@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <optional>
 
 namespace Kyr {
@@ -48,6 +49,8 @@ struct StartOptions {
   /// With keepStreams: writes the report of a crash to KyrInit::getProgramLogfile(), too, where
   /// KyrInit::lastCrash() finds it. On Linux standard error gets it when it is whole.
   bool keepReport = false;
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Starts and ends the library; afterwards everybody asks it for the application and its

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 
 class QTimer;
@@ -28,6 +29,8 @@ struct HeartbeatOptions {
   /// to standard error.
   SyncErrorLog* log = nullptr;
   Journal* journal = nullptr;  ///< as an error of the source "heartbeat"
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Watches a thread, typically the one with windows: that thread beats, and another one, which

@@ -23,6 +23,8 @@ struct CrashReport {
   std::int64_t process = 0;  ///< its number; 0 when not known
   bool isWhole = false;      ///< whether the report came to its end
   bool isSeen = false;       ///< whether CrashReports::acknowledge() was called for it
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Finds the reports of crashes, so that an application can offer to send the last one of its own.

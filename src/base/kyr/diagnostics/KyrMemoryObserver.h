@@ -20,6 +20,8 @@ struct MemoryUse {
   std::uint64_t addressTotal = 0;      ///< what the process can address; 0 on 64-bit systems, which
                                        ///< have enough of it
   std::uint64_t addressAvailable = 0;  ///< what of that is free; 0 where addressTotal is
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Calls back when memory runs short, so that an application drops caches or warns the user
@@ -97,6 +99,8 @@ class KYR_EXPORT MemoryObserver {
   Source _source;
   std::vector<Watch> _watches;
   unsigned _lastNumber = 0;
+  // What later versions need besides.
+  [[maybe_unused]] void* _more = nullptr;
 };
 
 }  // namespace Kyr

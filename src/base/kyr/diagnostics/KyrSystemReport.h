@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -72,6 +73,8 @@ class KYR_EXPORT SystemReport {
     std::int64_t logSize = 1 << 20;    ///< bytes of each; of a longer one its end
     unsigned dumps = 0;                ///< files; they hold memory of the process, with secrets
     std::int64_t dumpSize = 64 << 20;  ///< bytes; a larger dump is left out
+    /// For later versions.
+    std::uintptr_t spare[4] = {};
   };
 
   /// A file that the archive will hold.
@@ -156,6 +159,8 @@ class KYR_EXPORT SystemReport {
   std::vector<Section> _sections;
   std::vector<File> _files;
   QStringList _remarks;
+  // What later versions need besides.
+  std::shared_ptr<void> _more;
 };
 
 }  // namespace Kyr

@@ -41,6 +41,8 @@ struct ParallelOptions {
   std::size_t grain = 0;
   /// Stops the loop; by default the token of the work around, see StopToken::current().
   std::optional<StopToken> stop = std::nullopt;
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 namespace Parallel {

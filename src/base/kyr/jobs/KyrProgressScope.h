@@ -137,6 +137,8 @@ class KYR_EXPORT ProgressScope {
   std::atomic<unsigned> _parts{0};
   double _begun = 0;  // seconds, where pauses are measured
   const TraceSpan _traced;
+  // What later versions need besides.
+  [[maybe_unused]] void* _more = nullptr;
 };
 
 }  // namespace Kyr

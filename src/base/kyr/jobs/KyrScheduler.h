@@ -162,6 +162,8 @@ class KYR_EXPORT JobManager {
   ProgressScope* _scope = nullptr;
   /// Workers that went to sleep since the last broadcast; there is none to wake when it is 0.
   unsigned _waiting KYR_GUARDED_BY(_jobMutex) = 0;
+  // What later versions need besides.
+  [[maybe_unused]] void* _more = nullptr;
 };
 
 /// What a worker is doing.
@@ -220,6 +222,8 @@ class KYR_EXPORT Worker : public Thread {
   WorkerState_t _state KYR_GUARDED_BY(_workerMutex) = WorkerStopped;
   int _progress KYR_GUARDED_BY(_workerMutex) = 0;
   WorkOnItems* _jobToCount = nullptr;  // null when the present job counts no more
+  // What later versions need besides.
+  [[maybe_unused]] void* _more = nullptr;
 };
 
 /// A worker whose jobs may throw.

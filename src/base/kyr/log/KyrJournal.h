@@ -21,6 +21,8 @@ struct JournalOptions {
   std::int64_t mostBytes = 10 << 20;
   /// How many old files stay, with ".1" to ".N" behind the name, the newest first; 1 to 99.
   int oldFiles = 5;
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Writes entries into a file, one in a line: the time in UTC, the level, process and thread, the

@@ -4,6 +4,8 @@
 
 #include <kyr/core/KyrPlatform.h>
 
+#include <cstdint>
+
 namespace Kyr {
 
 /// Who compresses what is written in pieces.
@@ -27,6 +29,8 @@ struct ZipPieces {
   /// three pieces, about 2 MB of memory. Anything but 1 to 64 counts as the nearest of them.
   unsigned workers = 1;
   Engine_t engine = ZlibEngine;  ///< of writers and of readers
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 }  // namespace Kyr

@@ -189,6 +189,8 @@ struct ZipStatistics {
   std::uint64_t offset = 0;
   std::uint64_t pieces = 0;  ///< that the index knows; 0 without one
   bool hasIndex = false;     ///< whether there is one, if only of no pieces
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// What the index says of a piece. Places are counted from the first byte of the header.

@@ -171,6 +171,8 @@ class KYR_EXPORT ZippedTarWriter {
   Taking_t _taking = RefuseUnfit;
   std::function<void(std::uint64_t)> _watcher;
   bool _hasEnd = false;
+  // What later versions need besides.
+  [[maybe_unused]] void* _more = nullptr;
 };
 
 /// How much a ZippedTarReader takes from an archive, as a small one can unpack to anything.
@@ -180,6 +182,8 @@ struct ZippedTarLimits {
                                           ///< for hard links and of holes in files; in bytes
   unsigned entries = 100000;              ///< of all kinds, those that are skipped included
   unsigned records = 1000000;             ///< of POSIX about entries, and parts of sparse files
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// Takes a gzip-compressed tar archive in memory apart.
@@ -283,6 +287,8 @@ class KYR_EXPORT ZippedTarReader {
   std::vector<QString> _directories;
   std::vector<ZippedTarLoss> _losses;
   bool _valid = false;
+  // What later versions need besides.
+  std::shared_ptr<void> _more;
 };
 
 }  // namespace Kyr

@@ -37,6 +37,8 @@ struct LockDoctorOptions {
   /// asks for the lock, which holds others: so it must not wait for locks that the program takes
   /// elsewhere. What it throws is dropped.
   std::function<void(const LockFinding&)> report;
+  /// For later versions.
+  std::uintptr_t spare[4] = {};
 };
 
 /// A thread with the locks that it holds.

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <limits>
+#include <memory>
 #include <vector>
 
 namespace Kyr {
@@ -138,6 +139,8 @@ class KYR_EXPORT QuantityText {
   unsigned _digit_count = 0;
   double _least = -std::numeric_limits<double>::infinity();
   double _most = std::numeric_limits<double>::infinity();
+  // What later versions need besides.
+  std::shared_ptr<void> _more;
 };
 
 }  // namespace Kyr
