@@ -3,7 +3,7 @@
 
 build_packages='g++ ccache cmake ninja-build qtbase5-dev qttools5-dev-tools qttranslations5-l10n zlib1g-dev libdw-dev libisal-dev libdeflate-dev'
 qt6_packages='qt6-base-dev qt6-l10n-tools qt6-translations-l10n'
-test_packages="$build_packages gdb libgtest-dev glmark2-data libarchive-tools lldb-14 llvm-14 locales pkg-config python3 units"
+test_packages="$build_packages abigail-tools gdb libgtest-dev glmark2-data libarchive-tools lldb-14 llvm-14 locales pkg-config python3 units"
 bench_packages="$build_packages libarchive-dev libbenchmark-dev libboost-dev libboost-iostreams-dev libspdlog-dev libssl-dev libtbb-dev glmark2-data"
 lint_packages='clang-14 clang-tidy-14 clang-format-14 shellcheck'
 docs_packages='doxygen doxygen-awesome-css graphviz python3'
