@@ -1,10 +1,12 @@
 // Stands in front of the C library of a process and lets one of its calls fail.
 //
-// KYR_FAULT="KIND NUMBER ERROR MODE" names the call: the NUMBER-th of its KIND, counted from 1,
-// which fails with ERROR, a number of errno, or, as 0, moves fewer bytes than it was asked to. MODE
-// is "once", or "stays" when all later calls of the kind fail as well. Counting starts with main(),
-// or in programs that say so with kyrFaultsBegin(). KYR_FAULT_LOG names a file that gets the
-// numbers of calls, and where the call that failed came from. Programs that this one starts are
+// KYR_FAULT="KIND PLACE NUMBER ERROR MODE" names the call: the NUMBER-th, counted from 1, of its KIND
+// at its PLACE, which fails with ERROR, a number of errno, or, as 0, moves fewer bytes than it was
+// asked to. MODE is "once", or "stays" when all later calls of the kind fail as well. A place is the
+// chain of functions that leads to the call, as a number: it does not depend on which thread comes
+// first, as the number among all calls does. Counting starts with main(), or in programs that say so
+// with kyrFaultsBegin(). KYR_FAULT_LOG names a file that gets where the first call that failed in
+// each thread came from, or, without KYR_FAULT, all places with their numbers of calls. Programs that this one starts are
 // left alone.
 #include <array>
 #include <atomic>
@@ -22,6 +24,7 @@
 #include <sys/mman.h>
 #include <sys/uio.h>
 #include <unistd.h>
+#include <unwind.h>
 
 #define SHIM __attribute__((visibility("default")))
 
@@ -64,26 +67,85 @@ constexpr std::array<const char*, Kinds> names = {"alloc",  "open",  "read", "wr
 constexpr int moveFewer = 0;
 constexpr int none = -1;
 
-std::array<std::atomic<long>, Kinds> counts{};
 std::atomic<bool> counting{false};
 std::atomic<bool> fired{false};
+std::atomic<long> met{0};  // calls at the place that is to fail
 thread_local bool inside = false;
+thread_local bool hasTold = false;
 pid_t process = 0;
 int logFile = -1;
 
 struct Fault {
   int kind = Kinds;
+  unsigned long place = 0;
   long number = 0;
   int error = 0;
   bool stays = false;
 } fault;
 
+/// The calls at a place, while nothing is to fail.
+struct Count {
+  std::atomic<unsigned long> place;  // 0 for nobody
+  std::atomic<int> kind;
+  std::atomic<long> calls;
+};
+
+std::array<Count, std::size_t{1} << 16U> counts;  // zeros
+
+/// Where the file that holds an address was loaded; 0 for none.
+unsigned long beginOfFile(unsigned long address) {
+  dl_find_object file{};
+  return _dl_find_object(reinterpret_cast<void*>(address), &file) == 0
+             ? reinterpret_cast<unsigned long>(file.dlfo_map_start)
+             : 0;
+}
+
+/// The chain of functions that leads to the call of the kind at hand. Each counts with its distance
+/// from where its file was loaded, which is the same in every run.
+unsigned long placeOfCall(Kind kind) {
+  struct Chain {
+    unsigned long place;
+    unsigned long own;
+    int left;
+  } chain{kind + 1UL, beginOfFile(reinterpret_cast<unsigned long>(&placeOfCall)), 16};
+  _Unwind_Backtrace(
+      [](_Unwind_Context* frame, void* given) {
+        Chain& known = *static_cast<Chain*>(given);
+        const auto address = _Unwind_GetIP(frame);
+        const unsigned long begin = beginOfFile(address);
+        if (begin == known.own) {
+          return _URC_NO_REASON;
+        }
+        known.place = (known.place ^ (address - begin)) * 0x9E3779B97F4A7C15UL;
+        known.place ^= known.place >> 29U;
+        return begin != 0 && --known.left > 0 ? _URC_NO_REASON : _URC_END_OF_STACK;
+      },
+      &chain);
+  return chain.place | 1U;
+}
+
+void countAt(Kind kind, unsigned long place) {
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    Count& count = counts[(place / 2 + i) % counts.size()];
+    unsigned long present = 0;
+    if (count.place.compare_exchange_strong(present, place) || present == place) {
+      count.kind = kind;
+      ++count.calls;
+      return;
+    }
+  }
+}
+
+/// Where the first call of each thread that fails comes from.
 void tellWhere() {
-  if (fired.exchange(true)) {
+  fired = true;
+  if (hasTold) {
     return;
   }
+  hasTold = true;
   std::array<void*, 100> frames{};
   const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
+  dprintf(logFile, "thread %d\n", gettid());
   for (int i = 2; i < depth; ++i) {
     const char* const call = static_cast<char*>(frames[static_cast<std::size_t>(i)]) - 1;
     Dl_info info{};
@@ -94,23 +156,30 @@ void tellWhere() {
   }
 }
 
+/// Whether the call at a place is to fail. Without anything that is to fail it is counted.
+bool isChosen(Kind kind, unsigned long place) {
+  if (fault.kind == Kinds) {
+    countAt(kind, place);
+    return false;
+  }
+  return fired ? fault.stays : place == fault.place && ++met == fault.number;
+}
+
 /// What the call at hand is to fail with; none when it is not its turn.
 int turn(Kind kind) {
-  if (!counting.load(std::memory_order_relaxed) || inside) {
+  const bool isOfKind = fault.kind == Kinds || fault.kind == kind;
+  if (!counting.load(std::memory_order_relaxed) || inside || !isOfKind || getpid() != process) {
     return none;
   }
   inside = true;
   const int before = errno;
-  const bool isMine = getpid() == process;
-  const long number = isMine ? ++counts[kind] : 0;
-  const bool isChosen = isMine && kind == fault.kind &&
-                        (number == fault.number || (fault.stays && number > fault.number));
-  if (isChosen) {
+  const bool failsNow = isChosen(kind, fired ? 0 : placeOfCall(kind));
+  if (failsNow) {
     tellWhere();
   }
-  errno = isChosen ? fault.error : before;
+  errno = failsNow ? fault.error : before;
   inside = false;
-  return isChosen ? fault.error : none;
+  return failsNow ? fault.error : none;
 }
 
 bool fails(Kind kind) {
@@ -147,8 +216,8 @@ void readOrder() {
   std::array<char, 16> kind{};
   std::array<char, 16> mode{};
   const char* const order = std::getenv("KYR_FAULT");
-  if (order && std::sscanf(order, "%15s %ld %d %15s", kind.data(), &fault.number, &fault.error,
-                           mode.data()) == 4) {
+  if (order && std::sscanf(order, "%15s %lx %ld %d %15s", kind.data(), &fault.place,
+                           &fault.number, &fault.error, mode.data()) == 5) {
     fault.stays = std::strcmp(mode.data(), "stays") == 0;
     fault.kind = 0;
     while (fault.kind < Kinds &&
@@ -169,6 +238,7 @@ __attribute__((constructor)) void prepare() {
   close(low);
   std::array<void*, 4> frames{};
   backtrace(frames.data(), 4);  // loads what it needs
+  placeOfCall(Alloc);           // so does this
   process = getpid();
   unsetenv("LD_PRELOAD");
 }
@@ -176,8 +246,11 @@ __attribute__((constructor)) void prepare() {
 __attribute__((destructor)) void tellCounts() {
   counting = false;
   if (logFile >= 0 && getpid() == process) {
-    for (std::size_t i = 0; i < Kinds; ++i) {
-      dprintf(logFile, "%s %ld\n", names[i], counts[i].load());
+    for (const Count& count : counts) {
+      if (count.place != 0) {
+        dprintf(logFile, "%s %lx %ld\n", names[static_cast<std::size_t>(count.kind)],
+                count.place.load(), count.calls.load());
+      }
     }
   }
 }
@@ -238,6 +311,7 @@ SHIM_OPEN(openat, (int folder, const char* name, int flags, ...), folder, name)
 SHIM_CALL(std::FILE*, fopen, (const char* name, const char* mode), Open, nullptr, name, mode)
 SHIM_CALL(std::FILE*, fopen64, (const char* name, const char* mode), Open, nullptr, name, mode)
 SHIM_CALL(DIR*, opendir, (const char* name), Open, nullptr, name)
+SHIM_CALL(DIR*, fdopendir, (int folder), Open, nullptr, folder)
 
 SHIM ssize_t read(int file, void* room, std::size_t size) {
   const ssize_t most = allowed(Read, size);
@@ -255,6 +329,16 @@ SHIM std::size_t fread(void* room, std::size_t size, std::size_t count, std::FIL
 
 SHIM char* fgets(char* room, int size, std::FILE* stream) {
   return streamFails(Read, stream) ? nullptr : real(&fgets, "fgets")(room, size, stream);
+}
+
+SHIM char* fgets_unlocked(char* room, int size, std::FILE* stream) {
+  return streamFails(Read, stream)
+             ? nullptr
+             : real(&fgets_unlocked, "fgets_unlocked")(room, size, stream);
+}
+
+SHIM int fgetc(std::FILE* stream) {
+  return streamFails(Read, stream) ? EOF : real(&fgetc, "fgetc")(stream);
 }
 
 SHIM ssize_t write(int file, const void* bytes, std::size_t size) {
@@ -278,6 +362,10 @@ SHIM ssize_t writev(int file, const iovec* parts, int count) {
 
 SHIM std::size_t fwrite(const void* bytes, std::size_t size, std::size_t count, std::FILE* stream) {
   return streamFails(Write, stream) ? 0 : real(&fwrite, "fwrite")(bytes, size, count, stream);
+}
+
+SHIM int fputc(int byte, std::FILE* stream) {
+  return streamFails(Write, stream) ? EOF : real(&fputc, "fputc")(byte, stream);
 }
 
 SHIM int fflush(std::FILE* stream) {
