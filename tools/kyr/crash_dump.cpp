@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -88,11 +89,22 @@ class Dump {
   std::uint32_t word(std::uint64_t offset) const { return at<std::uint32_t>(offset); }
   std::uint64_t wide(std::uint64_t offset) const { return at<std::uint64_t>(offset); }
 
+  /// Bytes of the file itself, not a copy.
   QByteArray piece(std::uint64_t offset, std::uint64_t size) const {
     if (offset + size > std::uint64_t(_bytes.size())) {
       fail();
     }
-    return _bytes.mid(int(offset), int(size));
+    return QByteArray::fromRawData(_bytes.constData() + offset, int(size));
+  }
+
+  /// The number of entries of a list, of which a damaged file may tell any.
+  std::uint32_t countAt(std::uint64_t list) const {
+    constexpr std::uint32_t most = 10000;
+    const std::uint32_t count = word(list);
+    if (count > most) {
+      fail();
+    }
+    return count;
   }
 
   bool has(StreamType_t type) const { return _streams.count(type) != 0; }
@@ -125,7 +137,11 @@ class Dump {
     const QByteArray letters = piece(offset + 4, size);
     QString name(int(size / 2), QChar());
     std::memcpy(name.data(), letters.constData(), std::size_t(size / 2) * 2);
-    return name.replace('\\', '/');
+    // Nothing in a name may end its line; halves of characters become question marks as well.
+    name = QString::fromUtf8(name.toUtf8()).replace('\\', '/');
+    std::replace_if(
+        name.begin(), name.end(), [](QChar letter) { return letter < ' ' || letter == 0x7f; }, '?');
+    return name;
   }
 
   /// The digits under which crash reports name the build.
@@ -147,7 +163,7 @@ class Dump {
   void readModules() {
     constexpr std::uint64_t size = 108;
     const std::uint64_t list = stream(Modules);
-    for (std::uint32_t i = 0; i < word(list); ++i) {
+    for (std::uint32_t i = 0; i < countAt(list); ++i) {
       const std::uint64_t entry = list + 4 + size * i;
       const std::uint64_t begin = wide(entry);
       _modules.push_back({begin, begin + word(entry + 8),
@@ -190,7 +206,7 @@ class Dump {
     constexpr std::uint64_t size = 48;
     const std::uint64_t list = stream(Threads);
     for (const bool isCrashing : {true, false}) {
-      for (std::uint32_t i = 0; i < word(list); ++i) {
+      for (std::uint32_t i = 0; i < countAt(list); ++i) {
         const std::uint64_t thread = list + 4 + size * i;
         if ((word(thread) == crashing) == isCrashing) {
           addThread(lines, thread, isCrashing);
@@ -218,12 +234,13 @@ class Dump {
 
   void addFrames(QStringList& lines, const Registers& registers, std::uint64_t begin,
                  const QByteArray& stack) {
-    constexpr int mostFrames = 1000;
+    constexpr int mostFrames = 1000, mostOfAll = 100000;
     int number = 0;
     addFrame(lines, number++, registers.instruction);
     for (std::uint64_t frame = registers.frame; frame >= begin;) {
       const std::uint64_t place = frame - begin;
-      if (place + 8 > std::uint64_t(stack.size()) || number == mostFrames) {
+      if (place + 8 > std::uint64_t(stack.size()) || number == mostFrames ||
+          lines.size() > mostOfAll) {
         break;
       }
       std::array<std::uint32_t, 2> saved{};  // the caller's frame pointer, the return address

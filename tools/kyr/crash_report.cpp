@@ -151,7 +151,7 @@ class Reader {
     std::map<int, std::uint64_t> begins;
     for (const auto& [index, name] : _names) {
       const CrashFrame& frame = _report.frames[index];
-      if (frame.hasOffset) {
+      if (frame.hasOffset && frame.module >= 0) {
         begins.emplace(frame.module, frame.address - frame.offset);
       }
     }

@@ -57,9 +57,11 @@ QString buildIdOfNotes(Numbers& file, std::uint64_t offset, std::uint64_t size) 
 
 FileIdentity identityOfElf(Numbers& file) {
   constexpr std::uint32_t notes = 7, loaded = 1;
+  constexpr unsigned mostSections = 1000;  // a damaged file may tell any number
   FileIdentity identity;
   const std::uint64_t sections = file.wide(40), size = file.half(58);
-  for (unsigned i = 0; i < file.half(60) && identity.buildId.isEmpty(); ++i) {
+  const unsigned count = std::min<unsigned>(file.half(60), mostSections);
+  for (unsigned i = 0; i < count && identity.buildId.isEmpty(); ++i) {
     const std::uint64_t at = sections + i * size;
     if (file.word(at + 4) == notes) {
       identity.buildId = buildIdOfNotes(file, file.wide(at + 24), file.wide(at + 32));
