@@ -1,5 +1,6 @@
 #include <kyr/recorder/recorder_p.h>
 
+#include <kyr/core/calendar_p.h>
 #include <kyr/text/utf8_p.h>
 
 #include <algorithm>
@@ -8,26 +9,6 @@
 namespace Kyr::Recorder {
 
 namespace {
-
-struct Date {
-  std::int64_t year;
-  std::int64_t month;
-  std::int64_t day;
-};
-
-/// The date so many days after 1970-01-01, in the Gregorian calendar.
-Date dateOf(std::int64_t days) noexcept {
-  // Counts years from March on, so that the leap day is their last one; from the March of 1600.
-  const std::int64_t since1600 = days + 135080;
-  const std::int64_t era = since1600 / 146097;
-  const std::int64_t day = since1600 % 146097;
-  const std::int64_t year = (day - day / 1460 + day / 36524 - day / 146096) / 365;
-  const std::int64_t dayOfYear = day - (365 * year + year / 4 - year / 100);
-  const std::int64_t month = (5 * dayOfYear + 2) / 153;
-  const bool isNextYear = month >= 10;
-  return {1600 + era * 400 + year + (isNextYear ? 1 : 0), isNextYear ? month - 9 : month + 3,
-          dayOfYear - (153 * month + 2) / 5 + 1};
-}
 
 bool isControl(char32_t character) noexcept {
   return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
@@ -70,7 +51,7 @@ void LineMaker::addNumber(std::uint64_t number, unsigned base, int digits) noexc
 
 void LineMaker::addTime(std::int64_t microseconds) noexcept {
   constexpr std::int64_t day = std::int64_t{86400} * 1'000'000;
-  const Date date = dateOf(microseconds / day);
+  const Calendar::Date date = Calendar::dateOf(microseconds / day);
   const auto rest = static_cast<std::uint64_t>(microseconds % day);
   const auto part = [this, rest](const char* before, std::uint64_t unit, std::uint64_t most,
                                  int digits) {
