@@ -51,17 +51,6 @@ bool beginsWith(std::string_view text, std::string_view capitals) noexcept {
   return true;
 }
 
-bool tellsOfSecret(std::string_view name) noexcept {
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    for (const std::string_view word : words) {
-      if (beginsWith(name.substr(i), word)) {
-        return true;
-      }
-    }
-  }
-  return false;
-}
-
 std::size_t endOf(std::string_view text, std::size_t found) noexcept {
   return found == std::string_view::npos ? text.size() : found;
 }
@@ -111,19 +100,8 @@ std::size_t findValue(std::string_view text, std::size_t from) noexcept {
                                                       : std::string_view::npos;
 }
 
-}  // namespace
-
-void Blanker::Room::add(std::string_view piece) noexcept {
-  if (piece.size() > _bytes.size() - _length) {
-    _isFull = true;
-    return;
-  }
-  std::copy(piece.begin(), piece.end(), _bytes.data() + _length);
-  _length += piece.size();
-}
-
 /// An account between "//" and the last "@" before a blank.
-Blanker::Found Blanker::findAccount(std::string_view text, std::size_t from) noexcept {
+Found findAccount(std::string_view text, std::size_t from) noexcept {
   for (std::size_t at = text.find("//", from); at != std::string_view::npos;
        at = text.find("//", at + 1)) {
     const std::size_t end = endOf(text, text.find_first_of(endsAccount, at + 2));
@@ -136,7 +114,7 @@ Blanker::Found Blanker::findAccount(std::string_view text, std::size_t from) noe
 }
 
 /// The same without "//": a user, a colon, and a password up to the "@".
-Blanker::Found Blanker::findBareAccount(std::string_view text, std::size_t from) noexcept {
+Found findBareAccount(std::string_view text, std::size_t from) noexcept {
   for (std::size_t at = from; at < text.size(); ++at) {
     if ((at > 0 && !isIn(endsUser, text[at - 1])) || isIn(endsUser, text[at])) {
       continue;
@@ -154,7 +132,7 @@ Blanker::Found Blanker::findBareAccount(std::string_view text, std::size_t from)
 }
 
 /// What is assigned to a name that tells of a secret.
-Blanker::Found Blanker::findAssignment(std::string_view text, std::size_t from) noexcept {
+Found findAssignment(std::string_view text, std::size_t from) noexcept {
   for (std::size_t at = from; at < text.size(); ++at) {
     if (!isOfName(text[at]) || (at > 0 && isOfName(text[at - 1]))) {
       continue;
@@ -175,7 +153,7 @@ Blanker::Found Blanker::findAssignment(std::string_view text, std::size_t from) 
 }
 
 /// The word behind an option whose name tells of a secret.
-Blanker::Found Blanker::findOption(std::string_view text, std::size_t from) noexcept {
+Found findOption(std::string_view text, std::size_t from) noexcept {
   for (std::size_t at = from; at < text.size(); ++at) {
     if (text[at] != '-' || (at > 0 && isOfName(text[at - 1]))) {
       continue;
@@ -191,13 +169,38 @@ Blanker::Found Blanker::findOption(std::string_view text, std::size_t from) noex
 }
 
 /// A private key or a certificate, with all that follows.
-Blanker::Found Blanker::findKey(std::string_view text, std::size_t from) noexcept {
+Found findKey(std::string_view text, std::size_t from) noexcept {
   for (std::size_t at = from; at < text.size(); ++at) {
     if (beginsWith(text.substr(at), "-----BEGIN ")) {
       return {at, text.size(), blanked};
     }
   }
   return {text.size(), text.size(), {}};
+}
+
+}  // namespace
+
+const std::array<Rule, 5> rules = {&findAccount, &findBareAccount, &findAssignment, &findOption,
+                                   &findKey};
+
+bool tellsOfSecret(std::string_view name) noexcept {
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    for (const std::string_view word : words) {
+      if (beginsWith(name.substr(i), word)) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+void Blanker::Room::add(std::string_view piece) noexcept {
+  if (piece.size() > _bytes.size() - _length) {
+    _isFull = true;
+    return;
+  }
+  std::copy(piece.begin(), piece.end(), _bytes.data() + _length);
+  _length += piece.size();
 }
 
 void Blanker::apply(Rule rule) noexcept {
@@ -217,8 +220,6 @@ void Blanker::apply(Rule rule) noexcept {
 // What was cut off is taken for the sign that makes an account of the word in front of it.
 std::string_view Blanker::blank(std::string_view text, bool isCut) noexcept {
   constexpr std::string_view sign = "@";
-  constexpr std::array<Rule, 5> rules = {&findAccount, &findBareAccount, &findAssignment,
-                                         &findOption, &findKey};
   _rooms[_present].clear();
   _rooms[_present].add(text);
   _rooms[_present].add(isCut ? sign : std::string_view());

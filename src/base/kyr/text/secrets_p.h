@@ -8,8 +8,23 @@
 
 namespace Kyr::Secrets {
 
-/// Takes secrets out of short texts, by the same rule as SystemReport::blankSecrets() for a value
-/// without a name; what an open quotation mark begins is blanked to the end besides.
+/// A part of a text that is to be replaced.
+struct Found {
+  std::size_t begin;
+  std::size_t end;  ///< the same as begin for nothing
+  std::string_view by;
+};
+/// Finds the first of a kind of secrets from a place on.
+/// \param text of ASCII, in which any other byte stands for a character that means nothing
+using Rule = Found (*)(std::string_view text, std::size_t from) noexcept;
+/// All kinds, in the order in which they are to be replaced: each looks at what the one before it
+/// has left.
+extern const std::array<Rule, 5> rules;
+
+/// Whether a name tells of a secret.
+bool tellsOfSecret(std::string_view name) noexcept;
+
+/// Takes secrets out of short texts.
 /// \threadsafety one thread at a time, also in a process that has broken
 class Blanker {
  public:
@@ -34,19 +49,6 @@ class Blanker {
     std::size_t _length = 0;
     bool _isFull = false;
   };
-  /// A part of a text that is replaced.
-  struct Found {
-    std::size_t begin;
-    std::size_t end;  ///< the same as begin for nothing
-    std::string_view by;
-  };
-  using Rule = Found (*)(std::string_view text, std::size_t from);
-
-  static Found findAccount(std::string_view text, std::size_t from) noexcept;
-  static Found findBareAccount(std::string_view text, std::size_t from) noexcept;
-  static Found findAssignment(std::string_view text, std::size_t from) noexcept;
-  static Found findOption(std::string_view text, std::size_t from) noexcept;
-  static Found findKey(std::string_view text, std::size_t from) noexcept;
   void apply(Rule rule) noexcept;
 
   std::array<Room, 2> _rooms;  ///< the text as it is, and as it becomes
