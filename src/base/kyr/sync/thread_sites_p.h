@@ -13,16 +13,16 @@ struct ThreadSite {
   unsigned line;
 };
 
-/// Says that the calling thread has begun to run an object, made at a site. Where a thousand
-/// threads run, further ones are not noted.
+/// Says that the calling thread has begun to run an object, made at a site, of whose texts 199 bytes
+/// are kept. Where a thousand threads run, further ones are not noted, nor are those of further
+/// sites than 256.
 /// \param object whatever is not noted for another thread
 /// \threadsafety any thread; without lock and heap
 void noteThreadSite(const void* object, const ThreadSite& site) noexcept;
 /// Takes the note back; without one for this object nothing happens.
 /// \threadsafety as above
 void forgetThreadSite(const void* object) noexcept;
-/// Looks for the note about a thread. Its texts may be gone when the thread was given such texts,
-/// or ends at this moment: a process that has broken reads them with care.
+/// Looks for the note about a thread. Its texts stay for ever.
 /// \param number the system's
 /// \return false for a thread without one
 /// \threadsafety as above, also in a process that has broken
