@@ -18,17 +18,15 @@ TEST(LockStack, ShowsWhereTheHolderStands) {
   LockDoctor::stop();
   LockDoctorOptions options;
   options.longestWait = 10;
-  std::atomic<bool> reported{false};
-  options.report = [&](const LockFinding&) { reported = true; };
+  KyrTest::Gate reported;
+  options.report = [&](const LockFinding&) { reported.open(); };
   LockDoctor::start(options);
   LockBooks::setStackHook(&tellPlace);
   Mutex mutex("owner", "file", 1);
   AutoMutex lock(&mutex);
   const std::uint64_t holder = LockDoctor::holders().at(0).thread;
   std::thread waiter([&] { const AutoMutex wanted(&mutex); });
-  while (!reported) {
-    std::this_thread::yield();
-  }
+  reported.await("the wait is reported");
   lock.unlock();
   waiter.join();
   LockBooks::setStackHook(nullptr);
