@@ -112,6 +112,13 @@ QString::size_type lastBeginning(const QString& text) {
   return at >= 0 ? at + 1 : text.startsWith(firstWords) ? 0 : -1;
 }
 
+/// What the age of a report is told by. A time that is still to come, of a clock that was set
+/// wrong, says nothing of it, and must not hide what came later for ever.
+std::int64_t rankOf(const CrashReport& report) {
+  constexpr std::int64_t leeway = 60;  // seconds by which clocks are set back every day
+  return report.seconds > QDateTime::currentSecsSinceEpoch() + leeway ? 0 : report.seconds;
+}
+
 /// Whether there is the dump that a report names. A program may print what looks like a report and
 /// names any file, which nobody should be asked to send.
 bool isDump(const CrashReport& report) {
@@ -167,7 +174,7 @@ std::optional<CrashReport> CrashReports::newest(const QString& application) {
   for (const Output& output : outputs()) {
     std::optional<CrashReport> report = reportIn(output);
     const bool isMeant = report && (application.isEmpty() || report->application == application);
-    if (isMeant && (!newest || report->seconds > newest->seconds)) {
+    if (isMeant && (!newest || rankOf(*report) > rankOf(*newest))) {
       newest = std::move(report);
     }
   }
