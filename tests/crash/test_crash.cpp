@@ -120,10 +120,11 @@ bool liesIn(const QStringList& module, const QRegularExpressionMatch& frame) {
 TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
   const TempDir folder;
   const QString home = folder.path();
-  const Death death = die(folder,
-                          {"--kind", "null-write", "--in-thread", "--threads", "1", "--note",
-                           home + "/part.g3d", "--note", "line\nfeed", "--password", "moon river"},
-                          {"HOME=" + home, "USERPROFILE=" + QDir::toNativeSeparators(home)});
+  const Death death =
+      die(folder,
+          {"--kind", "null-write", "--in-thread", "--threads", "1", "--note", home + "/part.g3d",
+           "--note", "line\nfeed", "--password", "moon river"},
+          {"HOME=" + home, "USERPROFILE=" + QDir::toNativeSeparators(home).toUpper()});
   const int section = death.report.lastIndexOf("\n\n\nabout this crash:\n");
   ASSERT_GE(section, death.report.lastIndexOf("\n#0 ")) << death.report.toStdString();
   const QString about = death.report.mid(section);
@@ -147,7 +148,9 @@ TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
 
 TEST_F(Crash, NamesEachThreadThatWasMadeSomewhere) {
   const TempDir folder;
-  const QString report = die(folder, {"--kind", "divide", "--in-thread", "--threads", "2"}).report;
+  const QString report = die(folder, {"--kind", "divide", "--in-thread", "--threads", "2"},
+                             {"KYR_LOCK_DOCTOR=1"})
+                             .report;
   const QString crashing = report.section("crashing thread ", 1).section(':', 0, 0);
   EXPECT_TRUE(QRegularExpression("\nthread " + crashing +
                                  " .*made at Crash::Worker::Worker \\(crew:10\\)\n")
@@ -155,6 +158,10 @@ TEST_F(Crash, NamesEachThreadThatWasMadeSomewhere) {
                   .hasMatch())
       << report.toStdString();
   EXPECT_EQ(report.count("made at Crash::Worker::Worker (crew:10)\n"), 3) << "the main thread too";
+  EXPECT_EQ(report.section("\nwho holds which lock:\n", 1)
+                .count(" of Crash::Worker::Worker (crew:10) sleeps in Crash::Crew::Crew (crew:18) "),
+            2)
+      << report.toStdString();
 }
 
 TEST_F(Crash, NamesTheBuildOfEachModuleThatAFrameLiesIn) {

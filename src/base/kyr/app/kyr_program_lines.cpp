@@ -1,6 +1,7 @@
 #include <kyr/app/program_lines_p.h>
 
 #include <kyr/app/KyrInit.h>
+#include <kyr/app/start_p.h>
 #include <kyr/core/KyrVersion.h>
 #include <kyr/core/forever_p.h>
 #include <kyr/crash/crash_handler_p.h>
@@ -23,15 +24,16 @@ constexpr int longestName = 200;          // characters
 
 /// The text with "~" for the user's home directory, which holds the user's name.
 QString withoutHome(QString text, const QString& home) {
+  const auto sensitivity = Start::namesIgnoreCase() ? Qt::CaseInsensitive : Qt::CaseSensitive;
   if (home.size() <= 1) {
     return text;
   }
   for (const QString& folder : {home, QDir::toNativeSeparators(home)}) {
     for (const char* const separator : {"/", "\\"}) {
-      text.replace(folder + separator, QString("~") + separator);
+      text.replace(folder + separator, QString("~") + separator, sensitivity);
     }
   }
-  return text == home || text == QDir::toNativeSeparators(home) ? QString("~") : text;
+  return QDir::fromNativeSeparators(text).compare(home, sensitivity) == 0 ? QString("~") : text;
 }
 
 /// The text in a line of its own.
@@ -112,7 +114,7 @@ void Start::describeProgram(const QStringList& arguments) {
                      "\nversion: " + visible(version).toUtf8() + "\nlibrary: libKyr " +
                      libraryVersion() + '\n';
   lines += line.isEmpty() ? line : "command line: " + line + '\n';
-  Crash::describeProgram(lines.constData(), home.toUtf8().constData());
+  Crash::describeProgram(lines.constData(), home.toUtf8().constData(), namesIgnoreCase());
 }
 
 }  // namespace Kyr

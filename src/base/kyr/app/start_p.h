@@ -11,6 +11,9 @@ namespace Kyr::Start {
 /// Makes the C runtime serve blocks of up to 1016 bytes from its pools, where it has such pools.
 void setSmallBlockThreshold() noexcept;
 
+/// Whether two names that differ in capitals only are one file.
+bool namesIgnoreCase() noexcept;
+
 /// What is done about a file of the name before standard output goes to it.
 enum class Target_t {
   Named,  ///< the user's file: written to its end

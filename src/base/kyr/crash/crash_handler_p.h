@@ -18,7 +18,8 @@ void setConsoleAllocated(bool allocated) noexcept;
 /// \param lines each with its end, in UTF-8; at most 3000 bytes are kept
 /// \param home the user's home directory with "/" between its parts, which reports write as "~";
 ///        empty for none
-void describeProgram(const char* lines, const char* home) noexcept;
+/// \param ignoresCase whether paths that differ in capitals only lead to the same file
+void describeProgram(const char* lines, const char* home, bool ignoresCase) noexcept;
 
 /// Has reports written to a file of the process's own, too; for the time before a crash.
 /// \param file its whole path, in UTF-8; empty for none

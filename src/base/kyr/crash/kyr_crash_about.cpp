@@ -1,3 +1,4 @@
+#include <kyr/core/calendar_p.h>
 #include <kyr/crash/crash_about_p.h>
 #include <kyr/crash/crash_handler_p.h>
 
@@ -9,6 +10,7 @@ namespace {
 
 std::array<char, 3001> programLines{};
 std::array<char, 1024> homeFolder{};
+bool namesIgnoreCase = false;
 
 using Sentence = std::array<char, 1501>;
 Sentence beforeDump{};
@@ -25,46 +27,22 @@ void keep(std::array<char, Size>& room, const char* text) noexcept {
   room[length] = '\0';
 }
 
+/// ASCII only: without a locale nobody knows more.
+char folded(char letter) noexcept {
+  const bool isCapital = namesIgnoreCase && letter >= 'A' && letter <= 'Z';
+  return isCapital ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
 /// Appends a number with a zero in front of a single digit.
 void appendTwoDigits(Crash::Text& text, std::int64_t number) noexcept {
   text << (number < 10 ? "0" : "");
   text.decimal(number);
 }
 
-/// A day as people count it.
-struct Day {
-  std::int64_t year;
-  std::int64_t month;
-  std::int64_t day;
-};
-
-constexpr bool isLeapYear(std::int64_t year) noexcept {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
-
-/// \param days since 1970-01-01, not negative
-Day dayOf(std::int64_t days) noexcept {
-  constexpr std::array<std::int64_t, 12> lengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  Day found{1970, 1, 1};
-  for (std::int64_t length = 365; days >= length; length = isLeapYear(found.year) ? 366 : 365) {
-    days -= length;
-    ++found.year;
-  }
-  for (const std::int64_t usual : lengths) {
-    const std::int64_t length = usual == 28 && isLeapYear(found.year) ? 29 : usual;
-    if (days < length) {
-      break;
-    }
-    days -= length;
-    ++found.month;
-  }
-  found.day += days;
-  return found;
-}
-
 }  // namespace
 
-void Crash::describeProgram(const char* lines, const char* home) noexcept {
+void Crash::describeProgram(const char* lines, const char* home, bool ignoresCase) noexcept {
+  namesIgnoreCase = ignoresCase;
   keep(programLines, lines);
   const bool isFolder = std::strlen(home) > 1 && std::strlen(home) < homeFolder.size();
   keep(homeFolder, isFolder ? home : "");
@@ -110,7 +88,9 @@ void Crash::appendVisible(Text& text, const char* bytes, std::size_t length) noe
 void Crash::appendPath(Text& text, const char* path, std::size_t length) noexcept {
   const std::size_t home = std::strlen(homeFolder.data());
   const bool isBelow = home > 0 && length > home && path[home] == '/' &&
-                       std::memcmp(path, homeFolder.data(), home) == 0;
+                       std::equal(path, path + home, homeFolder.data(), [](char left, char right) {
+                         return folded(left) == folded(right);
+                       });
   text << (isBelow ? "~" : "");
   const std::size_t skipped = isBelow ? home : 0;
   appendVisible(text, path + skipped, length - skipped);
@@ -118,7 +98,7 @@ void Crash::appendPath(Text& text, const char* path, std::size_t length) noexcep
 
 void Crash::appendMoment(Text& text, std::int64_t seconds) noexcept {
   constexpr std::int64_t secondsOfDay = 86400;
-  const Day day = dayOf(seconds / secondsOfDay);
+  const Calendar::Date day = Calendar::dateOf(seconds / secondsOfDay);
   const std::int64_t rest = seconds % secondsOfDay;
   text.decimal(day.year) << "-";
   appendTwoDigits(text, day.month);

@@ -95,6 +95,10 @@ bool Start::redirectErrors(const QString& /*path*/) {
   return ::dup2(STDOUT_FILENO, STDERR_FILENO) == STDERR_FILENO;
 }
 
+bool Start::namesIgnoreCase() noexcept {
+  return false;
+}
+
 bool Start::openConsole() {
   return false;
 }

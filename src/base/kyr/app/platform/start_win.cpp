@@ -81,6 +81,10 @@ bool Start::redirectErrors(const QString& path) {
   return canAppend(name.c_str()) && _wfreopen(name.c_str(), L"a", stderr) != nullptr;
 }
 
+bool Start::namesIgnoreCase() noexcept {
+  return true;
+}
+
 bool Start::openConsole() {
   if (!::AllocConsole()) {
     return false;
