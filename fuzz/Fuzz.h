@@ -43,8 +43,8 @@ class Choices {
   /// The bytes up to the next line feed, which is dropped.
   std::string_view line();
   std::string_view rest() { return take(_rest.size()); }
-  /// What is left, so many times, but less than mostPlain of it.
-  std::string repeated(std::size_t times);
+  /// What is left, so many times, but less than \a most bytes of it.
+  std::string repeated(std::size_t times, std::size_t most = mostPlain);
   /// An index into the first 64 KiB of bytes.
   std::size_t place(const std::string& bytes) {
     return (upTo(255) * 256 + upTo(255)) % bytes.size();

@@ -27,9 +27,9 @@ std::string_view Choices::line() {
   return taken;
 }
 
-std::string Choices::repeated(std::size_t times) {
+std::string Choices::repeated(std::size_t times, std::size_t most) {
   std::string all;
-  for (const std::string_view seed = rest(); times > 0 && all.size() + seed.size() < mostPlain;
+  for (const std::string_view seed = rest(); times > 0 && all.size() + seed.size() < most;
        --times) {
     all.append(seed);
   }

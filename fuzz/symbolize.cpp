@@ -271,8 +271,8 @@ void checkIdentity(std::string_view bytes) {
 
 }  // namespace
 
-/// 0: a report, behind a line of choices. 1: a dump. 2: one that is made, with changes behind a line
-/// of choices. 3: a file with debug information.
+/// 0: a report, behind a line of choices. 1: a dump. 2: one that is made, with changes behind a
+/// line of choices. 3: a file with debug information.
 void harness(Choices input) {
   const unsigned mode = input.upTo(3);
   if (mode == 1) {
