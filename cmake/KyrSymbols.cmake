@@ -12,8 +12,8 @@ option(KYR_SPLIT_SYMBOLS "Install stripped files, with their debug information a
 set(KYR_SYMBOLS_DIR "lib/debug" CACHE STRING "Where debug information is installed")
 set(KYR_SPLIT_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/split_symbols.cmake")
 
-# kyr_split_symbols(target destination): splits a file that an install() before this line installs
-# into a folder below the prefix.
+# kyr_split_symbols(target destination [OPTION OF install()...]): splits a file that an install()
+# with these options before this line installs into a folder below the prefix.
 function(kyr_split_symbols target destination)
   if(NOT KYR_SPLIT_SYMBOLS)
     return()
@@ -32,5 +32,14 @@ function(kyr_split_symbols target destination)
       -D \"symbols=\${kyr_symbols}\"
       -D \"objcopy=${CMAKE_OBJCOPY}\" -D \"strip=${CMAKE_STRIP}\" -D \"objdump=${CMAKE_OBJDUMP}\"
       -P \"${KYR_SPLIT_SCRIPT}\"
-      COMMAND_ERROR_IS_FATAL ANY)")
+      COMMAND_ERROR_IS_FATAL ANY)" ${ARGN})
+endfunction()
+
+# kyr_install_example(target): installs it beside the tool kyr, but only with the component examples.
+function(kyr_install_example target)
+  set(on_demand COMPONENT examples EXCLUDE_FROM_ALL)
+  file(RELATIVE_PATH bin_to_lib "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+  install(TARGETS ${target} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" ${on_demand})
+  kyr_split_symbols(${target} "${CMAKE_INSTALL_BINDIR}" ${on_demand})
 endfunction()
