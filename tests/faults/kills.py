@@ -134,6 +134,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
     parser.add_argument("--build", type=Path, required=True)
     parser.add_argument("--all", action="store_true", help="1000 moments of each kind")
+    parser.add_argument("--count", type=Path, metavar="FILE", help="gets how many kinds passed and failed")
     parser.add_argument("--moments", type=int, default=50, help="of each kind; 50 unless told")
     options = parser.parse_args()
     moments = 1000 if options.all else options.moments
@@ -148,6 +149,8 @@ def main():
     print(f"{4 * moments} programs killed: {2 * moments} while they saved and packed, {moments} at a "
           f"journal of {entries} entries, {moments} at a lock that was had {owned} times; "
           f"{len(room.faults)} faults, {time.monotonic() - begun:.0f} s")
+    if options.count:
+        options.count.write_text("0 4 0\n" if room.faults else "4 0 0\n")
     return 1 if room.faults else 0
 
 

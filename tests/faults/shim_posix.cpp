@@ -1,13 +1,13 @@
 // Stands in front of the C library of a process and lets one of its calls fail.
 //
-// KYR_FAULT="KIND PLACE NUMBER ERROR MODE" names the call: the NUMBER-th, counted from 1, of its KIND
-// at its PLACE, which fails with ERROR, a number of errno, or, as 0, moves fewer bytes than it was
-// asked to. MODE is "once", or "stays" when all later calls of the kind fail as well. A place is the
-// chain of functions that leads to the call, as a number: it does not depend on which thread comes
-// first, as the number among all calls does. Counting starts with main(), or in programs that say so
-// with kyrFaultsBegin(). KYR_FAULT_LOG names a file that gets where the first call that failed in
-// each thread came from, or, without KYR_FAULT, all places with their numbers of calls. Programs that this one starts are
-// left alone.
+// KYR_FAULT="KIND PLACE NUMBER ERROR MODE" names the call: the NUMBER-th, counted from 1, of its
+// KIND at its PLACE, which fails with ERROR, a number of errno, or, as 0, moves fewer bytes than it
+// was asked to. MODE is "once", or "stays" when all later calls of the kind fail as well. A place
+// is the chain of functions that leads to the call, as a number: it does not depend on which thread
+// comes first, as the number among all calls does. Counting starts with main(), or in programs that
+// say so with kyrFaultsBegin(). KYR_FAULT_LOG names a file that gets where the first call that
+// failed in each thread came from, or, without KYR_FAULT, all places with their numbers of calls.
+// Programs that this one starts are left alone.
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -216,8 +216,8 @@ void readOrder() {
   std::array<char, 16> kind{};
   std::array<char, 16> mode{};
   const char* const order = std::getenv("KYR_FAULT");
-  if (order && std::sscanf(order, "%15s %lx %ld %d %15s", kind.data(), &fault.place,
-                           &fault.number, &fault.error, mode.data()) == 5) {
+  if (order && std::sscanf(order, "%15s %lx %ld %d %15s", kind.data(), &fault.place, &fault.number,
+                           &fault.error, mode.data()) == 5) {
     fault.stays = std::strcmp(mode.data(), "stays") == 0;
     fault.kind = 0;
     while (fault.kind < Kinds &&
@@ -332,9 +332,8 @@ SHIM char* fgets(char* room, int size, std::FILE* stream) {
 }
 
 SHIM char* fgets_unlocked(char* room, int size, std::FILE* stream) {
-  return streamFails(Read, stream)
-             ? nullptr
-             : real(&fgets_unlocked, "fgets_unlocked")(room, size, stream);
+  return streamFails(Read, stream) ? nullptr
+                                   : real(&fgets_unlocked, "fgets_unlocked")(room, size, stream);
 }
 
 SHIM int fgetc(std::FILE* stream) {

@@ -12,9 +12,19 @@ verb_faults() {
     ?*) in_faults faults "$@"; return ;;
   esac
   worst=0
-  in_faults faults || worst=1
-  in_faults kills || worst=1
+  counted faults || worst=1
+  counted kills || worst=1
   return "$worst"
+}
+
+# counted PART: sessions and kinds of kills count as tests do.
+counted() {
+  mkdir -p "$top/build/$1"
+  count=$top/build/$1/tests.count
+  rm -f "$count"
+  in_faults "$1" --count "$count" && [ -e "$count" ] || return 1
+  read -r passed failed _ <"$count"
+  printf '%s: %d passed, %d failed\n' "$1" "$passed" "$failed"
 }
 
 # in_faults PART [OPTION...]
