@@ -35,7 +35,7 @@ class Home {
     Kyr::KyrInit::InitLibrary(application, arguments);
     return arguments;
   }
-  /// As above, for a program of its own.
+  /// In a child: starts the library as a program that is no application of the suite does.
   QStringList start(const Variables& variables, QStringList arguments,
                     const Kyr::StartOptions& options) const {
     setVariables(variables);

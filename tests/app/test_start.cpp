@@ -1,5 +1,6 @@
 // What a process finds after the start; each in a child with a folder of its own.
 #include "app/home.h"
+#include "support/Shared.h"
 
 #include <kyr/jobs/KyrGUIThreadEvent.h>
 #include <kyr/jobs/KyrProgress.h>
@@ -30,10 +31,7 @@ TEST(Start, SettlesDirectories) {
   const Home home;
   const QString config = home.file(QString::fromUtf8("K\xc3\xb6ln"));
   inChild([&] {
-    int count = 1;
-    char name[] = "app";
-    char* programArguments[] = {name, nullptr};
-    const QCoreApplication application(count, programArguments);
+    const Program program;
     home.start({{"KYR_CONFIG_DIR", QString(config).replace('/', '\\')},
                 {"XDG_CONFIG_DIRS", home.path()},
                 {"KYR_PROFILE_DIR", "\\p"},
@@ -102,10 +100,7 @@ TEST(Start, GoesOnWithTheStreamsThatItHasWhenTheLogCannotBeOpened) {
 TEST(Start, LeavesAProgramOfItsOwnAsItIs) {
   const Home home;
   const auto ended = inChild([&] {
-    int count = 1;
-    char name[] = "app";
-    char* programArguments[] = {name, nullptr};
-    const QCoreApplication application(count, programArguments);
+    const Program program;
     QCoreApplication::setLibraryPaths({home.path()});
     const QString twice = home.start({{"KYR", QString()}}, {"app", "-start-app-socket", "5", "x"},
                                      {QString::fromUtf8("Pr\xc3\xbc\x66ung"), "1.2"})

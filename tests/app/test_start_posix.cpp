@@ -1,5 +1,6 @@
 // What a user of Linux finds after the start.
 #include "app/home.h"
+#include "support/Shared.h"
 
 #include <pwd.h>
 #include <sys/socket.h>
@@ -141,7 +142,7 @@ TEST(StartOnLinux, TakesTheNullDeviceForATemporaryDirectoryThatIsTooLong) {
   EXPECT_TRUE(::stat("/dev/null", &null) == 0 && S_ISCHR(null.st_mode)) << "removed";
 }
 
-/// Run by the test below, as a program outside of any "bin" whose current directory is gone.
+/// A program outside of any "bin" whose current directory is gone; the next test runs it.
 TEST(StartOnLinux, DISABLED_Nowhere) {
   const Home home;
   ASSERT_EQ(::rmdir(home.file("current").toLocal8Bit()), 0);
@@ -195,7 +196,6 @@ TEST(StartOnLinux, TellsTheLauncherOnce) {
       {"5", QString(), "00", "no session"},
       {"5", QDir::current().relativeFilePath(home.path()), "00", "a folder of whoever starts it"},
   };
-  const auto openFiles = [] { return QDir("/proc/self/fd").count(); };
   for (const auto& row : rows) {
     inChild([&] {
       home.start({{"XDG_RUNTIME_DIR", row.folder}}, {"app", "-start-app-socket", row.number});
