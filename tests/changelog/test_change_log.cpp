@@ -69,7 +69,7 @@ struct Entry : LogEntry {
 TEST(LogEntry, IsASentence) {
   const Version version = Version::version620(6);
   const std::pair<LogEntry, const char*> rows[] = {
-      // in the order of their types
+      // The rows are in the order of the types of entries.
       {Entry::elementCreated("", version, "A"), "new [A]."},
       {Entry::elementRenamed("", version, "%2", "%1", "Why."), "[%2] renamed to [%1]. Why."},
       {Entry::elementRemoved("", version, "A", "%1 & <b>"), "removed [A]. %1 &amp; &lt;b&gt;"},
