@@ -1,10 +1,12 @@
-# The processor, in the names of files that are about one: x86, x64, or as the system calls it.
+# The processor, in the names of files that are about one: x86, x64, arm64, or as the system calls it.
 string(TOLOWER "${CMAKE_SYSTEM_PROCESSOR}" KYR_MACHINE)
 if(KYR_MACHINE MATCHES "^(x86_64|amd64|i[3-6]86)$")
   set(KYR_MACHINE x64)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)  # which 64-bit systems run as well
     set(KYR_MACHINE x86)
   endif()
+elseif(KYR_MACHINE STREQUAL "aarch64")
+  set(KYR_MACHINE arm64)
 endif()
 
 # kyr_room(NAME room [SOURCES file...] [POSIX file...] [WINDOWS file...] [MACHINES file...]

@@ -8,6 +8,8 @@
 /// name. Each request on the socket is a Crash::BacktraceRequest. The backtrace goes to standard
 /// error; then a Crash::BacktraceAnswer follows. The conversation ends with the socket.
 
+#include "machine_p.h"
+
 #include <kyr/crash/backtrace_request_p.h>
 
 #include <elfutils/libdw.h>
@@ -34,14 +36,13 @@
 
 namespace {
 
-using Kyr::Crash::registerCount;
 using Kyr::Crash::Registers;
 using Request = Kyr::Crash::BacktraceRequest;
 using Answer = Kyr::Crash::BacktraceAnswer;
 static_assert(sizeof(Dwarf_Word) == sizeof(Registers::value_type));
 
-constexpr std::size_t stackPointer = 7;
-constexpr std::size_t instructionPointer = registerCount - 1;
+using KyrBacktrace::instructionPointer;
+using KyrBacktrace::stackPointer;
 
 /// How many frames of an endless recursion are printed: of the innermost, which show who calls
 /// whom, and of the outermost, which show who began.
@@ -332,8 +333,7 @@ bool readMemory(Dwfl*, Dwarf_Addr address, Dwarf_Word* word, void* given) {
 }
 
 bool setRegisters(Dwfl_Thread* thread, void* given) {
-  const Registers& registers = static_cast<Process*>(given)->registers;
-  return dwfl_thread_state_registers(thread, 0, registerCount, registers.data());
+  return KyrBacktrace::setRegisters(thread, static_cast<Process*>(given)->registers);
 }
 
 /// Tells the unwinder of threads: always of one, under a number that means nothing.
@@ -380,17 +380,20 @@ const Dwfl_Callbacks moduleCallbacks = {&findFile, &dwfl_standard_find_debuginfo
 /// a call leaves nothing but the return address on the stack.
 /// \return whether the registers are the caller's now
 bool returnFromNowhere(Process& process) {
-  Registers& registers = process.registers;
-  const Dwarf_Addr called = registers[instructionPointer];
-  Dwarf_Word address = 0;
-  if ((isCode(process, called) && dwfl_addrmodule(process.modules, called)) ||
-      !readMemory(nullptr, registers[stackPointer], &address, &process) ||
-      !isCode(process, address) || !dwfl_addrmodule(process.modules, address)) {
+  const Dwarf_Addr called = process.registers[instructionPointer];
+  if (isCode(process, called) && dwfl_addrmodule(process.modules, called)) {
+    return false;
+  }
+  const auto read = [&](Dwarf_Addr address, Dwarf_Word* word) {
+    return readMemory(nullptr, address, word, &process);
+  };
+  Registers caller = process.registers;
+  if (!KyrBacktrace::leaveCall(caller, read) || !isCode(process, caller[instructionPointer]) ||
+      !dwfl_addrmodule(process.modules, caller[instructionPointer])) {
     return false;
   }
   printFrame(process, {called, called});
-  registers[instructionPointer] = address;
-  registers[stackPointer] += sizeof address;
+  process.registers = caller;
   return true;
 }
 

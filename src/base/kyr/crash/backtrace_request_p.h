@@ -9,8 +9,9 @@
 
 namespace Kyr::Crash {
 
-/// The registers in the numbering that debug information uses; the last is where to go on.
-constexpr std::size_t registerCount = 17;
+/// The registers in the numbering that debug information uses, and behind them where to go on, as
+/// far as it is none of them: 17 on x86-64, 33 on 64-bit ARM. The rest is not used.
+constexpr std::size_t registerCount = 33;
 using Registers = std::array<std::uint64_t, registerCount>;
 
 /// One request on the socket, in the machine's own byte order. A BacktraceAnswer follows, once the
@@ -19,7 +20,7 @@ using Registers = std::array<std::uint64_t, registerCount>;
 struct BacktraceRequest {
   /// Counts up with every change of what follows, so that a program that was left behind by
   /// another version of the library says so instead of printing nonsense.
-  static constexpr std::uint32_t currentVersion = 3;
+  static constexpr std::uint32_t currentVersion = 4;
 
   std::uint32_t version = currentVersion;
   std::uint32_t size = sizeof(BacktraceRequest);  ///< in bytes, these eight included

@@ -20,9 +20,9 @@
 
 namespace Kyr::Crash {
 
-// ---- the processor: platform/crash_machine_x64_posix.cpp --------------------------------------
+// ---- the processor: platform/crash_machine_x64_posix.cpp and its twins ------------------------
 
-/// The registers as dumps hold them.
+/// Room for the registers as dumps hold them.
 using DumpContext = std::array<unsigned char, 1232>;
 
 std::uint64_t instructionPointer(const ucontext_t& context) noexcept;
@@ -30,7 +30,8 @@ std::uint64_t stackPointer(const ucontext_t& context) noexcept;
 /// Bytes below the stack pointer that belong to the running function.
 constexpr std::uint64_t redZone = 128;
 Registers registersOf(const ucontext_t& context) noexcept;
-void fillDumpContext(const ucontext_t& context, DumpContext& dump) noexcept;
+/// \return how many bytes of the room a dump holds
+std::size_t fillDumpContext(const ucontext_t& context, DumpContext& dump) noexcept;
 /// Whether the faulting access was a write; fetching an instruction is a read.
 bool isWrite(const ucontext_t& context) noexcept;
 /// Whether the processor refused an instruction without naming an address.

@@ -210,8 +210,8 @@ Dump::MemoryRange appendStack(DumpFile& file, const Memory& memory, const uconte
 
 Dump::Location appendContext(DumpFile& file, const ucontext_t& context) noexcept {
   DumpContext registers;
-  fillDumpContext(context, registers);
-  return file.append(registers.data(), registers.size());
+  const std::size_t size = fillDumpContext(context, registers);
+  return file.append(registers.data(), size);
 }
 
 /// Appends the code around the fault, by which a reader without the binaries finds the instruction.

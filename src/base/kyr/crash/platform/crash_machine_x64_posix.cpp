@@ -47,9 +47,9 @@ std::uint64_t Crash::stackPointer(const ucontext_t& context) noexcept {
 }
 
 Crash::Registers Crash::registersOf(const ucontext_t& context) noexcept {
-  constexpr std::array<int, registerCount> order = {
-      REG_RAX, REG_RDX, REG_RCX, REG_RBX, REG_RSI, REG_RDI, REG_RBP, REG_RSP, REG_R8,
-      REG_R9,  REG_R10, REG_R11, REG_R12, REG_R13, REG_R14, REG_R15, REG_RIP};
+  constexpr std::array<int, 17> order = {REG_RAX, REG_RDX, REG_RCX, REG_RBX, REG_RSI, REG_RDI,
+                                         REG_RBP, REG_RSP, REG_R8,  REG_R9,  REG_R10, REG_R11,
+                                         REG_R12, REG_R13, REG_R14, REG_R15, REG_RIP};
   Registers registers{};
   for (std::size_t i = 0; i < order.size(); ++i) {
     registers[i] = value(context, order[i]);
@@ -57,7 +57,7 @@ Crash::Registers Crash::registersOf(const ucontext_t& context) noexcept {
   return registers;
 }
 
-void Crash::fillDumpContext(const ucontext_t& context, DumpContext& dump) noexcept {
+std::size_t Crash::fillDumpContext(const ucontext_t& context, DumpContext& dump) noexcept {
   constexpr std::array<int, 17> order = {REG_RAX, REG_RCX, REG_RDX, REG_RBX, REG_RSP, REG_RBP,
                                          REG_RSI, REG_RDI, REG_R8,  REG_R9,  REG_R10, REG_R11,
                                          REG_R12, REG_R13, REG_R14, REG_R15, REG_RIP};
@@ -72,6 +72,7 @@ void Crash::fillDumpContext(const ucontext_t& context, DumpContext& dump) noexce
     put(dump, place::Mxcsr, state->mxcsr);
     std::memcpy(dump.data() + place::FloatSave, state, place::FloatSaveSize);
   }
+  return dump.size();
 }
 
 bool Crash::isWrite(const ucontext_t& context) noexcept {
