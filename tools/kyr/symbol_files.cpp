@@ -39,18 +39,20 @@ class Numbers {
 
 // ---- ELF: System V ABI, Elf64 -----------------------------------------------------------------
 
-/// The content of the note that holds the build id, if the section has one.
-QString buildIdOfNotes(Numbers& file, std::uint64_t offset, std::uint64_t size) {
+/// The content of the note that holds the build id, if there is one.
+QString buildIdOfNotes(const QByteArray& notes) {
   constexpr std::uint32_t buildIdNote = 3;
-  constexpr std::uint64_t longest = 64;
-  for (std::uint64_t at = offset; at < offset + std::min(size, page);) {
-    const std::uint64_t name = file.word(at), content = file.word(at + 4);
-    const std::uint64_t begin = at + 12 + (name + 3) / 4 * 4;
-    if (file.word(at + 8) == buildIdNote && file.bytes(at + 12, 4) == QByteArray("GNU", 4) &&
-        content <= longest) {
-      return file.bytes(begin, int(content)).toHex();
+  constexpr std::uint64_t head = 12, longest = 64;
+  const auto size = std::uint64_t(notes.size());
+  for (std::uint64_t at = 0; at + head <= size;) {
+    std::array<std::uint32_t, 3> words{};  // the lengths of name and content, and the kind
+    std::memcpy(words.data(), notes.constData() + at, head);
+    const std::uint64_t begin = at + head + (std::uint64_t{words[0]} + 3) / 4 * 4;
+    if (words[2] == buildIdNote && notes.mid(int(at + head), 4) == QByteArray("GNU", 4) &&
+        words[1] <= longest && begin <= size) {
+      return notes.mid(int(begin), int(words[1])).toHex();
     }
-    at = begin + (content + 3) / 4 * 4;
+    at = begin + (std::uint64_t{words[1]} + 3) / 4 * 4;
   }
   return {};
 }
@@ -64,7 +66,8 @@ FileIdentity identityOfElf(Numbers& file) {
   for (unsigned i = 0; i < count && identity.buildId.isEmpty(); ++i) {
     const std::uint64_t at = sections + i * size;
     if (file.word(at + 4) == notes) {
-      identity.buildId = buildIdOfNotes(file, file.wide(at + 24), file.wide(at + 32));
+      const std::uint64_t length = std::min(file.wide(at + 32), page);
+      identity.buildId = buildIdOfNotes(file.bytes(file.wide(at + 24), int(length)));
     }
   }
   // The segments are in the order of their addresses.
