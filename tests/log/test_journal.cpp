@@ -3,7 +3,7 @@
 #include <kyr/log/KyrSyncErrorLog.h>
 
 #include "app/home.h"
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <QThread>
 
@@ -67,19 +67,16 @@ TEST(JournalTest, TakesWhatItIsToldToTake) {
 constexpr int processes = 4, entries = 1500;
 constexpr JournalOptions small{20000, 99};
 
-/// Run by the test below, several times at once.
+/// A process that writes; IsSharedByProcessesAndLosesNothing runs several at once.
 TEST(JournalTest, DISABLED_Writer) {
   Journal journal(OS::getEnv("KYR_TEST_JOURNAL"), small);
-  const auto write = [&journal](int thread) {
+  inThreads(2, [&journal](int thread) {
     for (int i = 0; i < entries; ++i) {
       const QString text = QString("%1 %2 %3").arg(OS::getPID()).arg(thread).arg(i);
       journal.add(i % 50 == 0 ? Journal::Warning : Journal::Info, "writer",
                   text + QString(i % 90, '.'));
     }
-  };
-  std::thread other(write, 1);
-  write(2);
-  other.join();
+  });
   EXPECT_EQ(journal.getLost(), 0U) << journal.getError().toStdString();
 }
 

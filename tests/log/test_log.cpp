@@ -1,6 +1,6 @@
 #include <kyr/log/KyrSyncErrorLog.h>
 
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <climits>
 
@@ -10,7 +10,7 @@ using testing::internal::GetCapturedStderr;
 
 namespace {
 
-/// What both families do.
+/// What ErrorLog and SyncErrorLog both do.
 template <class Log>
 class Logs : public testing::Test {};
 using Families = testing::Types<ErrorLog, SyncErrorLog>;
@@ -137,10 +137,7 @@ TEST(Log, GoesOnWithoutMemory) {
 TEST(Log, SystemLog) {
   const KyrTest::TempDir dir;
   const QString full = KyrTest::fullDevice();
-  const auto openFiles = [] {  // 0 where nobody tells
-    return QDir::separator() == '/' ? QDir("/proc/self/fd").count() : 0U;
-  };
-  const unsigned before = openFiles();
+  const unsigned before = KyrTest::openFiles();
   for (const QString& name : {QString(), dir.path(), dir.file("no/log"), full, dir.file("log")}) {
     SyncSystemErrorLog log(true, name);
     CaptureStderr();
@@ -153,7 +150,7 @@ TEST(Log, SystemLog) {
     EXPECT_EQ(GetCapturedStderr(), "x\n\ny\n\n\n\n") << "with file " << name.toStdString();
     EXPECT_EQ(log.getLog(), "x\n\nz\n") << "with file " << name.toStdString();
   }
-  EXPECT_EQ(openFiles(), before) << "a log stays open";
+  EXPECT_EQ(KyrTest::openFiles(), before) << "a log stays open";
   EXPECT_EQ(KyrTest::readFile(dir.file("log")), "x\ny\n\nz\n") << "also when the echo fails";
   SyncSystemErrorLog bounded(true, dir.file("log"));
   bounded.setLimit(3);
@@ -164,15 +161,10 @@ TEST(Log, SystemLog) {
   EXPECT_TRUE(KyrTest::readFile(dir.file("log")).endsWith("z\nlong\nc\n")) << "the file gets all";
 }
 
-void inTwoThreads(const std::function<void(char)>& write) {
-  std::thread other(write, 'a');
-  write('b');
-  other.join();
-}
-
 TEST(Log, ThreadsShareALog) {
   SyncErrorLog shared;
-  inTwoThreads([&](char letter) {
+  KyrTest::inThreads(2, [&](int thread) {
+    const char letter = "ab"[thread];
     for (int i = 0; i < 2000; ++i) {
       EXPECT_TRUE((shared << letter << END_LOG).isLog());
     }
@@ -184,7 +176,8 @@ TEST(Log, LogsShareAFile) {
   const KyrTest::TempDir dir;
   constexpr int length = 20000;  // beyond every buffer between the log and the file
   CaptureStderr();
-  inTwoThreads([&](char letter) {
+  KyrTest::inThreads(2, [&](int thread) {
+    const char letter = "ab"[thread];
     SyncSystemErrorLog own(true, dir.file("log"));
     for (int i = 0; i < 200; ++i) {
       own << QString(length, letter) << END_LOG;
