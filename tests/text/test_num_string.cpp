@@ -38,7 +38,7 @@ TEST(NumString, Parts) {
 }
 
 TEST(NumString, NaturalOrder) {
-  // Each is smaller than all that follow.
+  // Every text is smaller than all that follow it.
   const QString rising =
       "|1x|007|07|07a|7|9|10|10a|12ab|12ab3|99999999999|2147483648|B|a10|a10b2|a10b10|b2|item9|"
       "item10|item10.tif|long_names_of_scans_9|long_names_of_scans_10|long_names_of_scans_10b1c1d9|"
