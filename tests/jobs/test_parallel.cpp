@@ -1,4 +1,4 @@
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <kyr/jobs/KyrParallel.h>
 #include <kyr/jobs/KyrProgress.h>
@@ -17,7 +17,7 @@ ParallelOptions with(unsigned threads, std::size_t grain = 0) {
   return options;
 }
 
-/// Each function goes on when the next one runs as well.
+/// Functions that wait for each other: each goes on when the next one runs as well.
 struct Meeting {
   explicit Meeting(std::size_t count) : reached(count) {}
   void join(std::size_t self) {
@@ -84,9 +84,7 @@ TEST(Parallel, NestsAndIsCalledByManyThreads) {
         with(4));
   };
   parallelFor(100, nested, with(4));
-  std::thread other([&] { parallelFor(100, nested, with(3)); });
-  parallelFor(100, nested, with(3));
-  other.join();
+  KyrTest::inThreads(2, [&](int /*thread*/) { parallelFor(100, nested, with(3)); });
   EXPECT_EQ(calls, 3 * 100 * 10 * 3);
 }
 

@@ -1,4 +1,4 @@
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrProgressScope.h>
@@ -192,30 +192,23 @@ TEST(ProgressScope, NeverGoesBackWhateverThreadsDo) {
     Watch watch;
     {
       ProgressScope whole("whole", 4000);
-      const auto work = [&whole](unsigned seed) {
-        std::mt19937 random(seed);
+      KyrTest::inThreads(3, [&](int thread) {
+        std::mt19937 random(turn + 100U * unsigned(thread));
         for (int i = 0; i < 1000; ++i) {
           nest(whole, random, 0);
         }
-      };
-      std::thread threads[] = {std::thread(work, turn), std::thread(work, turn + 100)};
-      work(turn + 200);
-      threads[0].join();
-      threads[1].join();
+      });
     }
     EXPECT_EQ(std::pair(watch.back, watch.last), std::pair(0, 100));
   }
   for (int turn = 0; turn < 300; ++turn) {  // each step moves the percentage
     Watch watch;
     ProgressScope steps("steps", 200);
-    const auto work = [&steps] {
+    KyrTest::inThreads(2, [&](int /*thread*/) {
       for (int i = 0; i < 100; ++i) {
         steps.step();
       }
-    };
-    std::thread other(work);
-    work();
-    other.join();
+    });
     EXPECT_EQ(std::pair(watch.back, watch.last), std::pair(0, 100));
   }
   ProgressScope whole("whole", 16);

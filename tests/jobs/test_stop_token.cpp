@@ -1,4 +1,4 @@
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <kyr/jobs/KyrProgress.h>
 #include <kyr/jobs/KyrProgressScope.h>
@@ -92,18 +92,12 @@ TEST(StopToken, ManyMayStopAndHangOnATreeAtOnce) {
   for (int turn = 0; turn < 200; ++turn) {
     const StopToken root;
     std::atomic<int> calls{0};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-      threads.emplace_back([&, i] {
-        const StopToken child = root.child();
-        const StopCallback callback(child, [&calls] { ++calls; });
-        (i % 2 == 0 ? root : child).stop();
-        EXPECT_TRUE(child.isStopped());
-      });
-    }
-    for (std::thread& thread : threads) {
-      thread.join();
-    }
+    KyrTest::inThreads(4, [&](int thread) {
+      const StopToken child = root.child();
+      const StopCallback callback(child, [&calls] { ++calls; });
+      (thread % 2 == 0 ? root : child).stop();
+      EXPECT_TRUE(child.isStopped());
+    });
     EXPECT_LE(calls, 4) << "called twice";
   }
 }
