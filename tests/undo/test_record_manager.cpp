@@ -1,4 +1,4 @@
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <kyr/undo/KyrRecordManager.h>
 
@@ -64,26 +64,18 @@ TEST(RecordedContainers, AreResetInTheOrderOfTheirAddresses) {
       << "a copy, an ended one, or another order";
 }
 
-void inFourThreads(const std::function<void(int)>& work) {
-  std::thread threads[4];
-  for (int i = 0; i < 4; ++i) {
-    threads[i] = std::thread(work, i);
-  }
-  std::for_each(threads, threads + 4, [](std::thread& thread) { thread.join(); });
-}
-
 TEST(RecordedContainers, AreCountedAcrossThreads) {
   int resets = 0;  // guarded by the registry's lock
   std::list<Container> all[4];
-  inFourThreads([&](int own) {
+  KyrTest::inThreads(4, [&](int own) {
     for (int i = 0; i < 50; ++i) {
       all[own].emplace_back([&](Container*) { ++resets; });
       const Container passing = Container(all[own].back().act);
     }
   });
-  inFourThreads([](int) { StructRecordVectorBase::resetAllRecordingModes(); });
+  KyrTest::inThreads(4, [](int) { StructRecordVectorBase::resetAllRecordingModes(); });
   EXPECT_EQ(resets, 4 * 4 * 50) << "rounds of several threads at once";
-  inFourThreads([&](int own) { all[own].clear(); });
+  KyrTest::inThreads(4, [&](int own) { all[own].clear(); });
   StructRecordVectorBase::resetAllRecordingModes();
   EXPECT_EQ(resets, 4 * 4 * 50) << "an ended one is still known";
 }
