@@ -1,5 +1,6 @@
 // Texts with numbers, as the catalogue of the examples has them.
 #include "app/home.h"
+#include "support/Shared.h"
 
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/KyrTranslator.h>
@@ -24,10 +25,7 @@ TEST(TranslateNumber, ChoosesTheFormForANumber) {
   const Home home;
   inChild([&] {
     home.start({{"KYR", QString()}});
-    int count = 1;
-    char name[] = "app";
-    char* arguments[] = {name, nullptr};
-    const QCoreApplication application(count, arguments);
+    const Program program;
     for (const auto& [language, number, form, catches] : rows) {
       KyrInit::InitTranslator(language);
       installTranslator("Examples");

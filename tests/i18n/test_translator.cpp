@@ -1,5 +1,7 @@
-// The translator in processes with a home of their own.
+// The translator in processes with a home of their own. The catalogues of the build lie beside the
+// folder of its programs.
 #include "app/home.h"
+#include "support/Shared.h"
 
 #include <kyr/i18n/KyrTranslate.h>
 #include <kyr/i18n/KyrTranslator.h>
@@ -9,14 +11,6 @@ using namespace Kyr;
 using namespace KyrTest;
 
 namespace {
-
-/// What a Qt program has; the catalogues of the build lie beside the folder of its programs.
-struct Program {
-  int count = 1;
-  char name[4] = "app";
-  char* arguments[2] = {name, nullptr};
-  const QCoreApplication application{count, arguments};
-};
 
 QString shortcuts(unsigned mask, const QString& application = "Motion") {
   const Translator translator(mask, application);
@@ -186,10 +180,8 @@ TEST(Translate, AnswersManyThreads) {
   constexpr int texts = 5000;
   constexpr int threads = 4;
   Translator translator("en");
-  KyrTest::Gate gate;
   std::vector<int> wrong(threads, texts);
-  const auto ask = [&](int thread) {
-    gate.await("all threads are there");
+  KyrTest::inThreads(threads, [&](int thread) {
     char text[16] = "";  // the same place for every text
     for (int i = 0; i < 2 * texts; ++i) {
       const QByteArray number = QByteArray::number((i * 7 + thread * 1000) % texts);
@@ -198,15 +190,7 @@ TEST(Translate, AnswersManyThreads) {
       wrong[static_cast<std::size_t>(thread)] -= i < texts && answer == text ? 1 : 0;
       wrong[static_cast<std::size_t>(thread)] += i >= texts && answer != text ? 1 : 0;
     }
-  };
-  std::vector<std::thread> crowd;
-  for (int thread = 0; thread < threads; ++thread) {
-    crowd.emplace_back(ask, thread);
-  }
-  gate.open();
-  for (std::thread& thread : crowd) {
-    thread.join();
-  }
+  });
   EXPECT_EQ(wrong, std::vector<int>(threads, 0));
   EXPECT_EQ(translator.translate("a", "1").constData(), translator.translate("a", "1").constData())
       << "every answer is a text of its own";
