@@ -1,5 +1,5 @@
 // Directories, the environment, places and processors.
-#include "support/Support.h"
+#include "support/Shared.h"
 
 #include <exception>
 
@@ -45,13 +45,10 @@ TEST(OsDirectory, IsMadeWithAllAboveIt) {
     OS::FileStatus status;
     EXPECT_EQ(OS::stat(name, &status) && status.isDirectory, made) << catches;
   }
-  const auto openFiles = [] {  // 0 where nobody tells
-    return QDir::separator() == '/' ? QDir("/proc/self/fd").count() : 0U;
-  };
-  const unsigned before = openFiles();
+  const unsigned before = KyrTest::openFiles();
   QStringList entries{"old"};
   EXPECT_TRUE(OS::readDirectory(dir.path(), &entries));
-  EXPECT_EQ(openFiles(), before) << "a directory stays open";
+  EXPECT_EQ(KyrTest::openFiles(), before) << "a directory stays open";
   EXPECT_EQ(entries.join("|"), letters + "|file") << "sorted, and nothing but these";
   EXPECT_FALSE(OS::readDirectory(file, &entries) || !entries.isEmpty()) << "a file has no entries";
 }
