@@ -11,8 +11,6 @@
 #include <kyr/pack/KyrZippedTar.h>
 #include <kyr/trace/KyrTrace.h>
 
-#include <QProcess>
-
 #include <atomic>
 #include <cstdlib>
 #include <thread>
@@ -61,17 +59,10 @@ void runJobs() {
   jobs.waitForWorker();
 }
 
-QProcessEnvironment tracedInto(const QString& file) {
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("KYR_TRACE", file);
-  return environment;
-}
-
 Ended runTool(const QString& traceFile) {
   const TempDir folder;
-  return runProgram(
-      KYR_TOOL, {"zip", "pack", KYR_TOOL, folder.file("packed")}, {}, {},
-      [&](QProcess& process) { process.setProcessEnvironment(tracedInto(traceFile)); });
+  const ScopedEnvironment traced("KYR_TRACE", traceFile.toUtf8());
+  return runProgram(KYR_TOOL, {"zip", "pack", KYR_TOOL, folder.file("packed")});
 }
 
 }  // namespace
