@@ -64,7 +64,8 @@ void checkWellFormed(const QString& page) {
   QXmlStreamReader xml(page.toUtf8());
   while (!xml.atEnd()) {
     xml.readNext();
-    expect(!xml.isStartElement() || xml.name() != "planted", "no text makes an element");
+    expect(!xml.isStartElement() || xml.name() != QLatin1String("planted"),
+           "no text makes an element");
   }
   expect(!xml.hasError(), "a page is well-formed");
 }

@@ -8,7 +8,7 @@ using namespace KyrTest;
 /// The line of the example on which it makes its mistake, as a backtrace shows it.
 QString lineOf(const QByteArray& statement) {
   const QByteArray source = readFile(KYR_CRASH_SOURCE);
-  const int at = source.indexOf(statement);
+  const auto at = source.indexOf(statement);
   EXPECT_GE(at, 0) << statement.toStdString();
   return QString("faults.cpp:%1)").arg(source.left(at).count('\n') + 1);
 }
@@ -125,7 +125,7 @@ TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
           {"--kind", "null-write", "--in-thread", "--threads", "1", "--note", home + "/part.g3d",
            "--note", "line\nfeed", "--password", "moon river"},
           {"HOME=" + home, "USERPROFILE=" + QDir::toNativeSeparators(home).toUpper()});
-  const int section = death.report.lastIndexOf("\n\n\nabout this crash:\n");
+  const auto section = death.report.lastIndexOf("\n\n\nabout this crash:\n");
   ASSERT_GE(section, death.report.lastIndexOf("\n#0 ")) << death.report.toStdString();
   const QString about = death.report.mid(section);
   const QString name = death.dumps.value(0);
@@ -231,7 +231,7 @@ TEST_F(Crash, IsKnownAtTheNextStartUntilItIsSeen) {
 /// The section of the flight recorder; empty without one.
 QStringList recordedIn(const QString& report) {
   const QString heading = "\nlast entries of the flight recorder, the newest first:\n";
-  const int at = report.lastIndexOf(heading);
+  const auto at = report.lastIndexOf(heading);
   return at < 0 ? QStringList()
                 : report.mid(at + heading.size())
                       .section("\n\n", 0, 0)

@@ -176,7 +176,7 @@ TEST_F(CrashFiles, StandOnTopOfASystemReport) {
                       "EXCEPTION_BREAKPOINT\n  application  <Viewer> 1.2 beta\n  time"))
       << text.toStdString();
   const QString page = report.toHtml();
-  const int crash = page.indexOf("<section id=\"crash\">");
+  const auto crash = page.indexOf("<section id=\"crash\">");
   EXPECT_GT(crash, 0);
   EXPECT_LT(crash, page.indexOf("<section id=\"part1\">"));
   EXPECT_TRUE(page.mid(crash, 900).contains("&lt;Viewer&gt; 1.2 beta")) << "letters of the page's";

@@ -198,7 +198,7 @@ TEST(Report, TakesOnlyHarmlessFiles) {
   SystemReport report;
   for (const auto& row : rows) {
     const std::size_t before = report.files().size();
-    const int remarks = report.remarks().size();
+    const auto remarks = report.remarks().size();
     report.addFile(row.path, row.name, row.most);
     EXPECT_EQ(report.files().size() - before, row.taken ? 1U : 0U) << row.fault;
     EXPECT_EQ(report.remarks().size() - remarks, row.taken ? 0 : 1) << row.fault;

@@ -125,7 +125,7 @@ TEST(SafeFile, WaitsForAReaderThatIsInTheWay) {
 
 /// Whether it is one of the contents that the other process writes.
 bool isWhole(const QByteArray& content, int unit) {
-  const int round = content.size() / unit - 100;
+  const int round = static_cast<int>(content.size()) / unit - 100;
   return content == QByteArray(content.size(), static_cast<char>('a' + round)) && round >= 0;
 }
 

@@ -216,7 +216,7 @@ TEST(Project, IsReadAsASurfaceLikeAScan) {
   const Mesh large = repeated(mesh, 20000);
   writeProject(directory.file("mesh.any"), toBytes(large));
   QByteArray bytes = KyrTest::readFile(directory.file("mesh.any"));
-  const int last = bytes.size() - 1000;  // within the triangles
+  const auto last = bytes.size() - 1000;  // within the triangles
   bytes[last] = char(bytes[last] ^ 1);
   EXPECT_EQ(read(directory.write("mesh.any", bytes)), large.points);
   EXPECT_TRUE(log.getLog().contains("mesh.any: the file is damaged: ") &&

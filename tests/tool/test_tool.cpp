@@ -116,7 +116,7 @@ class ToolZip : public testing::Test {
 };
 
 TEST_F(ToolZip, SaysWhatIsWrongWithAFile) {
-  const int middle = good.size() / 2;
+  const auto middle = good.size() / 2;
   folder.write("cut", good.left(middle));
   folder.write("longer", good + "more");
   const int secondBlock = 104 + 2 + 8192;
@@ -192,7 +192,7 @@ TEST_F(ToolZip, NamesWhatIsDamagedAndSavesTheRest) {
       << info.toStdString();
   folder.write("many", QByteArray(30 * 262144, '\0'));
   run({"zip", "pack", "many", "packed", "--workers", "1"}, folder);
-  const int all = run({"zip", "info", "packed", "--all"}, folder).output.count('\n');
+  const auto all = run({"zip", "info", "packed", "--all"}, folder).output.count('\n');
   EXPECT_EQ(run({"zip", "info", "packed"}, folder).output.count('\n'), all - 15 + 1);
   folder.write("nothing", "");
   run({"zip", "pack", "nothing", "packed", "--workers", "1"}, folder);

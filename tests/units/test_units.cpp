@@ -207,7 +207,7 @@ TEST(Text, EqualsTheTextOfQt) {
     EXPECT_EQ(uStrain.Unit::toString(value, digits, Unit::StrainPercent),
               uStrain.toString(value, digits, Unit::StrainPercent));
     const QString text = uStrain.toString(value, digits, Unit::StrainPercent);
-    const int shown = text.contains('.') ? text.size() - text.indexOf('.') - 1 : 0;
+    const auto shown = static_cast<int>(text.section('.', 1).size());
     ASSERT_GE(shown, static_cast<int>(digits));
     ASSERT_EQ(text, QString::number(value, 'f', shown)) << i;
   }

@@ -52,7 +52,7 @@ KYR_EXPORT QString fromCodec(TextCodec_t codec, std::string bytes);
 /// \threadsafety any thread
 template <class Bytes, class = std::enable_if_t<std::is_same_v<Bytes, QByteArray>>>
 QString fromCodec(TextCodec_t codec, const Bytes& bytes) {
-  return fromCodec(codec, bytes.constData(), bytes.size());
+  return fromCodec(codec, bytes.toStdString());  // which tells what is too long
 }
 
 /// The codec of text that the suite exchanges with others; always UTF-8.
@@ -68,7 +68,7 @@ KYR_EXPORT QString fromExportCodec(const char* data, int length);
 KYR_EXPORT QString fromExportCodec(std::string bytes);
 template <class Bytes, class = std::enable_if_t<std::is_same_v<Bytes, QByteArray>>>
 QString fromExportCodec(const Bytes& bytes) {
-  return fromExportCodec(bytes.constData(), bytes.size());
+  return fromExportCodec(bytes.toStdString());
 }
 
 }  // namespace Kyr
