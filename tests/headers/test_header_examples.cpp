@@ -54,7 +54,7 @@ bool convert(const QString& one) {
   return one != "bad";
 }
 double lengthIn(const QString& one) {
-  return one.size();
+  return static_cast<double>(one.size());
 }
 void sortByName(const std::vector<QString>& /*names*/) {}
 void sortByLength(std::vector<double>& lengths) {

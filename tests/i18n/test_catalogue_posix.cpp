@@ -51,7 +51,7 @@ int lookUp(const QByteArray& catalogue, const Texts& texts, bool atEnd) {
   static Fenced memory;
   const QByteArray checked = check(catalogue).bytes;
   QTranslator translator;
-  if (!translator.load(memory.hold(checked, atEnd), checked.size())) {
+  if (!translator.load(memory.hold(checked, atEnd), static_cast<int>(checked.size()))) {
     return -1;
   }
   return int(std::count_if(texts.begin(), texts.end(), [&](const auto& text) {
