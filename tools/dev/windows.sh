@@ -39,6 +39,8 @@ make_windows_package() {
   # Kept by who ships the package, not shipped.
   mv "$windows/package/lib/debug" "$windows/symbols"
   tar -C "$windows" -czf "$windows/symbols.tar.gz" symbols
+  python3 "$top/tools/file_list.py" --name "libkyr-$(basename "$windows")" \
+    --output "$windows/package.spdx.json" "$windows/package"
 }
 
 # The package as it is on a machine that has nothing else: its own folder only.
