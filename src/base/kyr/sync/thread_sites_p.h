@@ -13,11 +13,10 @@ struct ThreadSite {
   unsigned line;
 };
 
-/// Says that the calling thread has begun to run an object, made at a site, of whose texts 199 bytes
-/// are kept. Where a thousand threads run, further ones are not noted, nor are those of further
-/// sites than 256.
-/// \param object whatever is not noted for another thread
-/// \threadsafety any thread; without lock and heap
+/// Says that the calling thread has begun to run an object, made at a site, of whose texts 199
+/// bytes are kept. Where a thousand threads run, further ones are not noted, nor are those of
+/// further sites than 256. \param object whatever is not noted for another thread \threadsafety any
+/// thread; without lock and heap
 void noteThreadSite(const void* object, const ThreadSite& site) noexcept;
 /// Takes the note back; without one for this object nothing happens.
 /// \threadsafety as above
