@@ -11,7 +11,7 @@ using State = QuantityReading::State_t;
 
 constexpr double refused = std::numeric_limits<double>::quiet_NaN();
 
-/// An editor lets it be typed.
+/// An editor lets the text be typed: it refuses no beginning of it.
 void expectTyping(const QuantityText& texts, const QString& whole) {
   for (int length = 0; length < whole.size(); ++length) {
     EXPECT_NE(texts.read(whole.left(length)).state, State::Invalid)
@@ -63,10 +63,8 @@ TEST(Reading, TellsEditorsWhatTypingOnCanMend) {
       {"en", "1.5 3", State::Invalid, "no fraction follows decimals"},
       {"en", "5' 3", State::Intermediate, "inches are to come"},
       {"de", "2000", State::Intermediate, "beyond the limits"},
-      {"de", "12,5", State::Acceptable, "a quantity"},
       {"de", "12,5,", State::Invalid, "a second comma"},
       {"de", "12,5 x", State::Invalid, "no unit"},
-      {"de", "x", State::Invalid, "no number"},
       {"en", "1,2 mm", State::Invalid, "no group will come"},
   };
   for (const auto& [language, text, state, fault] : rows) {
@@ -91,7 +89,6 @@ TEST(Reading, ReckonsWhereThatIsAskedFor) {
       {"12 mm / 4 / 3", 1, -1, "", "quotients as well"},
       {"2 * (3 + 4) / 7", 2 * inch, -1, "", "the expected unit, of bare numbers"},
       {"(5' 3 1/2\" - 1 ft)", 4 * 12 * inch + 3.5 * inch, -1, "", "quantities in parts"},
-      {"((1/2 in))*-2", -inch, -1, "", "fractions and signs"},
       {"1e+1 mm", 10, -1, "", "an exponent is no sum"},
       {"( - 3 mm + -2 mm) * -1", 5, -1, "", "an operand's own sign, blanks around it or not"},
       {"5'-3\"", refused, 1, "no unit", "feet and inches of some"},
@@ -248,7 +245,6 @@ TEST(Writing, AsPeopleDo) {
       {"en", uLength, 0.00125, [](Q q) { q.setExponents(); }, "1.25e-3_mm", "one on demand"},
       {"en", uLength, 0, [](Q q) { q.setExponents(); }, "0e0_mm", "zero has no exponent"},
       {"en", uLength, -0.001, [](Q q) { q.setDecimals(2); }, "0.00_mm", "no negative zero"},
-      {"en", uTemp, 20, [](Q q) { q.setUnit(Unit::Fahrenheit); }, "68_°F", "an offset"},
       {"en", uLength, infinity, [](Q) {}, "inf_mm", "no loop"},
       {"en", uLength, 1.0 / 3, [](Q q) { q.setExact(); }, "0.3333333333333333_mm", "all bits"},
       {"en", uLength, 32102, [](Q q) { q.setExact().setUnit(Unit::Metre); },
