@@ -49,7 +49,8 @@ void increaseSlowly(int& count) {
   count = before + 1;
 }
 
-/// Until so many threads have come to the lock, and many turns more: they sleep there then.
+/// Waits until so many threads have come to the lock, and many turns more, in which they fall
+/// asleep there.
 void awaitSleepers(const std::atomic<int>& came, int count) {
   for (int turns = 0; turns < 100; turns += came >= count ? 1 : 0) {
     QThread::yieldCurrentThread();
@@ -127,7 +128,8 @@ TEST(Condition, SignalWakesOneThreadAndBroadcastAll) {
   Condition changed("f", "g", 1, &mutex);
   int waiting = 0;
   int woken = 0;
-  /// Many turns for threads that ought to sleep to show that they do not.
+  /// Waits for the counts, and many turns more, in which a thread that ought to sleep may show
+  /// that it does not.
   const auto awaitCounts = [&](int all, int awake) {
     for (int turns = 0; turns < 100; ++turns) {
       const AutoMutex guard(&mutex);
