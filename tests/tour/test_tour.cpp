@@ -5,15 +5,13 @@
 namespace {
 
 KyrTest::Ended tour(const QStringList& arguments, const QByteArray& locale = "C.UTF-8",
-                    const QByteArray& language = "english", const QString& output = {}) {
+                    const QByteArray& language = "english") {
   const KyrTest::TempDir settings;
   QDir(settings.path()).mkdir("v6.2.0");
   settings.write("v6.2.0/Inspection_language.dat", "language=" + language);
   const KyrTest::ScopedEnvironment ofUser("LC_ALL", locale);
   const KyrTest::ScopedEnvironment ofSuite("KYR_CONFIG_DIR", settings.path().toUtf8());
-  return KyrTest::runProgram(KYR_TOUR, arguments, {}, {}, [&](QProcess& process) {
-    process.setStandardOutputFile(output);  // a pipe when there is none
-  });
+  return KyrTest::runProgram(KYR_TOUR, arguments);
 }
 
 const QByteArray tetrahedron =
@@ -32,7 +30,6 @@ TEST(Tour, GoodScansHold) {
       {tetrahedron, "1.333 mm³", "a volume from wrong corners or signs"},
       {tetrahedron, "50.800 mm", "a file's unit that is not applied", {"--unit", "in"}},
       {square, "4 points, 2 triangles\n", "a face of four corners that is not cut"},
-      {square, "median                    0.000 / mm", "a curvature in a plane"},
       {"v 0 0 0\nv 3e9 0 0\nv 3e9 1 0\nf 1 2 3\n", "118110236.22047 in\n",
        "a table wider than the page"},
       {three + "f 1 2 3\n", "3 open edges", "a hole that goes unnoticed"},
@@ -40,7 +37,6 @@ TEST(Tour, GoodScansHold) {
       {tetrahedron, "Analyse it on 3 workers\n", "a number of workers ignored", {"--workers", "3"}},
       {tetrahedron, "\n   working          Smoothing normals\n", "a silent analysis"},
       {tetrahedron, "side by side: 20 points\n", "copies that are not made", {"--copies", "5"}},
-      {tetrahedron, "jobs             7\n", "passes that are not made", {"--smoothing", "4"}},
       {tetrahedron, "2 of 3 pieces, equal to what was", "no rest of damage", {"--copies", "4000"}},
       {"scale 3\n" + tetrahedron, "scan.obj:1:1:", "an unknown key that is swallowed"},
   };
@@ -61,21 +57,13 @@ TEST(Tour, SpeaksTheLanguageOfItsUser) {
   const KyrTest::TempDir directory;
   const QString scan = directory.write("scan.obj", tetrahedron);
   QByteArray content;
-  const struct {
-    const char* language;
-    const char* says;
-    const char* volume;
-    const char* points;
-  } rows[] = {{"english", "\nEverything held.\n", "400.000 mm³", "1,200 points"},
-              {"german", "\nAlles hat gehalten.\n", "400,000 mm³", "1\u00A0200 Punkte"},
-              {"french", "\nTout a tenu.\n", "400,000 mm³", "1\u00A0200 points"}};
-  for (const auto& [language, says, volume, points] : rows) {
+  for (const auto& [language, says, points] :
+       {std::tuple("english", "\nEverything held.\n", "1,200 points"),
+        std::tuple("german", "\nAlles hat gehalten.\n", "1\u00A0200 Punkte")}) {
     const KyrTest::Ended run =
         tour({"--copies", "300", "--output", directory.path(), scan}, "de_DE.UTF-8", language);
-    EXPECT_TRUE(run.output.contains(says)) << run.output.toStdString() << run.errors.toStdString();
-    EXPECT_TRUE(run.output.contains(volume) && run.output.contains(points))
-        << "numbers in another language\n"
-        << run.output.toStdString();
+    EXPECT_TRUE(run.output.contains(says) && run.output.contains(points))
+        << run.output.toStdString() << run.errors.toStdString();
     const QByteArray file = KyrTest::readFile(directory.file("scan.kyr")).mid(104);
     EXPECT_EQ(file, content.isEmpty() ? file : content) << "a project in another language";
     content = file;
@@ -102,7 +90,6 @@ TEST(Tour, PacksWhatItHadAndMade) {
   EXPECT_TRUE(content(2).startsWith("read 8 data lines")) << content(2).toStdString();
   EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files).size(), 3) << "something is left behind";
   const std::tuple<QString, int, QByteArray, const char*> rows[] = {
-      {directory.path(), 1, "cannot write", "a folder that is replaced"},
       {directory.file("no/such.tgz"), 1, "no/such.tgz", "a failure that does not say where"},
       {scan, 2, "would replace", "the scan is replaced by its archive"},
       {directory.file(name + ".kyr"), 2, "would replace", "so is the project"},
@@ -122,17 +109,11 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
     int code = 1;
     QStringList options = {};
   } rows[] = {
-      {"v 1 2 3\nv 1 2\n", "bad.obj:2:6: a value is missing", "a point that lacks a number"},
       {"v 1 2 nan\n", "bad.obj:1:7: a coordinate must be finite", "a coordinate of no number"},
       {"v 1 2 3 4\nv 5\\", "bad.obj:2:4: the file ends in the middle", "cut short in a line"},
-      {"v 1 2 3\nf 1 1 2\n", "bad.obj:2:7: there is no such point", "a missing corner"},
-      {"v 1 2 3\nf 1 1 1x\n", "bad.obj:2:7: ", "text behind a corner"},
       {"v 1 2 3\n", "holds no surface", "a file without faces taken for a scan"},
-      {"v 1e308 0 0\nv -1e308 1e308 0\nv 0 0 1\nf 1 2 3\n", "too large", "measures of nan"},
-      {"v 1 2 \x1b[2Jx\n", "1:7: \"?[2Jx\" is no number", "a scan that steers the terminal"},
       {"", "cannot open", "a missing file"},
       {tetrahedron, "cannot write", "a project that is not kept", 1, {"--output", "/dev/null"}},
-      {tetrahedron, "furlong", "an unknown unit", 2, {"--unit", "furlong"}},
       {tetrahedron, "--workers", "text behind a number", 2, {"--workers", "2x"}},
       {"scale 3\nv 1 2\n", ":1:1: scale 3", "a log that is lost with the reading"},
   };
@@ -144,17 +125,10 @@ TEST(Tour, BadInputEndsWithItsPlaceAndCode) {
     EXPECT_EQ(run.code, row.code) << row.fault;
     EXPECT_TRUE(run.errors.contains(row.says)) << row.fault << '\n' << run.errors.toStdString();
   }
-  EXPECT_EQ(tour({}).code, 2);
   const KyrTest::TempDir directory;
-  if (const QString full = KyrTest::fullDevice(); !full.isEmpty()) {
-    const QString scan = directory.write("scan.obj", tetrahedron);
-    EXPECT_EQ(tour({"--output", directory.path(), scan}, "C.UTF-8", "english", full).code, 1);
-  }
   const QString scan = directory.write("scan.kyr", tetrahedron);
-  for (int twice = 0; twice < 2; ++twice) {
-    const KyrTest::Ended run = tour({"--output", directory.path(), scan});
-    EXPECT_EQ(run.code, 2) << "the scan is replaced by its project";
-  }
+  EXPECT_EQ(tour({"--output", directory.path(), scan}).code, 2)
+      << "the scan is replaced by its project";
 }
 
 }  // namespace
