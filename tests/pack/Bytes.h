@@ -40,6 +40,28 @@ inline std::string zippedInPieces(const std::string& plain, const Kyr::ZipPieces
   return file.str();
 }
 
+/// Writes in parts of a size; 0 puts single bytes, 1 goes the way of any output stream.
+/// \param pieces null for a stream without
+/// \return the file, whose header tells no time
+inline std::string writtenIn(const std::string& plain, std::size_t part,
+                             const Kyr::ZipPieces* pieces = nullptr) {
+  std::ostringstream file;
+  const auto out = pieces ? std::make_unique<Kyr::ZipOutStream>(&file, 1, *pieces)
+                          : std::make_unique<Kyr::ZipOutStream>(&file, 1);
+  for (std::size_t done = 0; done < plain.size(); done += std::max<std::size_t>(part, 1)) {
+    const auto length = std::streamsize(std::min(part, plain.size() - done));
+    part == 0   ? out->put(plain[done])
+    : part == 1 ? out->std::ostream::write(&plain[done], 1)
+                : out->write(&plain[done], length);
+    if (pieces && part > 1) {
+      out->flush();
+    }
+  }
+  out->close();
+  EXPECT_TRUE(out->good());
+  return file.str().replace(64, 4, "time");
+}
+
 /// Everything that a stream delivers, damage or not, read in pieces of a size; 0 reads single
 /// bytes.
 inline std::string drain(Kyr::ZipInStream& in, std::size_t piece) {

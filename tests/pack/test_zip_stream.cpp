@@ -21,21 +21,6 @@ TEST(ZipStream, AnEmptyStreamByteForByte) {
   EXPECT_TRUE(info.headerSize == 104 && info.libraryVersion == "6.2.0-6");
 }
 
-/// Writes in pieces of a size; 0 puts single bytes, 1 goes the way of any output stream.
-std::string writtenIn(const std::string& plain, std::size_t piece) {
-  std::ostringstream file;
-  ZipOutStream out(&file, 1);
-  for (std::size_t done = 0; done < plain.size(); done += std::max<std::size_t>(piece, 1)) {
-    const auto length = std::streamsize(std::min(piece, plain.size() - done));
-    piece == 0   ? out.put(plain[done])
-    : piece == 1 ? out.std::ostream::write(&plain[done], 1)
-                 : out.write(&plain[done], length);
-  }
-  out.close();
-  EXPECT_TRUE(out.good());
-  return file.str().replace(64, 4, "time");
-}
-
 TEST(ZipStream, SizesOfWritesAndReadsDoNotShow) {
   for (const std::string& plain : {noisy(300000), noisy(8192, 1), noisy(16389, 1)}) {
     const std::string file = writtenIn(plain, 12);

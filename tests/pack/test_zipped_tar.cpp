@@ -26,6 +26,13 @@ QByteArray unzip(const Bytes& zipped) {
   return KyrTest::arrayOf(plain);
 }
 
+void setModified(const QString& path, qint64 seconds) {
+  QFile file(path);
+  EXPECT_TRUE(
+      file.open(QIODevice::ReadWrite) &&
+      file.setFileTime(QDateTime::fromSecsSinceEpoch(seconds), QFileDevice::FileModificationTime));
+}
+
 /// \return false where there are no links
 bool link(const char* target, const QString& name) {
   std::error_code error;
@@ -83,12 +90,8 @@ TEST(ZippedTar, WritesTheseBytes) {
   const TempDir dir;
   const QString path = dir.write("f", QByteArray(513, 'x'));
   const QString full = dir.write("g", QByteArray(512, 'y'));
-  for (const QString& name : {path, full}) {
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::ReadWrite) &&
-                file.setFileTime(QDateTime::fromSecsSinceEpoch(1234567890),
-                                 QFileDevice::FileModificationTime));
-  }
+  setModified(path, 1234567890);
+  setModified(full, 1234567890);
   Bytes out;
   ZippedTarWriter writer(&out);
   writer.addFile(path, letters);
@@ -114,10 +117,7 @@ TEST(ZippedTar, TakesAllWhenAsked) {
   const TempDir dir;
   const QString path = dir.write("f", "1");
   const QString early = dir.write("early", "2");
-  QFile file(early);
-  EXPECT_TRUE(
-      file.open(QIODevice::ReadWrite) &&
-      file.setFileTime(QDateTime::fromSecsSinceEpoch(-5), QFileDevice::FileModificationTime));
+  setModified(early, -5);
   const QString kana = QString::fromUtf8("\xe3\x83\x8e").repeated(20);
   const QString cyrillic = QString::fromUtf8("\xd1\x84").repeated(45);
   const QString deep = QString("n").repeated(98) + letters;
@@ -310,17 +310,6 @@ TEST(ZippedTar, TakesTreesAndWritesFiles) {
 
 TEST(ZippedTar, ReadsWhatOthersWrite) {
   const QByteArray a = entry("a", '0', "1");
-  const QByteArray longName(300, 'n');
-  // A GNU header from the magic's place on, of "ab" at 0 and "cd" at 5 in 8 bytes; then one more
-  // part, "e" at 7, in a further block.
-  const auto number = [](int value) {
-    return QByteArray::number(value, 8).rightJustified(11, '0') + '\0';
-  };
-  const QByteArray sparse = "ustar  " + QByteArray(386 - 264, '\0') + number(0) + number(2) +
-                            number(5) + number(2) + QByteArray(48, '\0') + '\1' + number(8);
-  const QByteArray further = (number(7) + number(1)).leftJustified(512, '\0');
-  const QByteArray ended = QByteArray(sparse).replace(386 - 257 + 96, 1, QByteArray(1, '\0'));
-  const QString holes = QString("ab") + QString(3, QChar::Null) + "cd" + QChar::Null;
   const QByteArray version1 = record("GNU.sparse.major=1") + record("GNU.sparse.realsize=8");
   const std::tuple<QByteArray, QString, const char*> rows[] = {
       {mark, "", "an archive without entries"},
@@ -328,6 +317,7 @@ TEST(ZippedTar, ReadsWhatOthersWrite) {
       {a + mark + "rest", "a=1", "bytes behind the end"},
       {entry(letters.toUtf8(), '0', "1"), letters + "=1", "unsigned checksums"},
       {entry("a", '\0', "1") + entry("b", '7', "2"), "a=1|b=2", "other types of plain files"},
+      {entry("g", 'g', record("path=g")) + a, "a=1", "attributes of all entries are none of one"},
       {entry("d/", '\0', "") + entry("d", '5', "", "77") + entry("V", 'V', "skipped") + a, "a=1",
        "no files, whatever their size says"},
       {entry("p", '6', "", "11") + a + entry("Z", 'Z', "skipped") + entry("b", '4', ""),
@@ -342,19 +332,10 @@ TEST(ZippedTar, ReadsWhatOthersWrite) {
        QString::fromUtf8("\xef\xbf\xbd=1|\xef\xbf\xbd=2|h=1"), "names that are no UTF-8"},
       {entry("K", 'K', "b") + entry("h", '1', "") + entry("b", '0', "2"),
        "b=2|-h: a further name of b, which is no file in the archive before it", "a later file"},
-      {entry("L", 'L', longName + '\0') + entry("K", 'K', longName) + a + a, longName + "=1|a=1",
-       "long names of GNU tar"},
       {entry("L", 'L', QByteArray(99, 'n') + "/b") + entry(QByteArray(99, 'n') + '/', '0', "1") + a,
        QString(99, 'n') + "/b=1|a=1", "a name that the header cuts off behind a separator"},
-      {entry("L", 'L', longName + '\0') + entry("D", 'D', "Yf") + a, "a=1",
+      {entry("L", 'L', QByteArray(300, 'n') + '\0') + entry("D", 'D', "Yf") + a, "a=1",
        "the long name of a directory's list is none of the next file"},
-      {entry("x", 'x', record("path=" + letters.toUtf8()) + record("size=1")) +
-           entry("b", '0', "2", "777"),
-       letters + "=2", "names and sizes of POSIX"},
-      {entry("g", 'g', record("path=g")) + a, "a=1", "attributes of all entries are none of one"},
-      {entry("s", 'S', further + "abcde", "5", sparse) + a, "s=" + holes.left(7) + "e|a=1",
-       "more blocks of a sparse file's header"},
-      {entry("s", 'S', "abcd", {}, ended) + a, "s=" + holes + "|a=1", "a sparse file of GNU tar"},
       {entry("x", 'x', version1) + entry("s", '0', "2\n0\n2\n") + a,
        "a=1|-s: a sparse file of a kind that is not known here", "half a map"},
       {entry("x", 'x', record("GNU.sparse.size=8") + record("GNU.sparse.map=5,2,0,2")) +
@@ -406,7 +387,7 @@ TEST(ZippedTar, IsProtectedAgainstDamageAndBombs) {
   for (const auto& [limits, files] : rows) {
     EXPECT_EQ(read(good, limits), files);
   }
-  // On systems of 64 bits that much would only be a long wait.
+  // Systems of 64 bits have room for a file of 3 GB; to make it would only be a long wait there.
   const Kyr::ZippedTarLimits of32Bits{sizeof(void*) == 4 ? ~0ULL : 9999, 9, 9};
   const QByteArray map = record("GNU.sparse.map=0,1");
   const QByteArray link = entry("x", 'x', record("linkpath=a")) + entry("h", '1', "");
