@@ -79,20 +79,6 @@ TEST(Picture, SurfacesHaveNoHoles) {
   }
 }
 
-TEST(Picture, EveryStandpointAndDistanceCanBeDrawn) {
-  Renderer renderer;
-  Order order = orderOf(modelOf(KyrTest::curvedSquare(1)), Standpoint::Oblique);
-  for (const double factor : {1e9, 1e-9}) {
-    order.camera.zoom(factor);
-    for (int turn = 0; turn < 40; ++turn) {
-      order.camera.turn(37, 11 * (turn % 5 - 2));
-      order.size = {1 + turn * 7 % 50, 1 + turn * 11 % 40};
-      const Picture picture = renderer.draw(order);
-      EXPECT_EQ(picture.image.size(), order.size);
-    }
-  }
-}
-
 TEST(Camera, TheNearSideFollowsTheHand) {
   Camera camera;
   camera.turn(10, -5);
