@@ -68,7 +68,7 @@ void checkRichText(const QString& text, bool nonBreaking) {
   QString shown;
   while (!xml.atEnd()) {
     xml.readNext();
-    expect(xml.tokenType() != QXmlStreamReader::StartElement || xml.name() == "p",
+    expect(xml.tokenType() != QXmlStreamReader::StartElement || xml.name() == QLatin1String("p"),
            "no text makes an element");
     shown += xml.isCharacters() ? xml.text().toString() : QString();
   }

@@ -85,19 +85,19 @@ class LiteralReader {
   }
 
   Outcome nextWord() {
-    const int end = _line.indexOf(' ');
+    const auto end = _line.indexOf(' ');
     QString word = _line.left(end);
     if (_line.isEmpty()) {
       return failed;
     }
-    take(word.size());
+    take(static_cast<int>(word.size()));
     return word;
   }
 
   Outcome nextPair(const QString& name) {
     const QString front = name + "=\"";
-    const int begin = spaces() + front.size();
-    const int end = _line.indexOf('"', begin);
+    const auto begin = spaces() + front.size();
+    const auto end = _line.indexOf('"', begin);
     if (_line.mid(spaces(), front.size()) != front || end < 0) {
       return failed;
     }

@@ -84,7 +84,7 @@ void harness(Choices input) {
   const std::string_view typed = input.rest().substr(0, 60);
   const QString text = textOf(typed);
   const QuantityReading reading = texts.read(text);
-  checkReading(reading, text.size());
+  checkReading(reading, static_cast<int>(text.size()));
   if (reading.isAcceptable()) {
     const QuantityReading other = others.read(text);
     expect(!other.isAcceptable() || sameBits(other.value, reading.value),
