@@ -65,13 +65,9 @@ fetch_source() {
   mv "$work"/"$source_package"-*/ "$work/source"
 }
 
-# No code is changed, only what is asked and how often something is read. The configuration asks
-# about windows, networks and databases as well: it need only ask what Core wants to know. Every
-# fourth source reads the system's headers, which takes longer than the rest of it: they become part
-# of the header that is parsed once.
+# No code is changed, only what is asked. The configuration asks about windows, networks and databases
+# as well: it need only ask what Core wants to know.
 prepare_source() {
-  sed -i '$i\#define NOMINMAX\n#include <winsock2.h>\n#include <qt_windows.h>' \
-    "$work/source/src/corelib/global/qt_pch.h"
   sed -i '/"subconfigs": \[/,/\]/{/"src\/corelib"/s/,//;/"src\/corelib"\|subconfigs\|\]/!d}' \
     "$work/source/configure.json"
 }
