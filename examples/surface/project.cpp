@@ -326,8 +326,8 @@ Reading readProject(const QString& fileName, unsigned newestVersion) {
     in.read(reading.content.data() + before, static_cast<std::streamsize>(piece));
     reading.content.resize(before + static_cast<std::size_t>(in.gcount()));
   } while (!in.eof());
-  const bool isFaulty = in.getState() == ZipInStream::StreamDamaged ||
-                        in.getState() == ZipInStream::StreamUnreadable;
+  const bool isFaulty =
+      in.getState() == ZipInStream::StreamDamaged || in.getState() == ZipInStream::StreamUnreadable;
   const bool hasLoss = isFaulty && in.getStatistics().pieces > 0;
   if (hasLoss) {
     readRest(fileName, reading);

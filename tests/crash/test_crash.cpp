@@ -148,9 +148,9 @@ TEST_F(Crash, SaysBehindTheBacktracesWhoBrokeWithoutSecrets) {
 
 TEST_F(Crash, NamesEachThreadThatWasMadeSomewhere) {
   const TempDir folder;
-  const QString report = die(folder, {"--kind", "divide", "--in-thread", "--threads", "2"},
-                             {"KYR_LOCK_DOCTOR=1"})
-                             .report;
+  const QString report =
+      die(folder, {"--kind", "divide", "--in-thread", "--threads", "2"}, {"KYR_LOCK_DOCTOR=1"})
+          .report;
   const QString crashing = report.section("crashing thread ", 1).section(':', 0, 0);
   EXPECT_TRUE(QRegularExpression("\nthread " + crashing +
                                  " .*made at Crash::Worker::Worker \\(crew:10\\)\n")
@@ -158,9 +158,10 @@ TEST_F(Crash, NamesEachThreadThatWasMadeSomewhere) {
                   .hasMatch())
       << report.toStdString();
   EXPECT_EQ(report.count("made at Crash::Worker::Worker (crew:10)\n"), 3) << "the main thread too";
-  EXPECT_EQ(report.section("\nwho holds which lock:\n", 1)
-                .count(" of Crash::Worker::Worker (crew:10) sleeps in Crash::Crew::Crew (crew:18) "),
-            2)
+  EXPECT_EQ(
+      report.section("\nwho holds which lock:\n", 1)
+          .count(" of Crash::Worker::Worker (crew:10) sleeps in Crash::Crew::Crew (crew:18) "),
+      2)
       << report.toStdString();
 }
 

@@ -62,17 +62,28 @@ void scaleForScreens() {
 
 /// A mutex that its holder can take again if it is built with RecursionMode Recursive. Such a one
 /// is only locked and unlocked by this class: its base knows nothing of that.
+/// \threadsafety any thread
 class AnyMutex : public QMutex {
  public:
-  enum RecursionMode : int { NonRecursive = 0, Recursive = 1 };
+  /// Whether its holder may take it again.
+  enum RecursionMode : int {
+    NonRecursive = 0,  ///< no: it would wait for itself
+    Recursive = 1      ///< yes, and gives it back as often
+  };
 
   constexpr AnyMutex() noexcept = default;
+  /// One of that kind; without a kind it is NonRecursive.
   explicit AnyMutex(RecursionMode mode) noexcept : _isRecursive(mode == Recursive) {}
 
+  /// Whether its holder may take it again.
   bool isRecursive() const noexcept { return _isRecursive; }
 
+  /// Waits until it is free, and takes it.
   void lock() { tryLock(-1); }
 
+  /// Takes it if it is free, or becomes free in time.
+  /// \param milliseconds how long to wait; below 0 for as long as it takes
+  /// \return false if somebody else has it
   bool tryLock(int milliseconds = 0) {
     const Qt::HANDLE self = _isRecursive ? QThread::currentThreadId() : nullptr;
     if (_isRecursive && _holder.loadRelaxed() == self) {
@@ -86,6 +97,7 @@ class AnyMutex : public QMutex {
     return taken;
   }
 
+  /// Gives it back; called by its holder.
   void unlock() noexcept {
     if (_again > 0) {
       --_again;
@@ -104,24 +116,33 @@ class AnyMutex : public QMutex {
 };
 
 /// Waits with an AnyMutex; returns at once with one that can be taken again.
+/// \threadsafety any thread
 class AnyWaitCondition : public QWaitCondition {
  public:
+  /// Waits for a call of wakeOne() or wakeAll(), during which the mutex is free.
+  /// \return false at the end of the time, or with a mutex that can be taken again
   bool wait(AnyMutex* mutex, QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever)) {
     return !mutex->isRecursive() && QWaitCondition::wait(mutex, end);
   }
 };
 
+/// Takes a mutex that is free, without a call into Qt.
+/// \return false also for every mutex that can be taken again
 inline bool tryLockInline(AnyMutex& mutex) {
   return !mutex.isRecursive() && mutex.QBasicMutex::tryLock();
 }
 
+/// A QSettings reads its file as UTF-8 anyway.
 template <class Settings>
 void assumeUtf8In(Settings& /*settings*/) {}
 
+/// Names, arguments and what else comes from the system are UTF-8.
 constexpr bool hasLocalEncodings = false;
 
+/// There is no choice of encodings.
 inline void setLocalEncoding(const char* /*name*/) {}
 
+/// Windows are scaled for screens with many pixels anyway.
 template <class Application>
 void scaleForScreens() {}
 
