@@ -135,6 +135,7 @@ TEST_F(Viewing, TheUnitChangesEveryNumber) {
                                       {"median", &Kyr::uCurvature}}) {
       const QString unit = QString(' ' + kind->getName()).replace(' ', QChar(0xA0));
       EXPECT_TRUE(window.number(label).endsWith(unit)) << width << ": " << label;
+      EXPECT_TRUE(unit.contains(QString(width).section(' ', 1)) || kind == &Kyr::uVolume) << label;
     }
     const double last = window.view().legend().numbers().last().toDouble();
     const double range = Kyr::uCurvature.to(window.scan()->range);
