@@ -26,8 +26,8 @@ archive_sources() {
   rm "$1.list"
 }
 
-# build_packages FOLDER: all packages and their sources, in a folder that is emptied first. What was
-# compiled before counts only where it was compiled, as debug information names places.
+# build_packages FOLDER: all packages and their sources, in a folder that is emptied first. Everything is
+# compiled: debug information out of a compiler cache is not the same as that of the compiler alone.
 build_packages() {
   rm -rf "$1"
   mkdir -p "$1"
@@ -38,13 +38,7 @@ build_packages() {
     dpkg-buildpackage -us -uc --build=full)
 }
 
-build_first() {
-  reuse_compiled
-  unset CCACHE_BASEDIR CCACHE_NOHASHDIR
-  CMAKE_CXX_COMPILER_LAUNCHER=$(command -v ccache || true) build_packages "$packages"
-}
-
-# Somewhere else, later, by someone with other habits, and compiled anew.
+# Somewhere else, later, by someone with other habits.
 build_again() {
   umask 077
   TZ=Pacific/Apia LC_ALL=C build_packages "$again"
@@ -106,7 +100,7 @@ verb_package() {
     quietly "What it exports, for debian/libkyr6.symbols" write_symbols || exit 1
     cat "$log"
   esac
-  quietly "Building Debian's packages" build_first || exit 1
+  quietly "Building Debian's packages" build_packages "$packages" || exit 1
   worst=0
   quietly 'What lintian says of them' clean_by_lintian || worst=1
   quietly 'Listing their files with sums and licences' list_packages || worst=1
